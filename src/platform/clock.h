@@ -1,0 +1,69 @@
+// Clock and Timer: the only source of time. Production reads the system's clock, tests set a
+// virtual one; both run the timers of the procedures and screens.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace platform {
+
+/// Local date and time. Months and days from 1, 24 hours; year with its century.
+struct DateTime {
+    int year = 2000;
+    int month = 1;
+    int day = 1;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+
+    /// 0 is Sunday.
+    int weekday() const;
+    /// Seconds since midnight.
+    int secondsOfDay() const { return hour * 3600 + minute * 60 + second; }
+};
+
+class Timer;
+
+class Clock {
+public:
+    virtual ~Clock() = default;
+    virtual DateTime now() const = 0;
+    /// Milliseconds on a clock that never goes back, with no meaning but their differences.
+    virtual std::uint64_t milliseconds() const = 0;
+    /// The same as a 32-bit count that wraps; differences are taken unsigned.
+    std::uint32_t tick() const { return static_cast<std::uint32_t>(milliseconds()); }
+
+    /// Fires every timer that is due, each at most once. Called by the event loop's turn.
+    void fireDueTimers();
+    /// When the next timer is due, on the scale of milliseconds().
+    std::optional<std::uint64_t> nextDue() const;
+
+private:
+    friend class Timer;
+    std::vector<Timer *> timers;
+};
+
+/// Fires again and again at its interval until the interval is set to 0. A timer is not armed
+/// when built. A handler may set or stop any timer, and destroy its own.
+class Timer {
+public:
+    Timer(Clock &theClock, std::function<void()> handler);
+    ~Timer();
+    Timer(const Timer &) = delete;
+    Timer &operator=(const Timer &) = delete;
+
+    /// Milliseconds; 0 stops. Setting it starts the interval anew.
+    void setInterval(std::uint32_t milliseconds);
+    std::uint32_t interval() const { return every; }
+
+private:
+    friend class Clock;
+    Clock &clock;
+    std::function<void()> fire;
+    std::uint32_t every = 0;
+    std::uint64_t due = 0;
+};
+
+} // namespace platform

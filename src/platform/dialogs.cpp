@@ -1,0 +1,20 @@
+#include "platform/dialogs.h"
+
+namespace platform {
+
+Answer Dialogs::message(const std::string &title, const std::string &text, Buttons buttons)
+{
+    if (run.ending())
+        return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+    return ask(title, text, buttons);
+}
+
+std::optional<std::string> Dialogs::input(const std::string &title, const std::string &text,
+                                          const std::string &initial, bool hidden)
+{
+    if (run.ending())
+        return std::nullopt;
+    return askText(title, text, initial, hidden);
+}
+
+} // namespace platform

@@ -1,0 +1,72 @@
+// Disk: the seam to the system's files, on real paths. Everything above it speaks contract paths
+// through Files. disk_posix.cpp and disk_win32.cpp stand side by side; tests wrap one to fail or
+// stop at the Nth operation.
+#pragma once
+
+#include "platform/outcome.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+enum class OpenMode {
+    Read,        // must exist
+    ReadWrite,   // must exist; for rewriting in place, never for appending
+    Append,      // created when missing; every write lands at the end, wherever that is by then
+    CreateEmpty, // created when missing, emptied when there; for writing
+};
+
+/// One open file. Closing (destruction) releases a lock held through it. No descriptor is ever
+/// inherited by a started program.
+class DiskFile {
+public:
+    virtual ~DiskFile() = default;
+
+    virtual Outcome size(std::uint64_t &bytes) = 0;
+    /// Reads up to `length` bytes; `got` says how many there were (0 past the end).
+    virtual Outcome readAt(std::uint64_t offset, char *into, std::size_t length,
+                           std::size_t &got) = 0;
+    /// ReadWrite and CreateEmpty only. On failure some of the bytes may stand there.
+    virtual Outcome writeAt(std::uint64_t offset, std::string_view bytes) = 0;
+    /// Append only: places the bytes at the end in one piece; `landedAt` is their offset. A short
+    /// write (disk full) is cut back, so that the file is as before, and gives NoRoom.
+    virtual Outcome append(std::string_view bytes, std::uint64_t &landedAt) = 0;
+    /// Bytes to the disk itself.
+    virtual Outcome flush() = 0;
+    /// The whole-file lock: exclusive, never waits, one byte at kLockOffset, beyond any data, so
+    /// that it keeps out lock takers and never blocks the bytes. Locked when another holds it.
+    virtual Outcome tryLock() = 0;
+    virtual Outcome unlock() = 0;
+    /// True when the file at `path` is this open file still (it was not replaced by a rename).
+    virtual bool isStillAt(const std::string &path) = 0;
+};
+
+constexpr std::uint64_t kLockOffset = 0x4000000000000000ULL;
+
+class Disk {
+public:
+    virtual ~Disk() = default;
+
+    virtual Outcome open(const std::string &path, OpenMode mode,
+                         std::unique_ptr<DiskFile> &file) = 0;
+    virtual bool isFile(const std::string &path) = 0;
+    virtual bool isDirectory(const std::string &path) = 0;
+    virtual Outcome remove(const std::string &path) = 0;
+    /// Atomic; replaces a file at `to`.
+    virtual Outcome rename(const std::string &from, const std::string &to) = 0;
+    virtual Outcome makeDirectory(const std::string &path) = 0;
+    /// Names (not paths) in a directory, files and folders, in no particular order.
+    virtual Outcome list(const std::string &directory, std::vector<std::string> &names) = 0;
+    /// Makes a rename or a new name in the directory durable.
+    virtual Outcome flushDirectory(const std::string &directory) = 0;
+};
+
+/// The system's own disk.
+std::unique_ptr<Disk> systemDisk();
+
+} // namespace platform

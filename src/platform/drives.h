@@ -1,0 +1,36 @@
+// Drives: turns the contracts' Windows paths ("C:\Lumbrio\Data\") into real ones.
+#pragma once
+
+#include "platform/disk.h"
+
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// On Windows a path is used as it stands. Elsewhere a drive letter is a sub-folder (one small
+/// letter) of the drives folder, `\` and `/` are the same, runs of separators count as one
+/// (except a leading `\\server`, which is the sub-folder "unc"), and each name is matched first as
+/// spelled and then without regard to case. A name that is not there keeps the spelling given,
+/// in the existing folder whatever its case. A path with neither a drive nor a leading separator
+/// is relative to drive c's root; "c\Lumbrio\" is such a path, not drive c.
+class Drives {
+public:
+    /// `root`: the drives folder, an absolute real path.
+    Drives(Disk &theDisk, std::string root);
+
+    /// The real path; never fails, a path that leads nowhere is simply not there. ".." is kept as
+    /// a name, never followed above the drives folder.
+    std::string resolve(std::string_view path) const;
+    const std::string &root() const { return folder; }
+
+    /// LUMBRIO_DRIVES, else $XDG_DATA_HOME/lumbrio/drives, else ~/.local/share/lumbrio/drives; on
+    /// Windows the folder of the executable (where installation.ini lies).
+    static std::string defaultRoot();
+
+private:
+    Disk &disk;
+    std::string folder;
+};
+
+} // namespace platform

@@ -1,0 +1,80 @@
+// Files: what the rooms may do with files, in contract paths. It applies the two readings of a
+// failure (passed over inside ErrorsIgnored, else the program ends with the system's message) and
+// shuts once the end was asked for.
+#pragma once
+
+#include "platform/disk.h"
+#include "platform/drives.h"
+#include "platform/outcome.h"
+#include "platform/run.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+/// Every call returns its outcome for whoever wants to trace it. A failure (other than a missing
+/// file in exists(), remove() or an optional read) outside ErrorsIgnored has already ended the
+/// program through Run::fail when the call returns. Shut (Run::ending()), nothing exists, reads
+/// give nothing and writes are dropped: Denied, without a message.
+class Files {
+public:
+    Files(Disk &theDisk, const Drives &theDrives, Run &theRun);
+
+    /// True for a file (not a folder) at the path. An empty path, or one that ends in a
+    /// separator, is no file.
+    bool exists(std::string_view path);
+    bool folderExists(std::string_view path);
+    /// Removing what is not there is a failure (NotThere); callers test first where it may be.
+    Outcome remove(std::string_view path);
+    /// Removes the file when it is there; NotThere is no failure.
+    Outcome removeIfThere(std::string_view path);
+    /// Whole copy, flushed, over whatever is at `to`.
+    Outcome copy(std::string_view from, std::string_view to);
+    Outcome makeFolder(std::string_view path);
+    /// File names in a folder, sorted; empty when there is none.
+    std::vector<std::string> list(std::string_view folder);
+
+    /// "Create if missing": opened for output and closed when it does not exist.
+    Outcome createIfMissing(std::string_view path);
+    /// The whole content; `limit` bytes at most (the rest is left out).
+    Outcome read(std::string_view path, std::string &content, std::size_t limit = kReadLimit);
+    /// Opened for output: replaces the content in place, creating the file.
+    Outcome write(std::string_view path, std::string_view content);
+    /// Like write(), and on the disk when it returns.
+    Outcome writeFlushed(std::string_view path, std::string_view content);
+    /// Opened for append, created when missing.
+    Outcome append(std::string_view path, std::string_view content);
+    /// Opened for append and locked around the write. Outside ErrorsIgnored a refused lock is a
+    /// failure; inside, the write is done all the same.
+    Outcome appendLocked(std::string_view path, std::string_view content);
+
+    /// For SlotFile: the raw file behind a path, under the same rules.
+    Outcome open(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file);
+    /// New content written and flushed beside `path`, renamed over it, the folder flushed.
+    Outcome replaceWhole(std::string_view path, std::string_view content);
+
+    /// Reports a failed operation by the rules above; returns `outcome`.
+    Outcome judge(std::string_view operation, std::string_view path, Outcome outcome);
+    bool shut() const { return run.ending(); }
+    std::string realPath(std::string_view path) const { return drives.resolve(path); }
+    Disk &rawDisk() { return disk; }
+
+    static constexpr std::size_t kReadLimit = 64U << 20U;
+
+private:
+    Disk &disk;
+    const Drives &drives;
+    Run &run;
+};
+
+/// Lines of a text file: ended by CR LF, LF or CR, a last one without an end included.
+std::vector<std::string> splitLines(std::string_view content);
+/// One line as every text file of the contracts has it: a NUL is written as a blank, the end is
+/// CR LF.
+std::string textLine(std::string_view text);
+
+} // namespace platform

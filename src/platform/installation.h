@@ -1,0 +1,37 @@
+// Installation: what the contracts leave to the place where the programs run, read once from
+// installation.ini in the drives folder (on Windows beside the executable).
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+/// A printer that writes each job as NNNN.pdf and NNNN.txt into a folder.
+struct SpoolPrinter {
+    std::string name;
+    double widthMm = 80; // 80 or less: a roll as long as the job
+    double heightMm = 0; // 0: 279 for a page
+    bool isDefault = false;
+    std::string folder; // below the folder of installation.ini
+};
+
+/// Every key has a default; the file may be absent. Unknown sections and keys are passed over, a
+/// line that is nothing is passed over.
+struct Installation {
+    std::vector<SpoolPrinter> spoolPrinters;                   // by their number, [printer.1] first
+    std::string cutBytes = std::string("\x1D\x56\x42\x00", 4); // [printer.real] cut, raw
+    std::string xchargeUserId = "pos";
+    std::string xchargePassword = "trelva";
+    std::string connectionTest; // host:port; empty: the test is passed without a look
+    std::string suppliesPage;
+    std::string helpPage;
+    std::string editorCommand;  // %1 is the file; empty: the system's own
+    std::string browserCommand; // %1 is the address; empty: the system's own
+};
+
+/// Reads the text of installation.ini.
+Installation parseInstallation(std::string_view text);
+
+} // namespace platform

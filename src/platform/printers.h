@@ -1,0 +1,25 @@
+// Printers: which there are, and the way to hand one a finished job.
+#pragma once
+
+#include "platform/outcome.h"
+#include "platform/print_job.h"
+
+#include <string>
+#include <vector>
+
+namespace platform {
+
+class Printers {
+public:
+    virtual ~Printers() = default;
+    /// Device names in the system's order, the installation's spool printers first.
+    virtual std::vector<std::string> names() = 0;
+    /// The spool printer marked as default, else the system's, else the first; empty: none.
+    virtual std::string defaultName() = 0;
+    /// Prints a closed job. A printer that is not there gives NotThere; nothing is shown.
+    virtual Outcome submit(const std::string &printerName, const PrintJob &job) = 0;
+    /// Loads fonts and printer lists while the program waits anyway; may do nothing.
+    virtual void warmUp(const PrintFont &font) = 0;
+};
+
+} // namespace platform

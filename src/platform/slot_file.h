@@ -1,0 +1,71 @@
+// SlotFile: fixed-length records at (slot - 1) x length in a shared file. It knows bytes only;
+// nobody else seeks.
+#pragma once
+
+#include "platform/files.h"
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+enum class SlotUse {
+    Read,    // must exist
+    Rewrite, // must exist; read and write N
+    Append,  // created empty when missing; read and append
+};
+
+/// Open, lock, use, unlock, close; no file stays open across a user's decision. All reading and
+/// writing goes through the descriptor that holds the lock. Failures follow the rules of Files:
+/// inside ErrorsIgnored a refused lock is passed over and the write is done all the same.
+class SlotFile {
+public:
+    SlotFile(Files &theFiles, std::string path, std::size_t slotLength);
+    ~SlotFile(); // closes
+    SlotFile(const SlotFile &) = delete;
+    SlotFile &operator=(const SlotFile &) = delete;
+
+    Outcome open(SlotUse use);
+    /// Never waits. Checks that the file it locked is still the one at the path (it may have
+    /// been replaced meanwhile), else opens it again and locks that one.
+    Outcome lock();
+    /// Length / slot length to the nearest whole number, an exact half to the even one. 0 when
+    /// not open or shut.
+    long count();
+    /// Fills `into` (at most one slot's length) from slot N, from 1. Past the end, and for N < 1,
+    /// NUL bytes without an error; a short last slot is filled up with NUL. A read that fails
+    /// leaves `into` as it was.
+    Outcome read(long slot, std::span<char> into);
+    /// Writes at slot N; shorter than a slot leaves the slot's tail as it stands.
+    Outcome write(long slot, std::string_view bytes);
+    /// `bytes` must be one whole slot. The system places it at the end, so that it never
+    /// overwrites what another process wrote, lock or no lock; `slot` is where it landed. Only
+    /// when the file's length is not a multiple of the slot length is it written at count + 1.
+    /// Flushed to the disk before close() returns.
+    Outcome append(std::string_view bytes, long &slot);
+    Outcome unlock();
+    /// Flushes what was written (after the unlock, on the still open descriptor) and closes.
+    Outcome close();
+    bool isOpen() const { return file != nullptr; }
+
+private:
+    Outcome judge(std::string_view operation, Outcome outcome);
+    Outcome fillBuffer(std::uint64_t offset);
+
+    Files &files;
+    std::string name;
+    std::size_t length;
+    SlotUse openedFor = SlotUse::Read;
+    std::unique_ptr<DiskFile> file;
+    std::unique_ptr<DiskFile> tornTail; // a second descriptor, for count + 1 behind a torn tail
+    bool locked = false;
+    bool written = false;
+    // Read-ahead of a walk under the lock; nobody else may rewrite while we hold it.
+    std::string buffer;
+    std::uint64_t bufferAt = 0;
+};
+
+} // namespace platform
