@@ -17,11 +17,14 @@ struct DateTime {
     int hour = 0;
     int minute = 0;
     int second = 0;
+    int millisecond = 0;
 
     /// 0 is Sunday.
     int weekday() const;
-    /// Seconds since midnight.
-    int secondsOfDay() const { return hour * 3600 + minute * 60 + second; }
+    int millisecondsOfDay() const
+    {
+        return ((hour * 60 + minute) * 60 + second) * 1000 + millisecond;
+    }
 };
 
 class Timer;
