@@ -1,0 +1,40 @@
+// Small routines that every screen repeats: the scrambling of stored card references, brands,
+// masks, and two time helpers.
+#pragma once
+
+#include <chrono>
+#include <string>
+#include <string_view>
+
+namespace records {
+
+struct App;
+
+/// Position-dependent shift of single-byte codes: the first by the length of the text, any other
+/// by its position from 1. Codes wrap at 256. The same length; empty stays empty.
+std::string StrEncode(std::string_view text);
+/// The exact reverse.
+std::string StrDecode(std::string_view text);
+
+/// A card's brand: the name shown on screens and the type number used by totals.
+struct CardBrand {
+    std::string_view name;
+    int type;
+};
+
+/// "Unknown" (9) for anything but digits (blanks and hyphens apart) or fewer than 14 of them; the
+/// first prefix rule that gives a name wins.
+CardBrand CreditCardType(std::string_view number);
+
+/// "XXXX XXXX XXXX " and the last 4 characters of the trimmed number.
+std::string maskedNumber(std::string_view number);
+
+/// Waits on the clock of the day, yielding on each pass.
+/// Kept: across midnight the difference goes negative and the wait lasts until the clock has
+/// climbed back past the start.
+void Pause(App &app, std::chrono::milliseconds length);
+
+/// "HH:MM" of a count of minutes, each at least two digits; `seconds` appends ":00".
+std::string MinToHr(int minutes, bool seconds = false);
+
+} // namespace records

@@ -1,0 +1,307 @@
+#include "records/text.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace records {
+
+namespace {
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+std::string_view withoutBlanks(std::string_view text)
+{
+    constexpr std::string_view kBlanks(" \0", 2);
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+/// Digits, one point, digits, from `at` on; true when there was a digit.
+bool scanNumber(std::string_view text, std::size_t &at, bool grouped, Money &value)
+{
+    constexpr std::int64_t kDigitLimit = std::int64_t(1) << 52;
+    std::int64_t whole = 0;
+    std::int64_t fraction = 0;
+    int decimals = 0;
+    bool digits = false;
+    for (; at < text.size() && (isDigit(text[at]) || (grouped && digits && text[at] == ','));
+         ++at) {
+        if (text[at] == ',')
+            continue;
+        digits = true;
+        if (whole < kDigitLimit)
+            whole = whole * 10 + (text[at] - '0');
+    }
+    if (at < text.size() && text[at] == '.') {
+        for (++at; at < text.size() && isDigit(text[at]); ++at) {
+            digits = true;
+            if (decimals < 4) {
+                fraction = fraction * 10 + (text[at] - '0');
+                ++decimals;
+            }
+        }
+    }
+    for (; decimals < 4; ++decimals)
+        fraction *= 10;
+    value = Money::fromWhole(whole) + Money::fromTenThousandths(fraction);
+    return digits;
+}
+
+/// A rounded value as digits, each part without what a mask decides.
+struct NumberParts {
+    bool negative = false;
+    std::string whole;    // without leading zeros; empty for 0
+    std::string fraction; // exactly as many digits as decimals were asked for
+};
+
+NumberParts split(Money value, int decimals)
+{
+    const std::int64_t units = value.rounded(decimals).tenThousandths();
+    NumberParts parts;
+    parts.negative = units < 0;
+    const std::int64_t positive = units == std::numeric_limits<std::int64_t>::min()
+                                      ? std::numeric_limits<std::int64_t>::max()
+                                      : (units < 0 ? -units : units);
+    const std::int64_t whole = positive / Money::kScale;
+    parts.whole = whole == 0 ? std::string() : std::to_string(whole);
+    parts.fraction = std::to_string(positive % Money::kScale + Money::kScale).substr(1);
+    parts.fraction.resize(static_cast<std::size_t>(std::min(decimals, 4)));
+    return parts;
+}
+
+void cutTrailingZeros(std::string &digits, std::size_t keep)
+{
+    while (digits.size() > keep && digits.back() == '0')
+        digits.pop_back();
+}
+
+std::size_t mandatoryDigits(std::string_view mask)
+{
+    return static_cast<std::size_t>(std::count(mask.begin(), mask.end(), '0'));
+}
+
+constexpr const char *kDayNames[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                     "Thursday", "Friday", "Saturday"};
+
+std::string padded(int number, std::size_t width)
+{
+    const std::string text = std::to_string(number);
+    return text.size() >= width ? Right(text, width) : std::string(width - text.size(), '0') + text;
+}
+
+/// Walks a date mask; what a letter group means depends on what stood before it.
+class DateMask {
+public:
+    DateMask(const platform::DateTime &theTime, std::string_view theMask)
+        : when(theTime), mask(theMask), lower(toLower(theMask)),
+          twelveHours(lower.find("ampm") != std::string::npos)
+    {
+    }
+
+    std::string text()
+    {
+        std::string result;
+        while (at < mask.size())
+            result += nextPiece();
+        return result;
+    }
+
+private:
+    bool take(std::string_view token)
+    {
+        const bool found = startsWith(std::string_view(lower).substr(at), token);
+        at += found ? token.size() : 0;
+        return found;
+    }
+
+    std::string nextPiece()
+    {
+        if (take("ampm"))
+            return when.hour < 12 ? "AM" : "PM";
+        if (take("dddd"))
+            return kDayNames[when.weekday()];
+        if (take("dd"))
+            return padded(when.day, 2);
+        if (take("yyyy"))
+            return padded(when.year, 4);
+        if (take("yy"))
+            return padded(when.year, 2);
+        if (take("hh"))
+            return hour();
+        if (take("nn"))
+            return padded(when.minute, 2);
+        if (take("mm"))
+            return monthOrMinute();
+        if (take("ss"))
+            return padded(when.second, 2);
+        return std::string(1, mask[at++]);
+    }
+
+    std::string hour()
+    {
+        afterHour = true;
+        return padded(twelveHours ? (when.hour + 11) % 12 + 1 : when.hour, 2);
+    }
+
+    std::string monthOrMinute()
+    {
+        const bool minutes = afterHour;
+        afterHour = false;
+        return padded(minutes ? when.minute : when.month, 2);
+    }
+
+    const platform::DateTime &when;
+    std::string_view mask;
+    std::string lower;
+    bool twelveHours;
+    bool afterHour = false;
+    std::size_t at = 0;
+};
+
+} // namespace
+
+std::string Trim(std::string_view text)
+{
+    if (isBlank(text))
+        return {};
+    const std::size_t first = text.find_first_not_of(' ');
+    return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+bool isBlank(std::string_view text)
+{
+    return withoutBlanks(text).empty();
+}
+
+Money Val(std::string_view text)
+{
+    std::size_t at = std::min(text.find_first_not_of(' '), text.size());
+    const bool negative = at < text.size() && text[at] == '-';
+    if (at < text.size() && (text[at] == '-' || text[at] == '+'))
+        ++at;
+    Money value;
+    scanNumber(text, at, false, value);
+    return negative ? -value : value;
+}
+
+bool readNumber(std::string_view text, Money &value)
+{
+    std::string_view rest = withoutBlanks(text);
+    bool negative = false;
+    if (rest.size() > 2 && rest.front() == '(' && rest.back() == ')') {
+        negative = true;
+        rest = rest.substr(1, rest.size() - 2);
+    }
+    std::size_t at = 0;
+    if (at < rest.size() && (rest[at] == '-' || rest[at] == '+'))
+        negative = (rest[at++] == '-') != negative;
+    if (at < rest.size() && rest[at] == '$')
+        ++at;
+    Money number;
+    if (!scanNumber(rest, at, true, number) || at != rest.size())
+        return false;
+    value = negative ? -number : number;
+    return true;
+}
+
+std::string Format(Money value, std::string_view mask)
+{
+    const std::size_t point = mask.find('.');
+    const bool hasPoint = point != std::string_view::npos;
+    const std::string_view decimals = hasPoint ? mask.substr(point + 1) : std::string_view();
+    NumberParts parts = split(value, static_cast<int>(decimals.size()));
+    cutTrailingZeros(parts.fraction, mandatoryDigits(decimals));
+    const std::size_t needed = mandatoryDigits(mask.substr(0, point));
+    if (parts.whole.size() < needed)
+        parts.whole.insert(0, needed - parts.whole.size(), '0');
+    std::string text = parts.negative ? "-" : "";
+    text += parts.whole;
+    if (hasPoint)
+        text += "." + parts.fraction;
+    return text;
+}
+
+std::string Format(std::string_view text, std::string_view mask)
+{
+    Money value;
+    return readNumber(text, value) ? Format(value, mask) : std::string(text);
+}
+
+std::string Format(const platform::DateTime &when, std::string_view mask)
+{
+    return DateMask(when, mask).text();
+}
+
+std::string Currency(Money value)
+{
+    NumberParts parts = split(value, 2);
+    if (parts.whole.empty())
+        parts.whole = "0";
+    for (std::size_t at = parts.whole.size(); at > 3;) {
+        at -= 3;
+        parts.whole.insert(at, 1, ',');
+    }
+    const std::string text = "$" + parts.whole + "." + parts.fraction;
+    return parts.negative ? "(" + text + ")" : text;
+}
+
+std::string Currency(std::string_view text)
+{
+    Money value;
+    if (!readNumber(text, value))
+        value = Val(text);
+    return Currency(value);
+}
+
+std::string Format_Money(Money value)
+{
+    const std::string text = Format(Currency(value), "#######.##");
+    const std::size_t decimals = text.size() - 1 - text.rfind('.');
+    return text + std::string(2 - decimals, '0');
+}
+
+std::string plainText(Money value)
+{
+    NumberParts parts = split(value, 4);
+    cutTrailingZeros(parts.fraction, 0);
+    std::string text = parts.negative ? "-" : "";
+    text += parts.whole.empty() ? "0" : parts.whole;
+    return parts.fraction.empty() ? text : text + "." + parts.fraction;
+}
+
+std::string Right(std::string_view text, std::size_t count)
+{
+    return std::string(text.size() > count ? text.substr(text.size() - count) : text);
+}
+
+std::string Left(std::string_view text, std::size_t count)
+{
+    return std::string(text.substr(0, count));
+}
+
+std::string toLower(std::string_view text)
+{
+    std::string lower(text);
+    for (char &c : lower) {
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    }
+    return lower;
+}
+
+bool startsWith(std::string_view text, std::string_view beginning)
+{
+    return text.substr(0, beginning.size()) == beginning;
+}
+
+int dayNumber(const platform::DateTime &when)
+{
+    return (when.year * 100 + when.month) * 100 + when.day;
+}
+
+} // namespace records
