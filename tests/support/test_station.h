@@ -1,0 +1,76 @@
+// TestStation: one computer of the restaurant for a test. A fresh drives folder, virtual time,
+// scripted dialogs, and the real file layer over a disk that can be told to fail.
+#pragma once
+
+#include "platform/services.h"
+#include "support/fake_printers.h"
+#include "support/fake_system.h"
+#include "support/faulty_disk.h"
+#include "support/scripted_dialogs.h"
+#include "support/virtual_time.h"
+
+#include <memory>
+#include <string>
+
+namespace support {
+
+/// A new folder under the system's temporary one; removed with everything in it at the end.
+class TemporaryFolder {
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder &) = delete;
+    TemporaryFolder &operator=(const TemporaryFolder &) = delete;
+
+    const std::string &path() const { return folder; }
+
+private:
+    std::string folder;
+};
+
+class TestStation {
+public:
+    explicit TestStation(const platform::DateTime &start = VirtualTime::kDefaultStart);
+    /// Another process, or the same after a restart, on the drives of `other`, which must live on.
+    explicit TestStation(const TestStation *other);
+
+    // Fixture verbs on contract paths. They go round Files and the faulty disk.
+    /// Writes the file, and the folders to it.
+    void put(const std::string &path, const std::string &bytes);
+    /// The exact bytes; a missing file is a test failure.
+    std::string get(const std::string &path) const;
+    bool has(const std::string &path) const;
+    /// Makes the folder, and those to it.
+    void folder(const std::string &path);
+    /// Removes the file or the whole folder.
+    void erase(const std::string &path);
+    /// Puts the payment application's program in its place.
+    void installXcharge() { put(kXcharge, "program"); }
+
+    /// Lets time pass as a wait of the program does.
+    void advance(std::uint64_t milliseconds);
+
+    static constexpr const char *kXcharge = "c:\\Program Files\\X-charge\\Xcharge.exe";
+
+private:
+    std::unique_ptr<TemporaryFolder> ownDrives;
+    std::unique_ptr<platform::Disk> realDisk = platform::systemDisk();
+
+public:
+    VirtualTime time;
+    platform::Run run{time};
+    ScriptedDialogs dialogs{run};
+    platform::Drives drives; // over the real disk: finding a name is no operation that fails
+    FaultyDisk disk;
+    platform::Files files{disk, drives, run};
+    FakeSystem system{[this](const std::string &path) { return has(path); }};
+    FakePrinters printers;
+    platform::Installation installation;
+    platform::Services services{run, files, time, dialogs, system, printers, installation};
+
+private:
+    TestStation(std::unique_ptr<TemporaryFolder> own, const std::string &root,
+                const platform::DateTime &start);
+};
+
+} // namespace support
