@@ -1,0 +1,44 @@
+// The card files: where they lie and how a record is added, read, rewritten and moved. Slots of
+// 500 bytes, known by their number from 1; open, lock, use, unlock, close around each step.
+#pragma once
+
+#include "records/app.h"
+
+#include <string>
+
+namespace records {
+
+/// `Remotedir` + "CCPending.dat".
+std::string pendingFile(const ProcessValues &values);
+/// `Remotedir` + "\data\CCFinal" + "MMYY" + ".dat"; the separator stands twice by design.
+std::string monthFile(const ProcessValues &values, const platform::DateTime &when);
+/// `Remotedir` + "\data\" + "MMYY" + "CCdeleted.dat".
+std::string deletedFile(const ProcessValues &values, const platform::DateTime &when);
+
+struct StoredRecord {
+    platform::Outcome outcome = platform::Outcome::Broken;
+    long slot = 0; // where the record landed, from 1; 0 when it is not stored
+    bool stored() const { return platform::done(outcome); }
+};
+
+/// Appends a record: created empty when missing, opened, locked, placed at the end by the system,
+/// unlocked, flushed. Inside ErrorsIgnored a refused lock is passed over and the append is made
+/// all the same; it can never overwrite another station's record.
+StoredRecord addRecord(App &app, const std::string &file, const CardRecord &record);
+
+/// Reads slot N; a slot that does not exist (0, or beyond the end) gives all NULs.
+platform::Outcome readRecord(App &app, const std::string &file, long slot, CardRecord &record);
+
+/// Rewrites slot N under the lock; the 10 bytes behind the record stay as they are.
+platform::Outcome rewriteRecord(App &app, const std::string &file, long slot,
+                                const CardRecord &record);
+
+/// Number of records: length / 500 to the nearest; 0 without the file.
+long countRecords(App &app, const std::string &file);
+
+/// Moves every record whose trimmed `CCAdjStatus` begins with "Com" from "CCPending.dat" to the
+/// month file; the order of the others is kept. They are in the month file, flushed, before they
+/// leave the pending file, which is replaced whole under its lock.
+void moveSettledRecords(App &app);
+
+} // namespace records

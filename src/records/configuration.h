@@ -1,0 +1,40 @@
+// Configuration: the readers of "LumbrioINI.dat", "CCard.dat" and the flag files. Every role
+// reads them at its start and watches none of them.
+#pragma once
+
+#include "records/app.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace records {
+
+/// "LumbrioINI.dat" of the fixed directory "C:\Lumbrio\", under its lock: `Maindir` (field 6),
+/// `Remotedir` (field 49), `ReceiptPrinterName`, the time clock directory, and the whole record.
+/// `Maindir` is reset to "C:\Lumbrio\" first; a missing file leaves everything else as it was,
+/// without a message. A shorter file reads as NULs behind its end. A refused lock is a failure.
+void Get_INI(App &app);
+
+/// The tool tip of the version label: the owner code in the mask "########.##" between the
+/// program's version and "688".
+std::string versionToolTip(const LumbrioConfig &config);
+
+/// The ten lines of "CCard.dat" as written; a missing line is empty.
+using CardOptions = std::array<std::string, 10>;
+
+CardOptions parseCardOptions(std::string_view content);
+
+/// "CCard.dat" in `Maindir`: the payment directory, `PrintTipLine`, `NoPartialSupport` and
+/// `PreApproveTip`. An empty `Maindir` becomes "c:\Lumbrio\"; without the file nothing changes.
+/// Errors are ignored.
+void Get_CCini(App &app);
+
+/// What loading the setup screen sets: with "CCard.dat" there, `NoPartialSupport` from it and
+/// `TndrNOpreAUTH` from the presence of "Data\CCnoPREauth.dat" in `Remotedir`. No file changes.
+void loadSetupFlags(App &app);
+
+/// "c:\Lumbrio\" into an empty `Maindir`, "C:\Lumbrio\" into an empty `Remotedir`.
+void fillEmptyDirectories(App &app);
+
+} // namespace records

@@ -1,0 +1,61 @@
+// TenderFields: the tender's working storage. What the tender screen shows and what slips and
+// procedures read is one plain struct; the screen only mirrors it.
+#pragma once
+
+#include <array>
+#include <string>
+
+namespace tender {
+
+/// A command's state as the procedures set it.
+struct CommandState {
+    bool enabled = true;
+    bool visible = true;
+};
+
+struct TenderFields {
+    // Label3: 0 card number, 1 expiry "YYMM", 2 first name, 3 last name, 4 server number, 5 table,
+    // 6 receipt, 8 version, 9 total with gratuity, 10 "%" and the percent, 12 server's name,
+    // 13 value of X1009, 14 partial support "YES"/"NO", 15 "PreAuth"/"Purchase".
+    std::array<std::string, 16> Label3;
+
+    std::string Text1;        // result line and what is read of a card
+    std::string Text2;        // takes the swipe as it arrives
+    std::string Text3;        // status line
+    std::string Text4;        // the amount charged, as the request spells it
+    std::string Text5;        // takes what follows a swipe's first part
+    std::string Label4 = "0"; // the count that timers and the wait share
+    std::string Label7 = "0"; // counts of the wait; one count is 960 ms
+    std::string Label9;       // the audit's amount
+    std::string Label12;      // tip line "YES"/"NO"
+    std::string Label13_3;    // "Version 5.68.0"
+    std::string Label14;      // cut between the copies "YES"/"NO"
+    std::string versionToolTip;
+    std::string SSCommand6Caption;        // "View" while card digits are masked
+    std::string SSCommand7Caption = "NO"; // "YES": slip with gratuity
+
+    bool Label7Visible = false;
+    bool Text1Masked = false; // card digits show as asterisks
+    bool boxesLocked = false; // Text2 and Text5 take no swipe
+    bool Text3Red = false;
+    bool SSCheck1 = false;        // "Do not print a RECEIPT for Customer"
+    bool SSPanel2Visible = false; // wait panel
+    bool SSPanel4Visible = false; // warning panel
+    bool SSPanel5Visible = false; // offline panel
+    bool SSRibbonsVisible = false;
+    bool SSPanel4Red = false;
+    std::string SSPanel4; // the warning
+
+    CommandState SSCommand1;              // "Cancel"
+    CommandState SSCommand2{false, true}; // "Finish Tender"
+    CommandState SSCommand3;              // "Enter Manually"
+    CommandState SSCommand4;              // "Clear"
+    CommandState SSCommand5;              // "CONFIG"
+    CommandState SSCommand6;              // "View"
+
+    bool X1009 = false;
+    bool result = false;  // a result word stands in Text1 (colours the state card)
+    bool partial = false; // the result is a partial approval
+};
+
+} // namespace tender
