@@ -1,0 +1,122 @@
+#include "records/configuration.h"
+
+#include "records/delimited.h"
+
+namespace records {
+
+namespace {
+
+constexpr const char *kIniFile = "C:\\Lumbrio\\LumbrioINI.dat";
+
+std::string trimmedInPlace(LumbrioConfig &config, const ConfigField &field)
+{
+    const std::string value = config.text(field);
+    config.set(field, value);
+    return value;
+}
+
+void keepConfig(ProcessValues &values)
+{
+    values.Maindir = trimmedInPlace(values.config, kMaindir);
+    values.Remotedir = trimmedInPlace(values.config, kRemotedir);
+    for (const int number : {51, 52})
+        trimmedInPlace(values.config, configField(number));
+    values.timeClockDirectory = trimmedInPlace(values.config, kTimeClockDirectory);
+    for (const int number : {1, 2, 3, 4, 5})
+        trimmedInPlace(values.config, configField(number));
+    values.ReceiptPrinterName = trimmedInPlace(values.config, kReceiptPrinterName);
+    trimmedInPlace(values.config, configField(9));
+    trimmedInPlace(values.config, kOwnerCode);
+}
+
+int numberOf(const std::string &text)
+{
+    return static_cast<int>(Val(text).whole());
+}
+
+bool isMinusOne(const std::string &text)
+{
+    return Val(text) == Money::fromWhole(-1);
+}
+
+bool readCardOptions(App &app, CardOptions &options)
+{
+    const std::string path = app.values.Maindir + "CCard.dat";
+    std::string content;
+    if (!app.files.exists(path) || !done(app.files.read(path, content)))
+        return false;
+    options = parseCardOptions(content);
+    return true;
+}
+
+} // namespace
+
+void Get_INI(App &app)
+{
+    ProcessValues &values = app.values;
+    values.Maindir = "C:\\Lumbrio\\";
+    if (app.files.exists(kIniFile)) {
+        LumbrioConfig config;
+        platform::SlotFile file(app.files, kIniFile, LumbrioConfig::kSize);
+        if (!done(file.open(platform::SlotUse::Read)))
+            return;
+        if (!done(file.lock()) && !app.run.errorsIgnored())
+            return;
+        if (!done(file.read(1, config.data())))
+            return;
+        file.unlock();
+        values.config = config;
+        keepConfig(values);
+    }
+    values.config.set(kOwnerCode, Format(values.config.text(kOwnerCode), "########.##"));
+}
+
+std::string versionToolTip(const LumbrioConfig &config)
+{
+    return "INTERNAL VERSION (MOST RECENT) IS 5.68." + config.text(kOwnerCode) + "688";
+}
+
+CardOptions parseCardOptions(std::string_view content)
+{
+    CardOptions options;
+    DelimitedReader reader(content);
+    for (std::string &line : options)
+        line = reader.next();
+    return options;
+}
+
+void Get_CCini(App &app)
+{
+    const platform::ErrorsIgnored ignored(app.run);
+    if (app.values.Maindir.empty())
+        app.values.Maindir = "c:\\Lumbrio\\";
+    CardOptions options;
+    if (!readCardOptions(app, options))
+        return;
+    app.values.paymentDirectory = Trim(options[1]);
+    app.values.PrintTipLine = isMinusOne(options[7]);
+    app.values.NoPartialSupport = numberOf(options[8]);
+    app.values.PreApproveTip = isMinusOne(options[9]);
+}
+
+void loadSetupFlags(App &app)
+{
+    if (app.values.Maindir.empty())
+        app.values.Maindir = "c:\\Lumbrio\\";
+    CardOptions options;
+    if (!readCardOptions(app, options))
+        return;
+    app.values.NoPartialSupport = numberOf(options[8]);
+    const bool noPreAuth = app.files.exists(app.values.Remotedir + "Data\\CCnoPREauth.dat");
+    app.values.TndrNOpreAUTH = noPreAuth ? -1 : 0;
+}
+
+void fillEmptyDirectories(App &app)
+{
+    if (app.values.Maindir.empty())
+        app.values.Maindir = "c:\\Lumbrio\\";
+    if (app.values.Remotedir.empty())
+        app.values.Remotedir = "C:\\Lumbrio\\";
+}
+
+} // namespace records

@@ -1,0 +1,30 @@
+// The one command line that starts the payment application and fixes its transaction.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tender {
+
+inline constexpr const char *kXchargeProgram = "c:\\Program Files\\X-charge\\Xcharge.exe";
+inline constexpr const char *kResultFile = "C:/lumbrio/xResultFile.txt";
+inline constexpr const char *kXchargeImage = "X-Charge.exe";
+
+/// What the command line is made of. Values go in as they are: no quotes, no trimming here.
+struct PaymentCall {
+    bool purchase = false; // charge at once instead of pre-authorising
+    bool partialSupport = true;
+    std::string amount;
+    std::string receipt;
+    std::string clerk;
+    std::string userId;
+    std::string password;
+};
+
+/// Program and arguments, one blank between options, a blank at the end.
+std::string commandLine(const PaymentCall &call);
+
+/// The arguments, an option a line, as the trace lists them.
+std::vector<std::string> commandLineParts(const PaymentCall &call);
+
+} // namespace tender

@@ -1,0 +1,123 @@
+#include "tender/result_reader.h"
+
+#include "records/trace.h"
+
+#include <array>
+
+namespace tender {
+
+using namespace records;
+
+namespace {
+
+constexpr std::size_t kRest = std::string_view::npos;
+
+/// One row of the table: a line that starts with `key` gives `length` characters from position
+/// `from` (counted from 0) to a field.
+struct ResultRow {
+    std::string_view key;
+    std::size_t from;
+    std::size_t length;
+    CardField field;
+};
+
+constexpr ResultRow rest(std::string_view key, const CardField &field)
+{
+    return {key, key.size(), kRest, field};
+}
+
+// In the order of the table; the rows that set words of their own stand in applyResultLine.
+constexpr std::array kRows = {
+    rest("RESULT=", CResponse),
+    // Kept: one character more than the key is dropped, so the description loses its first.
+    ResultRow{"<RESULT_DESCRIPTION>", 21, kRest, CCDescription},
+    rest("APPROVALCODE=", CApprovalCode),
+    ResultRow{"<RESULT_APPROVALCODE>", 21, 6, CApprovalCode},
+    rest("SWIPED=", CCSwiped),
+    rest("NAME=", CCName),
+    rest("CLERK=", CCServer),
+    rest("XCACCOUNTID=", CCNumb),
+    ResultRow{"<RESULT_XCACCOUNTID>", 20, 13, CCNumb},
+    ResultRow{"<RESULT_XCTRANSACTIONID>", 24, 8, CCXcTranID},
+    rest("XCTRANSACTIONID=", CCXcTranID),
+    ResultRow{"<RESULT_XACCOUNT>", 17, 16, HiddenNumb},
+    rest("ACCOUNT=", HiddenNumb),
+    ResultRow{"<RESULT_ACCOUNTTYPE>", 20, 12, CCtype},
+    rest("ACCOUNTTYPE=", CCtype),
+    ResultRow{"<RESULT_EXPIRATION>", 19, 4, CCExpDate},
+    rest("EXPIRATION=", CCExpDate),
+    ResultRow{"APPROVEDAMOUNT", 15, kRest, CCApprovedAmt},
+    ResultRow{"<RESULT_APPROVEDAMOUNT>", 23, 10, CCApprovedAmt},
+    rest("ADDITIONALFUNDSREQUIRED=", CCaditionalFUNDS),
+    rest("BALANCE=", GCbalance),
+};
+
+void applySuccessTag(std::string_view line, CardRecord &CCdata)
+{
+    constexpr std::string_view kTag = "<RESULT_SUCCESS>";
+    const std::string_view letter = startsWith(line, kTag) ? line.substr(kTag.size(), 1) : "";
+    if (letter == "T")
+        CCdata.set(CResponse, "Approved");
+    if (letter == "F")
+        CCdata.set(CResponse, "Declined");
+}
+
+void traceResponse(App &app, const std::string &name, const std::vector<std::string> &lines)
+{
+    TraceLines trace = {std::string(54, '-'),
+                        "***********  X CHARGE RESPONSE INFO  ******************",
+                        "Response File Name " + name, std::string(54, '-')};
+    trace.insert(trace.end(), lines.begin(), lines.end());
+    trace.push_back("End File Data " + name);
+    trace.emplace_back(54, '*');
+    trace.emplace_back(54, '-');
+    traceProcess(app, trace);
+}
+
+} // namespace
+
+void applyResultLine(std::string_view line, CardRecord &CCdata)
+{
+    const std::string trimmed = Trim(line);
+    applySuccessTag(trimmed, CCdata);
+    for (const ResultRow &row : kRows) {
+        if (!startsWith(trimmed, row.key))
+            continue;
+        const std::size_t from = std::min(row.from, trimmed.size());
+        CCdata.set(row.field, std::string_view(trimmed).substr(from, row.length));
+    }
+    if (startsWith(trimmed, "ADDITIONALFU"))
+        CCdata.set(CCGiftFlag, "GS   ");
+}
+
+std::vector<std::string> readResultFile(App &app, const std::string &name)
+{
+    {
+        const platform::ErrorsIgnored ignored(app.run);
+        app.files.copy(name, "C:\\Lumbrio\\ResponseBACKUP.txt");
+    }
+    app.values.CCdata.set(GCbalance, "0");
+    std::string content;
+    app.files.read(name, content, kResultLimit);
+    const std::vector<std::string> lines = platform::splitLines(content);
+    for (const std::string &line : lines)
+        applyResultLine(line, app.values.CCdata);
+    traceResponse(app, name, lines);
+    app.files.write("c:\\Lumbrio\\XLMread.txt", resultDebugFile(app.values.CCdata));
+    return lines;
+}
+
+std::string resultDebugFile(const CardRecord &CCdata)
+{
+    constexpr std::array kOrder = {
+        CResponse, CApprovalCode, CCName,      CCApprovedAmt, CCaditionalFUNDS, CCExpDate,
+        CCNumb,    CCReceipt,     CCServer,    CCstatus,      CCTable,          CCTabAmt,
+        CCStation, CCTime,        CCAdjStatus, CCTip,         CCXcTranID,       CResponse,
+        GCbalance, HiddenNumb,    GCbalance,   CCDescription};
+    std::string text;
+    for (const CardField &field : kOrder)
+        text += platform::textLine(CCdata.raw(field));
+    return text;
+}
+
+} // namespace tender
