@@ -15,7 +15,7 @@
 namespace platform {
 
 enum class OpenMode {
-    Read,        // must exist
+    Read,        // must exist; a lock taken through it is a shared one where the system knows both
     ReadWrite,   // must exist; for rewriting in place, never for appending
     Append,      // created when missing; every write lands at the end, wherever that is by then
     CreateEmpty, // created when missing, emptied when there; for writing
@@ -36,6 +36,9 @@ public:
     /// Append only: places the bytes at the end in one piece; `landedAt` is their offset. A short
     /// write (disk full) is cut back, so that the file is as before, and gives NoRoom.
     virtual Outcome append(std::string_view bytes, std::uint64_t &landedAt) = 0;
+    /// Cuts the file to `to` bytes if it is `from` bytes long (nobody wrote behind it meanwhile),
+    /// else leaves it; Done in both cases. Not for Read.
+    virtual Outcome cutBack(std::uint64_t from, std::uint64_t to) = 0;
     /// Bytes to the disk itself.
     virtual Outcome flush() = 0;
     /// The whole-file lock: exclusive, never waits, one byte at kLockOffset, beyond any data, so
@@ -52,12 +55,13 @@ class Disk {
 public:
     virtual ~Disk() = default;
 
+    /// `file` is empty after a failure. Only plain files open; anything else is Broken.
     virtual Outcome open(const std::string &path, OpenMode mode,
                          std::unique_ptr<DiskFile> &file) = 0;
     virtual bool isFile(const std::string &path) = 0;
     virtual bool isDirectory(const std::string &path) = 0;
     virtual Outcome remove(const std::string &path) = 0;
-    /// Atomic; replaces a file at `to`.
+    /// Atomic; replaces a file at `to` and takes over its permissions.
     virtual Outcome rename(const std::string &from, const std::string &to) = 0;
     virtual Outcome makeDirectory(const std::string &path) = 0;
     /// Names (not paths) in a directory, files and folders, in no particular order.
@@ -68,5 +72,8 @@ public:
 
 /// The system's own disk.
 std::unique_ptr<Disk> systemDisk();
+
+/// A text for temporary names that no other process, here or on another station, makes too.
+std::string uniqueSuffix();
 
 } // namespace platform

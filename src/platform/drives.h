@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -16,21 +17,28 @@ namespace platform {
 /// is relative to drive c's root; "c\Lumbrio\" is such a path, not drive c.
 class Drives {
 public:
-    /// `root`: the drives folder, an absolute real path.
-    Drives(Disk &theDisk, std::string root);
+    enum class Paths { AsTheyStand, BelowRoot };
 
-    /// The real path; never fails, a path that leads nowhere is simply not there. ".." is kept as
-    /// a name, never followed above the drives folder.
+    /// `root`: the drives folder, an absolute real path. `paths`: AsTheyStand on Windows,
+    /// BelowRoot elsewhere; a test may keep its files below a folder on Windows too.
+    Drives(Disk &theDisk, std::string root, Paths paths = systemPaths());
+
+    /// The real path; never fails, a path that leads nowhere is simply not there. "." and ".." are
+    /// worked out in the text, and ".." never leads above the drive.
     std::string resolve(std::string_view path) const;
     const std::string &root() const { return folder; }
 
     /// LUMBRIO_DRIVES, else $XDG_DATA_HOME/lumbrio/drives, else ~/.local/share/lumbrio/drives; on
     /// Windows the folder of the executable (where installation.ini lies).
     static std::string defaultRoot();
+    static Paths systemPaths();
 
 private:
+    std::string match(const std::string &parent, const std::string &name, bool last) const;
+
     Disk &disk;
     std::string folder;
+    Paths kind;
 };
 
 } // namespace platform

@@ -32,15 +32,16 @@ public:
     Outcome remove(std::string_view path);
     /// Removes the file when it is there; NotThere is no failure.
     Outcome removeIfThere(std::string_view path);
-    /// Whole copy, flushed, over whatever is at `to`.
+    /// Whole copy, flushed, over whatever is at `to`, which is replaced at once: nobody sees half.
     Outcome copy(std::string_view from, std::string_view to);
+    /// Done when the folder is there already; its parent must exist.
     Outcome makeFolder(std::string_view path);
     /// File names in a folder, sorted; empty when there is none.
     std::vector<std::string> list(std::string_view folder);
 
     /// "Create if missing": opened for output and closed when it does not exist.
     Outcome createIfMissing(std::string_view path);
-    /// The whole content; `limit` bytes at most (the rest is left out).
+    /// The whole content; `limit` bytes at most (the rest is left out). Empty after a failure.
     Outcome read(std::string_view path, std::string &content, std::size_t limit = kReadLimit);
     /// Opened for output: replaces the content in place, creating the file.
     Outcome write(std::string_view path, std::string_view content);
@@ -52,8 +53,14 @@ public:
     /// failure; inside, the write is done all the same.
     Outcome appendLocked(std::string_view path, std::string_view content);
 
+    /// Makes the name of a new file durable, by the same rules.
+    Outcome flushFolderOf(std::string_view path);
+
     /// For SlotFile: the raw file behind a path, under the same rules.
     Outcome open(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file);
+    /// Takes the lock through `file`, which was opened at `path` in `mode`. A file that was
+    /// replaced meanwhile is opened again, until the locked one is the one at the path.
+    Outcome lock(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file);
     /// New content written and flushed beside `path`, renamed over it, the folder flushed.
     Outcome replaceWhole(std::string_view path, std::string_view content);
 
@@ -66,6 +73,9 @@ public:
     static constexpr std::size_t kReadLimit = 64U << 20U;
 
 private:
+    Outcome writeInPlace(std::string_view path, std::string_view content, bool flushed);
+    Outcome appendTo(DiskFile &file, std::string_view path, std::string_view content);
+
     Disk &disk;
     const Drives &drives;
     Run &run;

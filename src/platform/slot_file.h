@@ -43,8 +43,8 @@ public:
     Outcome write(long slot, std::string_view bytes);
     /// `bytes` must be one whole slot. The system places it at the end, so that it never
     /// overwrites what another process wrote, lock or no lock; `slot` is where it landed. Only
-    /// when the file's length is not a multiple of the slot length is it written at count + 1.
-    /// Flushed to the disk before close() returns.
+    /// when the file's length is not a multiple of the slot length is it moved to count + 1.
+    /// After a failure the file is as it was. Flushed to the disk before close() returns.
     Outcome append(std::string_view bytes, long &slot);
     Outcome unlock();
     /// Flushes what was written (after the unlock, on the still open descriptor) and closes.
@@ -53,17 +53,25 @@ public:
 
 private:
     Outcome judge(std::string_view operation, Outcome outcome);
+    Outcome usable() const;
+    Outcome attach();
+    Outcome place(std::string_view bytes, std::uint64_t &landedAt);
+    Outcome moveClaim(std::string_view bytes, std::uint64_t claim, std::uint64_t target);
     Outcome fillBuffer(std::uint64_t offset);
+    void dropBuffer();
+    std::uint64_t offsetOf(long slot) const;
+    std::uint64_t nearestSlot(std::uint64_t bytes) const;
 
     Files &files;
     std::string name;
     std::size_t length;
     SlotUse openedFor = SlotUse::Read;
+    OpenMode mode = OpenMode::Read;
     std::unique_ptr<DiskFile> file;
-    std::unique_ptr<DiskFile> tornTail; // a second descriptor, for count + 1 behind a torn tail
     bool locked = false;
     bool written = false;
-    // Read-ahead of a walk under the lock; nobody else may rewrite while we hold it.
+    bool startedFile = false; // the file's first record was appended here
+    // What was read last; a walk under the lock reads ahead, nobody else may rewrite meanwhile.
     std::string buffer;
     std::uint64_t bufferAt = 0;
 };

@@ -1,0 +1,222 @@
+#include "platform/slot_file.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+constexpr std::size_t kReadAhead = 64U << 10U;
+
+} // namespace
+
+SlotFile::SlotFile(Files &theFiles, std::string path, std::size_t slotLength)
+    : files(theFiles), name(std::move(path)), length(slotLength)
+{
+}
+
+SlotFile::~SlotFile()
+{
+    close();
+}
+
+Outcome SlotFile::judge(std::string_view operation, Outcome outcome)
+{
+    return files.judge(operation, name, outcome);
+}
+
+Outcome SlotFile::usable() const
+{
+    if (files.shut())
+        return Outcome::Denied;
+    return isOpen() ? Outcome::Done : Outcome::NotThere;
+}
+
+Outcome SlotFile::open(SlotUse use)
+{
+    close();
+    if (files.shut())
+        return Outcome::Denied;
+    openedFor = use;
+    return judge("Opening", attach());
+}
+
+Outcome SlotFile::attach()
+{
+    Disk &disk = files.rawDisk();
+    const std::string real = files.realPath(name);
+    mode = openedFor == SlotUse::Append ? OpenMode::Append : OpenMode::ReadWrite;
+    Outcome outcome = disk.open(real, mode, file);
+    // A reader too asks for writing first: an exclusive lock needs it on some systems.
+    if (outcome == Outcome::Denied && openedFor == SlotUse::Read) {
+        mode = OpenMode::Read;
+        outcome = disk.open(real, mode, file);
+    }
+    return outcome;
+}
+
+Outcome SlotFile::lock()
+{
+    if (const Outcome outcome = usable(); !done(outcome))
+        return outcome;
+    dropBuffer();
+    const Outcome outcome = files.lock(name, mode, file);
+    locked = done(outcome);
+    return outcome;
+}
+
+Outcome SlotFile::unlock()
+{
+    dropBuffer();
+    if (!std::exchange(locked, false))
+        return Outcome::Done;
+    return judge("Unlocking", file->unlock());
+}
+
+Outcome SlotFile::close()
+{
+    Outcome outcome = unlock();
+    if (std::exchange(written, false)) {
+        const Outcome flushed = file->flush();
+        if (done(outcome))
+            outcome = judge("Writing", flushed);
+    }
+    if (std::exchange(startedFile, false))
+        files.flushFolderOf(name);
+    file.reset();
+    return outcome;
+}
+
+std::uint64_t SlotFile::nearestSlot(std::uint64_t bytes) const
+{
+    const std::uint64_t whole = bytes / length;
+    const std::uint64_t twice = 2 * (bytes % length);
+    const bool up = twice > length || (twice == length && whole % 2 == 1);
+    return up ? whole + 1 : whole;
+}
+
+long SlotFile::count()
+{
+    if (!done(usable()))
+        return 0;
+    std::uint64_t bytes = 0;
+    if (!done(judge("Reading", file->size(bytes))))
+        return 0;
+    return static_cast<long>(nearestSlot(bytes));
+}
+
+/// kLockOffset, where no file reaches, for a slot that cannot be.
+std::uint64_t SlotFile::offsetOf(long slot) const
+{
+    const bool possible = slot >= 1 && static_cast<std::uint64_t>(slot) < kLockOffset / length;
+    return possible ? static_cast<std::uint64_t>(slot - 1) * length : kLockOffset;
+}
+
+Outcome SlotFile::read(long slot, std::span<char> into)
+{
+    if (const Outcome outcome = usable(); !done(outcome))
+        return outcome;
+    into = into.first(std::min(into.size(), length));
+    const std::uint64_t offset = offsetOf(slot);
+    if (offset == kLockOffset) {
+        std::fill(into.begin(), into.end(), '\0');
+        return Outcome::Done;
+    }
+    const bool atHand =
+        locked && offset >= bufferAt && offset + into.size() <= bufferAt + buffer.size();
+    if (!atHand) {
+        if (const Outcome outcome = fillBuffer(offset); !done(outcome))
+            return judge("Reading", outcome);
+    }
+    const std::string_view found =
+        std::string_view(buffer).substr(static_cast<std::size_t>(offset - bufferAt), into.size());
+    const auto end = std::copy(found.begin(), found.end(), into.begin());
+    std::fill(end, into.end(), '\0');
+    return Outcome::Done;
+}
+
+/// Reads the slot at `offset`, and many after it when the slots are being walked in order.
+Outcome SlotFile::fillBuffer(std::uint64_t offset)
+{
+    const bool walking = locked && offset == bufferAt + buffer.size();
+    const std::size_t slots = walking ? std::max<std::size_t>(kReadAhead / length, 1) : 1;
+    buffer.resize(slots * length);
+    bufferAt = offset;
+    std::size_t got = 0;
+    const Outcome outcome = file->readAt(offset, buffer.data(), buffer.size(), got);
+    buffer.resize(done(outcome) ? got : 0);
+    return outcome;
+}
+
+void SlotFile::dropBuffer()
+{
+    buffer.clear();
+    bufferAt = 0;
+}
+
+Outcome SlotFile::write(long slot, std::string_view bytes)
+{
+    if (const Outcome outcome = usable(); !done(outcome))
+        return outcome;
+    const std::uint64_t offset = offsetOf(slot);
+    if (openedFor != SlotUse::Rewrite || offset == kLockOffset)
+        return judge("Writing", Outcome::Broken);
+    dropBuffer();
+    written = true;
+    return judge("Writing", file->writeAt(offset, bytes.substr(0, length)));
+}
+
+Outcome SlotFile::append(std::string_view bytes, long &slot)
+{
+    if (const Outcome outcome = usable(); !done(outcome))
+        return outcome;
+    if (openedFor != SlotUse::Append || bytes.size() != length)
+        return judge("Writing", Outcome::Broken);
+    dropBuffer();
+    // Without the lock the file may just have been replaced; the old one is nobody's any more.
+    if (!locked && !file->isStillAt(files.realPath(name))) {
+        if (const Outcome outcome = attach(); !done(outcome))
+            return judge("Opening", outcome);
+    }
+    std::uint64_t landedAt = 0;
+    const Outcome outcome = place(bytes, landedAt);
+    if (done(outcome)) {
+        written = true;
+        startedFile = startedFile || landedAt == 0;
+        slot = static_cast<long>(landedAt / length) + 1;
+    }
+    return judge("Writing", outcome);
+}
+
+Outcome SlotFile::place(std::string_view bytes, std::uint64_t &landedAt)
+{
+    const Outcome outcome = file->append(bytes, landedAt);
+    if (!done(outcome) || landedAt % length == 0)
+        return outcome;
+    // Behind a torn tail. The bytes at the end are this record's claim: whoever else appends now,
+    // locked or not, claims the next ones, so that no two move to the same slot.
+    const std::uint64_t claim = landedAt;
+    landedAt = nearestSlot(claim) * length;
+    const Outcome moved = moveClaim(bytes, claim, landedAt);
+    if (!done(moved)) {
+        std::uint64_t end = 0;
+        if (done(file->size(end)) && end <= std::max(claim, landedAt) + length)
+            file->cutBack(end, claim);
+    }
+    return moved;
+}
+
+Outcome SlotFile::moveClaim(std::string_view bytes, std::uint64_t claim, std::uint64_t target)
+{
+    std::unique_ptr<DiskFile> rewriting;
+    Outcome outcome = files.rawDisk().open(files.realPath(name), OpenMode::ReadWrite, rewriting);
+    if (done(outcome))
+        outcome = rewriting->writeAt(target, bytes);
+    if (done(outcome) && target < claim)
+        rewriting->cutBack(claim + length, target + length); // else a tail that does not count
+    return outcome;
+}
+
+} // namespace platform
