@@ -81,6 +81,12 @@ public:
         return fault.outcome;
     }
 
+    Outcome cutBack(std::uint64_t from, std::uint64_t to) override
+    {
+        const Outcome fault = disk.count("cutBack", path, "to " + std::to_string(to)).outcome;
+        return done(fault) ? file->cutBack(from, to) : fault;
+    }
+
     Outcome flush() override
     {
         const Outcome fault = disk.count("flush", path).outcome;
@@ -178,6 +184,7 @@ bool FaultyDisk::query(std::string_view operation, const std::string &path)
 
 Outcome FaultyDisk::open(const std::string &path, OpenMode mode, std::unique_ptr<DiskFile> &file)
 {
+    file.reset();
     const Outcome fault = count("open", path, textOf(mode)).outcome;
     if (!done(fault))
         return fault;
