@@ -1,0 +1,91 @@
+// Printer: the pen that writes print jobs. It has a selected printer, a current font that stays
+// from job to job, and an open job or none.
+#pragma once
+
+#include "platform/printers.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace printing {
+
+class Printer {
+public:
+    explicit Printer(platform::Printers &thePrinters) : printers(thePrinters) {}
+    Printer(const Printer &) = delete;
+    Printer &operator=(const Printer &) = delete;
+
+    // The choice of the printer. At first the default printer is selected. A choice is only noted
+    // down, in microseconds; the list of printers is asked for when its result is first needed.
+
+    /// Clears the vendor flag, then selects the last printer whose device name begins with
+    /// `beginning` (capitals count; an empty one fits every printer) and looks for vendor
+    /// printers. Without a fit the selection stays as it is.
+    void select(std::string_view beginning);
+    /// Selects the last printer whose device name begins with "VENDOR" and sets the vendor flag;
+    /// without one, selection and flag stay as they are.
+    void selectVendor();
+    /// Device name of the selected printer; empty when there is none at all.
+    const std::string &selectedName();
+    bool vendorPrinterPresent();
+
+    // The current font: from the next line on, and on into later jobs.
+
+    const platform::PrintFont &font() const { return current; }
+    /// An empty family changes nothing.
+    void setFamily(std::string_view family);
+    /// In points; 0 or less changes nothing.
+    void setSize(double points);
+    void setBold(bool on) { current.bold = on; }
+    void setItalic(bool on) { current.italic = on; }
+
+    // What is written begins a job where none is open. The job belongs to the printer that is
+    // selected then: selecting another one closes it.
+
+    /// One printed line; a NUL prints as a blank.
+    void line(std::string_view text);
+    void blankLines(int count = 1);
+    /// A banner by its name in assets/banners/, centred, in its natural size; `sizeBehind` is the
+    /// font size behind it.
+    void picture(std::string_view name, double sizeBehind);
+    /// Tab stops "x1,x2,..." in millimetres, until the job is closed.
+    void tabs(std::string_view stops);
+    /// The knife. It leaves the font at 10 points.
+    void cut();
+    void newPage();
+
+    bool jobOpen() const { return open; }
+    /// Hands the job to its printer; a printer that is not there loses it. Without an open job
+    /// nothing is printed.
+    void closeJob();
+
+    /// Loads printer list and fonts while the program waits anyway.
+    void warmUp(const platform::PrintFont &likely);
+
+private:
+    struct Choice {
+        bool vendor = false;
+        std::string beginning;
+    };
+
+    void request(Choice choice);
+    void resolve();
+    void apply(const Choice &choice, const std::vector<std::string> &names);
+    void begin();
+    void add(platform::PrintOperation::Kind kind, std::string_view text = {});
+    void useFont();
+
+    platform::Printers &printers;
+    std::vector<Choice> requested; // not looked up yet, in their order
+    std::string selected;
+    bool selectedOnce = false;
+    bool vendorPrinter = false;
+
+    platform::PrintFont current;
+    platform::PrintFont written; // the font that the open job is in
+    platform::PrintJob job;
+    bool open = false;
+};
+
+} // namespace printing

@@ -1,0 +1,17 @@
+// Which printer a slip goes to: the receipt printer of the configuration, or the full-page printer
+// of the template slips. The flag they set is Printer::vendorPrinterPresent().
+#pragma once
+
+#include "printing/printer.h"
+#include "records/app.h"
+
+namespace printing {
+
+/// Selects the printer of `ReceiptPrinterName`, trimmed: the last one that begins with it. Costs
+/// nothing: the printers are not touched before the result is needed.
+void Set_Printer(const records::App &app, Printer &printer);
+
+/// Selects the last printer that begins with "VENDOR".
+void Set_PrinterVendor(Printer &printer);
+
+} // namespace printing
