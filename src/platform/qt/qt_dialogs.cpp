@@ -1,0 +1,143 @@
+#include "platform/qt/qt_dialogs.h"
+
+#include "platform/qt/qt_text.h"
+#include "platform/qt/screen.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace platform {
+
+namespace {
+
+QString titleOf(const std::string &title)
+{
+    return title.empty() ? QCoreApplication::applicationName() : toQt(title);
+}
+
+/// The frame of every box: heading, text, room for a box to type in, and a row of buttons. It
+/// answers through QDialog's result; done(kHarmless) stands for Escape and the window's cross.
+class Box : public QDialog {
+public:
+    static constexpr int kHarmless = QDialog::Rejected;
+
+    Box(const QString &title, const QString &text);
+    void addField(QWidget &field) { content->addWidget(&field); }
+    void addButton(const QString &caption, int result, bool isDefault);
+    /// Waits for the answer. A box opened before the end was asked for closes with it.
+    int wait(Run &run);
+
+private:
+    QVBoxLayout *content;
+    QHBoxLayout *commands;
+};
+
+Box::Box(const QString &title, const QString &text)
+    : content(new QVBoxLayout), commands(new QHBoxLayout)
+{
+    setObjectName(QStringLiteral("Box"));
+    setWindowTitle(title);
+    setAccessibleName(title);
+    setAccessibleDescription(text);
+    setMinimumWidth(420);
+
+    auto *heading = new QLabel(title);
+    heading->setObjectName(QStringLiteral("BoxTitle"));
+    auto *message = new QLabel(text);
+    message->setObjectName(QStringLiteral("BoxText"));
+    message->setTextFormat(Qt::PlainText);
+    message->setWordWrap(true);
+    message->setMaximumWidth(720);
+
+    content->setContentsMargins(20, 20, 20, 12);
+    content->setSpacing(12);
+    content->addWidget(message);
+    commands->setContentsMargins(20, 0, 20, 20);
+    commands->setSpacing(8);
+    commands->addStretch();
+
+    auto *all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->setSpacing(0);
+    all->addWidget(heading);
+    all->addLayout(content, 1);
+    all->addLayout(commands);
+}
+
+void Box::addButton(const QString &caption, int result, bool isDefault)
+{
+    auto *button = new QPushButton(caption);
+    button->setObjectName(caption);
+    button->setProperty("command", isDefault ? QStringLiteral("primary") : QStringLiteral("plain"));
+    button->setMinimumSize(120, 52);
+    button->setDefault(isDefault);
+    connect(button, &QPushButton::clicked, this, [this, result] { done(result); });
+    commands->addWidget(button);
+}
+
+int Box::wait(Run &run)
+{
+    const bool openedAtTheEnd = run.ending();
+    placeInFront(*this);
+    show();
+    activateWindow();
+    while (isVisible() && (openedAtTheEnd || !run.ending()))
+        run.yield();
+    hide();
+    return result();
+}
+
+constexpr int resultOf(Answer answer)
+{
+    return QDialog::Accepted + 1 + static_cast<int>(answer);
+}
+
+} // namespace
+
+Answer QtDialogs::ask(const std::string &title, const std::string &text, Buttons buttons)
+{
+    Box box(titleOf(title), toQt(text));
+    Answer harmless = Answer::Ok;
+    switch (buttons) {
+    case Buttons::Ok: box.addButton(QStringLiteral("OK"), resultOf(Answer::Ok), true); break;
+    case Buttons::OkCancel:
+        box.addButton(QStringLiteral("OK"), resultOf(Answer::Ok), true);
+        box.addButton(QStringLiteral("Cancel"), resultOf(Answer::Cancel), false);
+        harmless = Answer::Cancel;
+        break;
+    case Buttons::YesNo:
+        box.addButton(QStringLiteral("Yes"), resultOf(Answer::Yes), true);
+        box.addButton(QStringLiteral("No"), resultOf(Answer::No), false);
+        harmless = Answer::No;
+        break;
+    }
+    const int result = box.wait(run);
+    return result == Box::kHarmless ? harmless
+                                    : static_cast<Answer>(result - QDialog::Accepted - 1);
+}
+
+std::optional<std::string> QtDialogs::askText(const std::string &title, const std::string &text,
+                                              const std::string &initial, bool hidden)
+{
+    Box box(titleOf(title), toQt(text));
+    QLineEdit field(toQt(initial));
+    field.setObjectName(QStringLiteral("BoxField"));
+    field.setAccessibleName(toQt(text));
+    field.setMinimumHeight(46);
+    field.setEchoMode(hidden ? QLineEdit::Password : QLineEdit::Normal);
+    field.selectAll();
+    box.addField(field);
+    box.addButton(QStringLiteral("OK"), resultOf(Answer::Ok), true);
+    box.addButton(QStringLiteral("Cancel"), resultOf(Answer::Cancel), false);
+    field.setFocus();
+    if (box.wait(run) != resultOf(Answer::Ok))
+        return std::nullopt;
+    return fromQt(field.text());
+}
+
+} // namespace platform

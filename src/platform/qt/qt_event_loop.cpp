@@ -1,0 +1,78 @@
+#include "platform/qt/qt_event_loop.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace platform {
+
+QtClock::QtClock(double scale) : factor(scale), begun(QDateTime::currentDateTime())
+{
+    elapsed.start();
+}
+
+DateTime QtClock::now() const
+{
+    // Read anew each time: the system's clock may be set, or change to summer time, meanwhile.
+    const QDateTime local = factor == 1.0 ? QDateTime::currentDateTime()
+                                          : begun.addMSecs(static_cast<qint64>(milliseconds()));
+    const QDate date = local.date();
+    const QTime time = local.time();
+    return {date.year(),   date.month(),  date.day(), time.hour(),
+            time.minute(), time.second(), time.msec()};
+}
+
+std::uint64_t QtClock::milliseconds() const
+{
+    return static_cast<std::uint64_t>(static_cast<double>(elapsed.elapsed()) * factor);
+}
+
+int QtClock::wallTimeToNextTimer(int longest) const
+{
+    const std::optional<std::uint64_t> due = nextDue();
+    if (!due)
+        return longest;
+    const std::uint64_t present = milliseconds();
+    if (*due <= present)
+        return 0;
+    const double wall = std::ceil(static_cast<double>(*due - present) / factor);
+    return static_cast<int>(std::min(wall, static_cast<double>(longest)));
+}
+
+QtEventLoop::QtEventLoop(QtClock &theClock) : clock(theClock)
+{
+    alarm.setSingleShot(true);
+    alarm.setTimerType(Qt::PreciseTimer);
+}
+
+void QtEventLoop::turn()
+{
+    QCoreApplication::processEvents();
+    // Timers fire inside an event, so that what their handlers leave to deleteLater() is counted
+    // as left by a running handler.
+    QEvent due(QEvent::User);
+    QCoreApplication::sendEvent(this, &due);
+    rest();
+}
+
+bool QtEventLoop::event(QEvent *event)
+{
+    if (event->type() != QEvent::User)
+        return QObject::event(event);
+    clock.fireDueTimers();
+    return true;
+}
+
+void QtEventLoop::rest()
+{
+    const int wall = clock.wallTimeToNextTimer(kLongestRest);
+    if (wall == 0)
+        return;
+    alarm.start(wall);
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    alarm.stop();
+}
+
+} // namespace platform

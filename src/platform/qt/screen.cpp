@@ -1,0 +1,140 @@
+#include "platform/qt/screen.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFile>
+#include <QKeyEvent>
+#include <QWindow>
+
+#include <utility>
+
+/// A library's resources must be asked for outside every namespace.
+static void loadAssets()
+{
+    Q_INIT_RESOURCE(assets);
+}
+
+namespace platform {
+
+void applyTheme(QApplication &application)
+{
+    loadAssets();
+    QFile sheet(QStringLiteral(":/theme.qss"));
+    if (sheet.open(QIODevice::ReadOnly))
+        application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
+}
+
+Screen::Screen(Services &theServices) : services(theServices)
+{
+    setAttribute(Qt::WA_StyledBackground);
+}
+
+void Screen::runModal()
+{
+    if (gone)
+        return;
+    placeInFront(*this);
+    show();
+    activateWindow();
+    while (!gone && !services.ending())
+        services.yield();
+    hide();
+}
+
+void Screen::unload()
+{
+    gone = true;
+    hide();
+}
+
+void Screen::SetTopMostWindow(bool on)
+{
+    // Once there is a native window, setWindowFlag() would hide it.
+    if (QWindow *window = windowHandle()) {
+        overrideWindowFlags(windowFlags().setFlag(Qt::WindowStaysOnTopHint, on));
+        window->setFlag(Qt::WindowStaysOnTopHint, on);
+        if (on && isVisible())
+            raise();
+    } else {
+        setWindowFlag(Qt::WindowStaysOnTopHint, on);
+    }
+}
+
+void Screen::paintNow()
+{
+    if (isVisible())
+        repaint();
+}
+
+void Screen::Later::operator()(Screen *screen) const
+{
+    screen->unload();
+    screen->deleteLater();
+}
+
+void Screen::setDefaultCommand(QAbstractButton *command)
+{
+    defaultCommand = command;
+}
+
+std::function<void()> Screen::whileLoaded(std::function<void()> handler)
+{
+    return [this, handler = std::move(handler)] {
+        if (!gone)
+            handler();
+    };
+}
+
+void Screen::closeEvent(QCloseEvent *event)
+{
+    event->ignore();
+    if (!gone)
+        closeAsked();
+}
+
+void Screen::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Escape: closeAsked(); break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: pressEnter(); break;
+    default: QWidget::keyPressEvent(event);
+    }
+}
+
+void Screen::pressEnter()
+{
+    auto *command = qobject_cast<QAbstractButton *>(focusWidget());
+    if (command == nullptr)
+        command = defaultCommand;
+    if (command != nullptr && command->isVisible() && command->isEnabled())
+        command->click();
+}
+
+QWidget *windowInFront()
+{
+    if (QWidget *modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget *active = QApplication::activeWindow())
+        return active;
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->isVisible())
+            return window;
+    }
+    return nullptr;
+}
+
+void placeInFront(QWidget &window)
+{
+    window.setWindowModality(Qt::ApplicationModal);
+    QWidget *below = windowInFront();
+    if (below == nullptr || below == &window)
+        return;
+    if (below->windowFlags().testFlag(Qt::WindowStaysOnTopHint))
+        window.setWindowFlag(Qt::WindowStaysOnTopHint);
+    window.winId(); // makes the native window, to which the one below can be given
+    window.windowHandle()->setTransientParent(below->windowHandle());
+}
+
+} // namespace platform

@@ -1,0 +1,74 @@
+// Screen: the base of every window. A screen is owned by whoever opened it; unloading hides and
+// marks it, and it is destroyed only after its outermost handler has returned.
+#pragma once
+
+#include "platform/services.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+class QAbstractButton;
+class QApplication;
+
+namespace platform {
+
+/// Gives the application the one look of all screens; once, before the first screen is made.
+void applyTheme(QApplication &application);
+
+class Screen : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Screen(Services &theServices);
+
+    /// Shows the screen and turns the event loop until the screen is unloaded or the program ends;
+    /// no other window takes input meanwhile. A screen on the stack of the caller is safe: its
+    /// handlers have all returned when this does.
+    void runModal();
+    /// Hides the screen for good. Its object lives on until the owner destroys it.
+    void unload();
+    bool unloaded() const { return gone; }
+
+    /// Keeps the screen above all other windows, or no longer; before it is shown or after.
+    void SetTopMostWindow(bool on);
+    /// Paints what has changed before the next long step, without letting other events run.
+    void paintNow();
+
+    /// For owners of a screen that is not modal: std::unique_ptr<XchargePend, Screen::Later>
+    /// destroys it at the next turn at which none of its handlers runs.
+    struct Later {
+        void operator()(Screen *screen) const;
+    };
+
+protected:
+    /// Escape or the window's cross: the harmless way out. Without an override, unload().
+    virtual void closeAsked() { unload(); }
+    /// The command that Enter stands for where no other command has the focus; may be disabled at
+    /// times. A text box of several lines keeps Enter for itself.
+    void setDefaultCommand(QAbstractButton *command);
+    /// The handler as a timer needs it: it does nothing once the screen is unloaded.
+    std::function<void()> whileLoaded(std::function<void()> handler);
+
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+    Services &services;
+
+private:
+    void pressEnter();
+
+    QPointer<QAbstractButton> defaultCommand;
+    bool gone = false;
+};
+
+/// The window that a new modal one belongs to: the modal one that is
+/// open, else the active one, else any that is visible; or none.
+QWidget *windowInFront();
+/// Makes `window` modal to the program and places it over windowInFront(), even a top-most one.
+/// Call it before the window is shown.
+void placeInFront(QWidget &window);
+
+} // namespace platform
