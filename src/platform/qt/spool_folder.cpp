@@ -1,0 +1,100 @@
+#include "platform/qt/spool_folder.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+const QString kUnfinished = QStringLiteral(".part");
+
+Outcome outcomeOf(const QFile &file)
+{
+    switch (file.error()) {
+    case QFileDevice::NoError: return Outcome::Done;
+    case QFileDevice::ResourceError: return Outcome::NoRoom;
+    case QFileDevice::OpenError:
+    case QFileDevice::PermissionsError: return Outcome::Denied;
+    default: return Outcome::Broken;
+    }
+}
+
+Outcome writeAll(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return outcomeOf(file);
+    if (file.write(bytes) == bytes.size())
+        return Outcome::Done;
+    const Outcome outcome = outcomeOf(file);
+    return done(outcome) ? Outcome::NoRoom : outcome;
+}
+
+} // namespace
+
+void SpoolFolder::warmUp()
+{
+    if (lastNumber < 0)
+        findLastNumber();
+}
+
+Outcome SpoolFolder::put(const QByteArray &pdf, const QByteArray &text)
+{
+    warmUp();
+    QString stem;
+    Outcome outcome = reserve(stem);
+    if (!done(outcome))
+        return outcome;
+    const QString pdfPath = stem + QStringLiteral(".pdf");
+    const QString textPath = stem + QStringLiteral(".txt");
+    const QString unfinishedPdf = pdfPath + kUnfinished;
+    const QString unfinishedText = textPath + kUnfinished;
+    outcome = writeAll(unfinishedText, text);
+    if (done(outcome))
+        outcome = writeAll(unfinishedPdf, pdf);
+    // The PDF's name comes last: until then its unfinished file keeps the number ours.
+    if (done(outcome) &&
+        !(QFile::rename(unfinishedText, textPath) && QFile::rename(unfinishedPdf, pdfPath)))
+        outcome = Outcome::Denied;
+    if (!done(outcome)) {
+        for (const QString &path : {unfinishedText, textPath, unfinishedPdf})
+            QFile::remove(path);
+    }
+    return outcome;
+}
+
+void SpoolFolder::findLastNumber()
+{
+    lastNumber = 0;
+    QDirIterator entries(folder, QDir::Files);
+    while (entries.hasNext()) {
+        const QString name = entries.nextFileInfo().fileName();
+        lastNumber = std::max(lastNumber, name.left(name.indexOf(u'.')).toInt());
+    }
+}
+
+Outcome SpoolFolder::reserve(QString &stem)
+{
+    if (!QDir().mkpath(folder))
+        return Outcome::Denied;
+    for (;;) {
+        ++lastNumber;
+        stem = QStringLiteral("%1/%2").arg(folder).arg(lastNumber, 4, 10, QChar(u'0'));
+        QFile ours(stem + QStringLiteral(".pdf") + kUnfinished);
+        if (!ours.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+            if (ours.exists())
+                continue;
+            return outcomeOf(ours);
+        }
+        // Another process may have finished this very number since we looked.
+        if (!QFile::exists(stem + QStringLiteral(".pdf")))
+            return Outcome::Done;
+        ours.remove();
+    }
+}
+
+} // namespace platform

@@ -1,0 +1,30 @@
+// SpoolFolder: where a spool printer puts its jobs, NNNN.pdf and NNNN.txt, numbered on from what
+// is there, whichever process puts them.
+#pragma once
+
+#include "platform/outcome.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace platform {
+
+class SpoolFolder {
+public:
+    explicit SpoolFolder(QString path) : folder(std::move(path)) {}
+
+    /// Looks up the last number, so that the first put() need not; otherwise put() does it.
+    void warmUp();
+    /// Stores a job under the next free number. Each file appears whole under its name, the text
+    /// first; a job that cannot be stored leaves nothing. The folder is made when it is missing.
+    Outcome put(const QByteArray &pdf, const QByteArray &text);
+
+private:
+    void findLastNumber();
+    Outcome reserve(QString &stem);
+
+    QString folder;
+    int lastNumber = -1; // -1: not looked up yet
+};
+
+} // namespace platform
