@@ -57,6 +57,8 @@ void VirtualTime::advance(std::uint64_t milliseconds)
 
 void VirtualTime::turn()
 {
+    if (everyTurn)
+        everyTurn();
     std::uint64_t next = elapsed + std::max<std::uint64_t>(maxStep, 1);
     if (const auto due = nextDue())
         next = std::min(next, *due);

@@ -39,6 +39,8 @@ public:
     /// When it still goes on for as long again, the process is aborted.
     std::uint64_t limit = 2ULL * 60 * 60 * 1000;
     std::function<void()> onRunAway;
+    /// Called at the beginning of each turn; a test of screens delivers the toolkit's events here.
+    std::function<void()> everyTurn;
 
 private:
     void watchLimit();

@@ -1,0 +1,60 @@
+#include "support/qt/qt_station.h"
+
+#include <QAccessible>
+#include <QKeyEvent>
+
+namespace support {
+
+namespace {
+
+QString nameOf(QWidget &control)
+{
+    QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(&control);
+    return seen == nullptr ? QString() : seen->text(QAccessible::Name);
+}
+
+void send(int key, const QString &text)
+{
+    QWidget *focused = QApplication::focusWidget();
+    if (focused == nullptr)
+        focused = QApplication::activeWindow();
+    if (focused == nullptr)
+        return;
+    for (const QEvent::Type kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(kind, key, Qt::NoModifier, text);
+        QCoreApplication::sendEvent(focused, &event);
+    }
+}
+
+} // namespace
+
+QWidget *controlNamed(const QString &accessibleName)
+{
+    for (QWidget *control : QApplication::allWidgets()) {
+        if (control->isVisible() && !control->isWindow() && nameOf(*control) == accessibleName)
+            return control;
+    }
+    return nullptr;
+}
+
+bool click(const QString &accessibleName)
+{
+    auto *button = qobject_cast<QAbstractButton *>(controlNamed(accessibleName));
+    if (button == nullptr || !button->isEnabled())
+        return false;
+    button->click();
+    return true;
+}
+
+void press(Qt::Key key)
+{
+    send(key, {});
+}
+
+void type(const QString &text)
+{
+    for (const QChar letter : text)
+        send(0, letter);
+}
+
+} // namespace support

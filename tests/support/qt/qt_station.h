@@ -1,0 +1,31 @@
+// QtStation: a test station with windows. Virtual time as elsewhere; each of its turns delivers
+// Qt's events too, so a screen's waits and timers run without one real second passing.
+#pragma once
+
+#include "support/test_station.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QWidget>
+
+namespace support {
+
+class QtStation : public TestStation {
+public:
+    QtStation()
+    {
+        time.everyTurn = [] { QCoreApplication::processEvents(); };
+    }
+    ~QtStation() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+};
+
+/// The visible control of that accessible name (a button's caption, where it has no other) in any
+/// open window; null when there is none.
+QWidget *controlNamed(const QString &accessibleName);
+/// Clicks it as a finger does, when it is enabled; false when it is not, or not there.
+bool click(const QString &accessibleName);
+/// Types into whatever has the keyboard.
+void press(Qt::Key key);
+void type(const QString &text);
+
+} // namespace support
