@@ -75,15 +75,16 @@ private:
     void begin();
     void add(platform::PrintOperation::Kind kind, std::string_view text = {});
     void useFont();
+    void submitTo(const std::string &name);
 
     platform::Printers &printers;
     std::vector<Choice> requested; // not looked up yet, in their order
     std::string selected;
-    bool selectedOnce = false;
     bool vendorPrinter = false;
 
     platform::PrintFont current;
-    platform::PrintFont written; // the font that the open job is in
+    platform::PrintFont written; // the font that the open job is in, once it has one
+    bool fontWritten = false;
     platform::PrintJob job;
     bool open = false;
 };

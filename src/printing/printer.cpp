@@ -1,0 +1,171 @@
+#include "printing/printer.h"
+
+#include "records/text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace printing {
+
+using Kind = platform::PrintOperation::Kind;
+
+namespace {
+
+constexpr std::string_view kVendor = "VENDOR";
+constexpr double kCutFontSize = 10;
+
+} // namespace
+
+void Printer::select(std::string_view beginning)
+{
+    request({false, std::string(beginning)});
+}
+
+void Printer::selectVendor()
+{
+    request({true, std::string(kVendor)});
+}
+
+const std::string &Printer::selectedName()
+{
+    resolve();
+    return selected;
+}
+
+bool Printer::vendorPrinterPresent()
+{
+    resolve();
+    return vendorPrinter;
+}
+
+void Printer::request(Choice choice)
+{
+    requested.push_back(std::move(choice));
+    if (!open)
+        return;
+    const std::string owner = selected;
+    resolve();
+    if (selected != owner)
+        submitTo(owner);
+}
+
+// All choices count, in their order: one without a fit keeps what the one before it selected.
+void Printer::resolve()
+{
+    if (!requested.empty()) {
+        const std::vector<std::string> names = printers.names();
+        for (const Choice &choice : requested)
+            apply(choice, names);
+        requested.clear();
+    }
+    if (selected.empty())
+        selected = printers.defaultName();
+}
+
+void Printer::apply(const Choice &choice, const std::vector<std::string> &names)
+{
+    if (!choice.vendor)
+        vendorPrinter = false;
+    for (const std::string &name : names) {
+        // Kept: the first fit does not end the search, so the last one stays.
+        if (records::startsWith(name, choice.beginning))
+            selected = name;
+        if (records::startsWith(name, kVendor))
+            vendorPrinter = true;
+    }
+}
+
+void Printer::setFamily(std::string_view family)
+{
+    if (!family.empty())
+        current.family = family;
+}
+
+void Printer::setSize(double points)
+{
+    if (points > 0)
+        current.size = points;
+}
+
+void Printer::line(std::string_view text)
+{
+    begin();
+    useFont();
+    std::string printed(text);
+    std::replace(printed.begin(), printed.end(), '\0', ' ');
+    add(Kind::Line, printed);
+}
+
+void Printer::blankLines(int count)
+{
+    for (int i = 0; i < count; ++i)
+        line({});
+}
+
+void Printer::picture(std::string_view name, double sizeBehind)
+{
+    add(Kind::Picture, name);
+    setSize(sizeBehind);
+}
+
+void Printer::tabs(std::string_view stops)
+{
+    add(Kind::Tabs, stops);
+}
+
+void Printer::cut()
+{
+    add(Kind::Cut);
+    setSize(kCutFontSize);
+}
+
+void Printer::newPage()
+{
+    add(Kind::NewPage);
+}
+
+void Printer::closeJob()
+{
+    if (open)
+        submitTo(selected);
+}
+
+void Printer::warmUp(const platform::PrintFont &likely)
+{
+    resolve();
+    printers.warmUp(likely);
+}
+
+void Printer::begin()
+{
+    if (open)
+        return;
+    resolve();
+    job.title = "Lumbrio card slip";
+    fontWritten = false;
+    open = true;
+}
+
+void Printer::add(Kind kind, std::string_view text)
+{
+    begin();
+    job.operations.push_back({kind, std::string(text), {}});
+}
+
+// Only what a line is printed in counts, so changes that no line follows leave no trace.
+void Printer::useFont()
+{
+    if (fontWritten && written == current)
+        return;
+    job.operations.push_back({Kind::Font, {}, current});
+    written = current;
+    fontWritten = true;
+}
+
+void Printer::submitTo(const std::string &name)
+{
+    open = false;
+    printers.submit(name, std::exchange(job, {}));
+}
+
+} // namespace printing
