@@ -42,7 +42,7 @@ void Tender::Run_Xcharge()
     target = monthFile(app.values, now);
     declineTarget = deletedFile(app.values, now);
     app.files.createIfMissing(target);
-    if (app.ending() || isIndTips(app.values))
+    if (app.ending() || app.values.Nextform5 == "IndTips")
         return;
     const platform::ErrorsIgnored ignored(app.run);
     fields.SSCommand1.enabled = false;
