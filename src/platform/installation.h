@@ -8,7 +8,8 @@
 
 namespace platform {
 
-/// A printer that writes each job as NNNN.pdf and NNNN.txt into a folder.
+/// A printer that writes each job as NNNN.pdf and NNNN.txt into a folder. [printer.N] without a
+/// name is "Printer N", without a folder (or with one that leads out) "spool/N".
 struct SpoolPrinter {
     std::string name;
     double widthMm = 80; // 80 or less: a roll as long as the job
@@ -17,8 +18,8 @@ struct SpoolPrinter {
     std::string folder; // below the folder of installation.ini
 };
 
-/// Every key has a default; the file may be absent. Unknown sections and keys are passed over, a
-/// line that is nothing is passed over.
+/// Every key has a default; the file may be absent. Unknown sections and keys, a line that is
+/// nothing and a number or byte that is none are passed over.
 struct Installation {
     std::vector<SpoolPrinter> spoolPrinters;                   // by their number, [printer.1] first
     std::string cutBytes = std::string("\x1D\x56\x42\x00", 4); // [printer.real] cut, raw

@@ -42,8 +42,9 @@ struct PrintJob {
 /// readers; the name itself for a picture that is not known.
 std::string bannerText(std::string_view pictureName);
 
-/// A job as plain text: the lines as printed, a picture as its words in brackets, a cut as
-/// "- - - cut - - -", a new page as a form feed. Ends each line with CR LF.
+/// A job as plain text: the lines as printed (tab stops at 2 mm a column, other control characters
+/// as blanks), a picture as its words in brackets, a cut as "- - - cut - - -", a new page as a
+/// form feed. Ends each line with CR LF.
 std::string plainText(const PrintJob &job);
 
 /// For tests and diagnosis: every operation on a line of its own, fonts included.
