@@ -43,7 +43,8 @@ TestStation::TestStation(const TestStation *other)
 TestStation::TestStation(std::unique_ptr<TemporaryFolder> own, const std::string &root,
                          const platform::DateTime &start)
     : ownDrives(std::move(own)), time(start),
-      drives(*realDisk, ownDrives ? ownDrives->path() : root), disk(*realDisk, drives.root())
+      drives(*realDisk, ownDrives ? ownDrives->path() : root, platform::Drives::Paths::BelowRoot),
+      disk(*realDisk, drives.root())
 {
     run.reportFailure = [this](const std::string &text) { dialogs.systemMessage(text); };
     time.onRunAway = [this] { run.end(); };
