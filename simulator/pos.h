@@ -1,0 +1,48 @@
+// The point of sale's side of a tender: it leaves the request, starts "TndrCC", waits for its end
+// and reads the answer.
+#pragma once
+
+#include "platform/files.h"
+#include "simulator/process.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace simulator {
+
+/// An installation in a drives folder, with the directories that its "LumbrioINI.dat" names.
+struct Place {
+    platform::Files &files;
+    std::string Maindir;
+    std::string Remotedir;
+};
+
+/// The sandbox's directories where the configuration is not there or names none.
+Place placeOf(platform::Files &files);
+
+struct TenderRequest {
+    std::string table;
+    std::string receipt;
+    std::string server;
+    std::string amount;
+    std::optional<std::string> audit; // the amount that the point of sale calculated
+};
+
+/// Writes "Xsend.req", and "XAudit.DAT" when there is one; removes an earlier answer and an
+/// earlier audit, so that none of them is taken for this tender's.
+bool leaveRequest(const Place &place, const TenderRequest &request);
+
+/// The values of "Xsend.ans" in their order, inside the quotes, with their blanks; empty without
+/// the file.
+std::vector<std::string> readAnswer(const Place &place);
+
+/// An answer for a person: a name and a value on each line. The forms are told apart by their
+/// number of lines.
+std::string readableAnswer(const std::vector<std::string> &answer);
+
+/// Starts "TndrCC" (a real path) on a drives folder, without a display on Qt's offscreen platform.
+ChildProcess startTender(const std::string &tndrcc, const std::string &drivesFolder,
+                         bool outputSeen = true, bool forceOffscreen = false);
+
+} // namespace simulator

@@ -1,0 +1,69 @@
+// The sandbox: a drives folder with a plausible restaurant in it, for the demo and for tests that
+// start the real programs. Nothing here belongs to a real business or person.
+#pragma once
+
+#include "platform/files.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace simulator {
+
+/// The directories as the sandbox's "LumbrioINI.dat" names them.
+inline constexpr const char *kSandboxMaindir = "C:\\Lumbrio\\";
+inline constexpr const char *kSandboxRemotedir = "F:\\Lumbrio\\";
+inline constexpr const char *kXchargeProgram = "c:\\Program Files\\X-charge\\Xcharge.exe";
+
+/// Everything: folders, "installation.ini", "LumbrioINI.dat", "CCard.dat", "X1009Version.dat",
+/// employees, managers, and `xchargeProgram` (a real path) as the payment application. Files that
+/// are there are written anew. False when something failed; `files` has reported it then.
+bool makeSandbox(platform::Files &files, const std::string &drivesFolder,
+                 const std::string &xchargeProgram);
+/// True when the drives folder holds an installation, be it a sandbox or a real one.
+bool isInstalled(platform::Files &files);
+/// Makes the payment application's path a link to `program`. A link that is there is turned, a
+/// real program is left alone: false.
+bool linkXcharge(platform::Files &files, const std::string &program);
+
+/// What the sandbox's files hold, for tests that want one of them alone or another way.
+struct RestaurantOptions {
+    std::string receiptPrinter = "Receipt TM-88";
+    std::string fontFamily = "DejaVu Sans";
+    std::string fontSize = "9";
+    std::string autocut = "-1";
+    std::string gratuityPercent = "18";
+};
+/// "LumbrioINI.dat", 2300 bytes.
+std::string configurationFile(const RestaurantOptions &options = {});
+/// "CCard.dat", ten quoted lines; the flags are "-1" and "0".
+std::string cardOptionsFile(std::string_view printTipLine = "-1",
+                            std::string_view noPartialSupport = "0",
+                            std::string_view preApproveTip = "0");
+/// "Data\Zemployee.dat", one record of 1000 bytes for each employee.
+std::string employeeFile();
+/// "ini\3\ButtonAM.dat".
+std::string managerFile();
+/// "installation.ini" with a roll printer and one for letter pages.
+std::string installationFile();
+
+struct SandboxEmployee {
+    const char *number;
+    const char *name;
+};
+inline constexpr std::array<SandboxEmployee, 12> kSandboxEmployees = {{
+    {"1", "Rosemary Field"},
+    {"2", "Basil Rivers"},
+    {"3", "Olive Hartwood"},
+    {"4", "Sage Whitestone"},
+    {"5", "Juniper Lake"},
+    {"6", "Clementine"},
+    {"7", "Rosalind Oak"},
+    {"8", "Linden Brook"},
+    {"9", "Hazel Meadow"},
+    {"10", "Laurel Bridge"},
+    {"11", "Ash Northfield"},
+    {"12", "Ivy Gate"},
+}};
+
+} // namespace simulator

@@ -1,0 +1,266 @@
+// sim_pos: the stand-in for the point of sale (see docs/simulator.md).
+#include "simulator/outcome_table.h"
+#include "simulator/pending_table.h"
+#include "simulator/pos.h"
+#include "simulator/sandbox.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+
+namespace {
+
+using namespace simulator;
+
+const char kUsage[] =
+    "usage: sim_pos COMMAND [--drives DIR] ...\n"
+    "  sandbox   makes the drives folder with a restaurant in it\n"
+    "  tender    --table 12 --receipt 1043 --server 7 --amount 48.50 [--audit 48.50] [--wait S]\n"
+    "            takes one card tender; gives up after S seconds (0: never; without a display 60)\n"
+    "  pending   the records of CCPending.dat; --month: those of the month files\n"
+    "  demo      a sandbox where there is none, tenders of several outcomes, and what they left\n"
+    "  outcomes  the amounts that the payment application's stand-in answers in a special way\n";
+
+/// A turn that never comes: nothing here waits through the file layer.
+class NoLoop : public platform::EventLoop {
+public:
+    void turn() override {}
+};
+
+/// Words behind the command: "--name value", or "--name" alone before another option.
+using Options = std::map<std::string, std::string>;
+
+Options parseOptions(int argc, char **argv)
+{
+    Options options;
+    for (int i = 2; i < argc; ++i) {
+        const std::string name = argv[i];
+        const bool hasValue = i + 1 < argc && std::string(argv[i + 1]).rfind("--", 0) != 0;
+        options[name] = hasValue ? argv[++i] : "";
+    }
+    return options;
+}
+
+bool onlyKnown(const Options &options)
+{
+    for (const auto &[name, value] : options) {
+        bool known = false;
+        for (const char *each : {"--drives", "--table", "--receipt", "--server", "--amount",
+                                 "--audit", "--wait", "--month"})
+            known = known || name == each;
+        if (!known) {
+            std::fprintf(stderr, "sim_pos: unknown option %s\n%s", name.c_str(), kUsage);
+            return false;
+        }
+    }
+    return true;
+}
+
+// The PDFs that the sandbox's printers have written so far, sorted.
+std::vector<std::string> slipFiles(const std::string &drivesFolder)
+{
+    std::vector<std::string> paths;
+    for (const char *spool : {"/spool/receipt", "/spool/letter"}) {
+        std::error_code error;
+        for (const auto &entry : std::filesystem::directory_iterator(drivesFolder + spool, error))
+            if (entry.path().extension() == ".pdf")
+                paths.push_back(entry.path().string());
+    }
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+class PointOfSale {
+public:
+    explicit PointOfSale(const Options &theOptions)
+        : options(theOptions),
+          drivesFolder(theOptions.contains("--drives") ? absolutePath(theOptions.at("--drives"))
+                                                       : platform::Drives::defaultRoot())
+    {
+        run.reportFailure = [](const std::string &text) {
+            std::fprintf(stderr, "sim_pos: %s\n", text.c_str());
+        };
+    }
+
+    int sandbox();
+    int tender();
+    int pending();
+    int demo();
+
+private:
+    static std::string absolutePath(const std::string &path);
+    bool installedHere();
+    bool takeTender(const TenderRequest &request, int waitSeconds);
+    void printSlipFiles(const std::vector<std::string> &before);
+    std::string value(const char *name, const char *otherwise) const;
+
+    const Options &options;
+    std::string drivesFolder;
+    NoLoop loop;
+    platform::Run run{loop};
+    std::unique_ptr<platform::Disk> disk = platform::systemDisk();
+    platform::Drives drives{*disk, drivesFolder};
+    platform::Files files{*disk, drives, run};
+};
+
+std::string PointOfSale::absolutePath(const std::string &path)
+{
+    std::error_code error;
+    return std::filesystem::absolute(path, error).lexically_normal().string();
+}
+
+std::string PointOfSale::value(const char *name, const char *otherwise) const
+{
+    const auto found = options.find(name);
+    return found == options.end() ? otherwise : found->second;
+}
+
+// A link to the payment application that leads nowhere (the build was moved) is turned.
+bool PointOfSale::installedHere()
+{
+    if (!isInstalled(files)) {
+        std::fprintf(stderr, "sim_pos: no restaurant in %s; sim_pos sandbox makes one\n",
+                     drivesFolder.c_str());
+        return false;
+    }
+    if (!files.exists(kXchargeProgram))
+        linkXcharge(files, ownFolder() + "/sim_xcharge");
+    return true;
+}
+
+int PointOfSale::sandbox()
+{
+    if (isInstalled(files)) {
+        std::fprintf(stderr, "sim_pos: there is an installation in %s already; nothing done\n",
+                     drivesFolder.c_str());
+        return 1;
+    }
+    if (!makeSandbox(files, drivesFolder, ownFolder() + "/sim_xcharge"))
+        return 1;
+    std::printf("A restaurant in %s\n", drivesFolder.c_str());
+    return 0;
+}
+
+bool PointOfSale::takeTender(const TenderRequest &request, int waitSeconds)
+{
+    const Place place = placeOf(files);
+    std::printf("\nTable %s, receipt %s, server %s: %s\n", request.table.c_str(),
+                request.receipt.c_str(), request.server.c_str(), request.amount.c_str());
+    std::fflush(stdout);
+    if (!leaveRequest(place, request))
+        return false;
+    const auto start = std::chrono::steady_clock::now();
+    ChildProcess tndrcc = startTender(ownFolder() + "/TndrCC", drivesFolder);
+    if (tndrcc.id() == 0) {
+        std::fprintf(stderr, "sim_pos: no TndrCC in %s\n", ownFolder().c_str());
+        return false;
+    }
+    if (!tndrcc.waitForEnd(waitSeconds * 1000)) {
+        tndrcc.kill();
+        std::printf("  TndrCC still waited after %d s and was ended\n", waitSeconds);
+    }
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    const std::vector<std::string> answer = readAnswer(place);
+    std::printf("%s  (%.2f s)\n", readableAnswer(answer).c_str(), took.count());
+    return !answer.empty();
+}
+
+int PointOfSale::tender()
+{
+    if (!installedHere())
+        return 1;
+    TenderRequest request;
+    request.table = value("--table", "12");
+    request.receipt = value("--receipt", "1043");
+    request.server = value("--server", "7");
+    request.amount = value("--amount", "48.50");
+    if (options.contains("--audit"))
+        request.audit = value("--audit", "");
+    const int wait = std::atoi(value("--wait", hasDisplay() ? "0" : "60").c_str());
+    const std::vector<std::string> before = slipFiles(drivesFolder);
+    const bool answered = takeTender(request, wait);
+    printSlipFiles(before);
+    return answered ? 0 : 1;
+}
+
+int PointOfSale::pending()
+{
+    const Place place = placeOf(files);
+    if (!options.contains("--month")) {
+        std::printf(
+            "CCPending.dat\n%s",
+            readableRecords(readCardFile(files, place.Remotedir + "CCPending.dat")).c_str());
+        return run.failed() ? 1 : 0;
+    }
+    for (const std::string &path : monthFiles(files, place.Remotedir))
+        std::printf("%s\n%s", path.c_str(), readableRecords(readCardFile(files, path)).c_str());
+    return run.failed() ? 1 : 0;
+}
+
+void PointOfSale::printSlipFiles(const std::vector<std::string> &before)
+{
+    std::printf("\nSlips\n");
+    for (const std::string &path : slipFiles(drivesFolder))
+        if (std::find(before.begin(), before.end(), path) == before.end())
+            std::printf("  %s\n", path.c_str());
+}
+
+int PointOfSale::demo()
+{
+    if (!isInstalled(files) && sandbox() != 0)
+        return 1;
+    if (!installedHere())
+        return 1;
+    const std::vector<std::string> before = slipFiles(drivesFolder);
+    bool answered = true;
+    for (const TenderRequest &request : {TenderRequest{"12", "1043", "7", "48.50", "48.50"},
+                                         TenderRequest{"4", "1044", "2", "31.01", {}},
+                                         TenderRequest{"21", "1045", "6", "80.03", {}},
+                                         TenderRequest{"7", "1046", "7", "22.04", {}}})
+        answered = takeTender(request, hasDisplay() ? 0 : 60) && answered;
+    std::printf("\n");
+    pending();
+    printSlipFiles(before);
+    std::printf("\nEverything lies in %s\n", drivesFolder.c_str());
+    return answered ? 0 : 1;
+}
+
+int printOutcomes()
+{
+    for (const OutcomeRow &row : outcomeRows()) {
+        std::string cents = row.firstCents < 10 ? ".0" : ".";
+        cents += std::to_string(row.firstCents);
+        if (row.lastCents != row.firstCents)
+            cents += " to ." + std::to_string(row.lastCents);
+        std::printf("  %-11s %-17s %s\n", cents.c_str(), std::string(row.name).c_str(),
+                    std::string(row.meaning).c_str());
+    }
+    std::printf("  others      approved\n");
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const std::string command = argc > 1 ? argv[1] : "";
+    const Options options = parseOptions(argc, argv);
+    if (!onlyKnown(options))
+        return 2;
+    if (command == "outcomes")
+        return printOutcomes();
+    PointOfSale pointOfSale(options);
+    if (command == "sandbox")
+        return pointOfSale.sandbox();
+    if (command == "tender")
+        return pointOfSale.tender();
+    if (command == "pending")
+        return pointOfSale.pending();
+    if (command == "demo")
+        return pointOfSale.demo();
+    std::fputs(kUsage, stderr);
+    return 2;
+}
