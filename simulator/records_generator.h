@@ -1,0 +1,41 @@
+// Realistic card records by the thousand: an evening of several stations and servers, the same
+// for the same seed. For benchmarks, lists and screens.
+#pragma once
+
+#include "platform/files.h"
+#include "records/card_record.h"
+
+#include <cstdint>
+#include <string>
+
+namespace simulator {
+
+struct EveningOptions {
+    platform::DateTime opening{2025, 1, 15, 17, 0, 0, 0};
+    int minutes = 6 * 60 + 30; // to the last tender, on the same day
+    std::uint32_t seed = 1;
+};
+
+/// Tender N of an evening, N from 0 to `total` - 1, as the tender and the tip cycle leave it: most
+/// not adjusted, a third with a tip, some declined, partial or on gift cards. Times rise with N.
+/// Any record can be had by itself; nothing is kept.
+class Evening {
+public:
+    explicit Evening(std::size_t theTotal, const EveningOptions &theOptions = {})
+        : total(theTotal), options(theOptions)
+    {
+    }
+    std::size_t size() const { return total; }
+    records::CardRecord record(std::size_t n) const;
+
+private:
+    std::size_t total;
+    EveningOptions options;
+};
+
+/// Writes the evening as a card file of 500-byte slots at a contract path, over what is there.
+/// Memory does not grow with the number of records.
+platform::Outcome writeCardFile(platform::Files &files, const std::string &path,
+                                const Evening &evening);
+
+} // namespace simulator
