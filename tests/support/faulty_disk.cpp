@@ -168,7 +168,8 @@ FaultyDisk::Fault FaultyDisk::count(std::string_view operation, const std::strin
     if (const auto fault = faults.find(log.size()); fault != faults.end())
         return fault->second;
     for (const Rule &rule : rules) {
-        if (rule.operation == operation && endsWith(path, rule.pathEnd))
+        if (rule.operation == operation &&
+            (endsWith(path, rule.pathEnd) || endsWith(details, rule.pathEnd)))
             return {rule.outcome, false};
     }
     return {};

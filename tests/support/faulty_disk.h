@@ -29,7 +29,7 @@ public:
     /// The same, but a write or an append leaves the first half of its bytes there.
     void tornAt(std::size_t n, Outcome outcome) { faults[n] = {outcome, true}; }
     /// Every operation of that name ("append", "rename") on a path that ends in `pathEnd`, compared
-    /// without regard to case, from now on; Outcome::Done lifts it.
+    /// without regard to case, from now on; for a rename either path. Outcome::Done lifts it.
     void failOn(const std::string &operation, const std::string &pathEnd, Outcome outcome);
     /// From operation N on nothing reaches the disk any more, as if the process had been killed;
     /// `onStop` is called once. Locks held are kept until their files are closed.
