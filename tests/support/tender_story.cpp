@@ -1,0 +1,93 @@
+#include "support/tender_story.h"
+
+#include "platform/print_job.h"
+#include "records/employee_record.h"
+
+namespace support {
+
+std::string approvedResult()
+{
+    return "RESULT=SUCCESS\r\nAPPROVALCODE=012345\r\nSWIPED=True\r\nNAME=ROSALIND/TEST\r\n"
+           "XCACCOUNTID=7401234567890\r\nXCTRANSACTIONID=00002154\r\nACCOUNT=XXXXXXXXXXXX1234\r\n"
+           "ACCOUNTTYPE=VISA\r\nEXPIRATION=0928\r\nAPPROVEDAMOUNT=48.50\r\n";
+}
+
+TenderStory::TenderStory()
+{
+    station.folder("F:\\Lumbrio\\data");
+    station.installXcharge();
+    station.put("C:\\Lumbrio\\X1009Version.dat", "");
+    station.put("C:\\Lumbrio\\CCard.dat",
+                "\"Xcharge.exe\"\r\n\"c:\\Program Files\\X-Charge\\\"\r\n\"-1\"\r\n\"-1\"\r\n"
+                "\"-1\"\r\n\"-1\"\r\n\"-1\"\r\n\"-1\"\r\n\"0\"\r\n\"0\"\r\n");
+    for (const auto &[field, text] : {std::pair(1, "The Harbour Table"),
+                                      {2, "1 Quay Street"},
+                                      {3, "Port Town"},
+                                      {6, "C:\\Lumbrio\\"},
+                                      {8, "Receipt"},
+                                      {22, "DejaVu Sans"},
+                                      {23, "9"},
+                                      {30, "-1"},
+                                      {40, "F:\\Lumbrio\\"},
+                                      {49, "F:\\Lumbrio\\"},
+                                      {95, "18"}})
+        configure(field, text);
+    records::EmployeeRecord employee;
+    employee.set(records::kEmployeeNumber, "7");
+    employee.set(records::kEmployeeName, "Rosalind Test");
+    station.put("F:\\Lumbrio\\Data\\Zemployee.dat", std::string(employee.view()));
+    request("\"12\",\"1043\",\"7\",\"48.50\"\r\n");
+    paymentAnswers(approvedResult());
+}
+
+TenderStory::TenderStory(const TenderStory &earlier, int) : station(&earlier.station)
+{
+    paymentAnswers(approvedResult());
+}
+
+void TenderStory::configure(int field, const std::string &text)
+{
+    config.set(records::configField(field), text);
+    station.put("C:\\Lumbrio\\LumbrioINI.dat", std::string(config.view()));
+}
+
+void TenderStory::paymentAnswers(const std::string &result, std::uint64_t afterMilliseconds)
+{
+    station.system.onStart = [this, result, afterMilliseconds](const FakeSystem::Started &) {
+        station.time.after(afterMilliseconds, [this, result] { station.put(kResult, result); });
+    };
+}
+
+void TenderStory::run(std::uint64_t limit)
+{
+    tender.Form_Load();
+    const std::uint64_t until = station.time.milliseconds() + limit;
+    while (!station.run.ending() && station.time.milliseconds() < until)
+        station.run.yield();
+}
+
+std::vector<records::CardRecord> TenderStory::records(const std::string &path) const
+{
+    std::vector<records::CardRecord> list;
+    if (!station.has(path))
+        return list;
+    const std::string bytes = station.get(path);
+    for (std::size_t at = 0; at + records::kCardSlotLength <= bytes.size();
+         at += records::kCardSlotLength) {
+        records::CardRecord record;
+        std::copy_n(bytes.begin() + static_cast<std::ptrdiff_t>(at), record.data().size(),
+                    record.data().begin());
+        list.push_back(record);
+    }
+    return list;
+}
+
+std::string TenderStory::slips() const
+{
+    std::string text;
+    for (const FakePrinters::Collected &printed : station.printers.collected)
+        text += "[[" + printed.printer + "]]\r\n" + platform::plainText(printed.job);
+    return text;
+}
+
+} // namespace support

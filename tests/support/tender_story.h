@@ -1,0 +1,95 @@
+// TenderStory: a tender at the station of a small restaurant, told in virtual time. The test plays
+// the point of sale, the payment application and the operator.
+#pragma once
+
+#include "printing/printer.h"
+#include "records/app.h"
+#include "support/test_station.h"
+#include "tender/tender.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace support {
+
+/// The view of a tender whose window is a list of what was asked of it.
+class FakeTenderView : public tender::TenderView {
+public:
+    void refresh(const tender::TenderFields &fields) override
+    {
+        if (fields.Text3 != status.back())
+            status.push_back(fields.Text3);
+        if (onRefresh)
+            onRefresh(fields);
+    }
+    void paintNow() override {}
+    void focus(tender::TenderBox) override {}
+    void setTopMost(bool) override {}
+    void hideScreen() override { hidden = true; }
+    void showServerBusy() override
+    {
+        ++busyShown;
+        if (onBusy)
+            onBusy();
+    }
+
+    std::vector<std::string> status = {""}; // every status line, in order
+    std::function<void(const tender::TenderFields &)> onRefresh;
+    std::function<void()> onBusy;
+    bool hidden = false;
+    int busyShown = 0;
+};
+
+/// What the payment application answers by default.
+std::string approvedResult();
+
+class TenderStory {
+public:
+    /// The station with its files: configuration, options, mode flag, payment application,
+    /// employees, and a request for table 12, receipt 1043, server 7, 48.50.
+    TenderStory();
+    /// The same station, one process later.
+    explicit TenderStory(const TenderStory &earlier, int);
+
+    /// Writes "LumbrioINI.dat" with this field on top of what the station has.
+    void configure(int field, const std::string &text);
+    void request(const std::string &content) { station.put("C:\\Lumbrio\\Xsend.req", content); }
+    /// The payment application writes this result so long after it was started.
+    void paymentAnswers(const std::string &result, std::uint64_t afterMilliseconds = 3000);
+    void paymentKeepsSilent() { station.system.onStart = {}; }
+
+    /// Form_Load, then turns until the program ended or so much time has passed.
+    void run(std::uint64_t limit = 60'000);
+    void pass(std::uint64_t milliseconds) { station.advance(milliseconds); }
+
+    std::string answer() const { return station.get("C:\\Lumbrio\\Xsend.ans"); }
+    bool answered() const { return station.has("C:\\Lumbrio\\Xsend.ans"); }
+    std::string processTrace() const { return station.get("C:\\Lumbrio\\CCLastProcess.dat"); }
+    std::string traceLog() const { return station.get("C:\\Lumbrio\\TRACELOG.TXT"); }
+    /// Records of a file; none when it is not there.
+    std::vector<records::CardRecord> records(const std::string &path) const;
+    std::vector<records::CardRecord> pending() const { return records(kPending); }
+    std::vector<records::CardRecord> month() const { return records(kMonth); }
+    std::vector<records::CardRecord> deleted() const { return records(kDeleted); }
+    /// All slips as plain text, in their order.
+    std::string slips() const;
+
+    static constexpr const char *kPending = "F:\\Lumbrio\\CCPending.dat";
+    static constexpr const char *kMonth = "F:\\Lumbrio\\data\\CCFinal0125.dat";
+    static constexpr const char *kDeleted = "F:\\Lumbrio\\data\\0125CCdeleted.dat";
+    static constexpr const char *kResult = "C:\\lumbrio\\xResultFile.txt";
+    static constexpr const char *kAudit = "C:\\Lumbrio\\XAudit.DAT";
+    static constexpr const char *kMarker = "F:\\Lumbrio\\ServerISBatching.dat";
+
+    TestStation station;
+    records::App app{station.services};
+    printing::Printer printer{station.printers};
+    FakeTenderView view;
+    tender::Tender tender{app, printer, view};
+
+private:
+    records::LumbrioConfig config;
+};
+
+} // namespace support
