@@ -85,6 +85,12 @@ std::string maskedNumber(std::string_view number)
     return "XXXX XXXX XXXX " + Right(Trim(number), 4);
 }
 
+std::string turnedExpiry(std::string_view expiry)
+{
+    const std::string text(expiry);
+    return text.size() == 4 ? text.substr(2) + text.substr(0, 2) : text;
+}
+
 void Pause(App &app, std::chrono::milliseconds length)
 {
     const int start = app.clock.now().millisecondsOfDay();

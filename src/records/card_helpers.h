@@ -29,6 +29,9 @@ CardBrand CreditCardType(std::string_view number);
 /// "XXXX XXXX XXXX " and the last 4 characters of the trimmed number.
 std::string maskedNumber(std::string_view number);
 
+/// A 4-digit expiry turned round, "YYMM" to "MMYY" and back; any other text stays.
+std::string turnedExpiry(std::string_view expiry);
+
 /// Waits on the clock of the day, yielding on each pass.
 /// Kept: across midnight the difference goes negative and the wait lasts until the clock has
 /// climbed back past the start.

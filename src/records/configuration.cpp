@@ -29,11 +29,6 @@ void keepConfig(ProcessValues &values)
     trimmedInPlace(values.config, kOwnerCode);
 }
 
-int numberOf(const std::string &text)
-{
-    return static_cast<int>(Val(text).whole());
-}
-
 bool isMinusOne(const std::string &text)
 {
     return Val(text) == Money::fromWhole(-1);
@@ -95,7 +90,7 @@ void Get_CCini(App &app)
         return;
     app.values.paymentDirectory = Trim(options[1]);
     app.values.PrintTipLine = isMinusOne(options[7]);
-    app.values.NoPartialSupport = numberOf(options[8]);
+    app.values.NoPartialSupport = wholeNumber(options[8]);
     app.values.PreApproveTip = isMinusOne(options[9]);
 }
 
@@ -106,7 +101,7 @@ void loadSetupFlags(App &app)
     CardOptions options;
     if (!readCardOptions(app, options))
         return;
-    app.values.NoPartialSupport = numberOf(options[8]);
+    app.values.NoPartialSupport = wholeNumber(options[8]);
     const bool noPreAuth = app.files.exists(app.values.Remotedir + "Data\\CCnoPREauth.dat");
     app.values.TndrNOpreAUTH = noPreAuth ? -1 : 0;
 }

@@ -189,6 +189,11 @@ Money Val(std::string_view text)
     return negative ? -value : value;
 }
 
+int wholeNumber(std::string_view text)
+{
+    return static_cast<int>(std::clamp<std::int64_t>(Val(text).whole(), -999999999, 999999999));
+}
+
 bool readNumber(std::string_view text, Money &value)
 {
     std::string_view rest = withoutBlanks(text);

@@ -22,6 +22,9 @@ bool isBlank(std::string_view text);
 /// Money saturates; no number is 0.
 Money Val(std::string_view text);
 
+/// The whole part of Val as a small number, for counts and flags.
+int wholeNumber(std::string_view text);
+
 /// True when the text as a whole is a number: digits with an optional sign, point, currency symbol
 /// and grouping ("$1,234.50", "($5.00)" is -5), blanks around it allowed.
 bool readNumber(std::string_view text, Money &value);

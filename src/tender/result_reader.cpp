@@ -79,6 +79,8 @@ void traceResponse(App &app, const std::string &name, const std::vector<std::str
 void applyResultLine(std::string_view line, CardRecord &CCdata)
 {
     const std::string trimmed = Trim(line);
+    if (trimmed.empty())
+        return;
     applySuccessTag(trimmed, CCdata);
     for (const ResultRow &row : kRows) {
         if (!startsWith(trimmed, row.key))
@@ -92,10 +94,8 @@ void applyResultLine(std::string_view line, CardRecord &CCdata)
 
 std::vector<std::string> readResultFile(App &app, const std::string &name)
 {
-    {
-        const platform::ErrorsIgnored ignored(app.run);
-        app.files.copy(name, "C:\\Lumbrio\\ResponseBACKUP.txt");
-    }
+    const platform::ErrorsIgnored ignored(app.run);
+    app.files.copy(name, "C:\\Lumbrio\\ResponseBACKUP.txt");
     app.values.CCdata.set(GCbalance, "0");
     std::string content;
     app.files.read(name, content, kResultLimit);

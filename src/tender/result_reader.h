@@ -20,7 +20,8 @@ void applyResultLine(std::string_view line, records::CardRecord &CCdata);
 /// Reads the file `name` into `CCdata`: keeps a copy as "C:\Lumbrio\ResponseBACKUP.txt" first,
 /// sets `GCbalance` to "0", applies every line, traces all of them and writes the debug file
 /// "c:\Lumbrio\XLMread.txt". Never deletes the result file. Returns the lines as read. Lines
-/// beyond kResultLimit bytes of the file are left out.
+/// beyond kResultLimit bytes of the file are left out. Errors are ignored: a file that says nothing
+/// leaves the fields as they were.
 std::vector<std::string> readResultFile(records::App &app, const std::string &name);
 
 /// The 22 lines of "XLMread.txt" in their fixed order.

@@ -5,10 +5,12 @@
 
 #include "platform/clock.h"
 #include "printing/printer.h"
+#include "printing/slip.h"
 #include "records/app.h"
 #include "tender/tender_fields.h"
 #include "tender/tender_view.h"
 
+#include <cstdint>
 #include <string>
 
 namespace tender {
@@ -17,12 +19,12 @@ class Tender {
 public:
     Tender(records::App &theApp, printing::Printer &thePrinter, TenderView &theView);
 
-    /// Load of the tender screen: starts the trace "CCLastProcess.dat" and arms the 100 ms timer
-    /// that runs Start_Tender. As a helper of another role it is called without that timer.
+    /// Load of the tender screen: restarts the trace "CCLastProcess.dat" and arms the 100 ms timer
+    /// that runs Start_Tender. Errors are ignored.
     void Form_Load();
     /// Reads configuration and "Xsend.req" and fills the fields; in command-line mode it goes
     /// straight on to Run_Xcharge. Runs once. In any role but the tender's it never writes an
-    /// answer, shows a message or ends the program.
+    /// answer, shows a message or ends the program: it stops when the fields are filled.
     void Start_Tender();
     /// Starts the payment application, waits for its result file, stores the record, prints and
     /// answers. Ends the program in all outcomes but a "T" result and a stopped wait.
@@ -30,17 +32,21 @@ public:
 
     void SSCommand1_Click();           // "Cancel"
     void SSCommand2_Click();           // "Finish Tender"
-    void SSCommand7_Click();           // "NO" / "YES", slip with gratuity
+    void SSCommand7_Click();           // "NO" / "YES": slip with gratuity
     void SSCheck1_Click(bool checked); // "Do not print a RECEIPT for Customer"
-    void SSPanel2_Click();             // the wait panel's notice goes away
+    /// The hidden way out of "File Server Busy" when a batch has died: deletes the batch marker.
+    void deleteBatchMarker();
 
     const TenderFields &state() const { return fields; }
 
 private:
     // start_tender.cpp
+    void startTimer();
+    void readModeFlag();
     void prepareForCommandLine();
     void readConfiguration();
     void showOptions();
+    void assumeSwipe();
     bool serverIsBatching();
     bool readRequest();
     void requestMissing();
@@ -48,7 +54,7 @@ private:
     void fillFields();
     void showGratuity();
     bool refuseZeroAmount();
-    void showCardMask();
+    void showFlags();
     void waitForCard();
     bool isTenderRole() const;
     bool isStationRole() const;
@@ -57,44 +63,56 @@ private:
     void Set_Data();
 
     // run_xcharge.cpp
+    void endLeftOverProgram();
     bool paymentProgramMissing();
     bool auditRefused();
-    void traceRequest(const std::string &commandLine);
+    std::string buildCommandLine();
+    void startWait();
     bool waitForResult(const std::string &commandLine);
+    void startPaymentAt(const std::string &commandLine, int &shellAt);
     void readResult();
     void judgeResult();
 
     // outcomes.cpp
     void approved();
     void partiallyApproved();
-    void declined(const std::string &word);
+    void declined();
+    void stayForOperator();
+    std::string chooseTarget();
     void storeRecord(const std::string &file);
+    printing::SlipContext slipContext() const;
     void printSlips();
     void printPartialSlips();
     void writeAnswer(const std::string &content);
     void traceAnswer();
-    void deleteAudit();
+    void finish();
     void endTender();
 
     // waits.cpp
     void startCounting();
+    int countNow() const;
     void setLabel7(int count);
     void Timer2_Timer();
     void Timer5_Timer();
     void Show_Offline_Panel();
     void status(const std::string &text);
+    void statusPainted(const std::string &text);
     void show();
 
     records::App &app;
     printing::Printer &printer;
     TenderView &view;
     TenderFields fields;
-    std::string sentTable;  // the request's four values as read
-    platform::Timer Timer2; // during the wait
-    platform::Timer Timer3; // 100 ms after the first paint
-    platform::Timer Timer5; // after a "T" result
-    std::string monthFile;
-    std::string deletedFile;
+    platform::Timer Timer2;    // during the wait
+    platform::Timer Timer3;    // 100 ms after the load
+    platform::Timer Timer5;    // after a "T" result
+    std::string target;        // month file of this run's first step, kept over midnight
+    std::string declineTarget; // deleted file of the same month
+    std::string sentTable;     // values of "Xsend.req" until the fields show them
+    std::string sentReceipt;
+    std::string sentAmount;
+    records::Money preApprovedTip;
+    records::Money totalWithTip;
     std::uint32_t startTick = 0;
     long transRecord = 0; // slot of the record in its file
 };

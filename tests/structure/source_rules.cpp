@@ -92,7 +92,7 @@ bool isScreen(const Project &project, const std::string &path)
 bool mayUseQt(const Project &project, const std::string &path)
 {
     const std::string room = roomOf(path);
-    return room == kQtRoom || room == "roles" || isScreen(project, path) ||
+    return folderOf(path).ends_with("/qt") || room == "roles" || isScreen(project, path) ||
            path.ends_with("_screen_test.cpp") || path.ends_with("_screen_bench.cpp");
 }
 
@@ -431,7 +431,7 @@ std::vector<Violation> checkShape(const Project &project)
 std::vector<Violation> checkWords(const Project &texts)
 {
     static const std::regex strange(
-        R"re(\bparts? [0-9]+\.[0-9]+|specif[i]cation|\bthe [s]pec\b|\bV[B]6?\b|/w[o]rk/)re",
+        R"re(\bparts? [0-9]+\.[0-9]+|specif[i]cation|\bthe [s]pec\b|\bV[B]6?\b|(^|[^a-z])/w[o]rk/)re",
         std::regex::icase | std::regex::optimize);
     std::vector<Violation> found;
     for (const Source &text : texts) {

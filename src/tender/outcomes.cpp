@@ -1,0 +1,206 @@
+#include "printing/printer_choice.h"
+#include "printing/slip.h"
+#include "records/card_files.h"
+#include "records/trace.h"
+#include "tender/request.h"
+#include "tender/tender.h"
+
+namespace tender {
+
+using namespace records;
+
+namespace {
+
+/// Whether the slip template lies in a directory; support people read it in the trace.
+std::string templatePosition(App &app, const std::string &directory)
+{
+    const bool there = app.files.exists(directory + "CCmerchant.VRD");
+    return (there ? " CCmerchant.VRD is in " : " CCmerchant.VRD is not in ") + directory;
+}
+
+TraceLines answerTrace(const App &app, const std::string &fileName)
+{
+    const CardRecord &CCdata = app.values.CCdata;
+    TraceLines lines = {"", "******  Make Respone File For Lumbrio ******", "",
+                        "  File Name - " + fileName, "  TndrRESULT - " + app.values.TndrRESULT};
+    for (const CardField &field :
+         {CCTabAmt, CApprovalCode, CCaditionalFUNDS, GCbalance, CCNumb, CCtype, HiddenNumb,
+          CCServer, CCTable, CCTroutID, CCName, CCstatus, CResponse})
+        lines.push_back(std::string("  CCdata.") + field.name + " - " + CCdata.raw(field));
+    lines.push_back("  Val(TndrNOpreAUTH) - " + std::to_string(app.values.TndrNOpreAUTH) +
+                    "-  0 =False -1=True");
+    lines.insert(lines.end(), {"", "******  END Respone File For Lumbrio ******", ""});
+    return lines;
+}
+
+} // namespace
+
+void Tender::approved()
+{
+    storeRecord(chooseTarget());
+    printSlips();
+    writeAnswer(answerBlock(app.values.TndrRESULT, app.values.CCdata));
+    traceAnswer();
+    finish();
+}
+
+/// The bank grants a part. The slips ask the guest for the rest, and the answer's first word
+/// tells the point of sale that the tab is not paid.
+void Tender::partiallyApproved()
+{
+    CardRecord &CCdata = app.values.CCdata;
+    fields.partial = true;
+    CCdata.set(CCAdjStatus, "Adjusted - Pending");
+    CCdata.set(CCAdjAmt, CCdata.raw(CCApprovedAmt));
+    storeRecord(chooseTarget());
+    printPartialSlips();
+    writeAnswer(answerPartial(CCdata));
+    traceAnswer();
+    finish();
+}
+
+/// Also after a refused audit, with an empty result word.
+void Tender::declined()
+{
+    storeRecord(app.values.TndrNOpreAUTH != 0 ? declineTarget : pendingFile(app.values));
+    const std::string word = app.values.TndrRESULT;
+    writeAnswer(answerDeclined(word, app.values.CCdata));
+    traceAnswer();
+    app.files.removeIfThere(auditFile(app.values));
+    fields.SSCommand1 = {true, true};
+    fields.SSCommand2.enabled = false;
+    status("Please Click Cancel");
+    if (Left(app.values.CCdata.raw(CResponse), 1) == "T")
+        stayForOperator();
+    else
+        endTender();
+}
+
+void Tender::stayForOperator()
+{
+    fields.Label7Visible = true;
+    show();
+}
+
+/// Charged at once, a sale is settled and belongs to the month; otherwise it waits for its tip.
+std::string Tender::chooseTarget()
+{
+    if (app.values.TndrNOpreAUTH == 0)
+        return pendingFile(app.values);
+    app.values.CCdata.set(CCAdjStatus, "Completed");
+    return target;
+}
+
+/// On the disk, flushed, before anything is printed or answered. A failed write is passed over by
+/// this routine's rules, but never without a line that tells what is missing.
+void Tender::storeRecord(const std::string &file)
+{
+    const StoredRecord stored = addRecord(app, file, app.values.CCdata);
+    transRecord = stored.slot;
+    if (stored.stored() || app.ending())
+        return;
+    const std::string line =
+        std::string("  RECORD NOT STORED - ") + platform::textOf(stored.outcome) + " - " + file;
+    traceProcess(app, {line});
+    traceLog(app, {line});
+}
+
+printing::SlipContext Tender::slipContext() const
+{
+    printing::SlipContext context;
+    context.requestText = fields.Label3[5];
+    context.seconds = fields.Label7;
+    context.tipPreApproved = fields.SSCommand7Caption == "YES";
+    context.preApprovedTip = preApprovedTip;
+    context.totalWithTip = totalWithTip;
+    context.transRecord = transRecord;
+    context.noCustomerCopy = fields.SSCheck1;
+    return context;
+}
+
+void Tender::printSlips()
+{
+    if (!isDeletedPrepayment(fields.Label3[5]))
+        printing::Set_Printer(app, printer);
+    statusPainted("Approved Printing Receipt");
+    traceProcess(app, {templatePosition(app, app.values.Maindir),
+                       templatePosition(app, app.values.Remotedir),
+                       "  Printing Merchant " + fields.Label7});
+    printing::Print_Merch(app, printer, slipContext());
+    printing::Print_Cust(app, printer, slipContext());
+}
+
+void Tender::printPartialSlips()
+{
+    printing::Set_Printer(app, printer);
+    statusPainted("Approved Printing Receipt");
+    traceProcess(app, {" this is a partial approval ", " not able to VRD "});
+    printing::PrintPartial_Merch(app, printer, slipContext());
+    printing::PrintPartial_Cust(app, printer, slipContext());
+    printing::Att_Server(app, printer);
+}
+
+void Tender::writeAnswer(const std::string &content)
+{
+    app.files.replaceWhole(answerFile(app.values), content);
+}
+
+void Tender::traceAnswer()
+{
+    traceLog(app, answerTrace(app, answerFile(app.values)));
+}
+
+void Tender::finish()
+{
+    app.files.removeIfThere(auditFile(app.values));
+    fields.SSCommand1.visible = false;
+    status("Please Click Finish Tender");
+    endTender();
+}
+
+/// An open print job is closed, and so printed, before the end is asked for.
+void Tender::endTender()
+{
+    Timer2.setInterval(0);
+    Timer5.setInterval(0);
+    printer.closeJob();
+    app.end();
+}
+
+void Tender::SSCommand1_Click()
+{
+    if (!fields.SSCommand1.enabled || !fields.SSCommand1.visible || app.ending())
+        return;
+    traceProcess(app, {"Cancel was pressed", "Unable to Connect - Internet may be down ",
+                       "Actual Seconds waited for Response  " + fields.Label7});
+    writeAnswer(answerBlock("Declined", app.values.CCdata));
+    app.files.removeIfThere(auditFile(app.values));
+    deleteBatchMarker();
+    endTender();
+}
+
+void Tender::SSCommand2_Click()
+{
+    if (fields.SSCommand2.enabled)
+        endTender();
+}
+
+void Tender::SSCommand7_Click()
+{
+    fields.SSCommand7Caption = fields.SSCommand7Caption == "NO" ? "YES" : "NO";
+    show();
+    view.focus(TenderBox::Text2);
+}
+
+void Tender::SSCheck1_Click(bool checked)
+{
+    const std::string path = app.values.Maindir + "CCnoPrint.dat";
+    fields.SSCheck1 = checked;
+    if (checked)
+        app.files.createIfMissing(path);
+    else
+        app.files.removeIfThere(path);
+    show();
+}
+
+} // namespace tender

@@ -1,0 +1,210 @@
+#include "printing/slip.h"
+#include "records/card_files.h"
+#include "records/card_helpers.h"
+#include "records/delimited.h"
+#include "records/trace.h"
+#include "tender/command_line.h"
+#include "tender/request.h"
+#include "tender/result_reader.h"
+#include "tender/tender.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace tender {
+
+using namespace records;
+
+namespace {
+
+constexpr std::uint32_t kWaitTimer = 8000; // ms
+constexpr std::chrono::milliseconds kKillPause(500);
+constexpr int kSecondStart = 50; // count of the wait
+constexpr int kNoStart = std::numeric_limits<int>::max();
+
+TraceLines requestTrace(const std::string &commandLine, const std::vector<std::string> &parts)
+{
+    TraceLines lines = {std::string(54, '*'), std::string(54, '*'),
+                        "***********  X CHARGE REQUEST INFO  ******************"};
+    lines.insert(lines.end(), parts.begin(), parts.end());
+    lines.emplace_back(54, '-');
+    lines.emplace_back(kXchargeProgram);
+    lines.push_back(commandLine.substr(std::string(kXchargeProgram).size() + 1));
+    lines.emplace_back("Calling Set Data");
+    return lines;
+}
+
+} // namespace
+
+void Tender::Run_Xcharge()
+{
+    const platform::DateTime now = app.clock.now();
+    target = monthFile(app.values, now);
+    declineTarget = deletedFile(app.values, now);
+    app.files.createIfMissing(target);
+    if (app.ending() || app.values.Nextform5 == "IndTips")
+        return;
+    const platform::ErrorsIgnored ignored(app.run);
+    fields.SSCommand1.enabled = false;
+    show();
+    endLeftOverProgram();
+    if (app.ending() || paymentProgramMissing())
+        return;
+    app.files.removeIfThere(kResultFile);
+    if (auditRefused()) {
+        if (!app.ending())
+            declined();
+        return;
+    }
+    const std::string commandLine = buildCommandLine();
+    Set_Data();
+    startWait();
+    if (!waitForResult(commandLine))
+        return;
+    readResult();
+    judgeResult();
+}
+
+/// Fonts and printers are warmed up within the pause, which stands anyway.
+void Tender::endLeftOverProgram()
+{
+    app.system.killImage(kXchargeImage);
+    const std::uint32_t before = app.clock.tick();
+    printing::warmUp(app, printer);
+    const std::chrono::milliseconds used(app.clock.tick() - before);
+    Pause(app, std::max(kKillPause - used, std::chrono::milliseconds(0)));
+}
+
+bool Tender::paymentProgramMissing()
+{
+    if (app.files.exists(kXchargeProgram))
+        return false;
+    app.dialogs.message("Data File Not Found",
+                        "The Xcharge Program was not found on this computer. Xcharge must first be "
+                        "installed on this computer before you can process a credit card. Pless "
+                        "contact Tech Support at 555-010-0199.");
+    endTender();
+    return true;
+}
+
+/// True when the amount is not what the point of sale calculated and the operator pressed Cancel.
+bool Tender::auditRefused()
+{
+    const std::string path = auditFile(app.values);
+    std::string content;
+    if (!app.files.exists(path) || !done(app.files.read(path, content)))
+        return false;
+    const std::string audit = DelimitedReader(content).next();
+    fields.Label9 = Currency(audit);
+    show();
+    if (amountsAgree(audit, fields.Text4))
+        return false;
+    const platform::Answer answer = app.dialogs.message(
+        "AUDIT FAILED", auditQuestion(fields.Text4, false), platform::Buttons::OkCancel);
+    if (answer == platform::Answer::Ok)
+        return false;
+    fields.Text1 = "Wrong Amount";
+    app.values.TndrRESULT.clear();
+    return true;
+}
+
+std::string Tender::buildCommandLine()
+{
+    if (isBlank(fields.Label3[4]))
+        fields.Label3[4] = "9999";
+    PaymentCall call;
+    call.purchase = app.values.TndrNOpreAUTH != 0;
+    call.partialSupport = app.values.NoPartialSupport == 0;
+    call.amount = Trim(fields.Text4);
+    call.receipt = fields.Label3[6];
+    call.clerk = fields.Label3[4];
+    call.userId = app.installation.xchargeUserId;
+    call.password = app.installation.xchargePassword;
+    const std::string line = commandLine(call);
+    traceProcess(app, requestTrace(line, commandLineParts(call)));
+    return line;
+}
+
+void Tender::startWait()
+{
+    // Kept: the wording has outlived the value.
+    traceProcess(app, {std::string(15, ' '), "  Setting a 20 second timer to wait for response"});
+    Timer2.setInterval(kWaitTimer);
+    app.files.removeIfThere(kResultFile);
+    startCounting();
+}
+
+/// Until the result file exists. False when the wait was stopped or the program is ending.
+bool Tender::waitForResult(const std::string &commandLine)
+{
+    int shellAt = 0;
+    while (!app.files.exists(kResultFile)) {
+        if (app.ending())
+            return false;
+        if (app.values.StopWaiting > 65534) {
+            traceProcess(app, {"Unable to Connect - Internet may be down ",
+                               "Actual Seconds waited for Response  " + fields.Label7});
+            fields.Label7Visible = false;
+            show();
+            return false;
+        }
+        setLabel7(countNow());
+        fields.Label4 = fields.Label7;
+        startPaymentAt(commandLine, shellAt);
+        show();
+        app.yield();
+    }
+    return !app.ending();
+}
+
+/// On the first pass, and once more at count 50: that revives a stalled payment application.
+void Tender::startPaymentAt(const std::string &commandLine, int &shellAt)
+{
+    if (countNow() != shellAt)
+        return;
+    app.system.start(commandLine, platform::WindowStyle::Normal);
+    shellAt = shellAt == 0 ? kSecondStart : kNoStart;
+}
+
+void Tender::readResult()
+{
+    Timer2.setInterval(0);
+    status("");
+    fields.Label4 = "10";
+    traceProcess(app,
+                 {"  Got the answer file",
+                  " Total seconds it took for " + fields.Label3[12] + " swipe and Xcharge response",
+                  "  SECONDS = " + fields.Label7, "  Calling Xcharge Reader"});
+    app.values.CCdata.set(CResponse, " ");
+    app.values.CCdata.set(CCaditionalFUNDS, "0");
+    readResultFile(app, kDefaultResultFile);
+}
+
+/// On the first letter of the response alone.
+void Tender::judgeResult()
+{
+    CardRecord &CCdata = app.values.CCdata;
+    const std::string letter = Left(CCdata.raw(CResponse), 1);
+    fields.SSCommand1.enabled = true;
+    view.focus(TenderBox::SSCommand1);
+    const bool success = letter == "S";
+    fields.SSCommand2.enabled = success;
+    if (letter == "T") {
+        Timer5.setInterval(1200);
+        fields.Label4 = "1";
+    }
+    app.values.TndrRESULT = success ? "Approved" : "Declined";
+    fields.Text1 = app.values.TndrRESULT;
+    fields.result = true;
+    CCdata.set(CCstatus, app.values.TndrRESULT);
+    status(app.values.TndrRESULT);
+    encodeCardNumber(CCdata);
+    if (!success)
+        declined();
+    else if (CCdata.value(CCaditionalFUNDS) > Money())
+        partiallyApproved();
+    else
+        approved();
+}
+
+} // namespace tender

@@ -1,0 +1,263 @@
+#include "printing/printer_choice.h"
+#include "records/card_helpers.h"
+#include "records/configuration.h"
+#include "records/lookups.h"
+#include "records/trace.h"
+#include "tender/request.h"
+#include "tender/tender.h"
+
+namespace tender {
+
+using namespace records;
+
+namespace {
+
+constexpr const char *kCutFlagFile = "c:\\Lumbrio\\data\\CCardCut.dat";
+constexpr std::uint32_t kStartDelay = 100; // ms; lets the operator see the screen first
+
+std::string batchMarker(const ProcessValues &values)
+{
+    return values.Remotedir + "ServerISBatching.dat";
+}
+
+} // namespace
+
+Tender::Tender(App &theApp, printing::Printer &thePrinter, TenderView &theView)
+    : app(theApp), printer(thePrinter), view(theView),
+      Timer2(app.clock, [this] { Timer2_Timer(); }), Timer3(app.clock, [this] { startTimer(); }),
+      Timer5(app.clock, [this] { Timer5_Timer(); })
+{
+}
+
+void Tender::Form_Load()
+{
+    fields.versionToolTip = "INTERNAL VERSION (MOST RECENT) IS " +
+                            Format(app.values.config.text(kOwnerCode), "########.##");
+    fields.Label14 = app.files.exists(kCutFlagFile) ? "YES" : "NO";
+    view.setTopMost(true);
+    const platform::ErrorsIgnored ignored(app.run);
+    Get_AsstMgr(app);
+    startProcessTrace(app);
+    Get_AsstMgr(app);
+    printing::Set_Printer(app, printer);
+    show();
+    Timer3.setInterval(kStartDelay);
+}
+
+void Tender::startTimer()
+{
+    Timer3.setInterval(0);
+    Start_Tender();
+}
+
+bool Tender::isTenderRole() const
+{
+    return toLower(app.system.executableName()) == "tndrcc";
+}
+
+bool Tender::isStationRole() const
+{
+    const std::string name = Left(app.system.executableName(), 5);
+    return name == "TndrI" || toLower(name) == "tndri";
+}
+
+void Tender::Start_Tender()
+{
+    readModeFlag();
+    if (app.values.X1009)
+        prepareForCommandLine();
+    readConfiguration();
+    if (app.ending() || (isTenderRole() && serverIsBatching()) || !readRequest())
+        return;
+    traceStart();
+    fillFields();
+    showGratuity();
+    // As a helper of another role the filled fields are all that is wanted.
+    if (!isTenderRole() || refuseZeroAmount())
+        return;
+    showFlags();
+    assumeSwipe();
+    waitForCard();
+    if (app.values.X1009)
+        Run_Xcharge();
+}
+
+/// The mode flag lies in the configured directory, so that the configuration is read ahead of it,
+/// silently; the reading that may fail follows in its place.
+void Tender::readModeFlag()
+{
+    {
+        const platform::ErrorsIgnored ignored(app.run);
+        Get_INI(app);
+        fillEmptyDirectories(app);
+    }
+    app.values.X1009 = app.files.exists(app.values.Maindir + "X1009Version.dat");
+    fields.X1009 = app.values.X1009;
+    fields.Label3[13] = app.values.X1009 ? "True" : "False";
+}
+
+void Tender::prepareForCommandLine()
+{
+    fields.SSCommand2.enabled = false;
+    fields.SSCommand3.enabled = false;
+    fields.SSCommand6.enabled = false;
+    fields.Text1.clear();
+    status("PLEASE WAIT");
+    fields.boxesLocked = true;
+    statusPainted("Waiting for Xcharge Interface");
+}
+
+void Tender::readConfiguration()
+{
+    loadSetupFlags(app);
+    app.values.StationName = app.system.computerName();
+    Clear_CCdata(app.values.CCdata);
+    Get_INI(app);
+    fields.versionToolTip = versionToolTip(app.values.config);
+    app.values.gratuityPercent = app.values.config.value(kGratuityPercent);
+    app.values.PreApproveTip = false;
+    Get_CCini(app);
+    showOptions();
+    assumeSwipe();
+    fillEmptyDirectories(app);
+}
+
+void Tender::showOptions()
+{
+    fields.Label12 = app.values.PrintTipLine ? "YES" : "NO";
+    fields.Label3[14] = app.values.NoPartialSupport == 0 ? "YES" : "NO";
+    fields.Label3[15] = app.values.TndrNOpreAUTH == 0 ? "PreAuth" : "Purchase";
+    fields.Label13_3 = std::string("Version ") + kProgramVersion;
+}
+
+/// Until a typed card says otherwise.
+void Tender::assumeSwipe()
+{
+    app.values.CCdata.set(CCSwiped, "True");
+    app.values.CCdata.set(CCVerify, "000");
+}
+
+bool Tender::serverIsBatching()
+{
+    if (!app.files.exists(batchMarker(app.values)))
+        return false;
+    view.hideScreen();
+    view.showServerBusy();
+    return true;
+}
+
+void Tender::deleteBatchMarker()
+{
+    app.files.removeIfThere(batchMarker(app.values));
+}
+
+bool Tender::readRequest()
+{
+    const std::string path = requestFile(app.values);
+    if (!app.files.exists(path)) {
+        if (!isTenderRole())
+            return true; // a helper fills the fields with what there is
+        requestMissing();
+        return false;
+    }
+    std::string content;
+    if (!done(app.files.read(path, content)))
+        return false;
+    const TenderRequest request = parseRequest(content);
+    sentTable = request.table;
+    sentReceipt = request.receipt;
+    sentAmount = request.amount;
+    app.values.EmployeeNumber = request.server;
+    return true;
+}
+
+/// The point of sale gets its answer before anybody has to press a button.
+void Tender::requestMissing()
+{
+    writeAnswer(answerBlock("File Not Found", app.values.CCdata));
+    app.files.removeIfThere(auditFile(app.values));
+    app.dialogs.message("Data File Not Found",
+                        "The Lumbrio Transaction File for this transaction was Not Found. Pless OK "
+                        "to continue and  Go back to the Tender screen and try again.");
+    endTender();
+}
+
+void Tender::traceStart()
+{
+    const std::string blanks(15, ' ');
+    TraceLines lines = {std::string(58, '='),
+                        "Station Name " + app.values.StationName,
+                        "EXE name ********* " + app.system.executableName(),
+                        "Employee Name " + app.values.EmployeeFullName,
+                        "Employee Number # " + app.values.EmployeeNumber,
+                        std::string(34, '_'),
+                        blanks,
+                        std::string("Software Version - ") + kProgramVersion};
+    if (!isStationRole()) {
+        if (app.values.X1009)
+            lines.emplace_back("USING 10/2009 VERSION  ");
+        for (const std::string &line :
+             {"Request File - " + requestFile(app.values), "Table Number - " + sentTable,
+              "Receipt Number - " + sentReceipt,
+              "Server (Employee) Number - " + app.values.EmployeeNumber,
+              "Sale Amount - " + sentAmount, blanks, std::string(58, '*'),
+              std::string("***       Waiting For card Swipe      ***"), std::string(58, '*'),
+              blanks})
+            lines.push_back(line);
+    }
+    traceProcess(app, lines);
+}
+
+void Tender::fillFields()
+{
+    fields.Label3[4] = app.values.EmployeeNumber;
+    Fetch_EmpName(app);
+    fields.Label3[12] = app.values.EmployeeFullName;
+    fields.Label3[5] = sentTable;
+    fields.Label3[6] = sentReceipt;
+    fields.Text4 = sentAmount;
+}
+
+/// Shown for the slip with gratuity; the total is not what is sent to the processor.
+void Tender::showGratuity()
+{
+    const Money sale = Val(fields.Text4);
+    const Money percent = app.values.gratuityPercent;
+    preApprovedTip = Val(Format(percent * sale / Money::fromWhole(100), "######.##"));
+    totalWithTip = preApprovedTip + sale;
+    fields.Label3[9] = Currency(totalWithTip);
+    fields.Label3[10] = "%" + plainText(percent);
+    show();
+}
+
+bool Tender::refuseZeroAmount()
+{
+    if (!Val(fields.Text4).isZero())
+        return false;
+    fields.Text4 = "0.00";
+    show();
+    app.dialogs.message("ZERO AMOUNT", "The system was not able to obtain the amount of this TAB. "
+                                       "Please Press Cancel and try again.");
+    endTender();
+    return true;
+}
+
+void Tender::showFlags()
+{
+    if (app.files.exists(app.values.Maindir + "XCHide.txt")) {
+        fields.Text1Masked = !app.values.X1009;
+        fields.SSCommand6Caption = "View";
+        fields.SSCommand6.visible = !app.values.X1009;
+    }
+    fields.SSCheck1 = app.files.exists(app.values.Maindir + "CCnoPrint.dat");
+}
+
+void Tender::waitForCard()
+{
+    fields.Label3[8] = kProgramVersion;
+    statusPainted(app.values.X1009 ? "Waiting for Xcharge Interface"
+                                   : "Waiting for You to Swipe the Card");
+    view.focus(TenderBox::Text2);
+}
+
+} // namespace tender

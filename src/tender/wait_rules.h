@@ -1,0 +1,24 @@
+// What the count of a wait sets off: the reactions to each new count, and the wait timer with its
+// ladder of messages. One count is 960 ms.
+#pragma once
+
+#include "tender/tender_fields.h"
+
+#include <cstdint>
+#include <string>
+
+namespace tender {
+
+/// Whole counts between two ticks of the 32-bit millisecond clock, which may have wrapped once.
+int countSince(std::uint32_t start, std::uint32_t now);
+
+/// Reactions to `Label7` having changed to `count`. True at the counts at which the offline panel
+/// would be shown (20, 60, 120, 180).
+bool Label7_Change(int count, TenderFields &fields);
+
+/// One tick of the wait timer, in both modes, at the value of `Label7`. True when the timer stops
+/// itself. At its usual intervals the first tick does; the ladder stands for a faster one, where
+/// a count of 38 ends a wait in command-line mode through `StopWaiting`.
+bool waitTimerTick(int count, TenderFields &fields, std::uint16_t &StopWaiting);
+
+} // namespace tender

@@ -1,0 +1,68 @@
+#include "tender/tender.h"
+#include "tender/wait_rules.h"
+
+namespace tender {
+
+using namespace records;
+
+void Tender::startCounting()
+{
+    app.values.StopWaiting = 0;
+    fields.Label7Visible = true;
+    fields.Label7 = "0";
+    fields.Label4 = "0";
+    startTick = app.clock.tick();
+}
+
+int Tender::countNow() const
+{
+    return countSince(startTick, app.clock.tick());
+}
+
+void Tender::setLabel7(int count)
+{
+    const std::string text = std::to_string(count);
+    if (fields.Label7 == text)
+        return;
+    fields.Label7 = text;
+    if (Label7_Change(count, fields))
+        Show_Offline_Panel();
+}
+
+void Tender::Timer2_Timer()
+{
+    if (waitTimerTick(wholeNumber(fields.Label7), fields, app.values.StopWaiting))
+        Timer2.setInterval(0);
+    show();
+}
+
+void Tender::Timer5_Timer()
+{
+    setLabel7(wholeNumber(fields.Label7) + 1);
+    if (wholeNumber(fields.Label7) == 10 && fields.X1009)
+        fields.Text3.clear();
+    show();
+}
+
+/// Deliberately empty: nothing brings the offline panel on screen, so that the wait stays a plain
+/// wait. `fields.SSPanel5Visible = true; show();` switches it on.
+void Tender::Show_Offline_Panel() {}
+
+void Tender::status(const std::string &text)
+{
+    fields.Text3 = text;
+    show();
+}
+
+void Tender::statusPainted(const std::string &text)
+{
+    status(text);
+    view.paintNow();
+}
+
+void Tender::show()
+{
+    view.refresh(fields);
+}
+
+} // namespace tender
