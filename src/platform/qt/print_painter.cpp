@@ -5,6 +5,7 @@
 #include <QBuffer>
 #include <QFile>
 #include <QFontMetricsF>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSvgRenderer>
@@ -28,16 +29,26 @@ constexpr int kPdfResolution = 600;
 
 } // namespace
 
-Banners::Banners() = default;
-Banners::~Banners() = default;
+Banner::Banner(const QString &path) : drawing(std::make_unique<QSvgRenderer>(path))
+{
+    tenths = drawing->viewBoxF().size();
+    constexpr double kDotsPerTenth = kPdfResolution / kMmPerInch / 10;
+    dots = QImage((tenths * kDotsPerTenth).toSize(), QImage::Format_Mono);
+    dots.setColorTable({qRgb(0, 0, 0), qRgb(255, 255, 255)});
+    dots.fill(1);
+    QPainter onto(&dots);
+    drawing->render(&onto);
+}
 
-QSvgRenderer *Banners::find(const std::string &name)
+Banner::~Banner() = default;
+
+const Banner *Banners::find(const std::string &name)
 {
     const auto [place, isNew] = read.try_emplace(name);
     if (isNew) {
         const QString path = QStringLiteral(":/banners/%1.svg").arg(toQt(name));
         if (QFile::exists(path))
-            place->second = std::make_unique<QSvgRenderer>(path);
+            place->second = std::make_unique<Banner>(path);
     }
     return place->second.get();
 }
@@ -95,6 +106,7 @@ void PrintPainter::setFont(const PrintFont &wanted)
     font.setPointSizeF(std::max(wanted.size, 1.0));
     font.setBold(wanted.bold);
     font.setItalic(wanted.italic);
+    font.setHintingPreference(QFont::PreferNoHinting);
 }
 
 void PrintPainter::setTabs(const std::string &text)
@@ -158,20 +170,27 @@ double PrintPainter::nextTab(double x) const
 
 void PrintPainter::picture(const std::string &name)
 {
-    QSvgRenderer *banner = banners.find(name);
+    const Banner *banner = banners.find(name);
     if (banner == nullptr) {
         line(toQt(bannerText(name)));
         return;
     }
-    const QSizeF tenths = banner->viewBoxF().size();
-    QSizeF size(dots(tenths.width() / 10), dots(tenths.height() / 10));
+    QSizeF size(dots(banner->tenths.width() / 10), dots(banner->tenths.height() / 10));
     if (size.width() > width)
         size *= width / size.width();
     y = std::max(y, pictureBottom);
     makeRoom(size.height());
     if (painter != nullptr)
-        banner->render(painter, QRectF(QPointF((width - size.width()) / 2, y), size));
+        paintBanner(*banner, QRectF(QPointF((width - size.width()) / 2, y), size));
     pictureBottom = y + size.height();
+}
+
+void PrintPainter::paintBanner(const Banner &banner, const QRectF &place)
+{
+    if (painter->paintEngine()->type() == QPaintEngine::Pdf)
+        painter->drawImage(place, banner.dots);
+    else
+        banner.drawing->render(painter, place);
 }
 
 void PrintPainter::cut()
