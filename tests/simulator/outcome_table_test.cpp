@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+
 using namespace simulator;
 
 namespace {
@@ -128,4 +131,19 @@ TEST(OutcomeTable, HalfWrittenFilesAreCutWhereItHurts)
     const std::string seen = never.content.substr(0, never.firstPart);
     EXPECT_EQ(valueOf(seen, "RESULT"), "SUCCESS");
     EXPECT_EQ(valueOf(seen, "XCACCOUNTID").size(), 4U);
+}
+
+// Who plays a demo looks there for the amount to type.
+TEST(OutcomeTable, IsToldInItsDocument)
+{
+    std::ifstream file(PROJECT_DIR "/docs/simulator.md");
+    const std::string document{std::istreambuf_iterator<char>(file), {}};
+    for (const OutcomeRow &row : outcomeRows()) {
+        std::string cells = row.firstCents < 10 ? "| .0" : "| .";
+        cells.append(std::to_string(row.firstCents));
+        if (row.lastCents != row.firstCents)
+            cells.append(" to .").append(std::to_string(row.lastCents));
+        cells.append(" | ").append(row.name).append(" |");
+        EXPECT_NE(document.find(cells), std::string::npos) << cells;
+    }
 }
