@@ -62,8 +62,15 @@ void TenderStory::run(std::uint64_t limit)
 {
     tender.Form_Load();
     const std::uint64_t until = station.time.milliseconds() + limit;
+    running = true;
+    station.time.after(limit + station.time.maxStep, [this] {
+        stillWaiting = running; // a wait inside the loop below would never give control back
+        if (running)
+            station.run.end();
+    });
     while (!station.run.ending() && station.time.milliseconds() < until)
         station.run.yield();
+    running = false;
 }
 
 std::vector<records::CardRecord> TenderStory::records(const std::string &path) const

@@ -59,8 +59,10 @@ public:
     void paymentAnswers(const std::string &result, std::uint64_t afterMilliseconds = 3000);
     void paymentKeepsSilent() { station.system.onStart = {}; }
 
-    /// Form_Load, then turns until the program ended or so much time has passed.
+    /// Form_Load, then turns until the program ended or so much time has passed. A wait that is
+    /// still going on then is ended from outside, with `stillWaiting` set.
     void run(std::uint64_t limit = 60'000);
+    bool stillWaiting = false;
     void pass(std::uint64_t milliseconds) { station.advance(milliseconds); }
 
     std::string answer() const { return station.get("C:\\Lumbrio\\Xsend.ans"); }
@@ -89,6 +91,7 @@ public:
     tender::Tender tender{app, printer, view};
 
 private:
+    bool running = false;
     records::LumbrioConfig config;
 };
 

@@ -261,7 +261,7 @@ TEST(TimedOutTender, StaysForTheOperatorAndKeepsItsRecordThroughTheCancel)
     EXPECT_FALSE(story.tender.state().SSCommand2.enabled);
     story.tender.SSCommand1_Click();
     EXPECT_TRUE(story.station.run.ending());
-    EXPECT_EQ(story.answer().substr(0, 22), "\"Declined\"\r\n\"48.50     ") << "10 lines now";
+    EXPECT_EQ(story.answer().substr(0, 23), "\"Declined\"\r\n\"48.50     ") << "10 lines now";
     EXPECT_EQ(story.pending().size(), 1U);
 }
 
