@@ -11,6 +11,7 @@ namespace tender {
 struct CommandState {
     bool enabled = true;
     bool visible = true;
+    bool operator==(const CommandState &) const = default;
 };
 
 struct TenderFields {
@@ -56,6 +57,8 @@ struct TenderFields {
     bool X1009 = false;
     bool result = false;  // a result word stands in Text1 (colours the state card)
     bool partial = false; // the result is a partial approval
+
+    bool operator==(const TenderFields &) const = default;
 };
 
 } // namespace tender
