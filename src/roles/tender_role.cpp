@@ -1,0 +1,34 @@
+#include "roles/tender_role.h"
+
+#include "printing/printer.h"
+#include "records/app.h"
+#include "tender/Xcharge1.h"
+
+#include <QScreen>
+
+namespace roles {
+
+namespace {
+
+struct TenderRole {
+    explicit TenderRole(platform::Services &services)
+        : app(services), printer(services.printers), screen(app, printer)
+    {
+    }
+
+    records::App app;
+    printing::Printer printer;
+    tender::Xcharge1 screen;
+};
+
+} // namespace
+
+std::shared_ptr<void> openTender(Program &program)
+{
+    auto role = std::make_shared<TenderRole>(program.services());
+    role->screen.setGeometry(role->screen.screen()->availableGeometry());
+    role->screen.showMaximized();
+    return role;
+}
+
+} // namespace roles

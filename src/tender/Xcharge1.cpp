@@ -1,0 +1,245 @@
+#include "tender/Xcharge1.h"
+
+#include "platform/qt/qt_text.h"
+#include "tender/tender_words.h"
+#include "tender/xcharge3.h"
+#include "ui_Xcharge1.h"
+
+#include <QStyle>
+
+namespace tender {
+
+using platform::toQt;
+
+namespace {
+
+constexpr const char *kNothing = "\xE2\x80\x94"; // a dash in the place of an empty value
+
+/// A value and what it is, in one name for screen readers.
+void put(QLabel &label, const QString &value)
+{
+    label.setText(value.isEmpty() ? QString::fromUtf8(kNothing) : value);
+    label.setAccessibleName(label.accessibleDescription() + QStringLiteral(": ") +
+                            (value.isEmpty() ? QStringLiteral("none") : value));
+}
+
+void put(QLabel &label, const std::string &value)
+{
+    put(label, toQt(value).trimmed());
+}
+
+/// Setting a box to what it holds would still move its cursor.
+void put(QLineEdit &box, const std::string &value)
+{
+    const QString text = toQt(value);
+    if (box.text() != text)
+        box.setText(text);
+}
+
+/// A property that the theme chooses a look by.
+void putLook(QWidget &widget, const char *property, const char *look)
+{
+    const QString value = QString::fromLatin1(look);
+    if (widget.property(property).toString() == value)
+        return;
+    widget.setProperty(property, value);
+    widget.style()->unpolish(&widget);
+    widget.style()->polish(&widget);
+}
+
+void put(QAbstractButton &command, const CommandState &state)
+{
+    command.setEnabled(state.enabled);
+    command.setVisible(state.visible);
+}
+
+const char *lookOf(StateColour colour)
+{
+    switch (colour) {
+    case StateColour::Approved: return "approved";
+    case StateColour::Declined: return "declined";
+    case StateColour::Attention: return "attention";
+    case StateColour::Waiting: break;
+    }
+    return "waiting";
+}
+
+} // namespace
+
+Xcharge1::Xcharge1(records::App &theApp, printing::Printer &printer)
+    : Screen(theApp), app(theApp), ui(std::make_unique<Ui::Xcharge1>()),
+      tender(theApp, printer, *this)
+{
+    ui->setupUi(this);
+    ui->waitBar->setMaximum(kUsualWait);
+    ui->Label4->hide(); // working storage alone
+    gatherArrays();
+    connectCommands();
+    setDefaultCommand(ui->SSCommand2);
+    refresh(tender.state());
+}
+
+Xcharge1::~Xcharge1() = default;
+
+void Xcharge1::gatherArrays()
+{
+    Label3 = {ui->Label3_0,  ui->Label3_1,  ui->Label3_2,  ui->Label3_3,
+              ui->Label3_4,  ui->Label3_5,  ui->Label3_6,  nullptr,
+              ui->Label3_8,  ui->Label3_9,  ui->Label3_10, nullptr,
+              ui->Label3_12, ui->Label3_13, ui->Label3_14, ui->Label3_15};
+}
+
+void Xcharge1::connectCommands()
+{
+    const auto click = [this](QAbstractButton *command, void (Tender::*handler)()) {
+        connect(command, &QAbstractButton::clicked, this, [this, handler] { (tender.*handler)(); });
+    };
+    click(ui->SSCommand1, &Tender::SSCommand1_Click);      // "Cancel"
+    click(ui->SSCommand2, &Tender::SSCommand2_Click);      // "Finish Tender"
+    click(ui->SSCommand7, &Tender::SSCommand7_Click);      // "NO" / "YES", slip with gratuity
+    connect(ui->SSCheck1, &QAbstractButton::clicked, this, // "Do not print a RECEIPT for Customer"
+            [this](bool checked) { tender.SSCheck1_Click(checked); });
+}
+
+void Xcharge1::showEvent(QShowEvent *event)
+{
+    Screen::showEvent(event);
+    if (loaded)
+        return;
+    loaded = true;
+    Form_Load();
+}
+
+void Xcharge1::Form_Load()
+{
+    tender.Form_Load();
+}
+
+void Xcharge1::closeAsked()
+{
+    ui->SSCommand1->click(); // "Cancel"; nothing while it is disabled
+}
+
+void Xcharge1::refresh(const TenderFields &fields)
+{
+    if (fields == shown && !ui->Label3_5->text().isEmpty())
+        return;
+    shown = fields;
+    showTender(fields);
+    showCard(fields);
+    showState(fields);
+    showPanels(fields);
+    showCommands(fields);
+    showOptions(fields);
+}
+
+void Xcharge1::showTender(const TenderFields &fields)
+{
+    put(*ui->Text4, fields.Text4.empty() ? std::string() : shownAmount(fields.Text4));
+    for (const std::size_t item : {4, 5, 6, 9, 10, 12})
+        put(*Label3[item], fields.Label3[item]);
+    put(*ui->Label9, fields.Label9);
+    put(*ui->Label13_3, fields.Label13_3);
+    put(*ui->station,
+        app.values.StationName.empty() ? std::string() : "Station " + app.values.StationName);
+    ui->Label13_3->setToolTip(toQt(fields.versionToolTip));
+}
+
+void Xcharge1::showCard(const TenderFields &fields)
+{
+    put(*Label3[0], shownCardNumber(fields.Label3[0]));
+    for (const std::size_t item : {1, 2, 3})
+        put(*Label3[item], fields.Label3[item]);
+    put(*ui->Text2, fields.Text2);
+    put(*ui->Text5, fields.Text5);
+    ui->swipeRow->setVisible(!fields.boxesLocked);
+}
+
+void Xcharge1::showState(const TenderFields &fields)
+{
+    const StateWords state = stateWords(fields);
+    putLook(*ui->stateEdge, "edge", lookOf(state.colour));
+    putLook(*ui->stateWord, "state", lookOf(state.colour));
+    ui->stateWord->setText(toQt(state.word));
+    ui->stateHint->setText(toQt(state.hint));
+    ui->stateHint->setVisible(!state.hint.empty());
+    put(*ui->Text3, fields.Text3);
+    putLook(*ui->Text3, "state", fields.Text3Red ? "declined" : "");
+    put(*ui->Text1, fields.Text1);
+    ui->Text1->setEchoMode(fields.Text1Masked ? QLineEdit::Password : QLineEdit::Normal);
+    ui->resultRow->setVisible(!fields.Text1.empty());
+    put(*ui->Label4, fields.Label4);
+    put(*ui->Label7, fields.Label7);
+    ui->waitBar->setValue(ui->Label7->text().toInt());
+    ui->countRow->setVisible(fields.Label7Visible);
+}
+
+void Xcharge1::showPanels(const TenderFields &fields)
+{
+    ui->SSPanel2->setVisible(fields.SSPanel2Visible);
+    ui->SSPanel4->setVisible(fields.SSPanel4Visible);
+    ui->SSPanel4_text->setText(toQt(fields.SSPanel4));
+    putLook(*ui->SSPanel4_text, "state", fields.SSPanel4Red ? "declined" : "");
+    ui->SSRibbon1->setVisible(fields.SSRibbonsVisible);
+    ui->SSRibbon2->setVisible(fields.SSRibbonsVisible);
+    ui->SSPanel5->setVisible(fields.SSPanel5Visible);
+    ui->stateCard->setVisible(!fields.SSPanel5Visible);
+    ui->detailsCard->setVisible(!fields.SSPanel5Visible);
+    ui->slipsCard->setVisible(!fields.SSPanel5Visible);
+}
+
+void Xcharge1::showCommands(const TenderFields &fields)
+{
+    put(*ui->SSCommand1, fields.SSCommand1);
+    put(*ui->SSCommand2, fields.SSCommand2);
+    // Disabled in the form: nothing stands behind these commands yet.
+    ui->SSCommand3->setVisible(fields.SSCommand3.visible);
+    ui->SSCommand4->setVisible(fields.SSCommand4.visible);
+    ui->SSCommand5->setVisible(fields.SSCommand5.visible);
+    ui->SSCommand6->setVisible(fields.SSCommand6.visible);
+}
+
+void Xcharge1::showOptions(const TenderFields &fields)
+{
+    ui->SSCommand7->setText(toQt(fields.SSCommand7Caption));
+    ui->SSCommand7->setAccessibleDescription(ui->SSCommand7->text());
+    ui->SSCheck1->setChecked(fields.SSCheck1);
+    for (const std::size_t item : {8, 13, 14, 15})
+        put(*Label3[item], fields.Label3[item]);
+    put(*ui->Label12, fields.Label12);
+    put(*ui->Label14, fields.Label14);
+}
+
+void Xcharge1::paintNow()
+{
+    Screen::paintNow();
+}
+
+void Xcharge1::focus(TenderBox box)
+{
+    // A box that takes no swipe leaves the keyboard to the status line.
+    QWidget *locked = shown.boxesLocked ? ui->Text3 : nullptr;
+    switch (box) {
+    case TenderBox::Text2: (locked ? locked : ui->Text2)->setFocus(); break;
+    case TenderBox::Text5: (locked ? locked : ui->Text5)->setFocus(); break;
+    case TenderBox::SSCommand1: ui->SSCommand1->setFocus(); break;
+    }
+}
+
+void Xcharge1::setTopMost(bool on)
+{
+    SetTopMostWindow(on);
+}
+
+void Xcharge1::hideScreen()
+{
+    hide();
+}
+
+void Xcharge1::showServerBusy()
+{
+    xcharge3 busy(app, [this] { tender.deleteBatchMarker(); });
+    busy.runModal();
+}
+
+} // namespace tender

@@ -1,0 +1,59 @@
+// Xcharge1: the tender screen, "Xcharge Credit Card Interface". It shows the tender's fields and
+// hands its commands to the tender, which it owns; one screen lives for one card attempt.
+#pragma once
+
+#include "platform/qt/screen.h"
+#include "tender/tender.h"
+#include "tender/tender_view.h"
+
+#include <array>
+#include <memory>
+
+class QLabel;
+namespace Ui {
+class Xcharge1;
+}
+
+namespace tender {
+
+class Xcharge1 : public platform::Screen, private TenderView {
+    Q_OBJECT
+
+public:
+    /// `app` and `printer` must outlive the screen. The load runs when it is first shown.
+    Xcharge1(records::App &theApp, printing::Printer &printer);
+    ~Xcharge1() override;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void closeAsked() override;
+
+private:
+    void gatherArrays();
+    void connectCommands();
+    void Form_Load();
+
+    // TenderView
+    void refresh(const TenderFields &fields) override;
+    void paintNow() override;
+    void focus(TenderBox box) override;
+    void setTopMost(bool on) override;
+    void hideScreen() override;
+    void showServerBusy() override;
+
+    void showTender(const TenderFields &fields);
+    void showCard(const TenderFields &fields);
+    void showState(const TenderFields &fields);
+    void showPanels(const TenderFields &fields);
+    void showCommands(const TenderFields &fields);
+    void showOptions(const TenderFields &fields);
+
+    records::App &app;
+    std::unique_ptr<Ui::Xcharge1> ui;
+    std::array<QLabel *, 16> Label3; // 7 and 11 are not used
+    TenderFields shown;
+    bool loaded = false;
+    Tender tender; // last: it refers to this view until it is gone
+};
+
+} // namespace tender

@@ -1,0 +1,40 @@
+#include "tender/xcharge3.h"
+
+#include "ui_xcharge3.h"
+
+#include <utility>
+
+namespace tender {
+
+xcharge3::xcharge3(platform::Services &theServices, std::function<void()> theRemoveMarker)
+    : Screen(theServices), ui(std::make_unique<Ui::xcharge3>()),
+      removeMarker(std::move(theRemoveMarker))
+{
+    ui->setupUi(this);
+    connect(ui->SSCommand4, &QAbstractButton::clicked, this, &xcharge3::SSCommand4_Click); // "OK"
+    connect(ui->Picture1, &QAbstractButton::clicked, this, &xcharge3::Picture1_Click);
+    setDefaultCommand(ui->SSCommand4);
+    ui->SSCommand4->setFocus();
+}
+
+xcharge3::~xcharge3() = default;
+
+void xcharge3::SSCommand4_Click()
+{
+    services.end();
+}
+
+/// The screen stays: whoever knows of this way out starts the tender anew.
+void xcharge3::Picture1_Click()
+{
+    removeMarker();
+    ui->SSCommand4->setFocus();
+}
+
+/// There is nothing behind this screen to go back to.
+void xcharge3::closeAsked()
+{
+    SSCommand4_Click();
+}
+
+} // namespace tender
