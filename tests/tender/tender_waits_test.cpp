@@ -140,7 +140,7 @@ TEST(Wait, ReadsAResultThatComesLongAfterTheSecondStart)
     story.station.system.onStart = [&](const support::FakeSystem::Started &) {
         if (story.station.system.started.size() == 2)
             story.station.time.after(
-                2000, [&] { story.station.put(TenderStory::kResult, support::approvedResult()); });
+                2500, [&] { story.station.put(TenderStory::kResult, support::approvedResult()); });
     };
     story.run(120'000);
     EXPECT_EQ(story.answer().substr(0, 10), "\"Approved\"");
