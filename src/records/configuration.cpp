@@ -29,6 +29,15 @@ void keepConfig(ProcessValues &values)
     trimmedInPlace(values.config, kOwnerCode);
 }
 
+std::string paymentDirectory(const std::string &line)
+{
+    const std::string directory = Trim(line);
+    if (directory.empty())
+        return "c:\\Program Files\\X-Charge\\";
+    const bool ended = directory.back() == '\\' || directory.back() == '/';
+    return ended ? directory : directory + "\\";
+}
+
 bool isMinusOne(const std::string &text)
 {
     return Val(text) == Money::fromWhole(-1);
@@ -88,7 +97,7 @@ void Get_CCini(App &app)
     CardOptions options;
     if (!readCardOptions(app, options))
         return;
-    app.values.paymentDirectory = Trim(options[1]);
+    app.values.paymentDirectory = paymentDirectory(options[1]);
     app.values.PrintTipLine = isMinusOne(options[7]);
     app.values.NoPartialSupport = wholeNumber(options[8]);
     app.values.PreApproveTip = isMinusOne(options[9]);

@@ -27,7 +27,8 @@ CardOptions parseCardOptions(std::string_view content);
 
 /// "CCard.dat" in `Maindir`: the payment directory, `PrintTipLine`, `NoPartialSupport` and
 /// `PreApproveTip`. An empty `Maindir` becomes "c:\Lumbrio\"; without the file nothing changes.
-/// Errors are ignored.
+/// The payment directory alone gets its last backslash where it is missing, and the usual place
+/// where the line is empty. Errors are ignored.
 void Get_CCini(App &app);
 
 /// What loading the setup screen sets: with "CCard.dat" there, `NoPartialSupport` from it and
