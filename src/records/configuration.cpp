@@ -8,9 +8,11 @@ namespace {
 
 constexpr const char *kIniFile = "C:\\Lumbrio\\LumbrioINI.dat";
 
+/// A file that ends within the field leaves NULs behind its text, where every path would end.
 std::string trimmedInPlace(LumbrioConfig &config, const ConfigField &field)
 {
-    const std::string value = config.text(field);
+    const std::string raw = config.raw(field);
+    const std::string value = Trim(std::string_view(raw).substr(0, raw.find('\0')));
     config.set(field, value);
     return value;
 }
