@@ -17,9 +17,10 @@ void keepName(ProcessValues &values, const EmployeeRecord &employee)
     values.EmployeeShortName = shortName(values.EmployeeFullName);
 }
 
-/// False when the file ends before the third value; the row then keeps what it held.
-bool readRow(DelimitedReader &reader, ManagerRow &row)
+/// False when the line has fewer than three values.
+bool readRow(const std::string &line, ManagerRow &row)
 {
+    DelimitedReader reader(line);
     for (std::string *value : {&row.cardNumber, &row.name, &row.endDate}) {
         if (reader.atEnd())
             return false;
@@ -69,16 +70,17 @@ void Get_AsstMgr(App &app)
         values.ManagerTable[row] = {"xxxxxxxxxx", "Not Assigned", "01/01/2001"};
     if (values.Remotedir.empty())
         values.Remotedir = "c:\\Lumbrio\\";
+    const platform::ErrorsIgnored ignored(app.run);
     const std::string path = values.Remotedir + "ini\\3\\ButtonAM.dat";
     std::string content;
     if (!app.files.exists(path) || !done(app.files.read(path, content)))
         return;
-    DelimitedReader reader(content);
-    for (ManagerRow &row : values.ManagerTable) {
-        ManagerRow read;
-        if (!readRow(reader, read))
-            break;
-        row = read;
+    const std::vector<std::string> lines = platform::splitLines(content);
+    const std::size_t used = std::min(lines.size(), values.ManagerTable.size());
+    for (std::size_t i = 0; i < used; ++i) {
+        ManagerRow row;
+        if (readRow(lines[i], row))
+            values.ManagerTable[i] = row;
     }
 }
 

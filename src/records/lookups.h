@@ -18,7 +18,8 @@ std::string shortName(const std::string &name);
 
 /// `ManagerTable` from "ini\3\ButtonAM.dat" under `Remotedir` (an empty one becomes
 /// "c:\Lumbrio\"): defaults in rows 1 to 10, then the file's lines from row 0 on; the 17th line
-/// ends the reading.
+/// ends the reading. A line with fewer than three values leaves its row as it was. Errors are
+/// ignored.
 void Get_AsstMgr(App &app);
 
 /// Name of the manager whose card number equals the code, of rows 1 to 11; else "Not Found".
