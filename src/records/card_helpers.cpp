@@ -94,8 +94,15 @@ std::string turnedExpiry(std::string_view expiry)
 void Pause(App &app, std::chrono::milliseconds length)
 {
     const int start = app.clock.now().millisecondsOfDay();
-    while (!app.ending() && app.clock.now().millisecondsOfDay() - start < length.count())
+    auto wanted = length.count();
+    while (!app.ending()) {
+        const int passed = app.clock.now().millisecondsOfDay() - start;
+        if (passed < 0) // past midnight the full length might never be reached before the next one
+            wanted = 0;
+        if (passed >= wanted)
+            return;
         app.yield();
+    }
 }
 
 std::string MinToHr(int minutes, bool seconds)
