@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace records {
 
@@ -10,6 +11,11 @@ namespace {
 bool isDigit(char c)
 {
     return c >= '0' && c <= '9';
+}
+
+bool isSmallLetter(char c)
+{
+    return c >= 'a' && c <= 'z';
 }
 
 std::string_view withoutBlanks(std::string_view text)
@@ -121,6 +127,7 @@ private:
 
     std::string nextPiece()
     {
+        const bool minutes = std::exchange(afterHour, afterHour && !isSmallLetter(lower[at]));
         if (take("ampm"))
             return when.hour < 12 ? "AM" : "PM";
         if (take("dddd"))
@@ -136,7 +143,7 @@ private:
         if (take("nn"))
             return padded(when.minute, 2);
         if (take("mm"))
-            return monthOrMinute();
+            return padded(minutes ? when.minute : when.month, 2);
         if (take("ss"))
             return padded(when.second, 2);
         return std::string(1, mask[at++]);
@@ -146,13 +153,6 @@ private:
     {
         afterHour = true;
         return padded(twelveHours ? (when.hour + 11) % 12 + 1 : when.hour, 2);
-    }
-
-    std::string monthOrMinute()
-    {
-        const bool minutes = afterHour;
-        afterHour = false;
-        return padded(minutes ? when.minute : when.month, 2);
     }
 
     const platform::DateTime &when;
