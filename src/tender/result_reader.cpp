@@ -99,6 +99,8 @@ std::vector<std::string> readResultFile(App &app, const std::string &name)
     app.values.CCdata.set(GCbalance, "0");
     std::string content;
     app.files.read(name, content, kResultLimit);
+    if (content.size() == kResultLimit) // half a line may read as another value
+        content.resize(content.find_last_of("\r\n") + 1);
     const std::vector<std::string> lines = platform::splitLines(content);
     for (const std::string &line : lines)
         applyResultLine(line, app.values.CCdata);
