@@ -49,12 +49,17 @@ QtEventLoop::QtEventLoop(QtClock &theClock) : clock(theClock)
 
 void QtEventLoop::turn()
 {
+    const bool outermost = depth++ == 0;
     QCoreApplication::processEvents();
+    // Below an outermost turn no handler runs. An inner one leaves it to Qt's own count of levels.
+    if (outermost)
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     // Timers fire inside an event, so that what their handlers leave to deleteLater() is counted
     // as left by a running handler.
     QEvent due(QEvent::User);
     QCoreApplication::sendEvent(this, &due);
     rest();
+    --depth;
 }
 
 bool QtEventLoop::event(QEvent *event)

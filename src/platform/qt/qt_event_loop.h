@@ -49,6 +49,7 @@ private:
 
     QtClock &clock;
     QTimer alarm;
+    int depth = 0;
 };
 
 } // namespace platform

@@ -81,20 +81,25 @@ Outcome SpoolFolder::reserve(QString &stem)
 {
     if (!QDir().mkpath(folder))
         return Outcome::Denied;
-    for (;;) {
+    Outcome outcome = Outcome::Done;
+    // A number that is taken explains a refusal; where nothing explains it (another process took
+    // its job back just now, or the folder is closed to us), a few tries tell the two apart.
+    for (int unexplained = 0; unexplained < 3;) {
         ++lastNumber;
         stem = QStringLiteral("%1/%2").arg(folder).arg(lastNumber, 4, 10, QChar(u'0'));
-        QFile ours(stem + QStringLiteral(".pdf") + kUnfinished);
-        if (!ours.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-            if (ours.exists())
-                continue;
-            return outcomeOf(ours);
-        }
+        const QString finished = stem + QStringLiteral(".pdf");
+        QFile ours(finished + kUnfinished);
+        const bool reserved = ours.open(QIODevice::WriteOnly | QIODevice::NewOnly);
         // Another process may have finished this very number since we looked.
-        if (!QFile::exists(stem + QStringLiteral(".pdf")))
+        if (reserved && !QFile::exists(finished))
             return Outcome::Done;
-        ours.remove();
+        if (reserved)
+            ours.remove();
+        else if (!ours.exists() && !QFile::exists(finished))
+            ++unexplained;
+        outcome = outcomeOf(ours);
     }
+    return outcome;
 }
 
 } // namespace platform
