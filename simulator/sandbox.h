@@ -30,7 +30,7 @@ bool linkXcharge(platform::Files &files, const std::string &program);
 struct RestaurantOptions {
     std::string receiptPrinter = "Receipt TM-88";
     std::string fontFamily = "DejaVu Sans";
-    std::string fontSize = "9";
+    std::string fontSize = "10";
     std::string autocut = "-1";
     std::string gratuityPercent = "18";
 };

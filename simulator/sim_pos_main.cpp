@@ -153,7 +153,7 @@ bool PointOfSale::takeTender(const TenderRequest &request, int waitSeconds)
     if (!leaveRequest(place, request))
         return false;
     const auto start = std::chrono::steady_clock::now();
-    ChildProcess tndrcc = startTender(ownFolder() + "/TndrCC", drivesFolder);
+    ChildProcess tndrcc = startTender(ownFolder() + "/TndrCC", drivesFolder, hasDisplay());
     if (tndrcc.id() == 0) {
         std::fprintf(stderr, "sim_pos: no TndrCC in %s\n", ownFolder().c_str());
         return false;
@@ -164,7 +164,7 @@ bool PointOfSale::takeTender(const TenderRequest &request, int waitSeconds)
     }
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
     const std::vector<std::string> answer = readAnswer(place);
-    std::printf("%s  (%.2f s)\n", readableAnswer(answer).c_str(), took.count());
+    std::printf("%s  (TndrCC ran %.2f s)\n", readableAnswer(answer).c_str(), took.count());
     return !answer.empty();
 }
 
