@@ -109,6 +109,7 @@ void Att_Server(const App &app, Printer &printer)
         "Split Tender, Put in the parial amount and the ",
         "balance in the approiate box.",
     };
+    useSlipFont(app, printer);
     for (const char *text : kNotice)
         printer.line(text);
     for (const records::CardField &field :

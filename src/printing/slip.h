@@ -39,7 +39,7 @@ void Print_Cust(records::App &app, Printer &printer, const SlipContext &context)
 void PrintPartial_Merch(records::App &app, Printer &printer, const SlipContext &context);
 void PrintPartial_Cust(records::App &app, Printer &printer, const SlipContext &context);
 
-/// The attention slip for the server after a partial approval, in the current font. Closes the
+/// The attention slip for the server after a partial approval, in the plain slip font. Closes the
 /// job.
 void Att_Server(const records::App &app, Printer &printer);
 

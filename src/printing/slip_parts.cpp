@@ -27,6 +27,15 @@ std::string hashedNumber(std::string_view number)
     return "#### #### #### " + records::Right(number, 4);
 }
 
+void useSlipFont(const App &app, Printer &printer)
+{
+    const SlipFont font(app);
+    printer.setFamily(font.family);
+    printer.setBold(false);
+    printer.setItalic(false);
+    printer.setSize(font.base);
+}
+
 void printBanner(Printer &printer, std::string_view picture, double sizeBehind, int blankLines)
 {
     printer.picture(picture, sizeBehind);
@@ -49,10 +58,8 @@ void printHeader(const App &app, Printer &printer, const std::string &sale, cons
 {
     const SlipFont font(app);
     const records::LumbrioConfig &config = app.values.config;
-    printer.setFamily(font.family);
+    useSlipFont(app, printer);
     printer.setBold(true);
-    printer.setItalic(false);
-    printer.setSize(font.base);
     printer.line(config.text(records::kBusinessName));
     printer.setBold(false);
     printer.line(config.text(records::kAddressLine1));

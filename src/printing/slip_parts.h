@@ -27,6 +27,8 @@ std::string fieldAmount(const records::App &app, const records::CardField &field
 /// "#### #### #### " and the last four characters.
 std::string hashedNumber(std::string_view number);
 
+/// The plain slip font in its base size.
+void useSlipFont(const records::App &app, Printer &printer);
 /// Banner, font size behind it, blank lines.
 void printBanner(Printer &printer, std::string_view picture, double sizeBehind, int blankLines);
 /// Date, time, receipt, server and table in one line.

@@ -65,8 +65,8 @@ TEST_F(PenTest, TheLastPrinterThatFitsIsSelected)
         Printer pen(printers);
         app.values.ReceiptPrinterName = oneCase.configured;
         Set_Printer(app, pen);
-        EXPECT_EQ(pen.selectedName(), oneCase.selected);
         EXPECT_EQ(pen.vendorPrinterPresent(), oneCase.vendor);
+        EXPECT_EQ(pen.selectedName(), oneCase.selected);
         Set_PrinterVendor(pen);
         EXPECT_EQ(pen.selectedName(), oneCase.selectedForVendor);
         EXPECT_EQ(pen.vendorPrinterPresent(), oneCase.vendor);
@@ -78,11 +78,22 @@ TEST_F(PenTest, ChoosingCostsNothingUntilTheResultIsNeeded)
     choose("");
     choose("No such printer");
     EXPECT_EQ(printers.asked, 0);
+    printer.warmUp({});
     EXPECT_EQ(printer.selectedName(), "Office Laser") << "the earlier choice must not be lost";
-    const int asked = printers.asked;
     printer.line("text");
     printer.closeJob();
-    EXPECT_EQ(printers.asked, asked);
+    EXPECT_EQ(printers.asked, 1);
+}
+
+TEST_F(PenTest, AVendorPrinterThatWentAwayIsForgotten)
+{
+    printers.installed.push_back("VENDOR");
+    choose("Receipt");
+    EXPECT_TRUE(printer.vendorPrinterPresent());
+    printers.installed.pop_back();
+    EXPECT_TRUE(printer.vendorPrinterPresent()) << "known until the printer is chosen anew";
+    choose("Receipt");
+    EXPECT_FALSE(printer.vendorPrinterPresent());
 }
 
 TEST_F(PenTest, AJobStaysOnThePrinterItWasBegunOn)
@@ -114,11 +125,14 @@ TEST_F(PenTest, TheFontStaysButAnImpossibleOneIsIgnored)
     printer.setSize(-2);
     printer.line("second");
     printer.cut();
+    printer.newPage();
+    printer.tabs("20,45");
     printer.line("third");
     printer.closeJob();
     ASSERT_EQ(printers.collected.size(), 2U);
     EXPECT_EQ(platform::describe(printers.collected[1].job),
               "job \"Lumbrio card slip\"\nfont \"Receipt Sans\" 14 bold\nline \"second\"\ncut\n"
+              "new page\ntabs 20,45\n"
               "font \"Receipt Sans\" 10 bold\nline \"third\"\n");
 }
 

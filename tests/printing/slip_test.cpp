@@ -28,6 +28,9 @@ TEST_F(SlipTest, EverySlipIsTheOneOfTheGoldenFile)
     context.reprint = true;
     for (const auto &[name, slip] : slips) {
         station.printers.collected.clear();
+        printer.setFamily("Left by another job");
+        printer.setBold(true);
+        printer.setItalic(true);
         slip();
         expectGolden(name);
         EXPECT_FALSE(printer.jobOpen()) << name;
@@ -249,6 +252,12 @@ TEST_F(SlipTest, APartialSlipNeverShowsABalanceOfNothing)
     PrintPartial_Merch(app, printer, context);
     EXPECT_TRUE(printed("  There is still a Balance Due of $5.00"));
     EXPECT_EQ(app.values.CCdata.text(records::CCaditionalFUNDS), "5");
+}
+
+TEST_F(SlipTest, TheSlipFontIsReadyBeforeTheFirstSlip)
+{
+    warmUp(app, printer);
+    EXPECT_EQ(station.printers.warmed, (platform::PrintFont{"Receipt Sans", 9, false, false}));
 }
 
 TEST_F(SlipTest, ALostPrinterLosesTheSlipAndNothingElse)

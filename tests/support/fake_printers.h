@@ -22,6 +22,7 @@ public:
     std::optional<platform::Outcome> refusal; // of every job, as by a printer out of order
     std::vector<Collected> collected;
     int warmUps = 0;
+    platform::PrintFont warmed; // the last time
 
     std::vector<std::string> names() override { return installed; }
 
@@ -42,7 +43,11 @@ public:
         return platform::Outcome::Done;
     }
 
-    void warmUp(const platform::PrintFont &) override { ++warmUps; }
+    void warmUp(const platform::PrintFont &font) override
+    {
+        ++warmUps;
+        warmed = font;
+    }
 
 private:
     bool has(const std::string &name) const
