@@ -79,6 +79,7 @@ TEST_F(PenTest, ChoosingCostsNothingUntilTheResultIsNeeded)
     choose("No such printer");
     EXPECT_EQ(printers.asked, 0);
     printer.warmUp({});
+    EXPECT_EQ(printers.asked, 1);
     EXPECT_EQ(printer.selectedName(), "Office Laser") << "the earlier choice must not be lost";
     printer.line("text");
     printer.closeJob();
