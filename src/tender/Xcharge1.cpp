@@ -15,6 +15,9 @@ namespace {
 
 constexpr const char *kNothing = "\xE2\x80\x94"; // a dash in the place of an empty value
 
+constexpr int kBoxMargins = 8; // left and right of a text in its box
+constexpr int kWidestAmount = 420;
+
 /// A value and what it is, in one name for screen readers.
 void put(QLabel &label, const QString &value)
 {
@@ -136,6 +139,8 @@ void Xcharge1::refresh(const TenderFields &fields)
 void Xcharge1::showTender(const TenderFields &fields)
 {
     put(*ui->Text4, fields.Text4.empty() ? std::string() : shownAmount(fields.Text4));
+    const int amountWidth = ui->Text4->fontMetrics().horizontalAdvance(ui->Text4->text());
+    ui->Text4->setMinimumWidth(qMin(amountWidth + kBoxMargins, kWidestAmount));
     for (const std::size_t item : {4, 5, 6, 9, 10, 12})
         put(*Label3[item], fields.Label3[item]);
     put(*ui->Label9, fields.Label9);
@@ -217,6 +222,7 @@ void Xcharge1::paintNow()
 
 void Xcharge1::focus(TenderBox box)
 {
+    refresh(tender.state()); // a command takes the keyboard only once it is enabled
     // A box that takes no swipe leaves the keyboard to the status line.
     QWidget *locked = shown.boxesLocked ? ui->Text3 : nullptr;
     switch (box) {
