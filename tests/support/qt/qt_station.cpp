@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QKeyEvent>
+#include <QLabel>
 
 namespace support {
 
@@ -11,6 +12,13 @@ QString nameOf(QWidget &control)
 {
     QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(&control);
     return seen == nullptr ? QString() : seen->text(QAccessible::Name);
+}
+
+/// A caption has the name of the control that it belongs to.
+bool isCaption(QWidget *control)
+{
+    const auto *label = qobject_cast<QLabel *>(control);
+    return label != nullptr && label->buddy() != nullptr;
 }
 
 void send(int key, const QString &text)
@@ -31,7 +39,8 @@ void send(int key, const QString &text)
 QWidget *controlNamed(const QString &accessibleName)
 {
     for (QWidget *control : QApplication::allWidgets()) {
-        if (control->isVisible() && !control->isWindow() && nameOf(*control) == accessibleName)
+        if (control->isVisible() && !control->isWindow() && !isCaption(control) &&
+            nameOf(*control) == accessibleName)
             return control;
     }
     return nullptr;

@@ -1,0 +1,27 @@
+// What must hold on every screen, whatever it is for: nothing cut off, everything named.
+#pragma once
+
+#include <QSize>
+#include <QWidget>
+
+#include <array>
+#include <string>
+
+namespace support {
+
+/// The two logical sizes that every screen must fit: a plain terminal, and 1920 x 1080 at 150 %.
+inline constexpr std::array<QSize, 2> kScreenSizes = {QSize(1024, 768), QSize(1280, 720)};
+
+/// Gives the window the size and its layouts the time to follow.
+void resizeTo(QWidget &window, QSize size);
+/// Visible controls that are smaller than what they show, reach out of their parent, or lie on
+/// one another; and the window itself when it could not become as small as it was asked to.
+/// Labels that end in dots are not among them. Each check gives one line per finding, so nothing
+/// for a good screen.
+std::string clippedControls(QWidget &window, QSize size);
+/// Labels that end in dots just now.
+std::string elidedLabels(QWidget &window);
+/// Visible commands and boxes without an accessible name, or with that of another one.
+std::string badlyNamedControls(QWidget &window);
+
+} // namespace support
