@@ -297,8 +297,7 @@ bool handlesMoney(const std::string &room)
     return room != "platform" && room != kQtRoom && room != "printing" && room != "roles";
 }
 
-void checkCallsOf(const Plan &plan, const Project &project, const Source &source,
-                  std::vector<Violation> &found)
+void checkCallsOf(const Project &project, const Source &source, std::vector<Violation> &found)
 {
     const std::string room = roomOf(source.path);
     const std::string code = withoutComments(source.text, true);
@@ -315,7 +314,7 @@ void checkCallsOf(const Plan &plan, const Project &project, const Source &source
         findAny(source, code, kLoopsAndWaits, "a loop or a wait in a screen", found);
         findFileNames(source, found);
     }
-    if (handlesMoney(room) && !plan.fractionFiles.contains(source.path.substr(4)))
+    if (handlesMoney(room))
         findAny(source, code, kFractions, "a binary fraction near money", found);
 }
 
@@ -337,8 +336,6 @@ void addRow(Plan &plan, const std::string &title, const std::vector<std::string>
 {
     if (title == "Room" && cells.size() > 3)
         plan.rooms[cells[1]] = {names(cells[2]), names(cells[3])};
-    else if (title == "Binary fraction in" && cells.size() > 1)
-        plan.fractionFiles.insert(cells[1]);
 }
 
 bool reaches(const Plan &plan, const std::string &from, const std::string &to,
@@ -372,7 +369,7 @@ Plan readPlan(std::string_view markdown)
     return plan;
 }
 
-std::vector<Violation> checkPlan(const Plan &plan, const Project &project)
+std::vector<Violation> checkPlan(const Plan &plan)
 {
     std::vector<Violation> found;
     for (const auto &[name, room] : plan.rooms) {
@@ -383,14 +380,6 @@ std::vector<Violation> checkPlan(const Plan &plan, const Project &project)
             for (const std::string &other : *allowed)
                 if (!plan.rooms.contains(other))
                     found.push_back({name, "the plan has no room \"" + other + '"'});
-    }
-    for (const std::string &file : plan.fractionFiles) {
-        const Source *source = find(project, "src/" + file);
-        std::vector<Violation> uses;
-        if (source != nullptr)
-            findAny(*source, withoutComments(source->text, true), kFractions, "", uses);
-        if (uses.empty())
-            found.push_back({file, "needs no exception for binary fractions"});
     }
     return found;
 }
@@ -410,12 +399,12 @@ std::vector<Violation> checkCircles(const Project &project)
     return CircleSearch(project).run();
 }
 
-std::vector<Violation> checkCalls(const Plan &plan, const Project &project)
+std::vector<Violation> checkCalls(const Project &project)
 {
     std::vector<Violation> found;
     for (const Source &source : project)
         if (source.path.starts_with("src/") && isSource(source.path))
-            checkCallsOf(plan, project, source, found);
+            checkCallsOf(project, source, found);
     return found;
 }
 

@@ -36,22 +36,20 @@ struct Plan {
         std::set<std::string> screenIncludes;
     };
     std::map<std::string, Room> rooms;
-    std::set<std::string> fractionFiles; // below src/
 };
 
-/// Reads the tables "Room" and "Binary fraction in" of a Markdown text.
+/// Reads the table "Room" of a Markdown text.
 Plan readPlan(std::string_view markdown);
 
-/// A plan that allows a circle of rooms, names a room twice over, or lists a file that needs no
-/// exception.
-std::vector<Violation> checkPlan(const Plan &plan, const Project &project);
+/// A plan that allows a circle of rooms, or an include of a room it does not have.
+std::vector<Violation> checkPlan(const Plan &plan);
 /// Includes against the plan; Qt and screens' headers where no window belongs.
 std::vector<Violation> checkIncludes(const Plan &plan, const Project &project);
 /// Headers that include each other, directly or round a corner.
 std::vector<Violation> checkCircles(const Project &project);
 /// Systems, files, clocks and waits outside platform/; exceptions in the core; loops and file
 /// names in screens; binary fractions near money.
-std::vector<Violation> checkCalls(const Plan &plan, const Project &project);
+std::vector<Violation> checkCalls(const Project &project);
 /// A header's opening comment and `#pragma once`; the length of every source.
 std::vector<Violation> checkShape(const Project &project);
 /// Words that explain nothing to whoever has only this project before him.

@@ -1,89 +1,57 @@
 #include "structure/source_rules.h"
 
+#include <cctype>
+
 namespace structure {
 
 namespace {
 
-// Walks a source once, blanking what the caller does not want to see.
-class Blanker {
-public:
-    Blanker(std::string_view source, bool literals) : text(source), blankLiterals(literals) {}
+std::size_t endOf(std::string_view text, std::string_view mark, std::size_t from)
+{
+    const std::size_t found = text.find(mark, from);
+    return found == std::string_view::npos ? text.size() : found + mark.size();
+}
 
-    std::string run()
-    {
-        while (at < text.size()) {
-            if (starts("//"))
-                blankUntil("\n", false);
-            else if (starts("/*"))
-                blankUntil("*/", true);
-            else if (starts("R\"") && !afterName())
-                rawLiteral();
-            else if (text[at] == '"' || (text[at] == '\'' && !afterName()))
-                literal(text[at]);
-            else
-                result += text[at++];
-        }
-        return std::move(result);
-    }
+std::size_t literalLength(std::string_view text)
+{
+    std::size_t at = 1;
+    while (at < text.size() && text[at] != text[0] && text[at] != '\n')
+        at += text[at] == '\\' ? 2 : 1;
+    return std::min(at + 1, text.size());
+}
 
-private:
-    bool starts(std::string_view what) const { return text.substr(at).starts_with(what); }
-    // A quote right behind a digit or a name separates digits (10'000) or belongs to the name.
-    bool afterName() const
-    {
-        return at > 0 && (std::isalnum(static_cast<unsigned char>(text[at - 1])) != 0);
-    }
-    void copy(bool blank)
-    {
-        result += blank && text[at] != '\n' ? ' ' : text[at];
-        ++at;
-    }
-    void copyUntil(std::size_t end, bool blank)
-    {
-        while (at < std::min(end, text.size()))
-            copy(blank);
-    }
-    void blankUntil(std::string_view mark, bool includingMark)
-    {
-        const std::size_t found = text.find(mark, at + 2);
-        if (found == std::string_view::npos)
-            copyUntil(text.size(), true);
-        else
-            copyUntil(found + (includingMark ? mark.size() : 0), true);
-    }
-    void literal(char quote)
-    {
-        copy(false);
-        while (at < text.size() && text[at] != quote && text[at] != '\n') {
-            if (text[at] == '\\')
-                copy(blankLiterals);
-            copyUntil(at + 1, blankLiterals);
-        }
-        copyUntil(at + 1, false);
-    }
-    void rawLiteral()
-    {
-        const std::size_t open = text.find('(', at);
-        if (open == std::string_view::npos)
-            return copyUntil(text.size(), false);
-        const std::string close = ')' + std::string(text.substr(at + 2, open - at - 2)) + '"';
-        const std::size_t end = text.find(close, open);
-        copyUntil(open + 1, false);
-        copyUntil(end, blankLiterals);
-        copyUntil(at + close.size(), false);
-    }
-
-    std::string_view text;
-    bool blankLiterals;
-    std::size_t at = 0;
-    std::string result;
-};
+std::size_t rawLiteralLength(std::string_view text)
+{
+    const std::string name(text.substr(2, text.find('(') - 2));
+    return endOf(text, ')' + name + '"', 2);
+}
 
 } // namespace
 
 std::string withoutComments(std::string_view text, bool blankLiterals)
 {
-    return Blanker(text, blankLiterals).run();
+    std::string result;
+    while (!text.empty()) {
+        // A quote right behind a digit or a name separates digits (10'000) or belongs to the name.
+        const bool afterName =
+            !result.empty() && std::isalnum(static_cast<unsigned char>(result.back())) != 0;
+        std::size_t length = 1;
+        bool blank = true;
+        if (text.starts_with("//"))
+            length = std::min(text.find('\n'), text.size());
+        else if (text.starts_with("/*"))
+            length = endOf(text, "*/", 2);
+        else if (blank = blankLiterals; text.starts_with("R\"") && !afterName)
+            length = rawLiteralLength(text);
+        else if (text[0] == '"' || (text[0] == '\'' && !afterName))
+            length = literalLength(text);
+        else
+            blank = false;
+        for (const char c : text.substr(0, length))
+            result += blank && c != '\n' ? ' ' : c;
+        text.remove_prefix(length);
+    }
+    return result;
 }
 
 } // namespace structure
