@@ -36,7 +36,6 @@ void Screen::runModal()
         return;
     placeInFront(*this);
     show();
-    activateWindow();
     while (!gone && !services.ending())
         services.yield();
     hide();
@@ -84,6 +83,14 @@ std::function<void()> Screen::whileLoaded(std::function<void()> handler)
         if (!gone)
             handler();
     };
+}
+
+void Screen::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    // The keyboard, and a card reader that types, shall reach the new screen.
+    if (!event->spontaneous())
+        activateWindow();
 }
 
 void Screen::closeEvent(QCloseEvent *event)

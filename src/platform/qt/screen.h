@@ -52,6 +52,7 @@ protected:
     /// The handler as a timer needs it: it does nothing once the screen is unloaded.
     std::function<void()> whileLoaded(std::function<void()> handler);
 
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 

@@ -23,6 +23,7 @@ bool isCaption(QWidget *control)
 
 void send(int key, const QString &text)
 {
+    QCoreApplication::processEvents(); // a window just shown takes the keyboard
     QWidget *focused = QApplication::focusWidget();
     if (focused == nullptr)
         focused = QApplication::activeWindow();
