@@ -66,6 +66,9 @@ public:
     virtual Outcome makeDirectory(const std::string &path) = 0;
     /// Names (not paths) in a directory, files and folders, in no particular order.
     virtual Outcome list(const std::string &directory, std::vector<std::string> &names) = 0;
+    /// A number that changes when names come to or leave the directory, and by itself once a
+    /// second (not every file server tells of changes). 0: just changed, or the system cannot say.
+    virtual std::uint64_t changeStamp(const std::string &) { return 0; }
     /// Makes a rename or a new name in the directory durable.
     virtual Outcome flushDirectory(const std::string &directory) = 0;
 };

@@ -212,6 +212,7 @@ public:
     Outcome rename(const std::string &from, const std::string &to) override;
     Outcome makeDirectory(const std::string &path) override;
     Outcome list(const std::string &directory, std::vector<std::string> &names) override;
+    std::uint64_t changeStamp(const std::string &directory) override;
     Outcome flushDirectory(const std::string &directory) override;
 };
 
@@ -267,6 +268,26 @@ Outcome PosixDisk::list(const std::string &directory, std::vector<std::string> &
     const int error = errno;
     ::closedir(open);
     return error == 0 ? Outcome::Done : outcomeOf(error);
+}
+
+std::uint64_t PosixDisk::changeStamp(const std::string &directory)
+{
+    struct stat found = {};
+    timespec now = {};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    // File systems stamp in steps of up to two seconds, so that a folder that has changed within
+    // the last ones may change again and keep its time.
+    constexpr time_t kCoarsest = 3;
+    if (::stat(directory.c_str(), &found) != 0 || found.st_mtim.tv_sec > now.tv_sec - kCoarsest)
+        return 0;
+    std::uint64_t stamp = 0;
+    for (const auto part :
+         {static_cast<std::uint64_t>(found.st_dev), static_cast<std::uint64_t>(found.st_ino),
+          static_cast<std::uint64_t>(found.st_mtim.tv_sec),
+          static_cast<std::uint64_t>(found.st_mtim.tv_nsec),
+          static_cast<std::uint64_t>(now.tv_sec)})
+        stamp = (stamp ^ part) * 0x9E3779B97F4A7C15ULL + (stamp >> 29U);
+    return stamp == 0 ? 1 : stamp;
 }
 
 Outcome PosixDisk::flushDirectory(const std::string &directory)

@@ -108,12 +108,25 @@ std::string Drives::match(const std::string &parent, const std::string &name, bo
     };
     if (fits(name))
         return name;
-    std::vector<std::string> there;
-    disk.list(parent, there);
-    std::erase_if(there, [&](const std::string &entry) { return !sameName(entry, name); });
-    std::sort(there.begin(), there.end());
-    const auto found = std::find_if(there.begin(), there.end(), fits);
-    return found == there.end() ? name : *found;
+    std::vector<std::string> others;
+    for (const std::string &there : namesIn(parent)) {
+        if (sameName(there, name))
+            others.push_back(there);
+    }
+    std::sort(others.begin(), others.end());
+    const auto found = std::find_if(others.begin(), others.end(), fits);
+    return found == others.end() ? name : *found;
+}
+
+const std::vector<std::string> &Drives::namesIn(const std::string &directory) const
+{
+    const std::uint64_t stamp = disk.changeStamp(directory);
+    Listing &listing = listings[directory];
+    if (stamp == 0 || stamp != listing.stamp) {
+        disk.list(directory, listing.names);
+        listing.stamp = stamp;
+    }
+    return listing.names;
 }
 
 } // namespace platform

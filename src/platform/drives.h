@@ -3,6 +3,8 @@
 
 #include "platform/disk.h"
 
+#include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,11 +36,20 @@ public:
     static Paths systemPaths();
 
 private:
+    struct Listing {
+        std::uint64_t stamp = 0;
+        std::vector<std::string> names;
+    };
+
     std::string match(const std::string &parent, const std::string &name, bool last) const;
+    const std::vector<std::string> &namesIn(const std::string &directory) const;
 
     Disk &disk;
     std::string folder;
     Paths kind;
+    // What the folders held, as long as they have not changed: a wait asks for the same missing
+    // file hundreds of times a second.
+    mutable std::map<std::string, Listing> listings;
 };
 
 } // namespace platform

@@ -214,8 +214,10 @@ Outcome SlotFile::moveClaim(std::string_view bytes, std::uint64_t claim, std::ui
     Outcome outcome = files.rawDisk().open(files.realPath(name), OpenMode::ReadWrite, rewriting);
     if (done(outcome))
         outcome = rewriting->writeAt(target, bytes);
-    if (done(outcome) && target < claim)
-        rewriting->cutBack(claim + length, target + length); // else a tail that does not count
+    // What is left of the claim does not count as a slot. Without the lock it stays: somebody may
+    // be just behind it.
+    if (done(outcome) && target < claim && locked)
+        rewriting->cutBack(claim + length, target + length);
     return outcome;
 }
 
