@@ -190,35 +190,45 @@ Outcome SlotFile::append(std::string_view bytes, long &slot)
     return judge("Writing", outcome);
 }
 
+/// Appends first and looks afterwards: only where the bytes have landed is certain, a length that
+/// was asked for before may be that of another's half-done write.
 Outcome SlotFile::place(std::string_view bytes, std::uint64_t &landedAt)
 {
-    const Outcome outcome = file->append(bytes, landedAt);
-    if (!done(outcome) || landedAt % length == 0)
-        return outcome;
-    // Behind a torn tail. The bytes at the end are this record's claim: whoever else appends now,
-    // locked or not, claims the next ones, so that no two move to the same slot.
-    const std::uint64_t claim = landedAt;
+    std::uint64_t claim = 0;
+    const Outcome outcome = file->append(bytes, claim);
     landedAt = nearestSlot(claim) * length;
-    const Outcome moved = moveClaim(bytes, claim, landedAt);
-    if (!done(moved)) {
-        std::uint64_t end = 0;
-        if (done(file->size(end)) && end <= std::max(claim, landedAt) + length)
-            file->cutBack(end, claim);
-    }
+    if (!done(outcome) || landedAt == claim)
+        return outcome;
+    // Behind a torn tail. What the record covers now is its claim: whoever else appends, locked or
+    // not, claims the next 500 bytes, so that no two move to the same slot.
+    const Outcome moved = rewriteAt(landedAt, bytes);
+    if (!done(moved))
+        giveUp(claim, std::max(claim, landedAt) + length);
+    else if (landedAt < claim && locked)
+        file->cutBack(claim + length, landedAt + length);
+    // Without the lock what is left of the claim stays, since somebody may be just behind it. It
+    // is less than half a slot and does not count.
     return moved;
 }
 
-Outcome SlotFile::moveClaim(std::string_view bytes, std::uint64_t claim, std::uint64_t target)
+/// Takes an append back, unless somebody has written behind it.
+void SlotFile::giveUp(std::uint64_t claim, std::uint64_t end)
+{
+    std::uint64_t size = 0;
+    if (done(file->size(size)) && size <= end)
+        file->cutBack(size, claim);
+}
+
+/// Through a second descriptor: on one for appending the system ignores the offset.
+Outcome SlotFile::rewriteAt(std::uint64_t offset, std::string_view bytes)
 {
     std::unique_ptr<DiskFile> rewriting;
-    Outcome outcome = files.rawDisk().open(files.realPath(name), OpenMode::ReadWrite, rewriting);
-    if (done(outcome))
-        outcome = rewriting->writeAt(target, bytes);
-    // What is left of the claim does not count as a slot. Without the lock it stays: somebody may
-    // be just behind it.
-    if (done(outcome) && target < claim && locked)
-        rewriting->cutBack(claim + length, target + length);
-    return outcome;
+    const std::string real = files.realPath(name);
+    const Outcome outcome = files.rawDisk().open(real, OpenMode::ReadWrite, rewriting);
+    if (!done(outcome))
+        return outcome;
+    // Replaced by another just now: it is not the file that the record was appended to.
+    return file->isStillAt(real) ? rewriting->writeAt(offset, bytes) : Outcome::NotThere;
 }
 
 } // namespace platform

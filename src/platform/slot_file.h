@@ -43,7 +43,7 @@ public:
     Outcome write(long slot, std::string_view bytes);
     /// `bytes` must be one whole slot. The system places it at the end, so that it never
     /// overwrites what another process wrote, lock or no lock; `slot` is where it landed. Only
-    /// when the file's length is not a multiple of the slot length is it moved to count + 1.
+    /// when the file's length is not a multiple of the slot length is it put at count + 1.
     /// After a failure the file is as it was. Flushed to the disk before close() returns.
     Outcome append(std::string_view bytes, long &slot);
     Outcome unlock();
@@ -56,7 +56,8 @@ private:
     Outcome usable() const;
     Outcome attach();
     Outcome place(std::string_view bytes, std::uint64_t &landedAt);
-    Outcome moveClaim(std::string_view bytes, std::uint64_t claim, std::uint64_t target);
+    void giveUp(std::uint64_t claim, std::uint64_t end);
+    Outcome rewriteAt(std::uint64_t offset, std::string_view bytes);
     Outcome fillBuffer(std::uint64_t offset);
     void dropBuffer();
     std::uint64_t offsetOf(long slot) const;
