@@ -1,6 +1,7 @@
 // The wait for the payment application, through the production yield() in virtual time: when the
 // operator may cancel, when help is offered, when the application is started again.
 #include "support/tender_story.h"
+#include "tender/request.h"
 
 #include <gtest/gtest.h>
 
@@ -128,6 +129,12 @@ TEST(Wait, TakesNoResultOfAnEarlierRunForItsOwn)
         EXPECT_EQ(image, "X-Charge.exe");
         story.station.put(TenderStory::kResult, support::approvedResult());
     };
+    // It was not ended at all, and writes another one while the operator is asked.
+    story.station.put(TenderStory::kAudit, "50.00");
+    story.station.dialogs.expect(
+        "AUDIT FAILED", tender::auditQuestion("48.50", false), platform::Buttons::OkCancel,
+        platform::Answer::Ok,
+        [&] { story.station.put(TenderStory::kResult, support::approvedResult()); });
     story.paymentAnswers("RESULT=DECLINED\r\n", 5000);
     story.run();
     EXPECT_EQ(story.answer().substr(0, 10), "\"Declined\"");
@@ -156,7 +163,7 @@ TEST(Wait, KeepsTheMonthOfItsBeginningOverMidnight)
     story.station.put("F:\\Lumbrio\\Data\\CCnoPREauth.dat", "");
     story.paymentAnswers(support::approvedResult(), 4000);
     story.run();
-    EXPECT_EQ(story.month().size(), 1U);
+    ASSERT_EQ(story.month().size(), 1U);
     EXPECT_FALSE(story.station.has("F:\\Lumbrio\\data\\CCFinal0225.dat"));
     EXPECT_EQ(story.month()[0].text(records::CCDate), "01/31/25");
 }
