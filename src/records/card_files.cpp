@@ -115,7 +115,8 @@ void moveSettledRecords(App &app)
             return;
     }
     month.unlock();
-    if (app.ending() || !done(month.close()))
+    // A length that cannot be read counts 0 too: never replace what was not walked through.
+    if (app.ending() || !done(month.close()) || count == 0)
         return;
     app.files.replaceWhole(pendingPath, remaining);
 }
