@@ -323,6 +323,7 @@ PaymentRequest parsePaymentRequest(std::string_view arguments)
 std::vector<OutcomeRow> outcomeRows()
 {
     std::vector<OutcomeRow> rows;
+    rows.reserve(kRows.size());
     for (const Row &row : kRows)
         rows.push_back(row.shown);
     return rows;

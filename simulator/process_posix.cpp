@@ -11,8 +11,6 @@
 #include <thread>
 #include <unistd.h>
 
-extern "C" char **environ;
-
 namespace simulator {
 
 namespace {
@@ -20,6 +18,7 @@ namespace {
 std::vector<char *> pointersTo(std::vector<std::string> &texts)
 {
     std::vector<char *> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string &text : texts)
         pointers.push_back(text.data());
     pointers.push_back(nullptr);
