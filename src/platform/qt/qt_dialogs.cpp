@@ -48,6 +48,7 @@ Box::Box(const QString &title, const QString &text)
 
     auto *heading = new QLabel(title);
     heading->setObjectName(QStringLiteral("BoxTitle"));
+    heading->setIndent(0);
     auto *message = new QLabel(text);
     message->setObjectName(QStringLiteral("BoxText"));
     message->setTextFormat(Qt::PlainText);
@@ -62,7 +63,7 @@ Box::Box(const QString &title, const QString &text)
     commands->addStretch();
 
     auto *all = new QVBoxLayout(this);
-    all->setContentsMargins(0, 0, 0, 0);
+    all->setContentsMargins(1, 1, 1, 1);
     all->setSpacing(0);
     all->addWidget(heading);
     all->addLayout(content, 1);

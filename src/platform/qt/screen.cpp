@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QFile>
 #include <QKeyEvent>
+#include <QPalette>
 #include <QWindow>
 
 #include <utility>
@@ -17,18 +18,44 @@ static void loadAssets()
 
 namespace platform {
 
+namespace {
+
+QPalette colours()
+{
+    constexpr QRgb kGround = 0xffeef1f4;
+    constexpr QRgb kText = 0xff1c2733;
+    constexpr QRgb kQuietText = 0xff5b6b7b;
+    constexpr QRgb kDisabledText = 0xff9aa5b1;
+    constexpr QRgb kBlue = 0xff1f6feb;
+    QPalette palette(QColor::fromRgb(kGround));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, QColor::fromRgb(kText));
+        palette.setColor(QPalette::Disabled, role, QColor::fromRgb(kDisabledText));
+    }
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Button, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, QColor::fromRgb(kQuietText));
+    palette.setColor(QPalette::Highlight, QColor::fromRgb(kBlue));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    return palette;
+}
+
+} // namespace
+
 void applyTheme(QApplication &application)
 {
+    constexpr double kPlainText = 11; // points
     loadAssets();
+    QFont font = QApplication::font();
+    font.setPointSizeF(kPlainText);
+    QApplication::setFont(font);
+    QApplication::setPalette(colours());
     QFile sheet(QStringLiteral(":/theme.qss"));
     if (sheet.open(QIODevice::ReadOnly))
         application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
 }
 
-Screen::Screen(Services &theServices) : services(theServices)
-{
-    setAttribute(Qt::WA_StyledBackground);
-}
+Screen::Screen(Services &theServices) : services(theServices) {}
 
 void Screen::runModal()
 {
