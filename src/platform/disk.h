@@ -61,7 +61,8 @@ public:
     virtual bool isFile(const std::string &path) = 0;
     virtual bool isDirectory(const std::string &path) = 0;
     virtual Outcome remove(const std::string &path) = 0;
-    /// Atomic; replaces a file at `to` and takes over its permissions.
+    /// Atomic; replaces a file at `to` and takes over its permissions. Only where Windows cannot
+    /// replace an open file is it copied over it instead.
     virtual Outcome rename(const std::string &from, const std::string &to) = 0;
     virtual Outcome makeDirectory(const std::string &path) = 0;
     /// Names (not paths) in a directory, files and folders, in no particular order.

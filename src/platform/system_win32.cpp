@@ -3,6 +3,7 @@
 #include "platform/installation.h"
 #include "platform/program_search.h"
 #include "platform/system.h"
+#include "platform/wide_text_win32.h"
 
 #include <windows.h>
 
@@ -18,28 +19,9 @@ namespace {
 
 constexpr DWORD kElevationRequired = 740; // winerror.h of some compilers leaves it out
 
-std::wstring wide(const std::string &text)
-{
-    const int length = static_cast<int>(text.size());
-    std::wstring result(text.size(), L'\0');
-    const int got = MultiByteToWideChar(CP_ACP, 0, text.data(), length, result.data(), length);
-    result.resize(static_cast<std::size_t>(got));
-    return result;
-}
-
-std::string narrow(const std::wstring &text)
-{
-    const int length = static_cast<int>(text.size());
-    std::string result(2 * text.size(), '\0');
-    const int got = WideCharToMultiByte(CP_ACP, 0, text.data(), length, result.data(),
-                                        static_cast<int>(result.size()), nullptr, nullptr);
-    result.resize(static_cast<std::size_t>(got));
-    return result;
-}
-
 bool isFile(const std::string &path)
 {
-    const DWORD attributes = GetFileAttributesW(wide(path).c_str());
+    const DWORD attributes = GetFileAttributesW(wideText(path).c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
@@ -113,13 +95,14 @@ public:
         if (!call)
             return Outcome::NotThere;
         // In quotes, so that the started program takes its arguments apart at the right blank.
-        return create(quoted(wide(drives.resolve(call->program))) + L" " + wide(call->arguments),
+        return create(quoted(wideText(drives.resolve(call->program))) + L" " +
+                          wideText(call->arguments),
                       style);
     }
 
     void killImage(const std::string &imageName) override
     {
-        create(wide("cmd.exe /c TASKKILL /IM " + imageName + " /F"), WindowStyle::Minimised);
+        create(wideText("cmd.exe /c TASKKILL /IM " + imageName + " /F"), WindowStyle::Minimised);
     }
 
     std::string computerName() override
@@ -135,7 +118,7 @@ public:
         std::wstring path(32768, L'\0'); // the longest path that Windows has
         path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
         const std::wstring name = path.substr(path.find_last_of(L"\\/") + 1);
-        return narrow(name.substr(0, name.rfind(L'.')));
+        return narrowText(name.substr(0, name.rfind(L'.')));
     }
 
     Outcome openEditor(const std::string &path) override
@@ -158,7 +141,7 @@ public:
 
     void playSound(const std::string &path) override
     {
-        const std::wstring sound = wide(drives.resolve(path));
+        const std::wstring sound = wideText(drives.resolve(path));
         PlaySoundW(sound.c_str(), nullptr, SND_FILENAME | SND_ASYNC | SND_NODEFAULT);
     }
 
@@ -167,13 +150,13 @@ private:
                         const std::wstring &usual)
     {
         if (command.empty())
-            return shellOpen(wide(what), usual);
+            return shellOpen(wideText(what), usual);
         std::string line = command;
         if (const std::size_t at = line.find("%1"); at != std::string::npos)
             line.replace(at, 2, what);
         else
             line += " \"" + what + "\"";
-        return create(wide(line), WindowStyle::Normal);
+        return create(wideText(line), WindowStyle::Normal);
     }
 
     static constexpr std::chrono::milliseconds kConnectionLimit{2000};

@@ -113,13 +113,12 @@ TEST_F(DiskTest, reads_past_the_end_as_nothing)
 
 TEST_F(DiskTest, replaces_a_file_that_others_hold_open)
 {
-    put("file", "old");
+    put("file", "old and longer");
     put("new", "fresh");
     ASSERT_EQ(open("file", OpenMode::ReadWrite), Outcome::Done);
     ASSERT_EQ(file->tryLock(), Outcome::Done);
     EXPECT_TRUE(file->isStillAt(at("file")));
     EXPECT_EQ(disk->rename(at("new"), at("file")), Outcome::Done);
-    EXPECT_FALSE(file->isStillAt(at("file")));
     EXPECT_EQ(get("file"), "fresh");
     EXPECT_FALSE(disk->isFile(at("new")));
     EXPECT_EQ(disk->flushDirectory(folder.path()), Outcome::Done);
@@ -131,7 +130,6 @@ TEST_F(DiskTest, removes_a_file_that_others_hold_open)
     put("file", "old");
     ASSERT_EQ(open("file", OpenMode::Read), Outcome::Done);
     EXPECT_EQ(disk->remove(at("file")), Outcome::Done);
-    EXPECT_FALSE(file->isStillAt(at("file")));
     file.reset();
     EXPECT_FALSE(disk->isFile(at("file")));
     EXPECT_EQ(disk->remove(at("file")), Outcome::NotThere);

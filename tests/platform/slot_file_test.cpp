@@ -49,7 +49,7 @@ protected:
         station.dialogs.expect("", what + "\n" + kPath, platform::Buttons::Ok,
                                platform::Answer::Ok);
     }
-    long reads() const
+    std::ptrdiff_t reads() const
     {
         const auto &log = station.disk.operationLog();
         return std::count_if(log.begin(), log.end(), [](const std::string &line) {

@@ -1,4 +1,4 @@
-// Paths of the contracts on real folders.
+// Paths of the contracts on folders that tell capitals from small letters.
 #include "support/test_station.h"
 
 #include <gtest/gtest.h>
@@ -77,14 +77,10 @@ TEST_F(DrivesTest, keeps_the_spelling_of_what_is_not_there_in_the_folder_that_is
 
 TEST_F(DrivesTest, prefers_the_exact_spelling)
 {
-    if (!fs::is_empty(folder.path()))
-        FAIL();
     file("c/DATA/only.dat");
     file("c/data/CCPENDING.dat");
     file("c/data/CCPending.dat");
     file("c/data/ccpending.dat");
-    if (std::distance(fs::directory_iterator(drives.root() + "/c"), {}) == 1)
-        GTEST_SKIP() << "this file system does not tell capitals from small letters";
     for (const auto &[path, real] : {
              Case{"c:\\data\\CCPending.dat", "c/data/CCPending.dat"},
              {"c:\\data\\ccpending.dat", "c/data/ccpending.dat"},
