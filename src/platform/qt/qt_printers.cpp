@@ -8,6 +8,7 @@
 #include <QProcess>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace platform {
@@ -29,27 +30,42 @@ bool prints(const PrintJob &job)
     });
 }
 
+/// The printer's own paper with its smallest margins; on a roll, paper as long as the job where
+/// the driver can. Gives the printable height in dots, 0 for such a roll.
+double choosePaper(QPrinter &printer, const QPrinterInfo &info, const PrintJob &job,
+                   Banners &banners, CutStyle cutStyle)
+{
+    QPageSize paper = info.defaultPageSize();
+    if (!paper.isValid())
+        paper = printer.pageLayout().pageSize();
+    const bool roll = paper.size(QPageSize::Millimeter).width() <= kWidestRoll + 2;
+    printer.setPageSize(paper);
+    printer.setPageOrientation(job.landscape && !roll ? QPageLayout::Landscape
+                                                      : QPageLayout::Portrait);
+    if (!roll)
+        return printer.height();
+
+    const QMarginsF least = printer.pageLayout().minimumMargins();
+    printer.setPageMargins(least, QPageLayout::Point);
+    if (!info.supportsCustomPageSizes())
+        return printer.height();
+    PrintPainter ruler(printer, banners, printer.width(), 0, cutStyle);
+    const double inches = ruler.measure(job) / printer.logicalDpiY();
+    const double points = inches * 72 + least.top() + least.bottom();
+    const QSizeF whole(paper.size(QPageSize::Point).width(), std::ceil(points));
+    printer.setPageSize(QPageSize(whole, QPageSize::Point, {}, QPageSize::ExactMatch));
+    return 0;
+}
+
 Outcome paintOn(const QPrinterInfo &info, const PrintJob &job, Banners &banners, CutStyle cutStyle)
 {
     QPrinter printer(info, QPrinter::HighResolution);
     printer.setDocName(toQt(job.title));
-    QSizeF paper = printer.pageLayout().pageSize().size(QPageSize::Millimeter);
-    const bool roll = std::min(paper.width(), paper.height()) <= kWidestRoll + 2;
-    printer.setPageOrientation(job.landscape && !roll ? QPageLayout::Landscape
-                                                      : QPageLayout::Portrait);
-    const bool ownLength = roll && info.supportsCustomPageSizes();
-    if (ownLength) {
-        PrintPainter ruler(printer, banners, printer.width(), 0, cutStyle);
-        const QMarginsF margins = printer.pageLayout().margins(QPageLayout::Millimeter);
-        const double length = ruler.measure(job) / printer.logicalDpiY() * 25.4;
-        paper.setHeight(length + margins.top() + margins.bottom() + 1);
-        printer.setPageSize(QPageSize(paper, QPageSize::Millimeter, {}, QPageSize::ExactMatch));
-    }
+    const double pageHeight = choosePaper(printer, info, job, banners, cutStyle);
     QPainter onto;
     if (!onto.begin(&printer))
         return Outcome::Broken;
-    PrintPainter painter(printer, banners, printer.width(), ownLength ? 0 : printer.height(),
-                         cutStyle);
+    PrintPainter painter(printer, banners, printer.width(), pageHeight, cutStyle);
     painter.paint(job, onto, [&printer] { printer.newPage(); });
     return onto.end() && printer.printerState() != QPrinter::Error ? Outcome::Done
                                                                    : Outcome::Broken;
