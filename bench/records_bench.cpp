@@ -1,0 +1,251 @@
+// Card records on the disk against SQLite, side by side in one process: one record appended and
+// flushed, and a file of 100,000 read. Processes of their own tell how much memory a reader needs.
+#include "bench/headless.h"
+#include "bench/measure.h"
+#include "bench/sqlite_rows.h"
+#include "records/card_files.h"
+#include "simulator/process.h"
+#include "simulator/records_generator.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <deque>
+#include <fstream>
+#include <functional>
+#include <random>
+#include <string_view>
+
+namespace {
+
+using namespace bench;
+using records::CardRecord;
+using records::kCardSlotLength;
+
+constexpr std::size_t kManyRecords = 100'000;
+constexpr std::size_t kFewRecords = 1'000;
+const std::string kAppendFile = "F:\\Lumbrio\\CCPending.dat";
+const std::string kManyFile = "F:\\Lumbrio\\Many.dat";
+const std::string kFewFile = "F:\\Lumbrio\\Few.dat";
+
+using Take = std::function<void(const CardRecord &)>;
+
+/// One way to do a thing, and how long it took each time.
+struct Contestant {
+    std::string name;
+    std::function<void(std::size_t round)> act;
+    Series time;
+};
+
+/// Each round everybody acts once, in an order of its own, so that nobody always comes behind the
+/// same one.
+void run(std::deque<Contestant> &contestants, std::size_t rounds, double unitsPerMillisecond)
+{
+    std::vector<Contestant *> order;
+    for (Contestant &contestant : contestants)
+        order.push_back(&contestant);
+    std::minstd_rand random;
+    for (std::size_t round = 0; round < rounds; ++round) {
+        std::shuffle(order.begin(), order.end(), random);
+        for (Contestant *contestant : order) {
+            const Instant start = now();
+            contestant->act(round);
+            contestant->time.add(millisecondsSince(start) * unitsPerMillisecond);
+        }
+    }
+}
+
+/// The fastest by the median of those whose name begins so.
+const Contestant &best(const std::deque<Contestant> &contestants, std::string_view beginning)
+{
+    const Contestant *found = nullptr;
+    for (const Contestant &each : contestants) {
+        if (each.name.starts_with(beginning) &&
+            (found == nullptr || each.time.median() < found->time.median()))
+            found = &each;
+    }
+    return *found;
+}
+
+/// What an append costs is the flush; what can differ is how many there are and the work around
+/// them. All of SQLite's durable modes are tried, then the best of them meets addRecord.
+void benchAppends(Headless &station, const std::string &folder, Report &report)
+{
+    const auto rounds =
+        static_cast<std::size_t>(countFromEnvironment("LUMBRIO_BENCH_APPENDS", 1500));
+    const std::size_t trials = rounds / 10 + 1;
+    const simulator::Evening evening(trials + rounds);
+    std::vector<CardRecord> records;
+    for (std::size_t n = 0; n < evening.size(); ++n)
+        records.push_back(evening.record(n));
+
+    std::deque<SqliteRows> databases;
+    std::deque<Contestant> modes;
+    for (const std::string mode : {"WAL", "PERSIST", "TRUNCATE", "DELETE"}) {
+        SqliteRows &rows = databases.emplace_back(folder + "/" + mode + ".db", mode);
+        modes.push_back(
+            {"SQLite insert, " + mode, [&](std::size_t n) { rows.insert(records[n]); }, {}});
+    }
+    run(modes, trials, 1000);
+    for (const Contestant &mode : modes)
+        report.line(mode.name, mode.time, "us");
+
+    long stored = 0;
+    const auto add = [&](std::size_t n) {
+        stored += records::addRecord(station.app, kAppendFile, records[trials + n]).stored();
+    };
+    const Contestant &rival = best(modes, "SQLite");
+    std::deque<Contestant> duel = {{"addRecord", add, {}}, {rival.name, rival.act, {}}};
+    run(duel, rounds, 1000);
+    for (const Contestant &each : duel)
+        report.line(each.name, each.time, "us");
+    report.atMost("addRecord / " + rival.name, ratios(duel[0].time, duel[1].time).median(), 1.0,
+                  "median ratio");
+    const long expected = static_cast<long>(rounds);
+    if (stored != expected || records::countRecords(station.app, kAppendFile) != expected)
+        report.fail("not every record was stored");
+    if (!std::all_of(databases.begin(), databases.end(), [&](SqliteRows &rows) {
+            return rows.works() && rows.count() >= static_cast<long>(trials);
+        }))
+        report.fail("not every row was stored");
+}
+
+/// The way a list reads its file; without the lock slot by slot, with it ahead.
+void readSlots(records::App &app, const std::string &path, bool locked, const Take &take)
+{
+    platform::SlotFile slots(app.files, path, kCardSlotLength);
+    slots.open(platform::SlotUse::Read);
+    if (locked)
+        slots.lock();
+    const long count = slots.count();
+    CardRecord record;
+    for (long slot = 1; slot <= count; ++slot) {
+        slots.read(slot, record.data());
+        take(record);
+    }
+}
+
+/// True when `read` gives just the records of the evening.
+bool givesAll(const simulator::Evening &evening, const std::function<void(const Take &)> &read)
+{
+    std::size_t n = 0;
+    bool same = true;
+    read([&](const CardRecord &record) { same = same && record == evening.record(n++); });
+    return same && n == evening.size();
+}
+
+void benchReads(Headless &station, const std::string &folder, Report &report)
+{
+    const auto rounds = static_cast<std::size_t>(countFromEnvironment("LUMBRIO_BENCH_READS", 15));
+    const simulator::Evening evening(kManyRecords);
+    simulator::writeCardFile(station.files, kManyFile, evening);
+    const std::string database = folder + "/many.db";
+    SqliteRows rows(database, "DELETE");
+    rows.execute("BEGIN");
+    for (std::size_t n = 0; n < evening.size(); ++n)
+        rows.insert(evening.record(n));
+    rows.execute("COMMIT");
+    SqliteRows mapped(database, "DELETE", true);
+
+    std::size_t sum = 0;
+    const Take look = [&sum](const CardRecord &record) {
+        sum += static_cast<unsigned char>(record.view().front());
+    };
+    using Read = std::function<void(const Take &)>;
+    const std::vector<std::pair<std::string, Read>> ways = {
+        {"SlotFile, locked",
+         [&](const Take &take) { readSlots(station.app, kManyFile, true, take); }},
+        {"SlotFile, not locked",
+         [&](const Take &take) { readSlots(station.app, kManyFile, false, take); }},
+        {"SQLite", [&](const Take &take) { rows.readAll(take); }},
+        {"SQLite, mapped", [&](const Take &take) { mapped.readAll(take); }},
+    };
+    std::deque<Contestant> contestants;
+    for (const auto &[name, read] : ways) {
+        if (!givesAll(evening, read))
+            report.fail(name + " does not give the records that were written");
+        contestants.push_back({name, [&look, read = read](std::size_t) { read(look); }, {}});
+    }
+    run(contestants, rounds, 1);
+
+    for (const Contestant &each : contestants)
+        report.line(each.name, each.time, "ms");
+    const Contestant &sqlite = best(contestants, "SQLite");
+    for (const Contestant &each : contestants) {
+        if (each.name.starts_with("SlotFile"))
+            report.atLeast(sqlite.name + " / " + each.name, ratios(sqlite.time, each.time).median(),
+                           5.0, "median ratio");
+    }
+    if (sum == 0 || !rows.works() || !mapped.works())
+        report.fail("the records read were empty");
+}
+
+/// The most memory that this process had in use, in kB.
+long peakMemory()
+{
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with("VmHWM:"))
+            return std::atol(line.c_str() + 6);
+    }
+    return 0;
+}
+
+/// A second process: reads every record of the file and writes its peak memory into `into`.
+int measureReader(const std::string &folder, const std::string &path, const std::string &into)
+{
+    Headless station(folder);
+    long records = 0;
+    for (const bool locked : {true, false})
+        readSlots(station.app, path, locked, [&](const CardRecord &) { ++records; });
+    std::ofstream(into) << peakMemory() << ' ' << records << '\n';
+    return 0;
+}
+
+void benchMemory(const std::string &folder, Report &report)
+{
+    const std::string program = simulator::ownFolder() + "/records_bench";
+    const std::string into = folder + "/memory";
+    Series few;
+    Series many;
+    for (int round = 0; round < 5; ++round) {
+        for (const std::string &path : {kFewFile, kManyFile}) {
+            simulator::ChildProcess reader(program, {"--reader", folder, path, into}, {});
+            reader.waitForEnd(0);
+            std::ifstream answer(into);
+            long kilobytes = 0;
+            std::size_t records = 0;
+            answer >> kilobytes >> records;
+            if (records != 2 * (path == kFewFile ? kFewRecords : kManyRecords))
+                report.fail("the reading process did not read every record");
+            (path == kFewFile ? few : many).add(static_cast<double>(kilobytes) / 1024);
+        }
+    }
+    report.line("peak memory, 1,000 records", few, "MB");
+    report.line("peak memory, 100,000 records", many, "MB");
+    report.atMost("difference", many.median() - few.median(), 0.5, "MB");
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc == 5 && std::string_view(argv[1]) == "--reader")
+        return measureReader(argv[2], argv[3], argv[4]);
+    const WorkFolder work;
+    if (!work.isOnDisk()) {
+        std::fprintf(stderr, "%s is kept in memory; set LUMBRIO_BENCH_FOLDER to a real disk\n",
+                     work.path().c_str());
+        return 2;
+    }
+    Headless station(work.path());
+    for (const char *folder : {"F:\\", "F:\\Lumbrio\\"})
+        station.files.makeFolder(folder);
+    simulator::writeCardFile(station.files, kFewFile, simulator::Evening(kFewRecords));
+
+    Report report("Card records on the disk");
+    benchAppends(station, work.path(), report);
+    benchReads(station, work.path(), report);
+    benchMemory(work.path(), report);
+    return report.result();
+}
