@@ -50,10 +50,19 @@ void putLook(QWidget &widget, const char *property, const char *look)
     widget.style()->polish(&widget);
 }
 
+/// Before the screen is shown nothing is said twice: showing a part, even one that is not hidden,
+/// lays it out at once, in a size that it will not have.
+void putVisible(QWidget &part, bool visible)
+{
+    const bool hidden = part.isHidden() && part.testAttribute(Qt::WA_WState_ExplicitShowHide);
+    if (visible == hidden)
+        part.setVisible(visible);
+}
+
 void put(QAbstractButton &command, const CommandState &state)
 {
     command.setEnabled(state.enabled);
-    command.setVisible(state.visible);
+    putVisible(command, state.visible);
 }
 
 const char *lookOf(StateColour colour)
@@ -157,7 +166,7 @@ void Xcharge1::showCard(const TenderFields &fields)
         put(*Label3[item], fields.Label3[item]);
     put(*ui->Text2, fields.Text2);
     put(*ui->Text5, fields.Text5);
-    ui->swipeRow->setVisible(!fields.boxesLocked);
+    putVisible(*ui->swipeRow, !fields.boxesLocked);
 }
 
 void Xcharge1::showState(const TenderFields &fields)
@@ -167,30 +176,30 @@ void Xcharge1::showState(const TenderFields &fields)
     putLook(*ui->stateWord, "state", lookOf(state.colour));
     ui->stateWord->setText(toQt(state.word));
     ui->stateHint->setText(toQt(state.hint));
-    ui->stateHint->setVisible(!state.hint.empty());
+    putVisible(*ui->stateHint, !state.hint.empty());
     put(*ui->Text3, fields.Text3);
     putLook(*ui->Text3, "state", fields.Text3Red ? "declined" : "");
     put(*ui->Text1, fields.Text1);
     ui->Text1->setEchoMode(fields.Text1Masked ? QLineEdit::Password : QLineEdit::Normal);
-    ui->resultRow->setVisible(!fields.Text1.empty());
+    putVisible(*ui->resultRow, !fields.Text1.empty());
     put(*ui->Label4, fields.Label4);
     put(*ui->Label7, fields.Label7);
     ui->waitBar->setValue(ui->Label7->text().toInt());
-    ui->countRow->setVisible(fields.Label7Visible);
+    putVisible(*ui->countRow, fields.Label7Visible);
 }
 
 void Xcharge1::showPanels(const TenderFields &fields)
 {
-    ui->SSPanel2->setVisible(fields.SSPanel2Visible);
-    ui->SSPanel4->setVisible(fields.SSPanel4Visible);
+    putVisible(*ui->SSPanel2, fields.SSPanel2Visible);
+    putVisible(*ui->SSPanel4, fields.SSPanel4Visible);
     ui->SSPanel4_text->setText(toQt(fields.SSPanel4));
     putLook(*ui->SSPanel4_text, "state", fields.SSPanel4Red ? "declined" : "");
-    ui->SSRibbon1->setVisible(fields.SSRibbonsVisible);
-    ui->SSRibbon2->setVisible(fields.SSRibbonsVisible);
-    ui->SSPanel5->setVisible(fields.SSPanel5Visible);
-    ui->stateCard->setVisible(!fields.SSPanel5Visible);
-    ui->detailsCard->setVisible(!fields.SSPanel5Visible);
-    ui->slipsCard->setVisible(!fields.SSPanel5Visible);
+    putVisible(*ui->SSRibbon1, fields.SSRibbonsVisible);
+    putVisible(*ui->SSRibbon2, fields.SSRibbonsVisible);
+    putVisible(*ui->SSPanel5, fields.SSPanel5Visible);
+    putVisible(*ui->stateCard, !fields.SSPanel5Visible);
+    putVisible(*ui->detailsCard, !fields.SSPanel5Visible);
+    putVisible(*ui->slipsCard, !fields.SSPanel5Visible);
 }
 
 void Xcharge1::showCommands(const TenderFields &fields)
@@ -198,10 +207,10 @@ void Xcharge1::showCommands(const TenderFields &fields)
     put(*ui->SSCommand1, fields.SSCommand1);
     put(*ui->SSCommand2, fields.SSCommand2);
     // Disabled in the form: nothing stands behind these commands yet.
-    ui->SSCommand3->setVisible(fields.SSCommand3.visible);
-    ui->SSCommand4->setVisible(fields.SSCommand4.visible);
-    ui->SSCommand5->setVisible(fields.SSCommand5.visible);
-    ui->SSCommand6->setVisible(fields.SSCommand6.visible);
+    putVisible(*ui->SSCommand3, fields.SSCommand3.visible);
+    putVisible(*ui->SSCommand4, fields.SSCommand4.visible);
+    putVisible(*ui->SSCommand5, fields.SSCommand5.visible);
+    putVisible(*ui->SSCommand6, fields.SSCommand6.visible);
 }
 
 void Xcharge1::showOptions(const TenderFields &fields)
