@@ -207,4 +207,26 @@ TEST_F(ScreenOnTheProgramsLoop, OutlivesTheHandlerOfACommand)
     turnUntilHandled();
 }
 
+// A modal screen may stay open all day; what its timers let go of must not pile up until then.
+TEST_F(ScreenOnTheProgramsLoop, IsDestroyedWhileAModalWaitGoesOn)
+{
+    platform::Timer timer(clock, [&] {
+        timer.setInterval(0);
+        panel.reset();
+    });
+    timer.setInterval(100);
+    QMetaObject::invokeMethod(
+        &loop,
+        [&] {
+            while (panel != nullptr)
+                run.yield();
+            turn(3);
+            EXPECT_EQ(Panel::destroyed, 1);
+            handled = true;
+        },
+        Qt::QueuedConnection);
+    while (!handled)
+        run.yield();
+}
+
 } // namespace
