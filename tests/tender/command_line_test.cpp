@@ -31,22 +31,4 @@ TEST(CommandLineText, IsTheGoldenOneInEachMode)
     EXPECT_EQ(lines, support::testFile("golden/tender/command_lines.txt"));
 }
 
-TEST(CommandLineText, TakesItsValuesAsTheyAre)
-{
-    PaymentCall call = payment();
-    call.receipt.clear();
-    call.clerk = "\"7 8\" ";
-    call.password = "a b";
-    const std::string line = commandLine(call);
-    EXPECT_NE(line.find(" /LOCKAMOUNT /RECEIPT: /LOCKRECEIPT /CLERK:\"7 8\"  /LOCKCLERK "),
-              std::string::npos);
-    EXPECT_NE(line.find(" /PASSWORD:a b /STAYONTOP "), std::string::npos);
-
-    // The trace lists the same options, one a line.
-    std::string joined = kXchargeProgram;
-    for (const std::string &part : commandLineParts(call))
-        joined += " " + part;
-    EXPECT_EQ(joined, line);
-}
-
 } // namespace

@@ -100,13 +100,4 @@ TEST(Request, KnowsTheDeletionOfAPrepaymentByNineLetters)
         EXPECT_EQ(isDeletedPrepayment(table), deletes) << table;
 }
 
-TEST(Request, LiesBesideItsAuditAndAnswerUnderTheDirectoryAsItStands)
-{
-    ProcessValues process;
-    process.Maindir = "C:\\Lumbrio"; // no last backslash: not repaired
-    EXPECT_EQ(requestFile(process), "C:\\LumbrioXsend.req");
-    EXPECT_EQ(auditFile(process), "C:\\LumbrioXAudit.DAT");
-    EXPECT_EQ(answerFile(process), "C:\\LumbrioXsend.ans");
-}
-
 } // namespace

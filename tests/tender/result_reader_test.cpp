@@ -150,13 +150,6 @@ TEST_F(ResultFile, ThatSaysNothingLeavesTheResponseAndABalanceOfZero)
     EXPECT_FALSE(station.run.ending());
 }
 
-TEST_F(ResultFile, CutInALineGivesWhatItSaysAndNoMore)
-{
-    const CardRecord &CCdata = read(support::testFile("broken/tender/result_cut_in_a_line.txt"));
-    EXPECT_EQ(CCdata.text(CResponse), "SUCCESS");
-    EXPECT_TRUE(CCdata.isEmpty(CCApprovedAmt));
-}
-
 TEST_F(ResultFile, OfTenMegabytesIsReadToItsLimitButNeverIntoHalfALine)
 {
     const std::string head = "RESULT=SUCCESS\r\n";
@@ -168,16 +161,6 @@ TEST_F(ResultFile, OfTenMegabytesIsReadToItsLimitButNeverIntoHalfALine)
     EXPECT_TRUE(CCdata.isEmpty(CCApprovedAmt)) << CCdata.text(CCApprovedAmt);
     EXPECT_TRUE(read(std::string(10U << 20U, '=')).isEmpty(CResponse));
     EXPECT_LT(station.get("C:\\Lumbrio\\CCLastProcess.dat").size(), 2 * kResultLimit);
-}
-
-TEST_F(ResultFile, IsReadEvenWhenNothingCanBeWritten)
-{
-    for (const char *name : {"ResponseBACKUP.txt", "CCLastProcess.dat", "XLMread.txt"}) {
-        for (const char *operation : {"open", "write", "append", "rename"})
-            station.disk.failOn(operation, name, Outcome::Denied);
-    }
-    EXPECT_EQ(read("RESULT=SUCCESS\n").text(CResponse), "SUCCESS");
-    EXPECT_FALSE(station.run.ending());
 }
 
 } // namespace

@@ -37,39 +37,6 @@ TenderFields waiting(bool X1009)
     return fields;
 }
 
-TEST(WaitCount, SetsOffItsReactionWhenItChanges)
-{
-    struct Case {
-        int count;
-        const char *commandLine, *local;
-    };
-    const Case cases[] = {
-        {9, "waiting", "waiting"},
-        {10, "", "waiting"},
-        {20, "waiting", "waiting"},
-        {21, "waiting +cancel", "waiting +cancel"},
-        {48, "waiting +cancel", "waiting +cancel"},
-        {49, "waiting +cancel +INTERNET or Phone Line may be DOWN",
-         "waiting +cancel +INTERNET or Phone Line may be DOWN"},
-        {50, "waiting +cancel", "waiting +cancel"},
-        {51, "Connection Problems Press Cancel +cancel",
-         "Connection Problems Press Cancel +cancel"},
-    };
-    for (const Case &c : cases) {
-        for (const bool X1009 : {true, false}) {
-            TenderFields fields = waiting(X1009);
-            Label7_Change(c.count, fields);
-            EXPECT_EQ(seen(fields), X1009 ? c.commandLine : c.local) << c.count;
-        }
-    }
-    std::string offline;
-    for (int count = 0; count < 200; ++count) {
-        TenderFields fields;
-        offline += Label7_Change(count, fields) ? std::to_string(count) + " " : "";
-    }
-    EXPECT_EQ(offline, "20 60 120 180 ");
-}
-
 TEST(WaitTimer, ClimbsItsLadderUntilTheTickThatStopsIt)
 {
     struct Case {
@@ -97,26 +64,6 @@ TEST(WaitTimer, ClimbsItsLadderUntilTheTickThatStopsIt)
         EXPECT_EQ(fields.Label4, std::to_string(c.count + 1));
         EXPECT_EQ(StopWaiting, 0);
     }
-}
-
-TEST(WaitTimer, InCommandLineModeOffersCancelAtOnceAndClearsTheStatusAtTen)
-{
-    std::uint16_t StopWaiting = 0;
-    TenderFields early = waiting(true);
-    EXPECT_FALSE(waitTimerTick(3, early, StopWaiting));
-    EXPECT_EQ(seen(early), "Waiting for Response from X-Charge +cancel");
-    TenderFields ten = waiting(true);
-    EXPECT_TRUE(waitTimerTick(10, ten, StopWaiting));
-    EXPECT_EQ(seen(ten), " +cancel +wait panel");
-
-    // A wait that was stopped: no panel any more, but Cancel.
-    StopWaiting = 65535;
-    TenderFields stopped = waiting(true);
-    EXPECT_FALSE(waitTimerTick(10, stopped, StopWaiting));
-    EXPECT_EQ(seen(stopped), "waiting +cancel");
-    stopped = waiting(true);
-    waitTimerTick(8, stopped, StopWaiting);
-    EXPECT_EQ(seen(stopped), "waiting");
 }
 
 } // namespace
