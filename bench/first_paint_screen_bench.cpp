@@ -8,8 +8,9 @@
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
+
 #include <functional>
-#include <optional>
+#include <set>
 #include <thread>
 
 namespace {
@@ -29,33 +30,45 @@ public:
     Eye &operator=(const Eye &) = delete;
     bool isOpen() const { return display != nullptr; }
 
-    /// True when a pixel in the rows looked at has another colour than the empty display.
-    bool seesSomething() const
+    /// Waits, at most ten seconds, until the display shows nothing, or something.
+    bool waitForNothing() const
     {
-        constexpr int kRows = 7;
-        const int screen = DefaultScreen(display);
-        const auto width = static_cast<unsigned>(DisplayWidth(display, screen));
-        for (int row = 1; row <= kRows; ++row) {
-            const int y = DisplayHeight(display, screen) * row / (kRows + 1);
-            XImage *pixels =
-                XGetImage(display, DefaultRootWindow(display), 0, y, width, 1, AllPlanes, ZPixmap);
-            if (pixels == nullptr)
-                return false;
-            bool other = false;
-            for (int x = 0; x < static_cast<int>(width) && !other; ++x)
-                other = XGetPixel(pixels, x, 0) != BlackPixel(display, screen);
-            XDestroyImage(pixels);
-            if (other)
-                return true;
-        }
-        return false;
+        return waitUntil([this] { return !showsMoreThan(1); });
+    }
+    bool waitForPixel() const
+    {
+        return waitUntil([this] { return showsMoreThan(1); });
+    }
+    /// Letters come in many shades; what has no words has few.
+    bool waitForWords() const
+    {
+        return waitUntil([this] { return showsMoreThan(24); });
     }
 
-    /// Waits, at most ten seconds, until the display shows something or nothing.
-    bool waitUntil(bool something) const
+private:
+    /// The colours in some rows of the display, the empty display's among them.
+    bool showsMoreThan(std::size_t colours) const
+    {
+        constexpr int kRows = 15;
+        const int screen = DefaultScreen(display);
+        const int width = DisplayWidth(display, screen);
+        std::set<unsigned long> seen = {BlackPixel(display, screen)};
+        for (int row = 1; row <= kRows && seen.size() <= colours; ++row) {
+            const int y = DisplayHeight(display, screen) * row / (kRows + 1);
+            XImage *pixels = XGetImage(display, DefaultRootWindow(display), 0, y,
+                                       static_cast<unsigned>(width), 1, AllPlanes, ZPixmap);
+            for (int x = 0; pixels != nullptr && x < width; ++x)
+                seen.insert(XGetPixel(pixels, x, 0));
+            if (pixels != nullptr)
+                XDestroyImage(pixels);
+        }
+        return seen.size() > colours;
+    }
+
+    static bool waitUntil(const std::function<bool()> &seen)
     {
         const Instant start = now();
-        while (seesSomething() != something) {
+        while (!seen()) {
             if (millisecondsSince(start) > 10'000)
                 return false;
             std::this_thread::sleep_for(std::chrono::microseconds(200));
@@ -63,22 +76,25 @@ public:
         return true;
     }
 
-private:
     Display *display;
 };
 
-/// Milliseconds from the start of a program to its first pixel; the program is ended then.
-std::optional<double> timeToPixel(const Eye &eye,
-                                  const std::function<simulator::ChildProcess()> &startProgram)
+/// Starts a program and waits for its window; ends it then. False when nothing was seen.
+bool look(const Eye &eye, const std::function<simulator::ChildProcess()> &startProgram,
+          Series &toPixel, Series *toWords)
 {
-    if (!eye.waitUntil(false))
-        return std::nullopt;
+    if (!eye.waitForNothing())
+        return false;
     const Instant start = now();
     simulator::ChildProcess program = startProgram();
-    const bool seen = eye.waitUntil(true);
-    const double passed = millisecondsSince(start);
+    bool seen = eye.waitForPixel();
+    toPixel.add(millisecondsSince(start));
+    if (seen && toWords != nullptr) {
+        seen = eye.waitForWords();
+        toWords->add(millisecondsSince(start));
+    }
     program.kill();
-    return seen ? std::optional(passed) : std::nullopt;
+    return seen;
 }
 
 } // namespace
@@ -104,21 +120,18 @@ int main()
     const auto startBare = [&] {
         return simulator::ChildProcess(programs + "/bare_window", {"--stay"}, environment, false);
     };
-    Series tender, bare;
+    Series tender, words, bare;
     const int rounds = countFromEnvironment("LUMBRIO_BENCH_PAINTS", 40);
     for (int round = 0; round < rounds; ++round) {
         simulator::leaveRequest(place, {"12", "1043", "7", "48.50", {}});
-        const std::optional<double> one = timeToPixel(eye, startBare);
-        const std::optional<double> other = timeToPixel(eye, startTender);
-        if (!one || !other) {
+        if (!look(eye, startBare, bare, nullptr) || !look(eye, startTender, tender, &words)) {
             report.fail("a window was not seen");
             return report.result();
         }
-        bare.add(*one);
-        tender.add(*other);
     }
     report.line("bare window, start to first pixel", bare, "ms");
     report.line("TndrCC, start to first pixel", tender, "ms");
+    report.line("TndrCC, start to its words", words, "ms");
     report.atMost("TndrCC / bare window", ratios(tender, bare).median(), 1.5, "median ratio");
     return report.result();
 }
