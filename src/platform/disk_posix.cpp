@@ -283,9 +283,7 @@ std::uint64_t PosixDisk::changeStamp(const std::string &directory)
     std::uint64_t stamp = 0;
     for (const auto part :
          {static_cast<std::uint64_t>(found.st_dev), static_cast<std::uint64_t>(found.st_ino),
-          static_cast<std::uint64_t>(found.st_mtim.tv_sec),
-          static_cast<std::uint64_t>(found.st_mtim.tv_nsec),
-          static_cast<std::uint64_t>(now.tv_sec)})
+          static_cast<std::uint64_t>(found.st_mtim.tv_sec), static_cast<std::uint64_t>(now.tv_sec)})
         stamp = (stamp ^ part) * 0x9E3779B97F4A7C15ULL + (stamp >> 29U);
     return stamp == 0 ? 1 : stamp;
 }

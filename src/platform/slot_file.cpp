@@ -146,7 +146,7 @@ Outcome SlotFile::fillBuffer(std::uint64_t offset)
     bufferAt = offset;
     std::size_t got = 0;
     const Outcome outcome = file->readAt(offset, buffer.data(), buffer.size(), got);
-    buffer.resize(done(outcome) ? got : 0);
+    buffer.resize(got);
     return outcome;
 }
 

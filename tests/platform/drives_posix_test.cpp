@@ -113,6 +113,17 @@ TEST_F(DrivesTest, sees_at_once_what_appears_in_a_folder_that_was_quiet)
     EXPECT_EQ(resolved(path), "c/Lumbrio/xresultfile.txt");
 }
 
+TEST_F(DrivesTest, sees_what_appears_within_one_step_of_the_file_systems_clock)
+{
+    file("c/Lumbrio/other.dat");
+    const fs::path busy = drives.root() + "/c/Lumbrio";
+    const auto changed = fs::last_write_time(busy);
+    EXPECT_EQ(resolved("C:\\lumbrio\\xresultfile.txt"), "c/Lumbrio/xresultfile.txt");
+    file("c/Lumbrio/xResultFile.txt");
+    fs::last_write_time(busy, changed);
+    EXPECT_EQ(resolved("C:\\lumbrio\\xresultfile.txt"), "c/Lumbrio/xResultFile.txt");
+}
+
 TEST_F(DrivesTest, leaves_windows_paths_as_they_stand)
 {
     const platform::Drives windows(*disk, "C:\\Lumbrio", platform::Drives::Paths::AsTheyStand);
