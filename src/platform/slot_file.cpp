@@ -9,6 +9,12 @@ namespace platform {
 namespace {
 
 constexpr std::size_t kReadAhead = 64U << 10U;
+constexpr std::uint64_t kMostSlots = 1ULL << 40U; // far more than any file system holds
+
+bool isPossible(long slot)
+{
+    return slot >= 1 && static_cast<std::uint64_t>(slot) <= kMostSlots;
+}
 
 } // namespace
 
@@ -59,7 +65,7 @@ Outcome SlotFile::attach()
 
 Outcome SlotFile::lock()
 {
-    if (const Outcome outcome = usable(); !done(outcome))
+    if (const Outcome outcome = usable(); !done(outcome) || locked)
         return outcome;
     dropBuffer();
     const Outcome outcome = files.lock(name, mode, file);
@@ -107,23 +113,16 @@ long SlotFile::count()
     return static_cast<long>(nearestSlot(bytes));
 }
 
-/// kLockOffset, where no file reaches, for a slot that cannot be.
-std::uint64_t SlotFile::offsetOf(long slot) const
-{
-    const bool possible = slot >= 1 && static_cast<std::uint64_t>(slot) < kLockOffset / length;
-    return possible ? static_cast<std::uint64_t>(slot - 1) * length : kLockOffset;
-}
-
 Outcome SlotFile::read(long slot, std::span<char> into)
 {
     if (const Outcome outcome = usable(); !done(outcome))
         return outcome;
     into = into.first(std::min(into.size(), length));
-    const std::uint64_t offset = offsetOf(slot);
-    if (offset == kLockOffset) {
+    if (!isPossible(slot)) {
         std::fill(into.begin(), into.end(), '\0');
         return Outcome::Done;
     }
+    const std::uint64_t offset = offsetOf(slot);
     const bool atHand =
         locked && offset >= bufferAt && offset + into.size() <= bufferAt + buffer.size();
     if (!atHand) {
@@ -160,12 +159,11 @@ Outcome SlotFile::write(long slot, std::string_view bytes)
 {
     if (const Outcome outcome = usable(); !done(outcome))
         return outcome;
-    const std::uint64_t offset = offsetOf(slot);
-    if (openedFor != SlotUse::Rewrite || offset == kLockOffset)
+    if (openedFor != SlotUse::Rewrite || !isPossible(slot))
         return judge("Writing", Outcome::Broken);
     dropBuffer();
     written = true;
-    return judge("Writing", file->writeAt(offset, bytes.substr(0, length)));
+    return judge("Writing", file->writeAt(offsetOf(slot), bytes.substr(0, length)));
 }
 
 Outcome SlotFile::append(std::string_view bytes, long &slot)

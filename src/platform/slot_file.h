@@ -60,7 +60,10 @@ private:
     Outcome rewriteAt(std::uint64_t offset, std::string_view bytes);
     Outcome fillBuffer(std::uint64_t offset);
     void dropBuffer();
-    std::uint64_t offsetOf(long slot) const;
+    std::uint64_t offsetOf(long slot) const
+    {
+        return (static_cast<std::uint64_t>(slot) - 1) * length;
+    }
     std::uint64_t nearestSlot(std::uint64_t bytes) const;
 
     Files &files;
