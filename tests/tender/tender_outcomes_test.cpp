@@ -226,6 +226,7 @@ TEST(DeclinedTender, GoesWhereItsModeSaysAndAnswersTheWordTwice)
         EXPECT_TRUE(story.month().empty());
         EXPECT_EQ(story.slips(), "");
         EXPECT_TRUE(story.station.run.ending());
+        EXPECT_TRUE(contains(story.traceLog(), "  TndrRESULT - Declined\r\n"));
     }
 }
 
@@ -300,6 +301,22 @@ TEST(NoCustomerReceipt, IsRememberedByTheBoxAndSuppressesTheCopy)
     EXPECT_TRUE(next.tender.state().SSCheck1);
     next.tender.SSCheck1_Click(false);
     EXPECT_TRUE(story.station.has("C:\\Lumbrio\\CCnoPrint.dat")) << "the file layer is shut";
+}
+
+TEST(SlipLeftOpen, IsPrintedBeforeTheProgramEnds)
+{
+    TenderStory story;
+    story.app.values.NoCut2Flag = -1;
+    story.run();
+    EXPECT_TRUE(contains(story.slips(), "[CUSTOMER COPY]")) << story.slips();
+}
+
+TEST(SlipOfAnotherPrinter, GoesToTheReceiptPrinterOfTheConfiguration)
+{
+    TenderStory story;
+    story.station.printers.preferred = "Office Laser";
+    story.run();
+    EXPECT_FALSE(contains(story.slips(), "[[Office Laser]]")) << story.slips();
 }
 
 } // namespace

@@ -150,6 +150,13 @@ TEST(CommandLine, TravelsWithTheValuesOfTheRequest)
                   std::string::npos);
         EXPECT_EQ(story.station.system.started[0].style, platform::WindowStyle::Normal);
     }
+    TenderStory alone;
+    std::string options = alone.station.get("C:\\Lumbrio\\CCard.dat");
+    options.replace(options.find("\"0\""), 3, "\"-1\""); // no partial approvals
+    alone.station.put("C:\\Lumbrio\\CCard.dat", options);
+    alone.run();
+    EXPECT_EQ(alone.station.system.started[0].commandLine.find("/PartialApproval"),
+              std::string::npos);
     TenderStory story;
     story.request("12,1043,,48.50");
     story.run();
@@ -195,7 +202,9 @@ TEST(Roles, AHelperFillsItsFieldsAndNeverAnswersAsksOrEnds)
         TenderStory story;
         story.station.system.executable = name;
         story.request("12,1043,7,0\r\n");
+        story.station.put(TenderStory::kMarker, "");
         story.run(5000);
+        EXPECT_EQ(story.view.busyShown, 0) << name;
         EXPECT_FALSE(story.station.run.ending()) << name;
         EXPECT_EQ(story.tender.state().Label3[5], "12") << name;
         EXPECT_EQ(story.tender.state().Label3[12], "Rosalind Test") << name;
