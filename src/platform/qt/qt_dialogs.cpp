@@ -41,6 +41,7 @@ Box::Box(const QString &title, const QString &text)
     : content(new QVBoxLayout), commands(new QHBoxLayout)
 {
     setObjectName(QStringLiteral("Box"));
+    setAttribute(Qt::WA_StyledBackground); // for the border, where nobody frames windows
     setWindowTitle(title);
     setAccessibleName(title);
     setAccessibleDescription(text);

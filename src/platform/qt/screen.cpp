@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QKeyEvent>
 #include <QPalette>
+#include <QScreen>
+#include <QStyle>
 #include <QWindow>
 
 #include <utility>
@@ -55,12 +57,18 @@ void applyTheme(QApplication &application)
         application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
 }
 
-Screen::Screen(Services &theServices) : services(theServices) {}
+Screen::Screen(Services &theServices)
+    : services(theServices), loadTimer(theServices.clock, [this] { load(); })
+{
+}
 
 void Screen::runModal()
 {
     if (gone)
         return;
+    const QRect display = screen()->availableGeometry();
+    setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,
+                                    size().boundedTo(display.size()), display));
     placeInFront(*this);
     show();
     while (!gone && !services.ending())
@@ -89,8 +97,10 @@ void Screen::SetTopMostWindow(bool on)
 
 void Screen::paintNow()
 {
-    if (isVisible())
-        repaint();
+    if (!isVisible())
+        return;
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // no other event
+    repaint();
 }
 
 void Screen::Later::operator()(Screen *screen) const
@@ -118,6 +128,25 @@ void Screen::showEvent(QShowEvent *event)
     // The keyboard, and a card reader that types, shall reach the new screen.
     if (!event->spontaneous())
         activateWindow();
+    if (!loaded)
+        loadTimer.setInterval(kLatestLoad);
+}
+
+void Screen::paintEvent(QPaintEvent *event)
+{
+    QWidget::paintEvent(event);
+    if (!loaded)
+        QMetaObject::invokeMethod(
+            this, [this] { load(); }, Qt::QueuedConnection);
+}
+
+void Screen::load()
+{
+    loadTimer.setInterval(0);
+    if (loaded || gone)
+        return;
+    loaded = true;
+    Form_Load();
 }
 
 void Screen::closeEvent(QCloseEvent *event)

@@ -24,9 +24,9 @@ class Screen : public QWidget {
 public:
     explicit Screen(Services &theServices);
 
-    /// Shows the screen and turns the event loop until the screen is unloaded or the program ends;
-    /// no other window takes input meanwhile. A screen on the stack of the caller is safe: its
-    /// handlers have all returned when this does.
+    /// Shows the screen in the middle of the display and turns the event loop until the screen is
+    /// unloaded or the program ends; no other window takes input meanwhile. A screen on the stack
+    /// of the caller is safe: its handlers have all returned when this does.
     void runModal();
     /// Hides the screen for good. Its object lives on until the owner destroys it.
     void unload();
@@ -44,6 +44,11 @@ public:
     };
 
 protected:
+    /// For what takes longer than an empty window to appear: called once, right behind the first
+    /// paint, or kLatestLoad after the screen was shown where nothing is painted.
+    virtual void Form_Load() {}
+    static constexpr std::uint32_t kLatestLoad = 100; // ms
+
     /// Escape or the window's cross: the harmless way out. Without an override, unload().
     virtual void closeAsked() { unload(); }
     /// The command that Enter stands for where no other command has the focus; may be disabled at
@@ -53,15 +58,19 @@ protected:
     std::function<void()> whileLoaded(std::function<void()> handler);
 
     void showEvent(QShowEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
     Services &services;
 
 private:
+    void load();
     void pressEnter();
 
     QPointer<QAbstractButton> defaultCommand;
+    platform::Timer loadTimer;
+    bool loaded = false;
     bool gone = false;
 };
 
