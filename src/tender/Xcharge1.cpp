@@ -79,16 +79,9 @@ const char *lookOf(StateColour colour)
 } // namespace
 
 Xcharge1::Xcharge1(records::App &theApp, printing::Printer &printer)
-    : Screen(theApp), app(theApp), ui(std::make_unique<Ui::Xcharge1>()),
-      tender(theApp, printer, *this)
+    : Screen(theApp), app(theApp), tender(theApp, printer, *this)
 {
-    ui->setupUi(this);
-    ui->waitBar->setMaximum(kUsualWait);
-    ui->Label4->hide(); // working storage alone
-    gatherArrays();
-    connectCommands();
-    setDefaultCommand(ui->SSCommand2);
-    refresh(tender.state());
+    setWindowTitle(QStringLiteral("Xcharge Credit Card Interface"));
 }
 
 Xcharge1::~Xcharge1() = default;
@@ -113,28 +106,33 @@ void Xcharge1::connectCommands()
             [this](bool checked) { tender.SSCheck1_Click(checked); });
 }
 
-void Xcharge1::showEvent(QShowEvent *event)
-{
-    Screen::showEvent(event);
-    if (loaded)
-        return;
-    loaded = true;
-    Form_Load();
-}
-
+/// The controls, and the fonts that they bring in, wait until the operator sees the window.
 void Xcharge1::Form_Load()
 {
+    ui = std::make_unique<Ui::Xcharge1>();
+    auto *form = new QWidget; // on the window itself it would bring its own size along
+    ui->setupUi(form);
+    auto *whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(form);
+    ui->waitBar->setMaximum(kUsualWait);
+    ui->Label4->hide(); // working storage alone
+    gatherArrays();
+    connectCommands();
+    setDefaultCommand(ui->SSCommand2);
+    refresh(tender.state());
     tender.Form_Load();
 }
 
 void Xcharge1::closeAsked()
 {
-    ui->SSCommand1->click(); // "Cancel"; nothing while it is disabled
+    if (ui)
+        ui->SSCommand1->click(); // "Cancel"; nothing while it is disabled
 }
 
 void Xcharge1::refresh(const TenderFields &fields)
 {
-    if (fields == shown && !ui->Label3_5->text().isEmpty())
+    if (shown == fields)
         return;
     shown = fields;
     showTender(fields);
@@ -153,9 +151,9 @@ void Xcharge1::showTender(const TenderFields &fields)
     for (const std::size_t item : {4, 5, 6, 9, 10, 12})
         put(*Label3[item], fields.Label3[item]);
     put(*ui->Label9, fields.Label9);
-    put(*ui->Label13_3, fields.Label13_3);
-    put(*ui->station,
-        app.values.StationName.empty() ? std::string() : "Station " + app.values.StationName);
+    ui->Label13_3->setText(toQt(fields.Label13_3));
+    if (!app.values.StationName.empty())
+        ui->station->setText(toQt("Station " + app.values.StationName));
     ui->Label13_3->setToolTip(toQt(fields.versionToolTip));
 }
 
@@ -172,6 +170,7 @@ void Xcharge1::showCard(const TenderFields &fields)
 void Xcharge1::showState(const TenderFields &fields)
 {
     const StateWords state = stateWords(fields);
+    putLook(*ui->stateCard, "card", lookOf(state.colour));
     putLook(*ui->stateEdge, "edge", lookOf(state.colour));
     putLook(*ui->stateWord, "state", lookOf(state.colour));
     ui->stateWord->setText(toQt(state.word));
@@ -185,12 +184,13 @@ void Xcharge1::showState(const TenderFields &fields)
     put(*ui->Label4, fields.Label4);
     put(*ui->Label7, fields.Label7);
     ui->waitBar->setValue(ui->Label7->text().toInt());
+    putVisible(*ui->waitBar, !fields.result);
     putVisible(*ui->countRow, fields.Label7Visible);
 }
 
 void Xcharge1::showPanels(const TenderFields &fields)
 {
-    putVisible(*ui->SSPanel2, fields.SSPanel2Visible);
+    putVisible(*ui->SSPanel2, fields.SSPanel2Visible && !fields.result);
     putVisible(*ui->SSPanel4, fields.SSPanel4Visible);
     ui->SSPanel4_text->setText(toQt(fields.SSPanel4));
     putLook(*ui->SSPanel4_text, "state", fields.SSPanel4Red ? "declined" : "");
@@ -233,7 +233,7 @@ void Xcharge1::focus(TenderBox box)
 {
     refresh(tender.state()); // a command takes the keyboard only once it is enabled
     // A box that takes no swipe leaves the keyboard to the status line.
-    QWidget *locked = shown.boxesLocked ? ui->Text3 : nullptr;
+    QWidget *locked = tender.state().boxesLocked ? ui->Text3 : nullptr;
     switch (box) {
     case TenderBox::Text2: (locked ? locked : ui->Text2)->setFocus(); break;
     case TenderBox::Text5: (locked ? locked : ui->Text5)->setFocus(); break;

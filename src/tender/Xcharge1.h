@@ -8,6 +8,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 class QLabel;
 namespace Ui {
@@ -20,18 +21,17 @@ class Xcharge1 : public platform::Screen, private TenderView {
     Q_OBJECT
 
 public:
-    /// `app` and `printer` must outlive the screen. The load runs when it is first shown.
+    /// `app` and `printer` must outlive the screen.
     Xcharge1(records::App &theApp, printing::Printer &printer);
     ~Xcharge1() override;
 
 protected:
-    void showEvent(QShowEvent *event) override;
+    void Form_Load() override;
     void closeAsked() override;
 
 private:
     void gatherArrays();
     void connectCommands();
-    void Form_Load();
 
     // TenderView
     void refresh(const TenderFields &fields) override;
@@ -50,9 +50,8 @@ private:
 
     records::App &app;
     std::unique_ptr<Ui::Xcharge1> ui;
-    std::array<QLabel *, 16> Label3; // 7 and 11 are not used
-    TenderFields shown;
-    bool loaded = false;
+    std::array<QLabel *, 16> Label3{}; // 7 and 11 are not used
+    std::optional<TenderFields> shown;
     Tender tender; // last: it refers to this view until it is gone
 };
 

@@ -128,6 +128,7 @@ void Tender::showOptions()
     fields.Label3[14] = app.values.NoPartialSupport == 0 ? "YES" : "NO";
     fields.Label3[15] = app.values.TndrNOpreAUTH == 0 ? "PreAuth" : "Purchase";
     fields.Label13_3 = std::string("Version ") + kProgramVersion;
+    show();
 }
 
 /// Until a typed card says otherwise.
