@@ -176,7 +176,9 @@ void Xcharge1::showState(const TenderFields &fields)
     ui->stateWord->setText(toQt(state.word));
     ui->stateHint->setText(toQt(state.hint));
     putVisible(*ui->stateHint, !state.hint.empty());
+    ui->stateCard->setAccessibleName(toQt("State: " + std::string(state.word)));
     put(*ui->Text3, fields.Text3);
+    putVisible(*ui->Text3, !fields.Text3.empty());
     putLook(*ui->Text3, "state", fields.Text3Red ? "declined" : "");
     put(*ui->Text1, fields.Text1);
     ui->Text1->setEchoMode(fields.Text1Masked ? QLineEdit::Password : QLineEdit::Normal);
@@ -232,8 +234,8 @@ void Xcharge1::paintNow()
 void Xcharge1::focus(TenderBox box)
 {
     refresh(tender.state()); // a command takes the keyboard only once it is enabled
-    // A box that takes no swipe leaves the keyboard to the status line.
-    QWidget *locked = tender.state().boxesLocked ? ui->Text3 : nullptr;
+    // A box that takes no swipe leaves the keyboard to the state, where Enter presses nothing.
+    QWidget *locked = tender.state().boxesLocked ? ui->stateCard : nullptr;
     switch (box) {
     case TenderBox::Text2: (locked ? locked : ui->Text2)->setFocus(); break;
     case TenderBox::Text5: (locked ? locked : ui->Text5)->setFocus(); break;
