@@ -40,24 +40,6 @@ protected:
     std::unique_ptr<DiskFile> file;
 };
 
-TEST_F(DiskTest, opens_files_as_each_mode_says)
-{
-    ASSERT_EQ(disk->makeDirectory(at("folder")), Outcome::Done);
-    put("file", "old");
-    for (const OpenMode mode :
-         {OpenMode::Read, OpenMode::ReadWrite, OpenMode::Append, OpenMode::CreateEmpty}) {
-        SCOPED_TRACE(static_cast<int>(mode));
-        const bool creates = mode == OpenMode::Append || mode == OpenMode::CreateEmpty;
-        EXPECT_EQ(open("new" + std::to_string(static_cast<int>(mode)), mode),
-                  creates ? Outcome::Done : Outcome::NotThere);
-        EXPECT_EQ(open("none/file", mode), Outcome::NotThere);
-        EXPECT_FALSE(file) << "empty after a failure";
-        EXPECT_FALSE(done(open("folder", mode)));
-        EXPECT_EQ(open("file", mode), Outcome::Done);
-        EXPECT_EQ(get("file"), mode == OpenMode::CreateEmpty ? "" : "old");
-    }
-}
-
 TEST_F(DiskTest, writes_only_where_the_mode_allows)
 {
     put("file", "0123456789");
@@ -97,20 +79,6 @@ TEST_F(DiskTest, cuts_back_only_what_nobody_wrote_behind)
     }
 }
 
-TEST_F(DiskTest, reads_past_the_end_as_nothing)
-{
-    put("file", "0123456789");
-    ASSERT_EQ(open("file", OpenMode::Read), Outcome::Done);
-    char bytes[8] = {};
-    std::size_t got = 99;
-    EXPECT_EQ(file->readAt(7, bytes, 8, got), Outcome::Done);
-    EXPECT_EQ(got, 3U);
-    EXPECT_EQ(file->readAt(10, bytes, 8, got), Outcome::Done);
-    EXPECT_EQ(got, 0U);
-    EXPECT_EQ(file->readAt(1ULL << 40U, bytes, 8, got), Outcome::Done);
-    EXPECT_EQ(got, 0U);
-}
-
 TEST_F(DiskTest, replaces_a_file_that_others_hold_open)
 {
     put("file", "old and longer");
@@ -133,27 +101,6 @@ TEST_F(DiskTest, removes_a_file_that_others_hold_open)
     file.reset();
     EXPECT_FALSE(disk->isFile(at("file")));
     EXPECT_EQ(disk->remove(at("file")), Outcome::NotThere);
-}
-
-TEST_F(DiskTest, lists_names_of_files_and_folders)
-{
-    put("b.dat", "");
-    ASSERT_EQ(disk->makeDirectory(at("a")), Outcome::Done);
-    EXPECT_FALSE(done(disk->makeDirectory(at("a"))));
-    std::vector<std::string> names = {"before"};
-    EXPECT_EQ(disk->list(folder.path(), names), Outcome::Done);
-    std::sort(names.begin(), names.end());
-    EXPECT_EQ(names, (std::vector<std::string>{"a", "b.dat"}));
-    EXPECT_EQ(disk->list(at("none"), names), Outcome::NotThere);
-    EXPECT_TRUE(names.empty());
-    EXPECT_TRUE(disk->isDirectory(at("a")));
-    EXPECT_FALSE(disk->isFile(at("a")));
-    EXPECT_FALSE(disk->isDirectory(at("b.dat")));
-}
-
-TEST(UniqueSuffix, is_never_the_same)
-{
-    EXPECT_NE(platform::uniqueSuffix(), platform::uniqueSuffix());
 }
 
 } // namespace

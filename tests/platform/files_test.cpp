@@ -129,48 +129,6 @@ TEST_F(FilesTest, writes_nothing_when_the_lock_of_another_is_not_passed_over)
     EXPECT_EQ(station.get(kFile), "old unlocked");
 }
 
-TEST_F(FilesTest, knows_files_from_folders_and_both_from_nothing)
-{
-    station.put("C:\\Lumbrio\\X1009Version.dat", "");
-    EXPECT_TRUE(files.exists("c:/lumbrio/x1009version.DAT"));
-    for (const char *path : {"", "C:\\", "C:\\Lumbrio", "C:\\Lumbrio\\", "C:\\Lumbrio\\none.dat",
-                             "C:\\Lumbrio\\X1009Version.dat\\"})
-        EXPECT_FALSE(files.exists(path)) << path;
-    for (const char *path : {"C:\\", "C:\\Lumbrio", "c:\\LUMBRIO\\data\\"})
-        EXPECT_TRUE(files.folderExists(path)) << path;
-    for (const char *path : {"", "C:\\Lumbrio\\X1009Version.dat", "C:\\None\\"})
-        EXPECT_FALSE(files.folderExists(path)) << path;
-}
-
-TEST_F(FilesTest, removes_what_is_there_and_only_that)
-{
-    station.put(kFile, "x");
-    EXPECT_EQ(files.removeIfThere(kFile), Outcome::Done);
-    EXPECT_EQ(files.removeIfThere(kFile), Outcome::NotThere);
-    expectSystemMessage("Deleting failed: not there\n" + kFile);
-    EXPECT_EQ(files.remove(kFile), Outcome::NotThere);
-}
-
-TEST_F(FilesTest, lists_files_in_order_without_folders)
-{
-    station.put("C:\\Lumbrio\\Data\\CCFinal0125.dat", "");
-    station.put("C:\\Lumbrio\\Data\\0125CCdeleted.dat", "");
-    station.folder("C:\\Lumbrio\\Data\\CCdata");
-    EXPECT_EQ(files.list("c:\\lumbrio\\DATA\\"), (Names{"0125CCdeleted.dat", "CCFinal0125.dat"}));
-    EXPECT_TRUE(files.list("C:\\None\\").empty());
-    EXPECT_FALSE(station.run.failed());
-}
-
-TEST_F(FilesTest, makes_a_folder_once_and_in_an_existing_one)
-{
-    EXPECT_EQ(files.makeFolder("C:\\Lumbrio\\Data\\CCdata\\"), Outcome::Done);
-    EXPECT_EQ(files.makeFolder("C:\\lumbrio\\data\\ccdata"), Outcome::Done);
-    EXPECT_TRUE(files.folderExists("C:\\Lumbrio\\Data\\CCdata"));
-    const ErrorsIgnored fromHere(station.run);
-    EXPECT_EQ(files.makeFolder("C:\\None\\CCdata"), Outcome::NotThere);
-    EXPECT_FALSE(files.folderExists("C:\\None"));
-}
-
 TEST_F(FilesTest, never_empties_a_file_that_it_creates_if_missing)
 {
     EXPECT_EQ(files.createIfMissing(kFile), Outcome::Done);

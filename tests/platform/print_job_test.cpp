@@ -45,25 +45,6 @@ TEST(PrintJobTest, plainTextShowsTheLinesAsPrinted)
                                            "[Picture9]\r\n");
 }
 
-TEST(PrintJobTest, describeHidesNothing)
-{
-    EXPECT_EQ(describe(jobOfEveryKind()), "job \"Slip \"7\"\"\n"
-                                          "picture Picture2\n"
-                                          "font \"Arial\" 10.5 bold\n"
-                                          "line \"Name: ANN\"\n"
-                                          "line \"\"\n"
-                                          "font \"\" 8 italic\n"
-                                          "line \"a\\x00b\\x0D\\x0Ac\"\n"
-                                          "line \"x\\ty\\tz\"\n"
-                                          "tabs 60, 20,oops,40.9\n"
-                                          "line \"x\\ty\\tz\"\n"
-                                          "line \"0123456789ABC\\tbehind its stop\"\n"
-                                          "line \"\\t\\t\\t\\tbehind all\"\n"
-                                          "cut\n"
-                                          "new page\n"
-                                          "picture Picture9\n");
-}
-
 TEST(PrintJobTest, bannersFitAnEightyMillimetreSlip)
 {
     for (const char *name :

@@ -44,13 +44,6 @@ TEST(ProgramSearchTest, growsToTheRightUntilAFileIsMet)
     }
 }
 
-TEST(ProgramSearchTest, splitsAtRunsOfBlanks)
-{
-    EXPECT_EQ(splitArguments("  /A:1   /B: /TITLE:x y "),
-              (std::vector<std::string>{"/A:1", "/B:", "/TITLE:x", "y"}));
-    EXPECT_TRUE(splitArguments("   ").empty());
-}
-
 TEST(ConnectionTest, needsBothHostAndPort)
 {
     const auto parts = [](const char *text) {

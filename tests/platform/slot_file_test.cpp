@@ -126,23 +126,6 @@ TEST_F(SlotFileTest, walks_under_the_lock_with_few_reads_and_sees_every_slot)
         EXPECT_EQ(read(slot), slotOf(slot).substr(0, 490));
 }
 
-TEST_F(SlotFileTest, reads_what_was_just_written)
-{
-    station.put(kPath, slotsOf(300));
-    openLocked(SlotUse::Rewrite);
-    for (long slot = 1; slot <= 300; ++slot) {
-        ASSERT_EQ(read(slot, kLength), slotOf(slot));
-        if (slot % 7 == 0 && slot < 300) {
-            ASSERT_EQ(file.write(slot + 1, slotOf(slot + 1, '!').substr(0, 490)), Outcome::Done);
-            ASSERT_EQ(read(slot + 1, kLength),
-                      slotOf(slot + 1, '!').substr(0, 490) + std::string(10, '.'))
-                << "the slot's tail stands";
-            ASSERT_EQ(file.write(slot + 1, slotOf(slot + 1)), Outcome::Done);
-        }
-    }
-    EXPECT_EQ(station.get(kPath), slotsOf(300));
-}
-
 TEST_F(SlotFileTest, sees_the_others_at_once_when_it_holds_no_lock)
 {
     station.put(kPath, slotsOf(3));
@@ -225,25 +208,6 @@ TEST_F(SlotFileTest, leaves_the_file_as_it_was_when_an_append_fails)
             }
         }
     }
-}
-
-TEST_F(SlotFileTest, creates_a_file_only_to_append)
-{
-    {
-        const ErrorsIgnored fromHere(station.run);
-        EXPECT_EQ(file.open(SlotUse::Read), Outcome::NotThere);
-        EXPECT_EQ(file.open(SlotUse::Rewrite), Outcome::NotThere);
-        EXPECT_FALSE(file.isOpen());
-        EXPECT_EQ(file.lock(), Outcome::NotThere);
-        EXPECT_FALSE(station.has(kPath));
-        EXPECT_EQ(file.open(SlotUse::Append), Outcome::Done);
-        EXPECT_EQ(file.count(), 0);
-        EXPECT_EQ(station.get(kPath), "");
-    }
-    file.close();
-    station.erase(kPath);
-    expectSystemMessage("Opening failed: not there");
-    file.open(SlotUse::Rewrite);
 }
 
 TEST_F(SlotFileTest, is_flushed_after_the_unlock_and_before_it_is_closed)

@@ -93,28 +93,6 @@ TEST_F(SystemTest, endedProgramsAreNotKeptAsZombies)
     EXPECT_EQ(errno, ECHILD);
 }
 
-TEST_F(SystemTest, editorAndBrowserGetOneWordWhateverItsBlanks)
-{
-    const std::string script = station.drives.root() + "/c/open it";
-    putScript("c:\\open it", "for each in \"$@\"; do printf '<%s>' \"$each\"; done");
-    station.installation.editorCommand = script + " --wait %1";
-    EXPECT_EQ(system->openEditor("c:\\Lumbrio\\trace log.txt"), Outcome::Done);
-    EXPECT_EQ(told(), "<--wait><" + station.drives.root() + "/c/Lumbrio/trace log.txt>");
-    station.installation.browserCommand = script;
-    EXPECT_EQ(system->openBrowser("https://example.com/?q=%1"), Outcome::Done);
-    EXPECT_EQ(told(), "<https://example.com/?q=%1>");
-    EXPECT_EQ(system->openBrowser(""), Outcome::NotThere);
-    station.installation.editorCommand = "no-such-editor-here %1";
-    EXPECT_EQ(system->openEditor("c:\\Lumbrio\\trace.txt"), Outcome::NotThere);
-}
-
-TEST_F(SystemTest, namesAreThoseOfTheHostAndTheProgram)
-{
-    EXPECT_EQ(system->executableName(), "platform_test");
-    EXPECT_FALSE(system->computerName().empty());
-    EXPECT_EQ(system->computerName().find('.'), std::string::npos);
-}
-
 /// A process that lives until it is ended, or may read a byte.
 struct Other {
     Other(const std::string &program, const std::string &fifo)
