@@ -53,14 +53,14 @@ StoredRecord addRecord(App &app, const std::string &file, const CardRecord &reco
     StoredRecord stored;
     SlotFile slots(app.files, file, kCardSlotLength);
     stored.outcome = openLocked(app, slots, SlotUse::Append);
-    if (!stored.stored())
+    if (!done(stored.outcome))
         return stored;
     stored.outcome = slots.append(wholeSlot(record), stored.slot);
     slots.unlock();
     const Outcome closed = slots.close();
-    if (stored.stored())
+    if (done(stored.outcome))
         stored.outcome = closed;
-    if (!stored.stored())
+    else
         stored.slot = 0;
     return stored;
 }
@@ -96,15 +96,14 @@ void moveSettledRecords(App &app)
 {
     const std::string pendingPath = pendingFile(app.values);
     SlotFile pending(app.files, pendingPath, kCardSlotLength);
-    if (!done(openLocked(app, pending, SlotUse::Append)))
+    if (!done(pending.open(SlotUse::Append)) || !done(pending.lock()))
         return;
-    const long count = pending.count();
-
     SlotFile month(app.files, monthFile(app.values, app.clock.now()), kCardSlotLength);
     if (!done(openLocked(app, month, SlotUse::Append)))
         return;
     std::string remaining;
-    for (long slot = 1; slot <= count && !app.ending(); ++slot) {
+    long slot = 1;
+    for (; slot <= pending.count() && !app.ending(); ++slot) {
         CardRecord record;
         long landed = 0;
         if (!done(pending.read(slot, record.data())))
@@ -116,7 +115,7 @@ void moveSettledRecords(App &app)
     }
     month.unlock();
     // A length that cannot be read counts 0 too: never replace what was not walked through.
-    if (app.ending() || !done(month.close()) || count == 0)
+    if (app.ending() || !done(month.close()) || slot == 1 || pending.count() != slot - 1)
         return;
     app.files.replaceWhole(pendingPath, remaining);
 }

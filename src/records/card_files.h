@@ -16,9 +16,10 @@ std::string monthFile(const ProcessValues &values, const platform::DateTime &whe
 std::string deletedFile(const ProcessValues &values, const platform::DateTime &when);
 
 struct StoredRecord {
-    platform::Outcome outcome = platform::Outcome::Broken;
+    platform::Outcome outcome = platform::Outcome::Broken; // of the append and its flush
     long slot = 0; // where the record landed, from 1; 0 when it is not stored
-    bool stored() const { return platform::done(outcome); }
+    /// In the file; with an outcome other than Done it may not outlive a power cut.
+    bool stored() const { return slot > 0; }
 };
 
 /// Appends a record: created empty when missing, opened, locked, placed at the end by the system,
@@ -38,7 +39,9 @@ long countRecords(App &app, const std::string &file);
 
 /// Moves every record whose trimmed `CCAdjStatus` begins with "Com" from "CCPending.dat" to the
 /// month file; the order of the others is kept. They are in the month file, flushed, before they
-/// leave the pending file, which is replaced whole under its lock.
+/// leave the pending file, which is replaced whole under its lock. Without that lock nothing moves.
+/// A record that another station appends meanwhile without the lock is carried over up to the last
+/// look at the length, right before the replacement.
 void moveSettledRecords(App &app);
 
 } // namespace records

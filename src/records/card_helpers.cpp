@@ -31,7 +31,7 @@ struct PrefixRule {
 
 constexpr CardBrand kUnknown{"Unknown", 9};
 
-// In the order of the decision: two digits, then four, then three, then one.
+// In the order of the checks: two digits, then four, then three, then one.
 constexpr std::array kPrefixRules = {
     PrefixRule{"34", "34", {"American Express", 3}},
     PrefixRule{"37", "37", {"American Express", 3}},

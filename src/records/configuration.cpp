@@ -107,12 +107,14 @@ void Get_CCini(App &app)
 
 void loadSetupFlags(App &app)
 {
+    const platform::ErrorsIgnored ignored(app.run);
     if (app.values.Maindir.empty())
         app.values.Maindir = "c:\\Lumbrio\\";
     CardOptions options;
     if (!readCardOptions(app, options))
         return;
     app.values.NoPartialSupport = wholeNumber(options[8]);
+    // Kept: the setup screen writes this flag under `Maindir`.
     const bool noPreAuth = app.files.exists(app.values.Remotedir + "Data\\CCnoPREauth.dat");
     app.values.TndrNOpreAUTH = noPreAuth ? -1 : 0;
 }

@@ -8,6 +8,7 @@ namespace tender {
 
 inline constexpr const char *kXchargeProgram = "c:\\Program Files\\X-charge\\Xcharge.exe";
 inline constexpr const char *kResultFile = "C:/lumbrio/xResultFile.txt";
+/// Kept: not the program's own spelling, so that a program left over by that name lives on.
 inline constexpr const char *kXchargeImage = "X-Charge.exe";
 
 /// What the command line is made of. Values go in as they are: no quotes, no trimming here.

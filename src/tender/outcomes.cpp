@@ -23,9 +23,10 @@ TraceLines answerTrace(const App &app, const std::string &fileName)
     const CardRecord &CCdata = app.values.CCdata;
     TraceLines lines = {"", "******  Make Respone File For Lumbrio ******", "",
                         "  File Name - " + fileName, "  TndrRESULT - " + app.values.TndrRESULT};
+    lines.push_back("  CCdata.CCTabAmt  - " + CCdata.raw(CCTabAmt)); // with two blanks
     for (const CardField &field :
-         {CCTabAmt, CApprovalCode, CCaditionalFUNDS, GCbalance, CCNumb, CCtype, HiddenNumb,
-          CCServer, CCTable, CCTroutID, CCName, CCstatus, CResponse})
+         {CApprovalCode, CCaditionalFUNDS, GCbalance, CCNumb, CCtype, HiddenNumb, CCServer, CCTable,
+          CCTroutID, CCName, CCstatus, CResponse})
         lines.push_back(std::string("  CCdata.") + field.name + " - " + CCdata.raw(field));
     lines.push_back("  Val(TndrNOpreAUTH) - " + std::to_string(app.values.TndrNOpreAUTH) +
                     "-  0 =False -1=True");
@@ -59,7 +60,7 @@ void Tender::partiallyApproved()
     finish();
 }
 
-/// Also after a refused audit, with an empty result word.
+/// Kept: also after a refused audit, with an empty result word; its record is blank then.
 void Tender::declined()
 {
     storeRecord(app.values.TndrNOpreAUTH != 0 ? declineTarget : pendingFile(app.values));
@@ -78,6 +79,7 @@ void Tender::declined()
 
 void Tender::stayForOperator()
 {
+    answering = false;
     fields.Label7Visible = true;
     show();
 }
@@ -97,10 +99,11 @@ void Tender::storeRecord(const std::string &file)
 {
     const StoredRecord stored = addRecord(app, file, app.values.CCdata);
     transRecord = stored.slot;
-    if (stored.stored() || app.ending())
+    if (done(stored.outcome) || app.ending())
         return;
-    const std::string line =
-        std::string("  RECORD NOT STORED - ") + platform::textOf(stored.outcome) + " - " + file;
+    const char *const what =
+        stored.stored() ? "  RECORD STORED BUT NOT FLUSHED - " : "  RECORD NOT STORED - ";
+    const std::string line = what + std::string(platform::textOf(stored.outcome)) + " - " + file;
     traceProcess(app, {line});
     traceLog(app, {line});
 }
@@ -140,9 +143,18 @@ void Tender::printPartialSlips()
     printing::Att_Server(app, printer);
 }
 
+/// Replaced whole; where that cannot be, in place. An answer that cannot be written at all must
+/// not leave an older one standing in its stead.
 void Tender::writeAnswer(const std::string &content)
 {
-    app.files.replaceWhole(answerFile(app.values), content);
+    const platform::ErrorsIgnored ignored(app.run);
+    const std::string path = answerFile(app.values);
+    if (done(app.files.replaceWhole(path, content)) || done(app.files.writeFlushed(path, content)))
+        return;
+    const platform::Outcome removed = app.files.removeIfThere(path);
+    traceProcess(app,
+                 {std::string("  ANSWER NOT WRITTEN - old one ") +
+                  (app.files.exists(path) ? platform::textOf(removed) : "removed") + " - " + path});
 }
 
 void Tender::traceAnswer()
@@ -169,7 +181,7 @@ void Tender::endTender()
 
 void Tender::SSCommand1_Click()
 {
-    if (!fields.SSCommand1.enabled || !fields.SSCommand1.visible || app.ending())
+    if (!fields.SSCommand1.enabled || !fields.SSCommand1.visible || answering || app.ending())
         return;
     traceProcess(app, {"Cancel was pressed", "Unable to Connect - Internet may be down ",
                        "Actual Seconds waited for Response  " + fields.Label7});
@@ -181,7 +193,7 @@ void Tender::SSCommand1_Click()
 
 void Tender::SSCommand2_Click()
 {
-    if (fields.SSCommand2.enabled)
+    if (fields.SSCommand2.enabled && !answering)
         endTender();
 }
 
@@ -194,6 +206,8 @@ void Tender::SSCommand7_Click()
 
 void Tender::SSCheck1_Click(bool checked)
 {
+    // Inside a wait: a box that cannot be remembered must not end a card that is being charged.
+    const platform::ErrorsIgnored ignored(app.run);
     const std::string path = app.values.Maindir + "CCnoPrint.dat";
     fields.SSCheck1 = checked;
     if (checked)

@@ -98,7 +98,9 @@ std::vector<std::string> readResultFile(App &app, const std::string &name)
     app.files.copy(name, "C:\\Lumbrio\\ResponseBACKUP.txt");
     app.values.CCdata.set(GCbalance, "0");
     std::string content;
-    app.files.read(name, content, kResultLimit);
+    const platform::Outcome outcome = app.files.read(name, content, kResultLimit);
+    if (!done(outcome))
+        traceProcess(app, {std::string("  RESULT NOT READ - ") + platform::textOf(outcome)});
     if (content.size() == kResultLimit) // half a line may read as another value
         content.resize(content.find_last_of("\r\n") + 1);
     const std::vector<std::string> lines = platform::splitLines(content);

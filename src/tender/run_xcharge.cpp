@@ -17,7 +17,8 @@ using namespace records;
 
 namespace {
 
-constexpr std::uint32_t kWaitTimer = 8000; // ms
+constexpr std::uint32_t kWaitTimer = 8000;    // ms
+constexpr std::uint32_t kTimeoutTimer = 1200; // ms
 constexpr std::chrono::milliseconds kKillPause(500);
 constexpr int kSecondStart = 50; // count of the wait
 constexpr int kNoStart = std::numeric_limits<int>::max();
@@ -45,8 +46,6 @@ void Tender::Run_Xcharge()
     if (app.ending() || app.values.Nextform5 == "IndTips")
         return;
     const platform::ErrorsIgnored ignored(app.run);
-    fields.SSCommand1.enabled = false;
-    show();
     endLeftOverProgram();
     if (app.ending() || paymentProgramMissing())
         return;
@@ -59,7 +58,7 @@ void Tender::Run_Xcharge()
     const std::string commandLine = buildCommandLine();
     Set_Data();
     startWait();
-    if (!waitForResult(commandLine))
+    if (oldResultRemains() || !waitForResult(commandLine))
         return;
     readResult();
     judgeResult();
@@ -132,7 +131,24 @@ void Tender::startWait()
     traceProcess(app, {std::string(15, ' '), "  Setting a 20 second timer to wait for response"});
     Timer2.setInterval(kWaitTimer);
     app.files.removeIfThere(kResultFile);
+    fields.SSCommand1.enabled = false;
     startCounting();
+}
+
+/// An old result that cannot be deleted would be taken for this card's: nothing is charged then.
+bool Tender::oldResultRemains()
+{
+    if (!app.files.exists(kResultFile))
+        return false;
+    traceProcess(app, {std::string("  OLD RESULT CANNOT BE DELETED - ") + kResultFile});
+    app.values.TndrRESULT = "Declined";
+    writeAnswer(answerBlock("Declined", app.values.CCdata));
+    app.files.removeIfThere(auditFile(app.values));
+    app.dialogs.message("Result File",
+                        "The result of an earlier card cannot be removed from this computer, so "
+                        "this card was not charged. Please try again, or restart this station.");
+    endTender();
+    return true;
 }
 
 /// Until the result file exists. False when the wait was stopped or the program is ending.
@@ -146,6 +162,7 @@ bool Tender::waitForResult(const std::string &commandLine)
             traceProcess(app, {"Unable to Connect - Internet may be down ",
                                "Actual Seconds waited for Response  " + fields.Label7});
             fields.Label7Visible = false;
+            fields.SSCommand1.enabled = true; // the operator's way out
             show();
             return false;
         }
@@ -161,7 +178,7 @@ bool Tender::waitForResult(const std::string &commandLine)
 /// On the first pass, and once more at count 50: that revives a stalled payment application.
 void Tender::startPaymentAt(const std::string &commandLine, int &shellAt)
 {
-    if (countNow() != shellAt)
+    if (shellAt != 0 && fields.Label4 != std::to_string(shellAt))
         return;
     app.system.start(commandLine, platform::WindowStyle::Normal);
     shellAt = shellAt == 0 ? kSecondStart : kNoStart;
@@ -181,17 +198,18 @@ void Tender::readResult()
     readResultFile(app, kDefaultResultFile);
 }
 
-/// On the first letter of the response alone.
+/// Kept: on the first letter of the response alone; "Sorry" would approve.
 void Tender::judgeResult()
 {
     CardRecord &CCdata = app.values.CCdata;
     const std::string letter = Left(CCdata.raw(CResponse), 1);
     fields.SSCommand1.enabled = true;
     view.focus(TenderBox::SSCommand1);
+    answering = true;
     const bool success = letter == "S";
     fields.SSCommand2.enabled = success;
     if (letter == "T") {
-        Timer5.setInterval(1200);
+        Timer5.setInterval(kTimeoutTimer);
         fields.Label4 = "1";
     }
     app.values.TndrRESULT = success ? "Approved" : "Declined";

@@ -5,7 +5,7 @@ namespace tender {
 
 using namespace records;
 
-/// Fills the record from the screen. The pending screen's hidden load does nothing in this role.
+/// Fills the record from the screen.
 void Tender::Set_Data()
 {
     // Kept: a tender that is past its own look at the marker takes the manager's marker away.

@@ -6,6 +6,8 @@
 #include "tender/request.h"
 #include "tender/tender.h"
 
+#include <optional>
+
 namespace tender {
 
 using namespace records;
@@ -63,6 +65,9 @@ bool Tender::isStationRole() const
 
 void Tender::Start_Tender()
 {
+    std::optional<platform::ErrorsIgnored> asHelper;
+    if (!isTenderRole())
+        asHelper.emplace(app.run);
     readModeFlag();
     if (app.values.X1009)
         prepareForCommandLine();
@@ -251,11 +256,13 @@ void Tender::showFlags()
         fields.SSCommand6.visible = !app.values.X1009;
     }
     fields.SSCheck1 = app.files.exists(app.values.Maindir + "CCnoPrint.dat");
+    fields.SSCheck1Enabled = true;
 }
 
 void Tender::waitForCard()
 {
     fields.Label3[8] = kProgramVersion;
+    fields.SSCommand1.enabled = true;
     statusPainted(app.values.X1009 ? "Waiting for Xcharge Interface"
                                    : "Waiting for You to Swipe the Card");
     view.focus(TenderBox::Text2);

@@ -68,6 +68,7 @@ private:
     bool auditRefused();
     std::string buildCommandLine();
     void startWait();
+    bool oldResultRemains();
     bool waitForResult(const std::string &commandLine);
     void startPaymentAt(const std::string &commandLine, int &shellAt);
     void readResult();
@@ -114,7 +115,8 @@ private:
     records::Money preApprovedTip;
     records::Money totalWithTip;
     std::uint32_t startTick = 0;
-    long transRecord = 0; // slot of the record in its file
+    bool answering = false; // from the result to the answer no command counts
+    long transRecord = 0;   // slot of the record in its file
 };
 
 } // namespace tender

@@ -39,6 +39,7 @@ struct TenderFields {
     bool Text1Masked = false; // card digits show as asterisks
     bool boxesLocked = false; // Text2 and Text5 take no swipe
     bool Text3Red = false;
+    bool SSCheck1Enabled = false; // once it is known where it is remembered
     bool SSCheck1 = false;        // "Do not print a RECEIPT for Customer"
     bool SSPanel2Visible = false; // wait panel
     bool SSPanel4Visible = false; // warning panel
@@ -47,7 +48,7 @@ struct TenderFields {
     bool SSPanel4Red = false;
     std::string SSPanel4; // the warning
 
-    CommandState SSCommand1;              // "Cancel"
+    CommandState SSCommand1{false, true}; // "Cancel"
     CommandState SSCommand2{false, true}; // "Finish Tender"
     CommandState SSCommand3;              // "Enter Manually"
     CommandState SSCommand4;              // "Clear"

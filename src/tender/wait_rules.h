@@ -17,8 +17,8 @@ int countSince(std::uint32_t start, std::uint32_t now);
 bool Label7_Change(int count, TenderFields &fields);
 
 /// One tick of the wait timer, in both modes, at the value of `Label7`. True when the timer stops
-/// itself. At its usual intervals the first tick does; the ladder stands for a faster one, where
-/// a count of 38 ends a wait in command-line mode through `StopWaiting`.
+/// itself. Kept: at its usual intervals the first tick does, and the ladder and its end at count 38
+/// through `StopWaiting` are not reached.
 bool waitTimerTick(int count, TenderFields &fields, std::uint16_t &StopWaiting);
 
 } // namespace tender

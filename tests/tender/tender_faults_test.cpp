@@ -115,6 +115,56 @@ TEST(FailingTender, EitherEndsOrSaysInItsTraceThatARecordIsMissing)
     }
 }
 
+TEST(OldAnswer, NeverStandsForADeclinedCard)
+{
+    for (const char *refused : {"rename", "open"}) {
+        TenderStory story;
+        story.station.put("C:\\Lumbrio\\Xsend.ans", "\"Approved\"\r\n");
+        story.station.disk.failOn(refused, refused[0] == 'r' ? "Xsend.ans" : ".new",
+                                  Outcome::Denied);
+        story.paymentAnswers("RESULT=DECLINED\r\n");
+        story.run();
+        EXPECT_EQ(story.answer().substr(0, 10), "\"Declined\"") << refused;
+    }
+    TenderStory story;
+    story.station.put("C:\\Lumbrio\\Xsend.ans", "\"Approved\"\r\n");
+    for (const char *operation : {"rename", "open", "write"})
+        story.station.disk.failOn(operation, "Xsend.ans", Outcome::Denied);
+    story.paymentAnswers("RESULT=DECLINED\r\n");
+    story.run();
+    EXPECT_FALSE(story.answered()) << "better none than a wrong one";
+    EXPECT_NE(story.processTrace().find("  ANSWER NOT WRITTEN - "), std::string::npos);
+}
+
+TEST(OldResult, ThatCannotBeDeletedChargesNothingAndApprovesNothing)
+{
+    TenderStory story;
+    story.station.put(TenderStory::kResult, support::approvedResult());
+    story.station.disk.failOn("remove", "xResultFile.txt", Outcome::Denied);
+    story.station.dialogs.expect(
+        "Result File",
+        "The result of an earlier card cannot be removed from this computer, so this card was not "
+        "charged. Please try again, or restart this station.",
+        platform::Buttons::Ok, platform::Answer::Ok);
+    story.run();
+    EXPECT_TRUE(story.station.system.started.empty());
+    EXPECT_EQ(story.answer().substr(0, 23), "\"Declined\"\r\n\"48.50     ");
+    EXPECT_TRUE(story.pending().empty());
+}
+
+TEST(Commands, NeitherAnswerBeforeTheirFolderIsKnownNorEndACardThatIsCharged)
+{
+    TenderStory story;
+    story.tender.Form_Load();
+    story.tender.SSCommand1_Click();
+    EXPECT_FALSE(story.station.run.ending());
+    story.station.disk.failOn("open", "CCnoPrint.dat", Outcome::Denied);
+    story.station.time.at(2000, [&] { story.tender.SSCheck1_Click(true); });
+    story.run();
+    EXPECT_EQ(story.answer().substr(0, 10), "\"Approved\"");
+    EXPECT_FALSE(story.station.has("C:\\Xsend.ans"));
+}
+
 TEST(FullDisk, IsPassedOverButNeverInSilence)
 {
     TenderStory story;
