@@ -220,6 +220,7 @@ void Xcharge1::showOptions(const TenderFields &fields)
     ui->SSCommand7->setText(toQt(fields.SSCommand7Caption));
     ui->SSCommand7->setAccessibleDescription(ui->SSCommand7->text());
     ui->SSCheck1->setChecked(fields.SSCheck1);
+    ui->SSCheck1->setEnabled(fields.SSCheck1Enabled);
     for (const std::size_t item : {8, 13, 14, 15})
         put(*Label3[item], fields.Label3[item]);
     put(*ui->Label12, fields.Label12);
