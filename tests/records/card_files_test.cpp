@@ -203,6 +203,16 @@ TEST_F(CardFiles, KeepTheirRecordsInOrderWhenTheSettledOnesMove)
     EXPECT_EQ(receipts(station.get(kMonth)), "0 1 4 ") << "nothing moves twice";
 }
 
+TEST_F(CardFiles, LeaveThePendingFileAloneUntilTheMonthIsOnTheDisk)
+{
+    const std::string pending = slotOf(cardRecord("1", "Completed")) + slotOf(cardRecord("2"));
+    station.put(kPending, pending);
+    station.disk.failOn("flush", "CCFinal0125.dat", Outcome::Broken);
+    const ErrorsIgnored ignored(station.run);
+    moveSettledRecords(app);
+    EXPECT_EQ(station.get(kPending), pending);
+}
+
 /// What a move may leave when it did not come to its end: the pending file as it was or as it
 /// should be, the settled records there or in the month file.
 void expectNothingLost(const TestStation &station, const std::string &before,

@@ -23,7 +23,7 @@ protected:
         app.values.timeClockDirectory = "F:\\Clock\\";
         station.put(kEmployees, employee("1", "Anna Bell") + employee(" 12 ", "Bartholomew") +
                                     employee("7", "  Rosalind Test Smith") + employee("007", "Bo") +
-                                    employee("7", "Second Seven").substr(0, 30));
+                                    employee("7", "Second Seven"));
     }
 
     static std::string employee(const std::string &number, const std::string &name)
