@@ -278,6 +278,37 @@ TEST(TenderScreen, NothingIsCutOffAndEverythingIsNamedAtBothSizes)
     }
 }
 
+TEST(TenderScreen, TheOfflinePanelHasRoomForItsWordsInTheLongestWait)
+{
+    ScreenStory story;
+    story.paymentKeepsSilent();
+    story.at(52'000, [&] {
+        for (const char *card : {"stateCard", "detailsCard", "slipsCard"})
+            story.control<QWidget>(card).hide();
+        story.control<QWidget>("SSPanel5").show();
+        for (const QSize size : support::kScreenSizes)
+            EXPECT_EQ(support::clippedControls(story.screen, size), "");
+        EXPECT_EQ(support::badlyNamedControls(story.screen), "");
+    });
+    story.tell(53'000);
+}
+
+TEST(TenderScreen, TheKeyboardReachesEveryEnabledCommand)
+{
+    ScreenStory story;
+    story.paymentKeepsSilent();
+    story.at(12'000, [&] {
+        QStringList unreached = {QStringLiteral("SSCommand1"), QStringLiteral("SSCommand7"),
+                                 QStringLiteral("SSCheck1")};
+        for (int stops = 0; stops < 8; ++stops) {
+            support::press(Qt::Key_Tab);
+            unreached.removeAll(QApplication::focusWidget()->objectName());
+        }
+        EXPECT_EQ(unreached.join(u' ').toStdString(), "");
+    });
+    story.tell(13'000);
+}
+
 TEST(TenderScreen, EverydayTextsAreShownWhole)
 {
     ScreenStory story;
