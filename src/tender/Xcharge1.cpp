@@ -148,7 +148,7 @@ void Xcharge1::showTender(const TenderFields &fields)
     put(*ui->Text4, fields.Text4.empty() ? std::string() : shownAmount(fields.Text4));
     const int amountWidth = ui->Text4->fontMetrics().horizontalAdvance(ui->Text4->text());
     ui->Text4->setMinimumWidth(qMin(amountWidth + kBoxMargins, kWidestAmount));
-    for (const std::size_t item : {4, 5, 6, 9, 10, 12})
+    for (const std::size_t item : {4U, 5U, 6U, 9U, 10U, 12U})
         put(*Label3[item], fields.Label3[item]);
     put(*ui->Label9, fields.Label9);
     ui->Label13_3->setText(toQt(fields.Label13_3));
@@ -160,7 +160,7 @@ void Xcharge1::showTender(const TenderFields &fields)
 void Xcharge1::showCard(const TenderFields &fields)
 {
     put(*Label3[0], shownCardNumber(fields.Label3[0]));
-    for (const std::size_t item : {1, 2, 3})
+    for (const std::size_t item : {1U, 2U, 3U})
         put(*Label3[item], fields.Label3[item]);
     put(*ui->Text2, fields.Text2);
     put(*ui->Text5, fields.Text5);
@@ -221,7 +221,7 @@ void Xcharge1::showOptions(const TenderFields &fields)
     ui->SSCommand7->setAccessibleDescription(ui->SSCommand7->text());
     ui->SSCheck1->setChecked(fields.SSCheck1);
     ui->SSCheck1->setEnabled(fields.SSCheck1Enabled);
-    for (const std::size_t item : {8, 13, 14, 15})
+    for (const std::size_t item : {8U, 13U, 14U, 15U})
         put(*Label3[item], fields.Label3[item]);
     put(*ui->Label12, fields.Label12);
     put(*ui->Label14, fields.Label14);
