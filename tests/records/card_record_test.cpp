@@ -74,18 +74,6 @@ TEST(CardRecordBytes, ArePaddedCutAndReadLikeTheNumberTheyHold)
     EXPECT_EQ(CCdata.value(CCTabAmt), Money::fromCents(4850));
 }
 
-TEST(CardRecordBytes, OfTheNumberAreScrambledByItsTrimmedText)
-{
-    CardRecord CCdata;
-    CCdata.set(CCNumb, "  4111111111111111");
-    encodeCardNumber(CCdata);
-    EXPECT_EQ(CCdata.raw(CCNumb), "D3456789:;<=>?@A              ");
-    EXPECT_EQ(CCdata.raw(CCEncoded), "1 ");
-    CCdata.set(CCNumb, "");
-    encodeCardNumber(CCdata);
-    EXPECT_TRUE(CCdata.isEmpty(CCNumb));
-}
-
 TEST(FileFormats, TellTheCardRecordFieldByField)
 {
     std::string built;
