@@ -197,14 +197,19 @@ TEST_F(CardFiles, KeepTheirRecordsInOrderWhenTheSettledOnesMove)
     EXPECT_EQ(receipts(station.get(kMonth)), "0 1 4 ") << "nothing moves twice";
 }
 
-TEST_F(CardFiles, LeaveThePendingFileAloneUntilTheMonthIsOnTheDisk)
+TEST_F(CardFiles, AreNotReplacedWhenTheMoveIsNotSureOfThem)
 {
     const std::string pending = slotOf(cardRecord("1", "Completed")) + slotOf(cardRecord("2"));
-    station.put(kPending, pending);
-    station.disk.failOn("flush", "CCFinal0125.dat", Outcome::Broken);
     const ErrorsIgnored ignored(station.run);
-    moveSettledRecords(app);
-    EXPECT_EQ(station.get(kPending), pending);
+    for (const auto &[operation, file] : {std::pair("lock", "CCPending.dat"),
+                                          {"size", "CCPending.dat"},
+                                          {"flush", "CCFinal0125.dat"}}) {
+        station.put(kPending, pending);
+        station.disk.failOn(operation, file, Outcome::Broken);
+        moveSettledRecords(app);
+        EXPECT_EQ(station.get(kPending), pending) << operation << " of " << file;
+        station.disk.failOn(operation, file, Outcome::Done);
+    }
 }
 
 /// What a move may leave when it did not come to its end: the pending file as it was or as it

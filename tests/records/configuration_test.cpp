@@ -202,6 +202,7 @@ TEST_F(CardOptionsFile, LeavesTheOptionsWhenItIsMissingOrCannotBeRead)
     read(lines("-1", "2", "-1"));
     station.disk.failOn("read", "CCard.dat", Outcome::Broken);
     Get_CCini(app);
+    loadSetupFlags(app);
     station.erase(kOptions);
     Get_CCini(app);
     EXPECT_TRUE(values.PrintTipLine);
