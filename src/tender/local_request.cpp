@@ -1,0 +1,46 @@
+#include "tender/local_request.h"
+
+#include "records/delimited.h"
+
+namespace tender {
+
+using namespace records;
+
+LocalFiles localFiles(const ProcessValues &values, const platform::DateTime &now)
+{
+    const std::string name = values.paymentDirectory + "LocalTran\\" + Trim(values.StationName) +
+                             Format(now, "MMDDYY") + Format(now, "HHMMSS") + ".";
+    return {name + "tmp", name + "req", name + "ans"};
+}
+
+std::string orDefault(const std::string &text, const char *fallback)
+{
+    return isBlank(text) ? std::string(fallback) : text;
+}
+
+std::string requestLine(const LocalRequest &request)
+{
+    std::vector<std::string> values = {request.charge ? "C6" : "C1",
+                                       orDefault(request.server, "9999"),
+                                       orDefault(request.receipt, "999"),
+                                       orDefault(request.number, "99999999999999"),
+                                       orDefault(request.cardText, "9999"),
+                                       orDefault(request.amount, "1.00"),
+                                       "99999"};
+    const std::string verify = Trim(request.verify);
+    if (request.typed && !verify.empty() && verify != "000")
+        values.push_back(verify);
+    return quotedValues(values);
+}
+
+std::string localAmount(std::string_view amount)
+{
+    return Val(amount).isZero() ? "1.00" : Format(amount, "#######.##");
+}
+
+std::string outcomeWord(std::string_view answer)
+{
+    return Left(answer, 1) == "Y" ? "Approved" : "Declined";
+}
+
+} // namespace tender

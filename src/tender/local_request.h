@@ -1,0 +1,50 @@
+// Local requests: the files that the payment server's folder "LocalTran\" exchanges with the
+// tender when no command line drives the payment application.
+#pragma once
+
+#include "platform/clock.h"
+#include "records/app.h"
+
+#include <string>
+#include <string_view>
+
+namespace tender {
+
+/// The three names of one exchange; each station and second has its own.
+struct LocalFiles {
+    std::string work;    // ".tmp", written first
+    std::string request; // ".req", appears whole
+    std::string answer;  // ".ans", by the payment server
+    bool set() const { return !work.empty(); }
+};
+
+LocalFiles localFiles(const records::ProcessValues &values, const platform::DateTime &now);
+
+/// The eight values; blank ones take their defaults when the line is made.
+struct LocalRequest {
+    bool charge = false;  // "C6", else "C1"
+    std::string server;   // "9999"
+    std::string receipt;  // "999"
+    std::string number;   // "99999999999999"
+    std::string cardText; // the whole track of a swipe, the expiry of a typed card; "9999"
+    std::string amount;   // "1.00"
+    std::string verify;   // typed card alone; left out when blank or "000"
+    bool typed = false;
+};
+
+/// `text`, or `fallback` where it is blank.
+std::string orDefault(const std::string &text, const char *fallback);
+
+/// Of an answer file; the rest is left out.
+inline constexpr std::size_t kAnswerLimit = 4096;
+
+/// One delimited line of 7 values, or 8 with the verification digits of a typed card.
+std::string requestLine(const LocalRequest &request);
+
+/// The amount as the request sends it: mask "#######.##", a value of 0 becomes "1.00".
+std::string localAmount(std::string_view amount);
+
+/// "Approved" for an answer that begins with "Y", else "Declined"; capitals count.
+std::string outcomeWord(std::string_view answer);
+
+} // namespace tender
