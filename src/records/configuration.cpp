@@ -45,8 +45,11 @@ bool isMinusOne(const std::string &text)
     return Val(text) == Money::fromWhole(-1);
 }
 
+/// From `Maindir`, which becomes the usual directory when it is empty. False without the file.
 bool readCardOptions(App &app, CardOptions &options)
 {
+    if (app.values.Maindir.empty())
+        app.values.Maindir = "c:\\Lumbrio\\";
     const std::string path = app.values.Maindir + "CCard.dat";
     std::string content;
     if (!app.files.exists(path) || !done(app.files.read(path, content)))
@@ -94,8 +97,6 @@ CardOptions parseCardOptions(std::string_view content)
 void Get_CCini(App &app)
 {
     const platform::ErrorsIgnored ignored(app.run);
-    if (app.values.Maindir.empty())
-        app.values.Maindir = "c:\\Lumbrio\\";
     CardOptions options;
     if (!readCardOptions(app, options))
         return;
@@ -108,8 +109,6 @@ void Get_CCini(App &app)
 void loadSetupFlags(App &app)
 {
     const platform::ErrorsIgnored ignored(app.run);
-    if (app.values.Maindir.empty())
-        app.values.Maindir = "c:\\Lumbrio\\";
     CardOptions options;
     if (!readCardOptions(app, options))
         return;
