@@ -1,29 +1,13 @@
 // The pen: which printer its jobs reach, and what stays from job to job.
 #include "printing/printer_choice.h"
+#include "support/golden_table.h"
 #include "support/test_station.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include <sstream>
 
 namespace {
 
 using namespace printing;
-
-struct CountingPrinters : support::FakePrinters {
-    std::vector<std::string> names() override
-    {
-        ++asked;
-        return FakePrinters::names();
-    }
-    std::string defaultName() override
-    {
-        ++asked;
-        return FakePrinters::defaultName();
-    }
-    int asked = 0;
-};
 
 struct PenTest : testing::Test {
     void choose(const std::string &name)
@@ -34,107 +18,50 @@ struct PenTest : testing::Test {
 
     support::TestStation station;
     records::App app{station.services};
-    CountingPrinters printers;
-    Printer printer{printers};
+    Printer printer{station.printers};
 };
 
 TEST_F(PenTest, TheLastPrinterThatFitsIsSelected)
 {
-    struct Case {
-        std::string configured;
-        std::vector<std::string> installed;
-        std::string selected;
-        bool vendor;
-        std::string selectedForVendor;
-    };
-    const std::vector<std::string> plain = {"Receipt TM-88", "Receipt TM-90", "Office Laser"};
-    const std::vector<std::string> mixed = {"VENDOR One", "Receipt TM-88", "VENDOR Two", "Vendor"};
-    const Case cases[] = {
-        {" Receipt ", plain, "Receipt TM-90", false, "Receipt TM-90"},
-        {"Receipt TM-88", plain, "Receipt TM-88", false, "Receipt TM-88"},
-        {"", plain, "Office Laser", false, "Office Laser"},
-        {"receipt", plain, "Receipt TM-88", false, "Receipt TM-88"}, // none fits: the default
-        {"Receipt TM-88 long", plain, "Receipt TM-88", false, "Receipt TM-88"},
-        {"Receipt", mixed, "Receipt TM-88", true, "VENDOR Two"},
-        {"Receipt", {"VENDO", " VENDOR"}, "VENDO", false, "VENDO"},
-        {"Receipt", {}, "", false, ""},
-    };
-    for (const Case &oneCase : cases) {
-        SCOPED_TRACE(oneCase.configured);
-        printers.installed = oneCase.installed;
-        Printer pen(printers);
-        app.values.ReceiptPrinterName = oneCase.configured;
+    support::expectTable("slips/printers.txt", [this](const std::string &input) {
+        station.printers.installed.clear();
+        std::istringstream names(input.substr(input.find(" of ") + 4));
+        for (std::string name; std::getline(names, name, ',');)
+            station.printers.installed.push_back(name);
+        Printer pen(station.printers);
+        app.values.ReceiptPrinterName = input.substr(0, input.find(" of "));
         Set_Printer(app, pen);
-        EXPECT_EQ(pen.vendorPrinterPresent(), oneCase.vendor);
-        EXPECT_EQ(pen.selectedName(), oneCase.selected);
+        const std::string selected = pen.selectedName();
+        const std::string vendor = pen.vendorPrinterPresent() ? "vendor" : "";
         Set_PrinterVendor(pen);
-        EXPECT_EQ(pen.selectedName(), oneCase.selectedForVendor);
-        EXPECT_EQ(pen.vendorPrinterPresent(), oneCase.vendor);
-    }
+        return std::vector{selected, vendor, pen.selectedName()};
+    });
 }
 
-TEST_F(PenTest, ChoosingCostsNothingUntilTheResultIsNeeded)
-{
-    choose("");
-    choose("No such printer");
-    EXPECT_EQ(printers.asked, 0);
-    printer.warmUp({});
-    EXPECT_EQ(printers.asked, 1);
-    EXPECT_EQ(printer.selectedName(), "Office Laser") << "the earlier choice must not be lost";
-    printer.line("text");
-    printer.closeJob();
-    EXPECT_EQ(printers.asked, 1);
-}
-
-TEST_F(PenTest, AVendorPrinterThatWentAwayIsForgotten)
-{
-    printers.installed.push_back("VENDOR");
-    choose("Receipt");
-    EXPECT_TRUE(printer.vendorPrinterPresent());
-    printers.installed.pop_back();
-    EXPECT_TRUE(printer.vendorPrinterPresent()) << "known until the printer is chosen anew";
-    choose("Receipt");
-    EXPECT_FALSE(printer.vendorPrinterPresent());
-}
-
-TEST_F(PenTest, AJobStaysOnThePrinterItWasBegunOn)
+TEST_F(PenTest, AJobStaysOnItsPrinterAndTheFontStaysButForAnImpossibleOne)
 {
     choose("Office");
-    printer.line("notice");
-    choose("Receipt");
-    printer.line("slip");
-    choose("Receipt TM-88");
-    printer.line("more");
-    printer.closeJob();
-    printer.closeJob();
-    ASSERT_EQ(printers.collected.size(), 2U);
-    EXPECT_EQ(printers.collected[0].printer, "Office Laser");
-    EXPECT_EQ(platform::plainText(printers.collected[0].job), "notice\r\n");
-    EXPECT_EQ(printers.collected[1].printer, "Receipt TM-88");
-    EXPECT_EQ(platform::plainText(printers.collected[1].job), "slip\r\nmore\r\n");
-}
-
-TEST_F(PenTest, TheFontStaysButAnImpossibleOneIsIgnored)
-{
     printer.setFamily("Receipt Sans");
     printer.setSize(14);
     printer.setBold(true);
-    printer.line("first");
-    printer.closeJob();
+    choose("No such printer");
+    printer.line("notice");
+    choose("Receipt");
     printer.setFamily("");
     printer.setSize(0);
     printer.setSize(-2);
-    printer.line("second");
+    printer.line("slip");
+    choose("Receipt TM-88");
     printer.cut();
     printer.newPage();
     printer.tabs("20,45");
-    printer.line("third");
+    printer.line("more");
     printer.closeJob();
-    ASSERT_EQ(printers.collected.size(), 2U);
-    EXPECT_EQ(platform::describe(printers.collected[1].job),
-              "job \"Lumbrio card slip\"\nfont \"Receipt Sans\" 14 bold\nline \"second\"\ncut\n"
-              "new page\ntabs 20,45\n"
-              "font \"Receipt Sans\" 10 bold\nline \"third\"\n");
+    printer.closeJob();
+    std::string paper;
+    for (const auto &[name, job] : station.printers.collected)
+        paper += "on " + name + "\n" + platform::describe(job);
+    EXPECT_EQ(paper, support::testFile("golden/slips/two_printers.txt"));
 }
 
 } // namespace

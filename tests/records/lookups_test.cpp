@@ -9,8 +9,6 @@
 namespace {
 
 using namespace records;
-using platform::Outcome;
-using support::TestStation;
 
 constexpr const char *kEmployees = "F:\\Clock\\Data\\Zemployee.dat";
 constexpr const char *kManagers = "F:\\Lumbrio\\ini\\3\\ButtonAM.dat";
@@ -21,9 +19,6 @@ protected:
     {
         app.values.Remotedir = "F:\\Lumbrio\\";
         app.values.timeClockDirectory = "F:\\Clock\\";
-        station.put(kEmployees, employee("1", "Anna Bell") + employee(" 12 ", "Bartholomew") +
-                                    employee("7", "  Rosalind Test Smith") + employee("007", "Bo") +
-                                    employee("7", "Second Seven"));
     }
 
     static std::string employee(const std::string &number, const std::string &name)
@@ -45,95 +40,50 @@ protected:
         return app.values.EmployeeFullName + "/" + app.values.EmployeeShortName;
     }
 
-    TestStation station;
+    support::TestStation station;
     App app{station.services};
 };
 
-TEST_F(Lookups, NameTheFirstEmployeeWhoseTrimmedNumberIsTheSame)
+TEST_F(Lookups, NameTheFirstEmployeeWhoseTrimmedNumberIsTheSameAndNeverStopATender)
 {
-    EXPECT_EQ(names("7"), "Rosalind Test Smith/Rosalind ");
+    station.put(kEmployees, employee("1", "Anna Bell") + employee(" 12 ", "Bartholomew") +
+                                employee("7", "  Rosalind Test Smith") + employee("007", "Bo") +
+                                employee("7", "Second Seven") +
+                                employee("9", "Nina Last").substr(0, 560)); // a cut file
     EXPECT_EQ(names("  7 "), "Rosalind Test Smith/Rosalind ");
     EXPECT_EQ(names("12"), "Bartholomew/Barth");
     EXPECT_EQ(names("007"), "Bo/Bo");
-    EXPECT_EQ(names("99"), "XXXXXX/Earlier ");
-    EXPECT_EQ(names(""), "Earlier One/Earlier ");
-    EXPECT_EQ(names("  "), "Earlier One/Earlier ");
-    EXPECT_EQ(shortName(""), "");
-}
-
-TEST_F(Lookups, ReadTheLastEmployeeOfACutFile)
-{
-    const std::string cut = employee("1", "Anna Bell") + employee("9", "Nina Last").substr(0, 560);
-    station.put(kEmployees, cut);
     EXPECT_EQ(names("9"), "Nina Last/Nina ");
-    station.put(kEmployees, cut.substr(0, 1060)); // no employee any more, and not the one before
-    EXPECT_EQ(names("9"), "XXXXXX/Earlier ");
-    station.put(kEmployees, "");
-    EXPECT_EQ(names("1"), "XXXXXX/Earlier ");
-}
-
-TEST_F(Lookups, OfEmployeesNeverStopATender)
-{
-    TestStation other(&station);
+    EXPECT_EQ(names("99"), "XXXXXX/Earlier ");
+    EXPECT_EQ(names("  "), "Earlier One/Earlier ");
+    support::TestStation other(&station);
     platform::SlotFile held(other.files, kEmployees, EmployeeRecord::kSize);
     ASSERT_TRUE(done(held.open(platform::SlotUse::Read)) && done(held.lock()));
     EXPECT_EQ(names("1"), "XXXXXX/Earlier ");
     held.close();
-    station.disk.failOn("read", "Zemployee.dat", Outcome::Broken);
-    EXPECT_EQ(names("1"), "XXXXXX/Earlier ");
-    station.erase(kEmployees);
+    station.disk.failOn("read", "Zemployee.dat", platform::Outcome::Broken);
     EXPECT_EQ(names("1"), "XXXXXX/Earlier ");
     EXPECT_FALSE(station.run.ending());
 }
 
-TEST_F(Lookups, FillTheManagersFromRowZeroToFifteen)
+TEST_F(Lookups, FindManagersInRowsOneToElevenAndABadLineSpoilsItsOwnRowAlone)
 {
-    std::string lines;
-    for (int i = 0; i < 17; ++i)
-        lines += "\"card" + std::to_string(i) + "\",\"Manager " + std::to_string(i) +
-                 "\",\"01/01/2030\"\r\n";
-    station.put(kManagers, lines);
-    Get_AsstMgr(app);
-    for (int i = 0; i < 16; ++i)
-        EXPECT_EQ(app.values.ManagerTable[static_cast<std::size_t>(i)].name,
-                  "Manager " + std::to_string(i));
-    EXPECT_EQ(managerName(app.values, "card1"), "Manager 1");
-    EXPECT_EQ(managerName(app.values, "card11"), "Manager 11");
-    // The first line of the file and what stands behind row 11 are never found.
-    EXPECT_EQ(managerName(app.values, "card0"), "Not Found");
-    EXPECT_EQ(managerName(app.values, "card12"), "Not Found");
-    EXPECT_EQ(managerName(app.values, "CARD1"), "Not Found");
-}
-
-TEST_F(Lookups, LetABadManagerLineSpoilItsOwnRowAlone)
-{
-    station.put(kManagers, support::testFile("broken/records/manager_list_with_bad_lines.dat"));
-    Get_AsstMgr(app);
-    const std::string expected[] = {
-        "1111/First Line/01/01/2030",         "2222/Second Line/01/01/2030",
-        "xxxxxxxxxx/Not Assigned/01/01/2001", "xxxxxxxxxx/Not Assigned/01/01/2001",
-        "5555/Fifth Line/01/01/2030",         "xxxxxxxxxx/Not Assigned/01/01/2001"};
-    for (std::size_t i = 0; i < std::size(expected); ++i) {
-        const ManagerRow &row = app.values.ManagerTable[i];
-        EXPECT_EQ(row.cardNumber + "/" + row.name + "/" + row.endDate, expected[i]) << i;
-    }
-}
-
-TEST_F(Lookups, OfManagersHaveDefaultsInTheirTenRows)
-{
+    // Without a file: row 11 is empty, so that no code at all finds a manager without a name.
     app.values.Remotedir.clear();
     Get_AsstMgr(app);
     EXPECT_EQ(app.values.Remotedir, "c:\\Lumbrio\\");
-    EXPECT_EQ(app.values.ManagerTable[0].name, "");
-    EXPECT_EQ(app.values.ManagerTable[10].name, "Not Assigned");
-    EXPECT_EQ(managerName(app.values, "xxxxxxxxxx"), "Not Assigned");
-    // Row 11 is empty, so that no code at all finds a manager without a name.
     EXPECT_EQ(managerName(app.values, ""), "");
 
-    station.put("c:\\Lumbrio\\ini\\3\\ButtonAM.dat", "\"1\",\"A\",\"B\"\r\n");
-    station.disk.failOn("read", "ButtonAM.dat", Outcome::Broken);
+    app.values.Remotedir = "F:\\Lumbrio\\";
+    station.put(kManagers, support::testFile("broken/records/manager_list_with_bad_lines.dat"));
     Get_AsstMgr(app);
-    EXPECT_FALSE(station.run.ending());
+    std::string rows;
+    for (const ManagerRow &row : app.values.ManagerTable)
+        rows += row.cardNumber + "|" + row.name + "|" + row.endDate + "\n";
+    EXPECT_EQ(rows, support::testFile("golden/records/managers.txt"));
+    EXPECT_EQ(managerName(app.values, "card11"), "Manager 11");
+    for (const char *code : {"1111", "card12", "CARD11"}) // rows 0 and 12, and another case
+        EXPECT_EQ(managerName(app.values, code), "Not Found") << code;
 }
 
 } // namespace
