@@ -31,15 +31,6 @@ void keepConfig(ProcessValues &values)
     trimmedInPlace(values.config, kOwnerCode);
 }
 
-std::string paymentDirectory(const std::string &line)
-{
-    const std::string directory = Trim(line);
-    if (directory.empty())
-        return "c:\\Program Files\\X-Charge\\";
-    const bool ended = directory.back() == '\\' || directory.back() == '/';
-    return ended ? directory : directory + "\\";
-}
-
 bool isMinusOne(const std::string &text)
 {
     return Val(text) == Money::fromWhole(-1);
@@ -94,13 +85,22 @@ CardOptions parseCardOptions(std::string_view content)
     return options;
 }
 
+std::string paymentDirectory(const CardOptions &options)
+{
+    const std::string directory = Trim(options[1]);
+    if (directory.empty())
+        return "c:\\Program Files\\X-Charge\\";
+    const bool ended = directory.back() == '\\' || directory.back() == '/';
+    return ended ? directory : directory + "\\";
+}
+
 void Get_CCini(App &app)
 {
     const platform::ErrorsIgnored ignored(app.run);
     CardOptions options;
     if (!readCardOptions(app, options))
         return;
-    app.values.paymentDirectory = paymentDirectory(options[1]);
+    app.values.paymentDirectory = paymentDirectory(options);
     app.values.PrintTipLine = isMinusOne(options[7]);
     app.values.NoPartialSupport = wholeNumber(options[8]);
     app.values.PreApproveTip = isMinusOne(options[9]);

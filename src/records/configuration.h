@@ -24,11 +24,12 @@ std::string versionToolTip(const LumbrioConfig &config);
 using CardOptions = std::array<std::string, 10>;
 
 CardOptions parseCardOptions(std::string_view content);
+/// The second line with a backslash at its end; the usual place where it is empty.
+std::string paymentDirectory(const CardOptions &options);
 
 /// "CCard.dat" in `Maindir`: the payment directory, `PrintTipLine`, `NoPartialSupport` and
 /// `PreApproveTip`. An empty `Maindir` becomes "c:\Lumbrio\"; without the file nothing changes.
-/// The payment directory alone gets its last backslash where it is missing, and the usual place
-/// where the line is empty. Errors are ignored.
+/// Errors are ignored.
 void Get_CCini(App &app);
 
 /// What loading the setup screen sets: with "CCard.dat" there, `NoPartialSupport` from it and
