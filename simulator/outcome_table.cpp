@@ -1,10 +1,9 @@
 #include "simulator/outcome_table.h"
 
-#include "records/money.h"
 #include "records/text.h"
+#include "simulator/sample_values.h"
 
 #include <array>
-#include <cstdint>
 
 namespace simulator {
 
@@ -65,37 +64,11 @@ constexpr std::array<Row, 19> kRows = {{
 }};
 // clang-format on
 
-std::int64_t centsOf(const PaymentRequest &request)
-{
-    return records::Val(request.amount).rounded(2).tenThousandths() / 100;
-}
-
 // "48.50"; the cents of an amount that is not below zero.
 std::string amountText(std::int64_t cents)
 {
     const std::string digits = std::to_string(cents % 100);
     return std::to_string(cents / 100) + (digits.size() < 2 ? ".0" : ".") + digits;
-}
-
-std::string padded(std::uint64_t number, std::size_t width)
-{
-    std::string digits = std::to_string(number);
-    if (digits.size() < width)
-        digits.insert(0, width - digits.size(), '0');
-    return digits.substr(digits.size() - width);
-}
-
-// The same tender always meets the same card and codes.
-std::uint64_t fingerprint(const PaymentRequest &request)
-{
-    std::uint64_t hash = 0xcbf29ce484222325ULL;
-    for (const std::string *text :
-         {&request.transactionType, &request.amount, &request.receipt, &request.clerk}) {
-        for (const char c : *text)
-            hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3ULL;
-        hash = (hash ^ 0x1fU) * 0x100000001b3ULL;
-    }
-    return hash;
 }
 
 struct Card {
@@ -113,9 +86,10 @@ Card cardFor(const PaymentRequest &request)
                                                            "DISCOVER"};
     static constexpr std::array<const char *, 4> kNames = {"WILLOW SAMPLE", "CEDAR SAMPLE",
                                                            "HAZEL SAMPLE", "LINDEN SAMPLE"};
-    const std::uint64_t seed = fingerprint(request);
+    const std::uint64_t seed =
+        fingerprint({request.transactionType, request.amount, request.receipt, request.clerk});
     Card card;
-    card.approvalCode = padded(seed % 1000000, 6);
+    card.approvalCode = approvalCode(seed);
     card.account = "XXXXXXXXXXXX" + padded((seed >> 8U) % 10000, 4);
     card.type = kTypes[(seed >> 24U) % kTypes.size()];
     card.name = kNames[(seed >> 28U) % kNames.size()];
@@ -151,7 +125,8 @@ std::string giftResult(const PaymentRequest &request, std::string_view balance)
 {
     Card card = cardFor(request);
     card.type = "GIFT";
-    return approval(request, card, centsOf(request)) + "BALANCE=" + std::string(balance) + "\r\n";
+    return approval(request, card, centsOf(request.amount)) + "BALANCE=" + std::string(balance) +
+           "\r\n";
 }
 
 std::string taggedResult(const PaymentRequest &request, bool success)
@@ -172,19 +147,8 @@ std::string taggedResult(const PaymentRequest &request, bool success)
     add("RESULT_ACCOUNTTYPE", card.type);
     add("RESULT_EXPIRATION", "1232");
     if (success)
-        add("RESULT_APPROVEDAMOUNT", amountText(centsOf(request)));
+        add("RESULT_APPROVEDAMOUNT", amountText(centsOf(request.amount)));
     return text + "</RESULT>\r\n";
-}
-
-std::string garbage()
-{
-    std::string bytes;
-    std::uint32_t state = 0x9e3779b9U;
-    while (bytes.size() < 4096) {
-        state = state * 1664525U + 1013904223U;
-        bytes += static_cast<char>(state >> 24U);
-    }
-    return bytes;
 }
 
 std::string withLineEnds(const std::string &text, char left)
@@ -213,7 +177,7 @@ std::string longValues(const PaymentRequest &request)
     for (std::string *value : {&card.approvalCode, &card.account, &card.type, &card.name,
                                &card.token, &card.transaction})
         value->append(60, 'x');
-    return approval(request, card, centsOf(request));
+    return approval(request, card, centsOf(request.amount));
 }
 
 void cutInside(PaymentOutcome &outcome, std::string_view key, std::size_t into)
@@ -223,12 +187,12 @@ void cutInside(PaymentOutcome &outcome, std::string_view key, std::size_t into)
 
 Kind kindOf(const PaymentRequest &request, std::string_view &name)
 {
-    const std::int64_t cents = centsOf(request);
+    const std::int64_t cents = centsOf(request.amount);
     name = "declined";
     if (cents <= 0)
         return Kind::Declined;
     for (const Row &row : kRows)
-        if (cents % 100 >= row.shown.firstCents && cents % 100 <= row.shown.lastCents) {
+        if (row.shown.holds(cents)) {
             name = row.shown.name;
             return row.kind;
         }
@@ -268,7 +232,7 @@ void fill(PaymentOutcome &outcome, Kind kind, const PaymentRequest &request)
     case Kind::Huge: outcome.content = huge(request); break;
     case Kind::LongValues: outcome.content = longValues(request); break;
     case Kind::Slow:
-        outcome.waitSeconds = static_cast<int>(centsOf(request) % 100) - kSlowFromCents;
+        outcome.waitSeconds = static_cast<int>(centsOf(request.amount) % 100) - kSlowFromCents;
         break;
     }
 }
@@ -339,7 +303,7 @@ PaymentOutcome decide(const PaymentRequest &request)
 
 std::string approvedResult(const PaymentRequest &request)
 {
-    return approval(request, cardFor(request), centsOf(request));
+    return approval(request, cardFor(request), centsOf(request.amount));
 }
 
 std::string declinedResult(const PaymentRequest &request)
@@ -349,7 +313,7 @@ std::string declinedResult(const PaymentRequest &request)
 
 std::string partialResult(const PaymentRequest &request)
 {
-    const std::int64_t cents = centsOf(request);
+    const std::int64_t cents = centsOf(request.amount);
     return approval(request, cardFor(request), cents / 2) +
            "ADDITIONALFUNDSREQUIRED=" + amountText(cents - cents / 2) + "\r\n";
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,6 +48,11 @@ struct OutcomeRow {
     int lastCents;
     std::string_view name;
     std::string_view meaning;
+
+    bool holds(std::int64_t cents) const
+    {
+        return cents % 100 >= firstCents && cents % 100 <= lastCents;
+    }
 };
 
 /// All rows in the order of the cents. Cents that no row names approve, 48.50 and every whole

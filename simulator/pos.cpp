@@ -1,5 +1,6 @@
 #include "simulator/pos.h"
 
+#include "records/configuration.h"
 #include "records/delimited.h"
 #include "records/lumbrio_config.h"
 #include "records/text.h"
@@ -31,7 +32,7 @@ Names namesFor(std::size_t lines)
 
 Place placeOf(platform::Files &files)
 {
-    Place place{files, kSandboxMaindir, kSandboxRemotedir};
+    Place place{files, kSandboxMaindir, kSandboxRemotedir, {}};
     std::string content;
     const std::string path = place.Maindir + "LumbrioINI.dat";
     records::LumbrioConfig config;
@@ -41,6 +42,11 @@ Place placeOf(platform::Files &files)
         place.Maindir = config.text(records::kMaindir);
     if (!config.isEmpty(records::kRemotedir))
         place.Remotedir = config.text(records::kRemotedir);
+    const std::string options = place.Maindir + "CCard.dat";
+    content.clear();
+    if (files.exists(options))
+        files.read(options, content);
+    place.paymentDirectory = records::paymentDirectory(records::parseCardOptions(content));
     return place;
 }
 
@@ -70,17 +76,37 @@ std::vector<std::string> readAnswer(const Place &place)
     return values;
 }
 
+std::vector<AnswerLine> namedAnswer(const std::vector<std::string> &answer)
+{
+    const Names names = namesFor(answer.size());
+    std::vector<AnswerLine> lines;
+    for (std::size_t i = 0; i < answer.size(); ++i)
+        lines.emplace_back(i < names.size() ? names[i] : "?", records::Trim(answer[i]));
+    return lines;
+}
+
 std::string readableAnswer(const std::vector<std::string> &answer)
 {
     constexpr std::size_t kNameWidth = 16;
-    const Names names = namesFor(answer.size());
     std::string text;
-    for (std::size_t i = 0; i < answer.size(); ++i) {
-        std::string name = i < names.size() ? names[i] : "?";
-        name.resize(kNameWidth, ' ');
-        text += "  " + name + records::Trim(answer[i]) + "\n";
+    for (auto &[name, value] : namedAnswer(answer)) {
+        std::string padded = name;
+        padded.resize(kNameWidth, ' ');
+        text.append("  ").append(padded).append(value).append("\n");
     }
     return text.empty() ? "  no answer\n" : text;
+}
+
+bool tenderIsSeen()
+{
+    const std::string platform = environmentValue("QT_QPA_PLATFORM");
+    return platform.empty() ? hasDisplay() : platform != "offscreen" && platform != "minimal";
+}
+
+ChildProcess startServer(const Place &place, const std::string &drivesFolder)
+{
+    return ChildProcess(place.files.realPath(place.paymentDirectory + "Xchrgsrv.exe"), {"/", "T"},
+                        {"LUMBRIO_DRIVES=" + drivesFolder}, false);
 }
 
 ChildProcess startTender(const std::string &tndrcc, const std::string &drivesFolder,

@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace simulator {
@@ -16,6 +17,7 @@ struct Place {
     platform::Files &files;
     std::string Maindir;
     std::string Remotedir;
+    std::string paymentDirectory; // of "CCard.dat", with its separator
 };
 
 /// The sandbox's directories where the configuration is not there or names none.
@@ -37,9 +39,19 @@ bool leaveRequest(const Place &place, const TenderRequest &request);
 /// the file.
 std::vector<std::string> readAnswer(const Place &place);
 
-/// An answer for a person: a name and a value on each line. The forms are told apart by their
+/// An answer for a person: the name and the value of each line. The forms are told apart by their
 /// number of lines.
+using AnswerLine = std::pair<std::string, std::string>;
+std::vector<AnswerLine> namedAnswer(const std::vector<std::string> &answer);
+/// The same as text; "no answer" for none.
 std::string readableAnswer(const std::vector<std::string> &answer);
+
+/// False where a tender would run on a platform without a window: nobody could give a card.
+bool tenderIsSeen();
+
+/// Starts the payment server as the tender does; it ends at once where one runs already. Its
+/// output is thrown away.
+ChildProcess startServer(const Place &place, const std::string &drivesFolder);
 
 /// Starts "TndrCC" (a real path) on a drives folder, without a display on Qt's offscreen platform.
 ChildProcess startTender(const std::string &tndrcc, const std::string &drivesFolder,

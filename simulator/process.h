@@ -1,5 +1,5 @@
 // Processes and waits of the stand-ins: starting a program and waiting for its end, becoming
-// another program, the folder of the running one.
+// another program, the folder of the running one, and being asked to end.
 #pragma once
 
 #include <optional>
@@ -15,6 +15,10 @@ bool hasDisplay();
 /// The value of an environment variable; empty when it is not set.
 std::string environmentValue(const char *name);
 void pause(int milliseconds);
+
+/// From now on SIGTERM and Ctrl+C no longer end the process: they make endAsked() true.
+void listenForEnd();
+bool endAsked();
 
 /// Becomes the program; returns only when it could not be started.
 void becomeProgram(const std::string &program, const std::vector<std::string> &arguments);
@@ -37,6 +41,8 @@ public:
     bool waitForEnd(int milliseconds);
     /// Ends it by its id, at once.
     void kill();
+    /// Asks it to end, by its id; at once when it has not done so within a second.
+    void end();
     /// What it returned; -1 when it was killed, runs still or was never started.
     int exitCode() const { return code; }
 

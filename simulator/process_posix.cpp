@@ -38,6 +38,8 @@ std::string_view nameOf(std::string_view setting)
     return setting.substr(0, setting.find('='));
 }
 
+volatile std::sig_atomic_t askedToEnd = 0;
+
 std::vector<std::string> environmentWith(const std::vector<std::string> &changes)
 {
     std::vector<std::string> result = changes;
@@ -77,6 +79,17 @@ std::string environmentValue(const char *name)
 void pause(int milliseconds)
 {
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
+
+void listenForEnd()
+{
+    for (const int signal : {SIGTERM, SIGINT})
+        std::signal(signal, [](int) { askedToEnd = 1; });
+}
+
+bool endAsked()
+{
+    return askedToEnd != 0;
 }
 
 void becomeProgram(const std::string &program, const std::vector<std::string> &arguments)
@@ -132,6 +145,16 @@ void ChildProcess::kill()
         return;
     ::kill(pid, SIGKILL);
     waitForEnd(0);
+}
+
+void ChildProcess::end()
+{
+    constexpr int kPatience = 1000; // ms
+    if (!running())
+        return;
+    ::kill(pid, SIGTERM);
+    if (!waitForEnd(kPatience))
+        kill();
 }
 
 } // namespace simulator

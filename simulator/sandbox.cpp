@@ -15,6 +15,7 @@ namespace fs = std::filesystem;
 
 const std::string kMain = kSandboxMaindir;
 const std::string kRemote = kSandboxRemotedir;
+constexpr const char *kModeFile = "X1009Version.dat";
 
 // Those that no program makes for itself.
 const char *const kFolders[] = {
@@ -39,6 +40,17 @@ bool makeFolders(platform::Files &files, std::string_view path)
 bool write(platform::Files &files, const std::string &path, const std::string &content)
 {
     return done(files.write(path, content));
+}
+
+/// A link that is there is turned, a real program is left alone: false.
+bool linkProgram(platform::Files &files, const char *place, const std::string &program)
+{
+    const fs::path link = files.realPath(place);
+    std::error_code error;
+    if (fs::is_symlink(link, error))
+        fs::remove(link, error);
+    fs::create_symlink(program, link, error);
+    return !error;
 }
 
 bool writeInstallation(platform::Files &files, const std::string &drivesFolder)
@@ -137,14 +149,27 @@ bool isInstalled(platform::Files &files)
     return files.exists(kMain + "LumbrioINI.dat");
 }
 
-bool linkXcharge(platform::Files &files, const std::string &program)
+void mendLinks(platform::Files &files, const std::string &programsFolder)
 {
-    const fs::path link = files.realPath(kXchargeProgram);
-    std::error_code error;
-    if (fs::is_symlink(link, error))
-        fs::remove(link, error);
-    fs::create_symlink(program, link, error);
-    return !error;
+    if (!files.exists(kXchargeProgram))
+        linkProgram(files, kXchargeProgram, programsFolder + "/sim_xcharge");
+    if (!files.exists(kServerProgram))
+        linkProgram(files, kServerProgram, programsFolder + "/sim_server");
+}
+
+Mode modeOf(platform::Files &files, const std::string &Maindir)
+{
+    return files.exists(Maindir + kModeFile) ? Mode::CommandLine : Mode::Local;
+}
+
+bool setMode(platform::Files &files, const std::string &Maindir, Mode mode)
+{
+    if (mode == modeOf(files, Maindir))
+        return true;
+    if (mode == Mode::Local)
+        return done(files.remove(Maindir + kModeFile));
+    return write(files, Maindir + kModeFile,
+                 records::quotedLine("Use Xcharge Local version for oct 2009 "));
 }
 
 bool makeSandbox(platform::Files &files, const std::string &drivesFolder,
@@ -160,11 +185,12 @@ bool makeSandbox(platform::Files &files, const std::string &drivesFolder,
     return writeInstallation(files, drivesFolder) &&
            write(files, kMain + "LumbrioINI.dat", configurationFile()) &&
            write(files, kMain + "CCard.dat", cardOptionsFile()) &&
-           write(files, kMain + "X1009Version.dat",
-                 records::quotedLine("Use Xcharge Local version for oct 2009 ")) &&
+           setMode(files, kMain, Mode::CommandLine) &&
            write(files, kRemote + "Data\\Zemployee.dat", employeeFile()) &&
            write(files, kRemote + "ini\\3\\ButtonAM.dat", managerFile()) &&
-           linkXcharge(files, xchargeProgram);
+           linkProgram(files, kXchargeProgram, xchargeProgram) &&
+           linkProgram(files, kServerProgram,
+                       fs::path(xchargeProgram).replace_filename("sim_server").string());
 }
 
 } // namespace simulator

@@ -14,17 +14,32 @@ namespace simulator {
 inline constexpr const char *kSandboxMaindir = "C:\\Lumbrio\\";
 inline constexpr const char *kSandboxRemotedir = "F:\\Lumbrio\\";
 inline constexpr const char *kXchargeProgram = "c:\\Program Files\\X-charge\\Xcharge.exe";
+inline constexpr const char *kServerProgram = "c:\\Program Files\\X-charge\\Xchrgsrv.exe";
 
 /// Everything: folders, "installation.ini", "LumbrioINI.dat", "CCard.dat", "X1009Version.dat",
-/// employees, managers, and `xchargeProgram` (a real path) as the payment application. Files that
-/// are there are written anew. False when something failed; `files` has reported it then.
+/// employees, managers, `xchargeProgram` (a real path) as the payment application and the
+/// "sim_server" beside it as the payment server. Files that are there are written anew. False when
+/// something failed; `files` has reported it then.
 bool makeSandbox(platform::Files &files, const std::string &drivesFolder,
                  const std::string &xchargeProgram);
 /// True when the drives folder holds an installation, be it a sandbox or a real one.
 bool isInstalled(platform::Files &files);
-/// Makes the payment application's path a link to `program`. A link that is there is turned, a
-/// real program is left alone: false.
-bool linkXcharge(platform::Files &files, const std::string &program);
+/// Links both payment programs' places to the stand-ins in `programsFolder` where nothing is, or a
+/// link that leads nowhere (the build was moved, the sandbox is older). Real programs stay.
+void mendLinks(platform::Files &files, const std::string &programsFolder);
+
+/// How a station reaches the payment programs: "X1009Version.dat" in its directory says it.
+enum class Mode { CommandLine, Local };
+Mode modeOf(platform::Files &files, const std::string &Maindir);
+bool setMode(platform::Files &files, const std::string &Maindir, Mode mode);
+
+/// A card that belongs to nobody, for whoever plays a local request.
+struct SampleCard {
+    const char *number = "4111111111111111";
+    const char *expiry = "1232"; // "MMYY"
+    const char *verify = "123";  // from its back
+    const char *track = "%B4111111111111111^SAMPLE/WILLOW^32121010000000000000?";
+};
 
 /// What the sandbox's files hold, for tests that want one of them alone or another way.
 struct RestaurantOptions {

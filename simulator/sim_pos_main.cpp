@@ -3,6 +3,8 @@
 #include "simulator/pending_table.h"
 #include "simulator/pos.h"
 #include "simulator/sandbox.h"
+#include "simulator/server_table.h"
+#include "simulator/station.h"
 
 #include <algorithm>
 #include <chrono>
@@ -19,16 +21,13 @@ const char kUsage[] =
     "usage: sim_pos COMMAND [--drives DIR] ...\n"
     "  sandbox   makes the drives folder with a restaurant in it\n"
     "  tender    --table 12 --receipt 1043 --server 7 --amount 48.50 [--audit 48.50] [--wait S]\n"
+    "            [--mode command|local] [--track TEXT]\n"
     "            takes one card tender; gives up after S seconds (0: never; without a display 60)\n"
+    "            local: a person gives the card at the tender's screen; --track is shown to him\n"
     "  pending   the records of CCPending.dat; --month: those of the month files\n"
     "  demo      a sandbox where there is none, tenders of several outcomes, and what they left\n"
-    "  outcomes  the amounts that the payment application's stand-in answers in a special way\n";
-
-/// A turn that never comes: nothing here waits through the file layer.
-class NoLoop : public platform::EventLoop {
-public:
-    void turn() override {}
-};
+    "  window    the point of sale in a window; makes the sandbox where there is none\n"
+    "  outcomes  the amounts that the payment programs' stand-ins answer in a special way\n";
 
 /// Words behind the command: "--name value", or "--name" alone before another option.
 using Options = std::map<std::string, std::string>;
@@ -49,7 +48,7 @@ bool onlyKnown(const Options &options)
     for (const auto &[name, value] : options) {
         bool known = false;
         for (const char *each : {"--drives", "--table", "--receipt", "--server", "--amount",
-                                 "--audit", "--wait", "--month"})
+                                 "--audit", "--wait", "--month", "--mode", "--track"})
             known = known || name == each;
         if (!known) {
             std::fprintf(stderr, "sim_pos: unknown option %s\n%s", name.c_str(), kUsage);
@@ -76,41 +75,29 @@ std::vector<std::string> slipFiles(const std::string &drivesFolder)
 class PointOfSale {
 public:
     explicit PointOfSale(const Options &theOptions)
-        : options(theOptions),
-          drivesFolder(theOptions.contains("--drives") ? absolutePath(theOptions.at("--drives"))
-                                                       : platform::Drives::defaultRoot())
+        : options(theOptions), station(value("--drives", ""), "sim_pos")
     {
-        run.reportFailure = [](const std::string &text) {
-            std::fprintf(stderr, "sim_pos: %s\n", text.c_str());
-        };
     }
 
     int sandbox();
     int tender();
     int pending();
     int demo();
+    int window();
 
 private:
-    static std::string absolutePath(const std::string &path);
     bool installedHere();
     bool takeTender(const TenderRequest &request, int waitSeconds);
+    bool takeLocalTender(const TenderRequest &request, int waitSeconds);
+    void localDemo();
     void printSlipFiles(const std::vector<std::string> &before);
     std::string value(const char *name, const char *otherwise) const;
 
     const Options &options;
-    std::string drivesFolder;
-    NoLoop loop;
-    platform::Run run{loop};
-    std::unique_ptr<platform::Disk> disk = platform::systemDisk();
-    platform::Drives drives{*disk, drivesFolder};
-    platform::Files files{*disk, drives, run};
+    Station station;
+    platform::Files &files = station.files;
+    const std::string &drivesFolder = station.drivesFolder;
 };
-
-std::string PointOfSale::absolutePath(const std::string &path)
-{
-    std::error_code error;
-    return std::filesystem::absolute(path, error).lexically_normal().string();
-}
 
 std::string PointOfSale::value(const char *name, const char *otherwise) const
 {
@@ -118,7 +105,6 @@ std::string PointOfSale::value(const char *name, const char *otherwise) const
     return found == options.end() ? otherwise : found->second;
 }
 
-// A link to the payment application that leads nowhere (the build was moved) is turned.
 bool PointOfSale::installedHere()
 {
     if (!isInstalled(files)) {
@@ -126,8 +112,7 @@ bool PointOfSale::installedHere()
                      drivesFolder.c_str());
         return false;
     }
-    if (!files.exists(kXchargeProgram))
-        linkXcharge(files, ownFolder() + "/sim_xcharge");
+    mendLinks(files, ownFolder());
     return true;
 }
 
@@ -168,10 +153,34 @@ bool PointOfSale::takeTender(const TenderRequest &request, int waitSeconds)
     return !answer.empty();
 }
 
+// The server answers for the time of this tender; where one runs already, that one does.
+bool PointOfSale::takeLocalTender(const TenderRequest &request, int waitSeconds)
+{
+    const SampleCard card;
+    std::printf("\nGive the card at the tender's screen: type a track as a reader would,\n  %s\n"
+                "or press \"Enter Manually\": %s, expires %s, from the back %s\n",
+                value("--track", card.track).c_str(), card.number, card.expiry, card.verify);
+    ChildProcess server = startServer(placeOf(files), drivesFolder);
+    const bool answered = takeTender(request, waitSeconds);
+    server.end();
+    return answered;
+}
+
 int PointOfSale::tender()
 {
+    const std::string mode = value("--mode", "command");
+    if (mode != "command" && mode != "local") {
+        std::fputs(kUsage, stderr);
+        return 2;
+    }
     if (!installedHere())
         return 1;
+    const bool local = mode == "local";
+    if (local && !tenderIsSeen()) {
+        std::fputs("sim_pos: in local mode a person gives the card; there is no display\n", stderr);
+        return 1;
+    }
+    setMode(files, placeOf(files).Maindir, local ? Mode::Local : Mode::CommandLine);
     TenderRequest request;
     request.table = value("--table", "12");
     request.receipt = value("--receipt", "1043");
@@ -181,7 +190,7 @@ int PointOfSale::tender()
         request.audit = value("--audit", "");
     const int wait = std::atoi(value("--wait", hasDisplay() ? "0" : "60").c_str());
     const std::vector<std::string> before = slipFiles(drivesFolder);
-    const bool answered = takeTender(request, wait);
+    const bool answered = local ? takeLocalTender(request, wait) : takeTender(request, wait);
     printSlipFiles(before);
     return answered ? 0 : 1;
 }
@@ -193,11 +202,11 @@ int PointOfSale::pending()
         std::printf(
             "CCPending.dat\n%s",
             readableRecords(readCardFile(files, place.Remotedir + "CCPending.dat")).c_str());
-        return run.failed() ? 1 : 0;
+        return station.run.failed() ? 1 : 0;
     }
     for (const std::string &path : monthFiles(files, place.Remotedir))
         std::printf("%s\n%s", path.c_str(), readableRecords(readCardFile(files, path)).c_str());
-    return run.failed() ? 1 : 0;
+    return station.run.failed() ? 1 : 0;
 }
 
 void PointOfSale::printSlipFiles(const std::vector<std::string> &before)
@@ -208,6 +217,32 @@ void PointOfSale::printSlipFiles(const std::vector<std::string> &before)
             std::printf("  %s\n", path.c_str());
 }
 
+// Nobody may be there to give the card, which is no fault of the demo.
+void PointOfSale::localDemo()
+{
+    constexpr int kPatience = 180; // seconds
+    if (!tenderIsSeen()) {
+        std::printf("\nLocal requests: left out. The card is given by a person at the tender's "
+                    "screen, and\nthere is no display; with one: script/run tender --mode local\n");
+        return;
+    }
+    const std::string Maindir = placeOf(files).Maindir;
+    if (!setMode(files, Maindir, Mode::Local))
+        return;
+    std::printf("\nA local request; the demo waits %d s for the card.", kPatience);
+    takeLocalTender({"9", "1047", "5", "27.30", {}}, kPatience);
+    setMode(files, Maindir, Mode::CommandLine);
+}
+
+int PointOfSale::window()
+{
+    if (!isInstalled(files) && sandbox() != 0)
+        return 1;
+    becomeProgram(ownFolder() + "/sim_pos_window", {"--drives", drivesFolder});
+    std::fputs("sim_pos: no sim_pos_window beside it\n", stderr);
+    return 1;
+}
+
 int PointOfSale::demo()
 {
     if (!isInstalled(files) && sandbox() != 0)
@@ -215,12 +250,14 @@ int PointOfSale::demo()
     if (!installedHere())
         return 1;
     const std::vector<std::string> before = slipFiles(drivesFolder);
+    setMode(files, placeOf(files).Maindir, Mode::CommandLine);
     bool answered = true;
     for (const TenderRequest &request : {TenderRequest{"12", "1043", "7", "48.50", "48.50"},
                                          TenderRequest{"4", "1044", "2", "31.01", {}},
                                          TenderRequest{"21", "1045", "6", "80.03", {}},
                                          TenderRequest{"7", "1046", "7", "22.04", {}}})
         answered = takeTender(request, hasDisplay() ? 0 : 60) && answered;
+    localDemo();
     std::printf("\n");
     pending();
     printSlipFiles(before);
@@ -228,9 +265,10 @@ int PointOfSale::demo()
     return answered ? 0 : 1;
 }
 
-int printOutcomes()
+void printRows(const char *title, const std::vector<OutcomeRow> &rows)
 {
-    for (const OutcomeRow &row : outcomeRows()) {
+    std::printf("%s\n", title);
+    for (const OutcomeRow &row : rows) {
         std::string cents = row.firstCents < 10 ? ".0" : ".";
         cents += std::to_string(row.firstCents);
         if (row.lastCents != row.firstCents)
@@ -239,6 +277,12 @@ int printOutcomes()
                     std::string(row.meaning).c_str());
     }
     std::printf("  others      approved\n");
+}
+
+int printOutcomes()
+{
+    printRows("By command line", outcomeRows());
+    printRows("By local request", serverRows());
     return 0;
 }
 
@@ -261,6 +305,8 @@ int main(int argc, char **argv)
         return pointOfSale.pending();
     if (command == "demo")
         return pointOfSale.demo();
+    if (command == "window")
+        return pointOfSale.window();
     std::fputs(kUsage, stderr);
     return 2;
 }

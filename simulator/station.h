@@ -1,0 +1,33 @@
+// Station: the files of one station, as a program of the stand-ins opens them.
+#pragma once
+
+#include "platform/files.h"
+
+#include <memory>
+#include <string>
+
+namespace simulator {
+
+class Station {
+public:
+    /// `theDrivesFolder` empty: the drives folder that the programs find. A failed operation is
+    /// told on the error output in the name of `program`.
+    Station(const std::string &theDrivesFolder, std::string program);
+
+private:
+    /// A turn that never comes: nothing here waits through the file layer.
+    class NoLoop : public platform::EventLoop {
+    public:
+        void turn() override {}
+    };
+    NoLoop loop;
+
+public:
+    const std::string drivesFolder;
+    platform::Run run{loop};
+    std::unique_ptr<platform::Disk> disk = platform::systemDisk();
+    platform::Drives drives{*disk, drivesFolder};
+    platform::Files files{*disk, drives, run};
+};
+
+} // namespace simulator
