@@ -50,6 +50,7 @@ struct ProcessValues {
     std::string managerRequest;   // "XchargeAPPROVAL", "XchargeTIPS"
     std::string managerResult;    // "NO" refuses, any other word approves
     std::string managerCode;
+    std::string editMode; // "KEEP" while a bulk command drives the details of an entry
 
     std::array<ManagerRow, 16> ManagerTable;
     std::array<std::string, 10> ManagerLogBuffer;

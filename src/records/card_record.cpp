@@ -22,4 +22,19 @@ void encodeCardNumber(CardRecord &CCdata)
     CCdata.set(CCEncoded, "1");
 }
 
+void decodeCardNumber(CardRecord &CCdata)
+{
+    if (CCdata.value(CCEncoded).isZero())
+        return;
+    CCdata.set(CCNumb, StrDecode(CCdata.text(CCNumb)));
+    CCdata.set(CCEncoded, "0");
+}
+
+void takeApprovedAmount(CardRecord &CCdata)
+{
+    const Money approved = CCdata.value(CCApprovedAmt);
+    if (approved > Money())
+        CCdata.set(CCTabAmt, plainText(approved));
+}
+
 } // namespace records

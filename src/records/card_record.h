@@ -61,5 +61,11 @@ void Clear_CCdata(CardRecord &CCdata);
 
 /// `CCNumb` := StrEncode of its trimmed text, `CCEncoded` := "1".
 void encodeCardNumber(CardRecord &CCdata);
+/// The reverse, for a working copy: where the value of `CCEncoded` is not 0, `CCNumb` :=
+/// StrDecode of its trimmed text, `CCEncoded` := "0".
+void decodeCardNumber(CardRecord &CCdata);
+
+/// An approved amount above 0 takes the place of the tab, as the plain text of its value.
+void takeApprovedAmount(CardRecord &CCdata);
 
 } // namespace records
