@@ -5,10 +5,9 @@
 #include "tender/xcharge3.h"
 #include "ui_Xcharge1.h"
 
-#include <QStyle>
-
 namespace tender {
 
+using platform::putLook;
 using platform::toQt;
 
 namespace {
@@ -37,17 +36,6 @@ void put(QLineEdit &box, const std::string &value)
     const QString text = toQt(value);
     if (box.text() != text)
         box.setText(text);
-}
-
-/// A property that the theme chooses a look by.
-void putLook(QWidget &widget, const char *property, const char *look)
-{
-    const QString value = QString::fromLatin1(look);
-    if (widget.property(property).toString() == value)
-        return;
-    widget.setProperty(property, value);
-    widget.style()->unpolish(&widget);
-    widget.style()->polish(&widget);
 }
 
 /// Before the screen is shown nothing is said twice: showing a part, even one that is not hidden,

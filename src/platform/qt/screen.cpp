@@ -57,6 +57,16 @@ void applyTheme(QApplication &application)
         application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
 }
 
+void putLook(QWidget &widget, const char *property, const char *look)
+{
+    const QString value = QString::fromLatin1(look);
+    if (widget.property(property).toString() == value)
+        return;
+    widget.setProperty(property, value);
+    widget.style()->unpolish(&widget);
+    widget.style()->polish(&widget);
+}
+
 Screen::Screen(Services &theServices)
     : services(theServices), loadTimer(theServices.clock, [this] { load(); })
 {

@@ -18,6 +18,9 @@ namespace platform {
 /// Gives the application the one look of all screens; once, before the first screen is made.
 void applyTheme(QApplication &application);
 
+/// Sets a property that the theme chooses a look by ("card", "state").
+void putLook(QWidget &widget, const char *property, const char *look);
+
 class Screen : public QWidget {
     Q_OBJECT
 
