@@ -1,0 +1,40 @@
+// ManagerApproval: asks for a manager's card or code, for whoever needs an approval. After
+// runModal() the answer stands in `managerResult`.
+#pragma once
+
+#include "platform/qt/screen.h"
+#include "tender/manager_check.h"
+
+#include <array>
+#include <memory>
+
+namespace Ui {
+class ManagerApproval;
+}
+
+namespace tender {
+
+class ManagerApproval : public platform::Screen {
+    Q_OBJECT
+
+public:
+    /// `ManagerTable` is taken as it stands.
+    ManagerApproval(records::App &theApp, const ManagerQuestion &question);
+    ~ManagerApproval() override;
+
+protected:
+    void closeAsked() override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void connectCommands();
+    void okCommand_Click(); // "OK"
+    void digit_Click(int digit);
+    void backspaceKey_Click();
+
+    std::unique_ptr<Ui::ManagerApproval> ui;
+    std::array<QAbstractButton *, 10> digits{};
+    ManagerCheck check;
+};
+
+} // namespace tender

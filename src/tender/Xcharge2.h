@@ -1,0 +1,53 @@
+// Xcharge2: manual card entry. Three boxes that a keyboard or the screen's keypad types into; what
+// was typed is asked for after runModal().
+#pragma once
+
+#include "platform/qt/screen.h"
+#include "tender/manual_entry.h"
+
+#include <array>
+#include <memory>
+#include <optional>
+
+class QLineEdit;
+namespace Ui {
+class Xcharge2;
+}
+
+namespace tender {
+
+class Xcharge2 : public platform::Screen {
+    Q_OBJECT
+
+public:
+    explicit Xcharge2(records::App &theApp);
+    ~Xcharge2() override;
+
+    /// The card once "Process" was pressed; nothing after any other end of the screen.
+    std::optional<TypedCard> typedCard() const { return processed; }
+
+protected:
+    void Form_Load() override;
+
+private:
+    void connectCommands();
+    void SSCommand4_Click();          // "Process"
+    void SSCommand6_Click(int digit); // "0" to "9"
+    void SSCommand7_Click();          // "Small Font" / "Large Font"
+    void backspaceKey_Click();
+    void clearKey_Click();
+    void boxGotFocus(QWidget *now);
+    void boxesChanged();
+    void nameBox(std::size_t item);
+    QLineEdit &namedBox() const;
+    void showFont();
+
+    records::App &app;
+    std::unique_ptr<Ui::Xcharge2> ui;
+    std::array<QLineEdit *, 3> boxes{};             // as Label2 counts them
+    std::array<QAbstractButton *, 10> SSCommand6{}; // by their digits
+    EntryFont font = EntryFont::Large;
+    std::optional<TypedCard> processed;
+};
+
+} // namespace tender
