@@ -236,6 +236,10 @@ void PointOfSale::localDemo()
 
 int PointOfSale::window()
 {
+    if (!tenderIsSeen()) {
+        std::fputs("sim_pos: there is no display\n", stderr);
+        return 1;
+    }
     if (!isInstalled(files) && sandbox() != 0)
         return 1;
     becomeProgram(ownFolder() + "/sim_pos_window", {"--drives", drivesFolder});
