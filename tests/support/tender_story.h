@@ -29,7 +29,6 @@ public:
     void hideScreen() override { hidden = true; }
     void showServerBusy() override
     {
-        ++busyShown;
         if (onBusy)
             onBusy();
     }
@@ -38,7 +37,6 @@ public:
     std::function<void(const tender::TenderFields &)> onRefresh;
     std::function<void()> onBusy;
     bool hidden = false;
-    int busyShown = 0;
 };
 
 /// What the payment application answers by default.
@@ -72,14 +70,10 @@ public:
     /// Records of a file; none when it is not there.
     std::vector<records::CardRecord> records(const std::string &path) const;
     std::vector<records::CardRecord> pending() const { return records(kPending); }
-    std::vector<records::CardRecord> month() const { return records(kMonth); }
-    std::vector<records::CardRecord> deleted() const { return records(kDeleted); }
     /// All slips as plain text, in their order.
     std::string slips() const;
 
     static constexpr const char *kPending = "F:\\Lumbrio\\CCPending.dat";
-    static constexpr const char *kMonth = "F:\\Lumbrio\\data\\CCFinal0125.dat";
-    static constexpr const char *kDeleted = "F:\\Lumbrio\\data\\0125CCdeleted.dat";
     static constexpr const char *kResult = "C:\\lumbrio\\xResultFile.txt";
     static constexpr const char *kAudit = "C:\\Lumbrio\\XAudit.DAT";
     static constexpr const char *kMarker = "F:\\Lumbrio\\ServerISBatching.dat";

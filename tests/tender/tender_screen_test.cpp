@@ -16,8 +16,6 @@ namespace {
 
 using support::TenderStory;
 
-constexpr const char *kNoPrintFlag = "C:\\Lumbrio\\CCnoPrint.dat";
-
 struct ScreenStory : TenderStory {
     ScreenStory()
     {
@@ -60,6 +58,12 @@ struct ScreenStory : TenderStory {
         return label("stateWord") + ", " +
                control<QFrame>("stateEdge").property("edge").toString().toStdString();
     }
+    void expectNothingCutOff()
+    {
+        for (const QSize size : support::kScreenSizes)
+            EXPECT_EQ(support::clippedControls(screen, size), "") << size.width();
+        EXPECT_EQ(support::badlyNamedControls(screen), "");
+    }
 
     tender::Xcharge1 screen{app, printer};
     bool timeIsUp = false;
@@ -68,46 +72,35 @@ struct ScreenStory : TenderStory {
 
 TEST(TenderScreen, CancelIsReachedByFingerEscapeAndCrossAndByNoneBeforeItIsAllowed)
 {
-    struct Way {
-        const char *name;
-        std::function<void(ScreenStory &)> cancel;
-    };
-    const Way ways[] = {
-        {"finger", [](ScreenStory &) { support::click(QStringLiteral("Cancel")); }},
-        {"Escape", [](ScreenStory &) { support::press(Qt::Key_Escape); }},
-        {"cross", [](ScreenStory &story) { story.screen.close(); }},
-    };
-    for (const Way &way : ways) {
-        SCOPED_TRACE(way.name);
+    void (*const ways[])(ScreenStory &) = {
+        [](ScreenStory &) { support::click(QStringLiteral("Cancel")); },
+        [](ScreenStory &) { support::press(Qt::Key_Escape); },
+        [](ScreenStory &story) { story.screen.close(); }};
+    for (const auto cancel : ways) {
         ScreenStory story;
         story.paymentKeepsSilent();
         story.at(6000, [&] {
-            way.cancel(story);
-            EXPECT_TRUE(story.screen.isVisible());
-            EXPECT_FALSE(story.station.run.ending()) << "Cancel is not enabled yet";
+            cancel(story);
+            EXPECT_TRUE(story.screen.isVisible() && !story.station.run.ending());
         });
-        story.at(12'000, [&] { way.cancel(story); });
+        story.at(12'000, [&] { cancel(story); });
         story.tell();
         EXPECT_FALSE(story.timeIsUp);
-        ASSERT_TRUE(story.answered());
         EXPECT_TRUE(story.answer().starts_with("\"Declined\""));
         EXPECT_TRUE(story.pending().empty());
     }
 }
 
-TEST(TenderScreen, EnterDuringTheWaitChangesNothing)
-{
-    ScreenStory story;
-    story.paymentKeepsSilent();
-    for (const std::uint64_t moment : {3000U, 12'000U})
-        story.at(moment, [] { support::press(Qt::Key_Return); });
-    story.tell(15'000);
-    EXPECT_TRUE(story.timeIsUp) << "the tender goes on waiting";
-    EXPECT_EQ(story.control<QAbstractButton>("SSCommand7").text(), QStringLiteral("NO"));
-    EXPECT_FALSE(story.station.has(kNoPrintFlag));
-}
+struct Paints : QObject {
+    int count = 0;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
 
-TEST(TenderScreen, TheWaitTellsMoreTheLongerItLasts)
+TEST(TenderScreen, TheWaitTellsMoreTheLongerItLastsAndEnterChangesNothing)
 {
     ScreenStory story;
     story.paymentKeepsSilent();
@@ -121,83 +114,72 @@ TEST(TenderScreen, TheWaitTellsMoreTheLongerItLasts)
         EXPECT_EQ(story.label("station"), "Station FRONT-BAR");
         EXPECT_FALSE(story.seen("SSPanel2"));
         EXPECT_FALSE(story.seen("swipeRow")) << "the payment window takes the card";
+        EXPECT_EQ(support::elidedLabels(story.screen), "");
+        support::press(Qt::Key_Return);
     });
-    story.at(10'000, [&] {
-        EXPECT_TRUE(story.seen("SSPanel2"));
-        EXPECT_FALSE(story.seen("SSPanel4"));
+    Paints paints;
+    story.screen.installEventFilter(&paints);
+    story.at(3500, [&] { paints.count = 0; });
+    story.at(7500, [&] {
+        EXPECT_LE(paints.count, 5) << "in four counts";
+        EXPECT_GE(paints.count, 3);
+    });
+    story.at(12'000, [&] {
+        EXPECT_TRUE(story.seen("SSPanel2") && !story.seen("SSPanel4"));
+        support::press(Qt::Key_Return);
+        QStringList unreached = {QStringLiteral("SSCommand1"), QStringLiteral("SSCommand7"),
+                                 QStringLiteral("SSCheck1")};
+        for (int stops = 0; stops < 8; ++stops) {
+            support::press(Qt::Key_Tab);
+            unreached.removeAll(QApplication::focusWidget()->objectName());
+        }
+        EXPECT_EQ(unreached.join(u' ').toStdString(), "") << "by the keyboard";
     });
     story.at(50'000, [&] {
         EXPECT_EQ(story.state(), "No answer yet, attention");
-        EXPECT_TRUE(story.seen("SSPanel4"));
-        EXPECT_TRUE(story.seen("SSRibbon1") && story.seen("SSRibbon2"));
+        EXPECT_TRUE(story.seen("SSPanel4") && story.seen("SSRibbon1") && story.seen("SSRibbon2"));
         EXPECT_EQ(story.label("SSPanel4_text"), "INTERNET or Phone Line may be DOWN");
         EXPECT_EQ(story.control<QLabel>("SSPanel4_text").palette().windowText().color(),
                   QColor(0xb3, 0x26, 0x1e));
         EXPECT_FALSE(story.seen("SSPanel5")) << "the offline panel stays off";
     });
     story.tell(55'000);
+    EXPECT_TRUE(story.timeIsUp) << "the tender goes on waiting";
+    EXPECT_EQ(story.control<QAbstractButton>("SSCommand7").text(), QStringLiteral("NO"));
+    EXPECT_FALSE(story.station.has("C:\\Lumbrio\\CCnoPrint.dat"));
 }
 
+/// Also in a window that is never painted, as when it lies behind other windows.
 TEST(TenderScreen, ItEndsOnTheStateThatTheAnswerTells)
 {
-    struct Outcome {
-        std::string result;
-        const char *state;
-        const char *answer; // its first line
-    };
     const std::string approved = support::approvedResult();
-    const Outcome outcomes[] = {
-        {approved, "Approved, approved", "\"Approved\""},
-        {approved + "ADDITIONALFUNDSREQUIRED=18.50\r\n", "Partial approval, attention",
-         "\"DECLINE but PARTAIL APPROVAL\""},
-        {"RESULT=DECLINED\r\n", "Declined, declined", "\"Declined\""},
-    };
-    for (const Outcome &outcome : outcomes) {
-        SCOPED_TRACE(outcome.state);
+    for (const auto &[result, state, answer] :
+         {std::tuple(approved, "Approved, approved", "\"Approved\""),
+          {approved + "ADDITIONALFUNDSREQUIRED=18.50\r\n", "Partial approval, attention",
+           "\"DECLINE but PARTAIL APPROVAL\""},
+          {"RESULT=DECLINED\r\n", "Declined, declined", "\"Declined\""},
+          {"RESULT=TIMEOUT\r\n", "Declined, declined", "\"Declined\"\r\n\"48.50"}}) {
         ScreenStory story;
-        story.paymentAnswers(outcome.result);
+        if (result.find("TIMEOUT") != std::string::npos)
+            story.at(8000, [] { support::press(Qt::Key_Return); }); // it stays; Enter is Cancel
+        story.screen.setUpdatesEnabled(result != approved);
+        story.paymentAnswers(result);
         story.tell();
         EXPECT_FALSE(story.timeIsUp);
-        EXPECT_EQ(story.state(), outcome.state);
-        ASSERT_TRUE(story.answered());
-        EXPECT_TRUE(story.answer().starts_with(outcome.answer)) << story.answer();
+        EXPECT_EQ(story.state(), state);
+        EXPECT_TRUE(story.answer().starts_with(answer)) << story.answer();
     }
-}
-
-TEST(TenderScreen, AWindowThatIsNeverPaintedTakesItsTenderAllTheSame)
-{
-    ScreenStory story;
-    story.screen.setUpdatesEnabled(false); // as when it lies behind other windows
-    story.tell();
-    EXPECT_FALSE(story.timeIsUp);
-    EXPECT_EQ(story.pending().size(), 1U);
-}
-
-TEST(TenderScreen, AnOpenDeclineWaitsForTheOperatorWhoseEnterIsCancel)
-{
-    ScreenStory story;
-    story.paymentAnswers("RESULT=TIMEOUT\r\n");
-    story.at(8000, [&] {
-        EXPECT_EQ(story.state(), "Declined, declined");
-        EXPECT_EQ(story.box("Text3"), "Please Click Cancel");
-        EXPECT_EQ(story.box("Text1"), "Declined");
-        EXPECT_FALSE(story.control<QWidget>("SSCommand2").isEnabled());
-        support::press(Qt::Key_Return);
-    });
-    story.tell();
-    EXPECT_FALSE(story.timeIsUp);
-    EXPECT_EQ(story.pending().size(), 1U) << "the record of the decline stays";
 }
 
 TEST(TenderScreen, OptionsFollowTheirFilesAndClicksChangeThem)
 {
+    constexpr const char *kNoPrintFlag = "C:\\Lumbrio\\CCnoPrint.dat";
     ScreenStory story;
     story.paymentAnswers(support::approvedResult(), 8000);
     story.station.put(kNoPrintFlag, "as the manager left it");
     story.at(3000, [&] {
         EXPECT_TRUE(story.control<QAbstractButton>("SSCheck1").isChecked());
-        EXPECT_EQ(story.station.get(kNoPrintFlag), "as the manager left it")
-            << "being shown writes nothing";
+        EXPECT_EQ(story.station.get(kNoPrintFlag), "as the manager left it");
         EXPECT_TRUE(support::click(QStringLiteral("Do not print a RECEIPT for Customer")));
         EXPECT_FALSE(story.station.has(kNoPrintFlag));
         EXPECT_TRUE(support::click(QStringLiteral("Print Credit Card Slip with Gratuity")));
@@ -208,60 +190,29 @@ TEST(TenderScreen, OptionsFollowTheirFilesAndClicksChangeThem)
     EXPECT_EQ(story.station.printers.collected.size(), 2U) << "merchant's and guest's";
 }
 
-TEST(TenderScreen, CommandsWithoutAProcedureStayDisabledInBothModes)
-{
-    for (const bool commandLine : {true, false}) {
-        ScreenStory story;
-        story.paymentKeepsSilent();
-        if (!commandLine)
-            story.station.erase("C:\\Lumbrio\\X1009Version.dat");
-        story.at(3000, [&] {
-            for (const char *name :
-                 {"SSCommand3", "SSCommand4", "SSCommand5", "SSCommand6", "Command3", "SSCommand2"})
-                EXPECT_FALSE(story.control<QWidget>(name).isEnabled()) << name;
-            EXPECT_EQ(story.seen("swipeRow"), !commandLine);
-        });
-        story.tell(5000);
-    }
-}
-
 TEST(TenderScreen, BusyFileServerEndsTheTenderWithoutAnAnswer)
 {
-    struct Way {
-        const char *name;
-        std::function<void()> leave;
-        bool markerStays;
-    };
-    const Way ways[] = {
-        {"OK", [] { support::click(QStringLiteral("OK")); }, true},
-        {"Enter", [] { support::press(Qt::Key_Return); }, true},
-        {"Escape", [] { support::press(Qt::Key_Escape); }, true},
-        {"the picture, then OK",
-         [] {
-             EXPECT_TRUE(support::click(QStringLiteral("Picture of the busy file server")));
-             EXPECT_NE(support::controlNamed(QStringLiteral("OK")), nullptr) << "the screen stays";
-             support::click(QStringLiteral("OK"));
-         },
-         false},
-    };
-    for (const Way &way : ways) {
-        SCOPED_TRACE(way.name);
+    void (*const ways[])() = {
+        [] { support::press(Qt::Key_Return); }, [] { support::press(Qt::Key_Escape); },
+        [] {
+            EXPECT_TRUE(support::click(QStringLiteral("Picture of the busy file server")));
+            support::click(QStringLiteral("OK")); // the screen stays until then
+        }};
+    for (const auto leave : ways) {
         ScreenStory story;
         story.station.put(TenderStory::kMarker, "");
         story.at(2000, [&] {
             EXPECT_FALSE(story.screen.isVisible());
-            way.leave();
+            leave();
         });
         story.tell();
-        EXPECT_FALSE(story.timeIsUp);
-        EXPECT_EQ(story.station.has(TenderStory::kMarker), way.markerStays);
-        EXPECT_FALSE(story.answered());
+        EXPECT_EQ(story.station.has(TenderStory::kMarker), leave != ways[2]);
+        EXPECT_FALSE(story.timeIsUp || story.answered());
         EXPECT_TRUE(story.station.system.started.empty());
     }
 }
 
-/// What would be cut off or have no name, at each moment of the longest tender.
-TEST(TenderScreen, NothingIsCutOffAndEverythingIsNamedAtBothSizes)
+TEST(TenderScreen, NothingIsCutOffAndEverythingIsNamedAtBothSizesInTheLongestTender)
 {
     for (const bool commandLine : {true, false}) {
         SCOPED_TRACE(commandLine ? "command line" : "local");
@@ -271,90 +222,16 @@ TEST(TenderScreen, NothingIsCutOffAndEverythingIsNamedAtBothSizes)
         story.station.put(TenderStory::kAudit, "123456.50");
         if (!commandLine)
             story.station.erase("C:\\Lumbrio\\X1009Version.dat");
-        const auto look = [&] {
-            for (const QSize size : support::kScreenSizes) {
-                SCOPED_TRACE(size.width());
-                EXPECT_EQ(support::clippedControls(story.screen, size), "");
-                EXPECT_EQ(support::badlyNamedControls(story.screen), "");
-            }
-        };
         for (const std::uint64_t moment : {50U, 3000U, 10'000U, 52'000U})
-            story.at(moment, look);
+            story.at(moment, [&] { story.expectNothingCutOff(); });
+        story.at(52'500, [&] { // the offline panel, which takes the place of the cards
+            for (const char *card : {"stateCard", "detailsCard", "slipsCard"})
+                story.control<QWidget>(card).hide();
+            story.control<QWidget>("SSPanel5").show();
+            story.expectNothingCutOff();
+        });
         story.tell(53'000);
     }
-}
-
-TEST(TenderScreen, TheOfflinePanelHasRoomForItsWordsInTheLongestWait)
-{
-    ScreenStory story;
-    story.paymentKeepsSilent();
-    story.at(52'000, [&] {
-        for (const char *card : {"stateCard", "detailsCard", "slipsCard"})
-            story.control<QWidget>(card).hide();
-        story.control<QWidget>("SSPanel5").show();
-        for (const QSize size : support::kScreenSizes)
-            EXPECT_EQ(support::clippedControls(story.screen, size), "");
-        EXPECT_EQ(support::badlyNamedControls(story.screen), "");
-    });
-    story.tell(53'000);
-}
-
-TEST(TenderScreen, TheKeyboardReachesEveryEnabledCommand)
-{
-    ScreenStory story;
-    story.paymentKeepsSilent();
-    story.at(12'000, [&] {
-        QStringList unreached = {QStringLiteral("SSCommand1"), QStringLiteral("SSCommand7"),
-                                 QStringLiteral("SSCheck1")};
-        for (int stops = 0; stops < 8; ++stops) {
-            support::press(Qt::Key_Tab);
-            unreached.removeAll(QApplication::focusWidget()->objectName());
-        }
-        EXPECT_EQ(unreached.join(u' ').toStdString(), "");
-    });
-    story.tell(13'000);
-}
-
-TEST(TenderScreen, EverydayTextsAreShownWhole)
-{
-    ScreenStory story;
-    story.paymentKeepsSilent();
-    story.at(3000, [&] {
-        for (const QSize size : support::kScreenSizes) {
-            support::resizeTo(story.screen, size);
-            EXPECT_EQ(support::elidedLabels(story.screen), "");
-        }
-    });
-    story.tell(4000);
-}
-
-class Paints : public QObject {
-public:
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++count;
-        return QObject::eventFilter(watched, event);
-    }
-};
-
-TEST(TenderScreen, AWaitOfManyTurnsPaintsOnceForEachCount)
-{
-    ScreenStory story;
-    story.paymentKeepsSilent();
-    story.station.time.maxStep = 5;
-    Paints paints;
-    story.screen.installEventFilter(&paints);
-    int before = 0;
-    story.at(2000, [&] { before = paints.count; });
-    story.at(7000, [&] {
-        EXPECT_LE(paints.count - before, 6) << "in five seconds";
-        EXPECT_GE(paints.count - before, 4) << "each count is seen";
-    });
-    story.tell(7500);
 }
 
 } // namespace

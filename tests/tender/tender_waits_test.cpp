@@ -50,20 +50,4 @@ TEST(Wait, ReachesEachCountOnTimeAndStartsThePaymentApplicationExactlyTwice)
     EXPECT_EQ(tender::countSince(4'294'967'000U, 664), 1) << "296 ms before the clock wraps";
 }
 
-TEST(Wait, ClimbsItsLadderWithoutACommandLineUntilTheTickThatStopsIt)
-{
-    std::string ladder;
-    for (int count = 0; count < 10; ++count) {
-        tender::TenderFields fields;
-        std::uint16_t StopWaiting = 0;
-        const bool stops = tender::waitTimerTick(count, fields, StopWaiting);
-        ladder += fields.Text3 + (fields.SSPanel2Visible ? "wait panel" : "") +
-                  (fields.SSCommand1.enabled ? " +cancel" : "") + (stops ? " stops\n" : "\n");
-    }
-    EXPECT_EQ(ladder, "\nWaiting For Connection\nCommunicating\nWaiting For Response\n"
-                      "Still Waiting For Response\nShould have response shortly\n"
-                      "Still Waiting For Response\nShould not take this long\n"
-                      "wait panel +cancel stops\nwait panel +cancel stops\n");
-}
-
 } // namespace
