@@ -3,105 +3,55 @@
 
 #include <gtest/gtest.h>
 
-namespace platform {
 namespace {
 
-TEST(InstallationTest, nothingGivesTheDefaults)
+/// Everything that was read, one line a printer and one for the rest.
+std::string read(std::string_view text)
 {
-    const Installation installation = parseInstallation("");
-    EXPECT_TRUE(installation.spoolPrinters.empty());
-    EXPECT_EQ(installation.cutBytes, std::string("\x1D\x56\x42\x00", 4));
-    EXPECT_EQ(installation.xchargeUserId, "pos");
-    EXPECT_EQ(installation.xchargePassword, "trelva");
-    EXPECT_EQ(installation.connectionTest + installation.suppliesPage + installation.helpPage +
-                  installation.editorCommand + installation.browserCommand,
-              "");
+    const platform::Installation all = platform::parseInstallation(text);
+    std::ostringstream told;
+    for (const platform::SpoolPrinter &one : all.spoolPrinters)
+        told << one.name << ", " << one.widthMm << " x " << one.heightMm << ", " << one.folder
+             << (one.isDefault ? ", default\n" : "\n");
+    for (const char byte : all.cutBytes)
+        told << static_cast<int>(byte) << ' ';
+    for (const std::string &word : {all.xchargeUserId, all.xchargePassword, all.connectionTest,
+                                    all.suppliesPage, all.helpPage, all.editorCommand})
+        told << '|' << word;
+    told << '|' << all.browserCommand;
+    return told.str();
 }
 
-TEST(InstallationTest, readsAWholeFileWithComments)
+TEST(Installation, is_read_with_its_comments)
 {
-    const Installation installation =
-        parseInstallation("\xEF\xBB\xBF; the bar\r\n"
-                          "[printer.10]\r\n"
-                          "name = Office Laser\r\n"
-                          "width_mm = 210\r\n"
-                          "height_mm = 297\r\n"
-                          "default = yes               ; not any more, see 2\r\n"
-                          "\r\n"
-                          "[Printer.2]                 ; by the till\r\n"
-                          "NAME = Receipt TM-88\t; the new one\r\n"
-                          "width_mm = 57.5\r\n"
-                          "default=YES\r\n"
-                          "folder = \\spool\\receipt\\  ; below this file\r\n"
-                          "[printer.real]\r\n"
-                          "cut = 1b 69\r\n"
-                          "[xcharge]\n"
-                          "userid = till 1; bar\n"
-                          "password = a=b;c ;d   ;e\n"
-                          "[connection]\r"
-                          "test = gate.example:443\r"
-                          "[web]\r\n"
-                          "supplies = https://example.com/?a=1&b=2\r\n"
-                          "help=https://example.com/help;today\r\n"
-                          "[commands]\r\n"
-                          "editor = /usr/bin/gedit --wait %1\r\n"
-                          "browser = firefox %1");
-    ASSERT_EQ(installation.spoolPrinters.size(), 2U);
-    const SpoolPrinter &receipt = installation.spoolPrinters[0];
-    EXPECT_EQ(receipt.name, "Receipt TM-88");
-    EXPECT_EQ(receipt.widthMm, 57.5);
-    EXPECT_EQ(receipt.folder, "spool/receipt");
-    EXPECT_TRUE(receipt.isDefault);
-    const SpoolPrinter &laser = installation.spoolPrinters[1];
-    EXPECT_EQ(laser.name, "Office Laser");
-    EXPECT_EQ(laser.widthMm, 210);
-    EXPECT_EQ(laser.heightMm, 297);
-    EXPECT_FALSE(laser.isDefault) << "two defaults: the first printer has it";
-    EXPECT_EQ(installation.cutBytes, "\x1B\x69");
-    EXPECT_EQ(installation.xchargeUserId, "till 1; bar");
-    EXPECT_EQ(installation.xchargePassword, "a=b;c ;d");
-    EXPECT_EQ(installation.connectionTest, "gate.example:443");
-    EXPECT_EQ(installation.suppliesPage, "https://example.com/?a=1&b=2");
-    EXPECT_EQ(installation.helpPage, "https://example.com/help;today");
-    EXPECT_EQ(installation.editorCommand, "/usr/bin/gedit --wait %1");
-    EXPECT_EQ(installation.browserCommand, "firefox %1");
+    EXPECT_EQ(read("\xEF\xBB\xBF; the bar\r\n"
+                   "[printer.10]\r\nname = Office Laser\r\nwidth_mm = 210\r\nheight_mm = 297\r\n"
+                   "default = yes               ; not any more, see 2\r\n\r\n"
+                   "[Printer.2]                 ; by the till\r\n"
+                   "NAME = Receipt TM-88\t; the new one\r\nwidth_mm = 57.5\r\ndefault=YES\r\n"
+                   "folder = \\spool\\receipt\\  ; below this file\r\n"
+                   "[printer.real]\r\ncut = 1b 69\r\n"
+                   "[xcharge]\nuserid = till 1; bar\npassword = a=b;c ;d   ;e\n"
+                   "[connection]\rtest = gate.example:443\r"
+                   "[web]\r\nsupplies = https://example.com/?a=1&b=2\r\nhelp=help;today\r\n"
+                   "[commands]\r\neditor = /usr/bin/gedit --wait %1\r\nbrowser = firefox %1"),
+              "Receipt TM-88, 57.5 x 0, spool/receipt, default\n"
+              "Office Laser, 210 x 297, spool/10\n"
+              "27 105 |till 1; bar|a=b;c ;d|gate.example:443|https://example.com/?a=1&b=2|"
+              "help;today|/usr/bin/gedit --wait %1|firefox %1");
 }
 
-TEST(InstallationTest, nonsenseLeavesTheDefaultAndTheNextLineCounts)
+TEST(Installation, passes_over_nonsense)
 {
-    const Installation installation = parseInstallation("name = in no section\n"
-                                                        "[printer.0]\n[printer.x]\n[printer.-1]\n"
-                                                        "name = Nobody\n"
-                                                        "[printer.1\n"
-                                                        "[]\n=\n= value\nwidth_mm\n"
-                                                        "[printer.3]\n"
-                                                        "name =\n"
-                                                        "width_mm = wide\n"
-                                                        "width_mm = -80\n"
-                                                        "width_mm = nan\n"
-                                                        "height_mm = 1e300\n"
-                                                        "folder = ../../etc\n"
-                                                        "folder = C:\\Windows\n"
-                                                        "default = perhaps\n"
-                                                        "[printer.real]\n"
-                                                        "cut = 1D GG\n"
-                                                        "cut = 1D564200\n"
-                                                        "[xcharge]\n"
-                                                        "usserid = typo\n");
-    ASSERT_EQ(installation.spoolPrinters.size(), 1U);
-    EXPECT_EQ(installation.spoolPrinters[0].name, "Printer 3");
-    EXPECT_EQ(installation.spoolPrinters[0].folder, "spool/3");
-    EXPECT_EQ(installation.spoolPrinters[0].widthMm, 80);
-    EXPECT_EQ(installation.spoolPrinters[0].heightMm, 0);
-    EXPECT_FALSE(installation.spoolPrinters[0].isDefault);
-    EXPECT_EQ(installation.cutBytes, Installation().cutBytes);
-    EXPECT_EQ(installation.xchargeUserId, "pos");
-}
-
-TEST(InstallationTest, anEmptyCutMeansNone)
-{
-    EXPECT_EQ(parseInstallation("[printer.real]\ncut =   ; the knife is broken\n").cutBytes, "");
+    const std::string defaults = "29 86 66 0 |pos|trelva|||||";
+    EXPECT_EQ(read(""), defaults);
+    EXPECT_EQ(read("name = in no section\n[printer.0]\n[printer.x]\n[printer.-1]\nname = Nobody\n"
+                   "[printer.1\n[]\n=\n= value\nwidth_mm\n[printer.3]\nname =\nwidth_mm = wide\n"
+                   "width_mm = -80\nwidth_mm = nan\nheight_mm = 1e300\nfolder = ../../etc\n"
+                   "folder = C:\\Windows\ndefault = perhaps\n[printer.real]\ncut = 1D GG\n"
+                   "cut = 1D564200\n[xcharge]\nusserid = typo\n"),
+              "Printer 3, 80 x 0, spool/3\n" + defaults);
+    EXPECT_EQ(read("[printer.real]\ncut =   ; the knife is broken\n"), "|pos|trelva|||||");
 }
 
 } // namespace
-} // namespace platform

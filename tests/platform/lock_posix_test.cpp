@@ -5,111 +5,61 @@
 #include <gtest/gtest.h>
 
 #include <sched.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <map>
-#include <set>
 
 namespace {
 
-using platform::ErrorsIgnored;
-using platform::Outcome;
-using platform::SlotFile;
-using platform::SlotUse;
-using support::SecondProcess;
-using support::Talk;
-using support::TestStation;
+using namespace platform;
+using namespace support;
 
 const std::string kPath = "C:\\Lumbrio\\Data\\CCPending.dat";
 constexpr std::size_t kLength = 500;
 
-class LockTest : public testing::Test {
-protected:
-    LockTest() { station.put(kPath, std::string(kLength, 'x')); }
-
-    Outcome tryLock()
-    {
-        const ErrorsIgnored fromHere(station.run);
-        SlotFile file(station.files, kPath, kLength);
-        file.open(SlotUse::Rewrite);
-        return file.lock();
-    }
-    /// Says "locked" once it holds the lock, and holds it until it is killed.
-    void hold(Talk &test)
-    {
-        SlotFile file(station.files, kPath, kLength);
-        file.open(SlotUse::Append);
-        test.say(done(file.lock()) ? "locked" : "refused");
-        test.hear();
-    }
-
-    TestStation station;
-};
-
-TEST_F(LockTest, is_refused_while_another_holds_it_and_free_when_that_one_is_killed)
+Outcome tryLock(TestStation &station)
 {
-    SecondProcess holder([this](Talk &test) { hold(test); });
-    ASSERT_EQ(holder.hear(), "locked");
-    EXPECT_EQ(tryLock(), Outcome::Locked);
-    holder.kill();
-    EXPECT_EQ(tryLock(), Outcome::Done);
+    const ErrorsIgnored fromHere(station.run);
+    SlotFile file(station.files, kPath, kLength);
+    file.open(SlotUse::Rewrite);
+    return file.lock();
 }
 
-TEST_F(LockTest, is_not_lost_when_the_same_process_opens_and_closes_the_file_again)
+TEST(Lock, keeps_lock_takers_out_and_lets_bytes_through_until_its_holder_is_killed)
 {
-    SecondProcess other([this](Talk &test) {
+    TestStation station;
+    SecondProcess holder([&](Talk &test) {
+        SlotFile file(station.files, kPath, kLength);
+        file.open(SlotUse::Append);
+        test.say(textOf(file.lock()));
+        test.hear();
+    });
+    ASSERT_EQ(holder.hear(), "done");
+    EXPECT_EQ(tryLock(station), Outcome::Locked);
+    EXPECT_EQ(station.files.append(kPath, "bytes"), Outcome::Done);
+    EXPECT_EQ(station.get(kPath), "bytes");
+    holder.kill();
+    EXPECT_EQ(tryLock(station), Outcome::Done);
+}
+
+TEST(Lock, is_kept_when_its_process_opens_the_file_again_and_not_left_to_a_started_program)
+{
+    TestStation station;
+    station.put(kPath, "");
+    SecondProcess other([&](Talk &test) {
         while (!test.hear().empty())
-            test.say(textOf(tryLock()));
+            test.say(textOf(tryLock(station)));
     });
     SlotFile file(station.files, kPath, kLength);
     file.open(SlotUse::Rewrite);
     ASSERT_EQ(file.lock(), Outcome::Done);
-    std::string content;
-    station.files.read(kPath, content);
+    EXPECT_NE(std::system("ls -l /proc/self/fd | grep -q CCPending"), 0);
     station.files.append(kPath, "");
-    EXPECT_EQ(tryLock(), Outcome::Locked);
+    EXPECT_EQ(tryLock(station), Outcome::Locked);
     other.say("try");
     EXPECT_EQ(other.hear(), "locked by another");
     file.close();
     other.say("try");
     EXPECT_EQ(other.hear(), "done");
-}
-
-TEST_F(LockTest, is_not_inherited_by_a_started_program)
-{
-    SecondProcess station2([this](Talk &test) {
-        SlotFile file(station.files, kPath, kLength);
-        file.open(SlotUse::Append);
-        if (!done(file.lock()))
-            return;
-        if (::fork() == 0)
-            test.become("/bin/cat");
-        for (;;) // the program alone listens and speaks
-            ::pause();
-    });
-    station2.say("are you there");
-    ASSERT_EQ(station2.hear(), "are you there");
-    EXPECT_EQ(tryLock(), Outcome::Locked);
-    station2.kill();
-    EXPECT_EQ(tryLock(), Outcome::Done);
-    station2.say("still");
-    EXPECT_EQ(station2.hear(), "still") << "the program lives on, without the lock";
-}
-
-TEST_F(LockTest, lets_bytes_through_while_another_process_holds_it)
-{
-    SecondProcess holder([this](Talk &test) { hold(test); });
-    ASSERT_EQ(holder.hear(), "locked");
-    const ErrorsIgnored fromHere(station.run);
-    SlotFile file(station.files, kPath, kLength);
-    file.open(SlotUse::Append);
-    EXPECT_EQ(file.lock(), Outcome::Locked);
-    long slot = 0;
-    EXPECT_EQ(file.append(std::string(kLength, 'y'), slot), Outcome::Done);
-    EXPECT_EQ(slot, 2);
-    file.close();
-    EXPECT_EQ(station.get(kPath), std::string(kLength, 'x') + std::string(kLength, 'y'));
 }
 
 // Stations that all append to one file at once ------------------------------------------------
@@ -120,30 +70,21 @@ enum class Locking {
     PassOver, // every other station waits, the rest append when the lock is refused
 };
 
-struct Crowd {
-    const char *name;
-    Locking locking;
-    std::size_t tornTail;
-};
-
 constexpr int kStations = 8;
 constexpr int kRecords = 150;
 constexpr int kKilled = 3; // stations 0 to 2, each after a few records more than the one before
 
-std::string recordOf(int stationNumber, int number)
+std::string recordOf(int station, int number)
 {
-    std::string record =
-        "station " + std::to_string(stationNumber) + " record " + std::to_string(number) + " ";
-    const char filler = static_cast<char>('a' + (stationNumber * 31 + number) % 26);
-    record.resize(kLength, filler);
-    return record;
+    const std::string text =
+        "station " + std::to_string(station) + " record " + std::to_string(number);
+    return text + std::string(kLength - text.size(), static_cast<char>('a' + number % 26));
 }
 
 /// Appends its records and says "number slot" for each that is stored.
-void appendAll(TestStation &station, int stationNumber, Locking locking, Talk &test)
+void appendAll(TestStation &station, int which, Locking locking, Talk &test)
 {
-    const bool waits =
-        locking == Locking::Wait || (locking == Locking::PassOver && stationNumber % 2 == 1);
+    const bool waits = locking == Locking::Wait || which % 2 == 1;
     const ErrorsIgnored fromHere(station.run);
     test.hear(); // all start together
     for (int number = 0; number < kRecords; ++number) {
@@ -152,90 +93,55 @@ void appendAll(TestStation &station, int stationNumber, Locking locking, Talk &t
         while (locking != Locking::None && !done(file.lock()) && waits)
             ::sched_yield();
         long slot = 0;
-        if (done(file.append(recordOf(stationNumber, number), slot)))
+        if (done(file.append(recordOf(which, number), slot)))
             test.say(std::to_string(number) + " " + std::to_string(slot));
     }
 }
 
-class AppendTest : public testing::TestWithParam<Crowd> {
-protected:
-    void runCrowd();
-    void checkStored();
-
-    TestStation station;
-    std::map<long, std::string> stored; // what the stations say they have stored, by slot
-    std::size_t before = 0;             // bytes that stood there
-};
-
-void AppendTest::runCrowd()
+/// What the stations of a crowd say they have stored, by slot.
+std::map<std::size_t, std::string> runCrowd(TestStation &station, Locking locking)
 {
-    before = 3 * kLength + GetParam().tornTail;
-    station.put(kPath, std::string(before, 'x'));
     std::vector<std::unique_ptr<SecondProcess>> crowd;
-    for (int number = 0; number < kStations; ++number)
+    for (int which = 0; which < kStations; ++which)
         crowd.push_back(std::make_unique<SecondProcess>(
-            [this, number](Talk &test) { appendAll(station, number, GetParam().locking, test); }));
+            [&, which](Talk &test) { appendAll(station, which, locking, test); }));
     for (const auto &one : crowd)
         one->say("go");
-    for (int number = 0; number < kStations; ++number) {
-        SecondProcess &one = *crowd[static_cast<std::size_t>(number)];
+    std::map<std::size_t, std::string> stored;
+    for (int which = 0; which < kStations; ++which) {
+        SecondProcess &one = *crowd[static_cast<std::size_t>(which)];
         int said = 0;
         for (std::string line = one.hear(); !line.empty(); line = one.hear(), ++said) {
-            const std::size_t blank = line.find(' ');
-            const std::string record = recordOf(number, std::atoi(line.c_str()));
-            const bool fresh = stored.emplace(std::atol(line.c_str() + blank), record).second;
-            EXPECT_TRUE(fresh) << "two in one slot: " << line;
-            if (number < kKilled && said == 5 + 10 * number)
+            const std::size_t slot = std::stoul(line.substr(line.find(' ')));
+            EXPECT_TRUE(stored.emplace(slot, recordOf(which, std::stoi(line))).second)
+                << "two in one slot: " << line;
+            if (which < kKilled && said == 5 + 10 * which)
                 one.kill();
         }
-        if (number >= kKilled) {
-            EXPECT_EQ(said, kRecords);
+        EXPECT_TRUE(which < kKilled || said == kRecords) << said;
+    }
+    return stored;
+}
+
+TEST(Appends, of_a_crowd_are_each_stored_whole_in_a_slot_of_their_own)
+{
+    for (const Locking locking : {Locking::Wait, Locking::None, Locking::PassOver}) {
+        for (const std::size_t tail : {0U, 200U, 300U}) {
+            SCOPED_TRACE(testing::PrintToString(locking) + " behind " + std::to_string(tail));
+            TestStation station;
+            const std::string before(3 * kLength + tail, 'x');
+            station.put(kPath, before);
+            const auto stored = runCrowd(station, locking);
+            const std::string bytes = station.get(kPath);
+            EXPECT_TRUE(bytes.starts_with(before.substr(0, 3 * kLength)));
+            for (const auto &[slot, record] : stored)
+                EXPECT_EQ(bytes.substr((slot - 1) * kLength, kLength), record) << slot;
+            // The three slots and the tail that stood there; and one that a killed station was
+            // writing, or had stored and could not say so.
+            const std::size_t slots = (bytes.size() + kLength / 2) / kLength;
+            EXPECT_LE(slots, 3 + (tail + kLength / 2) / kLength + stored.size() + kKilled);
         }
     }
 }
-
-void AppendTest::checkStored()
-{
-    const std::string bytes = station.get(kPath);
-    std::set<std::string> whole;
-    for (int number = 0; number < kStations; ++number)
-        for (int record = 0; record < kRecords; ++record)
-            whole.insert(recordOf(number, record));
-    std::set<std::string> seen;
-    std::size_t others = 0;
-    const std::size_t slots = (bytes.size() + kLength / 2) / kLength;
-    for (std::size_t slot = 1; slot <= slots; ++slot) {
-        const std::string there = bytes.substr((slot - 1) * kLength, kLength);
-        if (const auto said = stored.find(static_cast<long>(slot)); said != stored.end()) {
-            EXPECT_EQ(there, said->second) << "slot " << slot;
-        }
-        if (!whole.contains(there))
-            ++others;
-        else
-            EXPECT_TRUE(seen.insert(there).second) << "twice: " << there.substr(0, 30);
-    }
-    // The three slots and the tail that stood there; and one that a killed station was writing.
-    EXPECT_LE(others, (before + kLength / 2) / kLength + kKilled);
-    EXPECT_GE(stored.rbegin()->first, static_cast<long>(stored.size()));
-    EXPECT_LE(seen.size(), stored.size() + kKilled) << "stored, and killed before it could say so";
-    EXPECT_EQ(bytes.substr(0, 3 * kLength), std::string(3 * kLength, 'x'));
-}
-
-TEST_P(AppendTest, stores_every_record_whole_in_a_slot_of_its_own)
-{
-    runCrowd();
-    checkStored();
-}
-
-INSTANTIATE_TEST_SUITE_P(Crowds, AppendTest,
-                         testing::Values(Crowd{"locked", Locking::Wait, 0},
-                                         Crowd{"lockedShortTail", Locking::Wait, 200},
-                                         Crowd{"lockedLongTail", Locking::Wait, 300},
-                                         Crowd{"notLocked", Locking::None, 0},
-                                         Crowd{"notLockedShortTail", Locking::None, 200},
-                                         Crowd{"notLockedLongTail", Locking::None, 300},
-                                         Crowd{"passedOver", Locking::PassOver, 0},
-                                         Crowd{"passedOverLongTail", Locking::PassOver, 300}),
-                         [](const auto &crowd) { return std::string(crowd.param.name); });
 
 } // namespace

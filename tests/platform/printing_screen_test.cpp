@@ -3,22 +3,20 @@
 #include "platform/qt/print_painter.h"
 #include "platform/qt/qt_printers.h"
 
+#include "support/second_process.h"
 #include "support/test_station.h"
 
-#include <QDir>
-#include <QFile>
 #include <QPainter>
-#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-#include <unistd.h>
+#include <map>
+#include <regex>
+#include <set>
 
 namespace {
 
-using platform::PrintJob;
-using platform::PrintOperation;
+using namespace platform;
 using Kind = PrintOperation::Kind;
 
 PrintOperation line(const std::string &text)
@@ -26,23 +24,9 @@ PrintOperation line(const std::string &text)
     return {Kind::Line, text, {}};
 }
 
-PrintJob lines(int count, const std::string &text = "Amount      $48.50")
+PrintJob lines(std::size_t count)
 {
-    PrintJob job;
-    job.operations.assign(static_cast<std::size_t>(count), line(text));
-    return job;
-}
-
-QByteArray contentOf(const std::string &path)
-{
-    QFile file(QString::fromStdString(path));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
-    return file.readAll();
-}
-
-bool touch(const std::string &path)
-{
-    return QFile(QString::fromStdString(path)).open(QIODevice::WriteOnly);
+    return {{}, false, std::vector(count, line("Amount      $48.50"))};
 }
 
 /// Paper at 203 dots an inch with a wide margin to the right, to see what runs over the edge.
@@ -50,232 +34,161 @@ class Paper {
 public:
     static constexpr int kWidth = 575;
 
-    explicit Paper(const PrintJob &job, double pageHeight = 0)
+    explicit Paper(const PrintJob &job)
     {
         dots.setDotsPerMeterX(7992);
         dots.setDotsPerMeterY(7992);
         dots.fill(Qt::white);
         QPainter onto(&dots);
-        platform::PrintPainter painter(dots, banners, kWidth, pageHeight, platform::CutStyle::Mark);
+        platform::PrintPainter painter(dots, banners, kWidth, 0, platform::CutStyle::Mark);
         height = painter.measure(job);
-        painter.paint(job, onto, [this] { ++turned; });
+        painter.paint(job, onto, [] { ADD_FAILURE() << "a roll has no pages"; });
     }
-    bool inkIn(const QRect &place) const
+    /// Between two dots of the width.
+    bool hasInk(int from, int to) const
     {
-        for (int y = place.top(); y <= place.bottom(); ++y) {
-            for (int x = place.left(); x <= place.right(); ++x) {
+        for (int x = from; x < to; ++x)
+            for (int y = 0; y < dots.height(); ++y)
                 if (dots.pixelColor(x, y).lightness() < 128)
                     return true;
-            }
-        }
         return false;
     }
-    QImage dots{kWidth + 200, 1200, QImage::Format_Grayscale8};
     double height = 0;
-    int turned = 0;
 
 private:
     platform::Banners banners;
+    QImage dots{kWidth + 200, 300, QImage::Format_Grayscale8};
 };
 
-/// Height in points of the only page.
-double pageHeight(const QByteArray &pdf)
+/// Heights in points of the pages of a PDF.
+std::vector<double> pages(const PrintJob &job, double widthMm, double heightMm)
 {
-    static const QRegularExpression box(QStringLiteral("/MediaBox \\[0 0 ([0-9.]+) ([0-9.]+)\\]"));
-    EXPECT_EQ(QString::fromLatin1(pdf).count(QStringLiteral("/MediaBox")), 1);
-    const QRegularExpressionMatch found = box.match(QString::fromLatin1(pdf));
-    EXPECT_TRUE(found.hasMatch());
-    return found.captured(2).toDouble();
+    static const std::regex box("/MediaBox \\[0 0 [0-9.]+ ([0-9.]+)\\]");
+    platform::Banners banners;
+    const std::string pdf = paintPdf(job, banners, widthMm, heightMm).toStdString();
+    std::vector<double> heights;
+    for (std::sregex_iterator at(pdf.begin(), pdf.end(), box), end; at != end; ++at)
+        heights.push_back(std::stod(at->str(1)));
+    return heights;
 }
 
-TEST(RollPaper, IsAsLongAsTheJob)
+TEST(Papers, are_as_long_as_the_job_or_as_many_as_it_needs)
 {
-    platform::Banners banners;
-    const double ten = pageHeight(paintPdf(lines(10), banners, 80, 0));
-    const double twenty = pageHeight(paintPdf(lines(20), banners, 80, 0));
-    const double thirty = pageHeight(paintPdf(lines(30), banners, 80, 0));
+    const double ten = pages(lines(10), 80, 0).back();
+    const double twenty = pages(lines(20), 80, 0).back();
     EXPECT_GT(twenty, ten + 50);
-    EXPECT_NEAR(thirty - twenty, twenty - ten, 2);
-
-    PrintJob wide = lines(3);
-    wide.landscape = true; // a roll has no landscape
-    EXPECT_LT(pageHeight(paintPdf(wide, banners, 80, 0)), ten);
+    PrintJob job = lines(30);
+    job.landscape = true; // a roll has no landscape
+    EXPECT_NEAR(pages(job, 80, 0).back(), 2 * twenty - ten, 2);
+    job.operations[15].kind = Kind::NewPage;
+    EXPECT_EQ(pages(job, 80, 0).size(), 1U);
+    EXPECT_EQ(pages(job, 216, 279).size(), 2U);
+    EXPECT_GE(pages(lines(200), 216, 279).size(), 3U);
 }
 
-TEST(PagePaper, TakesAsManyPagesAsItNeeds)
+TEST(PaintedLines, are_condensed_to_the_edge_and_go_to_their_tab_stops)
 {
-    platform::Banners banners;
-    const QByteArray pdf = paintPdf(lines(200), banners, 216, 279);
-    EXPECT_GE(QString::fromLatin1(pdf).count(QStringLiteral("/MediaBox")), 3);
-    EXPECT_EQ(Paper(lines(10), 300).turned, 1);
-    PrintJob broken = lines(2);
-    broken.operations.insert(broken.operations.begin() + 1, {Kind::NewPage, {}, {}});
-    EXPECT_EQ(Paper(broken, 300).turned, 1);
-    EXPECT_EQ(Paper(broken, 0).turned, 0);
-}
-
-TEST(PaintedLine, IsCondensedToTheEdgeAndNeverPastIt)
-{
-    const QRect past(Paper::kWidth + 1, 0, 150, 60);
-    const QRect edge(Paper::kWidth - 25, 0, 25, 60);
+    const double height = Paper(lines(1)).height;
     for (const std::string &text :
          {std::string(120, '_'), std::string(90, 'W'), "Name\t" + std::string(90, 'W')}) {
-        const Paper paper(lines(1, text));
-        EXPECT_FALSE(paper.inkIn(past)) << text;
-        EXPECT_TRUE(paper.inkIn(edge)) << text;
-        EXPECT_EQ(paper.height, Paper(lines(1, "x")).height) << "never wrapped: " << text;
+        const Paper paper({{}, false, {line(text)}});
+        EXPECT_FALSE(paper.hasInk(Paper::kWidth + 1, Paper::kWidth + 150)) << text;
+        EXPECT_TRUE(paper.hasInk(Paper::kWidth - 25, Paper::kWidth)) << text;
+        EXPECT_EQ(paper.height, height) << "never wrapped: " << text;
     }
-    const Paper narrow(lines(1, "Total"));
-    EXPECT_TRUE(narrow.inkIn({0, 0, 100, 60})) << "a short line keeps its width and its left edge";
-    EXPECT_FALSE(narrow.inkIn({150, 0, 400, 60}));
+    const Paper stops({{}, false, {{Kind::Tabs, "20,40", {}}, line("A\tB\tC")}});
+    EXPECT_TRUE(stops.hasInk(0, 30) && stops.hasInk(160, 190) && stops.hasInk(320, 350));
+    EXPECT_FALSE(stops.hasInk(30, 160) || stops.hasInk(190, 320) || stops.hasInk(350, 700));
 }
 
-TEST(PaintedLine, GoesToItsTabStops)
+TEST(PaintedPictures, are_centred_and_never_written_over)
 {
-    PrintJob job = lines(1, "A\tB\tC");
-    job.operations.insert(job.operations.begin(), {Kind::Tabs, "20,40", {}});
-    const Paper paper(job);
-    EXPECT_TRUE(paper.inkIn({160, 0, 30, 60})); // 20 mm
-    EXPECT_TRUE(paper.inkIn({320, 0, 30, 60})); // 40 mm
-    EXPECT_FALSE(paper.inkIn({200, 0, 110, 60}));
-}
-
-TEST(PaintedBanner, IsCentredAndNeverWrittenOver)
-{
-    PrintJob job;
-    job.operations = {{Kind::Picture, "Picture2", {}}, line("Total")};
-    const Paper paper(job);
-    const double bannerHeight = 9 / 25.4 * 203;
-    EXPECT_GT(paper.height, bannerHeight + Paper(lines(1)).height - 2);
-    EXPECT_FALSE(paper.inkIn({0, 0, 30, 60}));
-    EXPECT_FALSE(paper.inkIn({Paper::kWidth - 30, 0, 30, 60}));
-    EXPECT_TRUE(paper.inkIn({40, 0, 30, 60}));
-
+    const PrintOperation banner{Kind::Picture, "Picture2", {}};
+    const double lineHeight = Paper(lines(1)).height;
+    const Paper paper({{}, false, {banner, line("Total")}});
+    EXPECT_GT(paper.height, 9 / 25.4 * 203 + lineHeight - 2);
+    EXPECT_FALSE(paper.hasInk(Paper::kWidth - 30, Paper::kWidth));
+    EXPECT_TRUE(paper.hasInk(Paper::kWidth - 70, Paper::kWidth - 40));
     // Blank lines pass the banner, they do not add to it.
-    PrintJob spaced;
-    spaced.operations = {{Kind::Picture, "Picture2", {}}, line(""), line("  "), line("Total")};
-    EXPECT_NEAR(Paper(spaced).height, paper.height, Paper(lines(1)).height);
-
-    PrintJob unknown;
-    unknown.operations = {{Kind::Picture, "Picture99", {}}};
-    EXPECT_TRUE(Paper(unknown).inkIn({0, 0, 300, 60})) << "its name at least";
+    const Paper spaced({{}, false, {banner, line(""), line("  "), line("Total")}});
+    EXPECT_NEAR(spaced.height, paper.height, lineHeight);
+    EXPECT_TRUE(Paper({{}, false, {{Kind::Picture, "Picture99", {}}}}).hasInk(0, 300));
+    const Paper cut({{}, false, {{Kind::Cut, {}, {}}}});
+    EXPECT_TRUE(cut.hasInk(0, 12) && cut.hasInk(Paper::kWidth - 12, Paper::kWidth));
 }
 
-TEST(CutMark, CrossesTheWholePaper)
+TEST(PartsBetweenCuts, keep_fonts_and_lose_nothing)
 {
-    PrintJob job;
-    job.operations = {{Kind::Cut, {}, {}}};
-    const Paper paper(job);
-    EXPECT_TRUE(paper.inkIn({0, 0, 12, 48}));
-    EXPECT_TRUE(paper.inkIn({Paper::kWidth - 12, 0, 12, 48}));
-    EXPECT_TRUE(paper.inkIn({Paper::kWidth / 2 - 20, 0, 40, 48})) << "the word";
-}
-
-TEST(PartsBetweenCuts, KeepFontsAndLoseNothing)
-{
-    PrintJob job;
-    job.title = "Void";
     const PrintOperation font{Kind::Font, {}, {"Serif", 14, true, false}};
-    job.operations = {font, line("one"), {Kind::Cut, {}, {}}, line("two"), {Kind::Cut, {}, {}}};
-    const std::vector<platform::PartOfJob> parts = platform::splitAtCuts(job);
-    ASSERT_EQ(parts.size(), 3U);
-    EXPECT_TRUE(parts[0].cutBehind);
-    EXPECT_TRUE(parts[1].cutBehind);
-    EXPECT_FALSE(parts[2].cutBehind);
-    EXPECT_EQ(plainText(parts[0].job), "one\r\n");
-    EXPECT_EQ(plainText(parts[1].job), "two\r\n");
-    EXPECT_EQ(plainText(parts[2].job), "");
+    const PrintOperation cut{Kind::Cut, {}, {}};
+    const auto parts =
+        platform::splitAtCuts({"Void", false, {font, line("1"), cut, line("2"), cut}});
+    std::string told;
+    for (const auto &[part, cutBehind] : parts)
+        told += part.title + ": " + plainText(part) + (cutBehind ? "cut " : "end");
+    EXPECT_EQ(told, "Void: 1\r\ncut Void: 2\r\ncut : end");
     EXPECT_EQ(parts[1].job.operations.front().font, font.font);
-    EXPECT_EQ(parts[1].job.title, "Void");
 }
 
-class SpoolPrinters : public testing::Test {
-protected:
-    SpoolPrinters()
-    {
-        installation.spoolPrinters = {{"Receipt", 80, 0, false, "spool\\receipt"},
-                                      {"Office", 216, 0, true, "spool/office"}};
-    }
-    QStringList jobs() const
-    {
-        return QDir(QString::fromStdString(path()))
-            .entryList(QDir::Files | QDir::Hidden, QDir::Name);
-    }
-    std::string path() const { return root.path() + "/spool/receipt"; }
-
-    support::TemporaryFolder root;
-    platform::Installation installation;
-};
-
-TEST_F(SpoolPrinters, StandFirstAndStoreEachJobAsPdfAndText)
+/// What lies in a spool folder: names, and the content of the text files.
+std::map<std::string, std::string> filesIn(const std::string &folder)
 {
-    platform::QtPrinters printers(installation, root.path());
-    const std::vector<std::string> names = printers.names();
-    ASSERT_GE(names.size(), 2U);
-    EXPECT_EQ(names[0], "Receipt");
-    EXPECT_EQ(names[1], "Office");
-    EXPECT_EQ(printers.defaultName(), "Office");
-
-    EXPECT_EQ(printers.submit("Receipt", lines(1, "first")), platform::Outcome::Done);
-    EXPECT_EQ(printers.submit("Receipt", lines(1, "second")), platform::Outcome::Done);
-    EXPECT_EQ(printers.submit("Recei", lines(1)), platform::Outcome::NotThere);
-    EXPECT_EQ(jobs().join(u' '), u"0001.pdf 0001.txt 0002.pdf 0002.txt");
-    EXPECT_EQ(contentOf(path() + "/0002.txt"), "second\r\n");
-    EXPECT_TRUE(contentOf(path() + "/0001.pdf").startsWith("%PDF-"));
+    std::map<std::string, std::string> found;
+    for (const auto &entry : std::filesystem::directory_iterator(folder)) {
+        std::ifstream file(entry.path(), std::ios::binary);
+        found[entry.path().filename().string()] = {std::istreambuf_iterator<char>(file), {}};
+    }
+    return found;
 }
 
-TEST_F(SpoolPrinters, GoOnFromTheHighestNumberThatIsThere)
+TEST(SpoolPrinters, stand_first_and_store_each_job_behind_the_highest_number)
 {
-    ASSERT_TRUE(QDir().mkpath(QString::fromStdString(path())));
+    support::TestStation station;
     // Somebody took the older slips away; a killed process left an unfinished one.
-    for (const char *name : {"0041.txt", "0041.pdf", "0042.pdf.part", "notes.txt"})
-        EXPECT_TRUE(touch(path() + '/' + name));
-    platform::QtPrinters printers(installation, root.path());
-    EXPECT_EQ(printers.submit("Receipt", lines(1)), platform::Outcome::Done);
-    EXPECT_TRUE(jobs().contains(u"0043.pdf"));
-    EXPECT_TRUE(jobs().contains(u"0043.txt"));
+    for (const char *name : {"0041.txt", "0042.pdf.part", "notes.txt"})
+        station.put(std::string("c:\\spool\\receipt\\") + name, "");
+    station.installation.spoolPrinters = {{"Receipt", 80, 0, false, "c\\spool\\receipt"},
+                                          {"Office", 216, 0, true, "c/spool/office"},
+                                          {"None", 80, 0, false, "c/spool/receipt/notes.txt"}};
+    platform::QtPrinters printers(station.installation, station.drives.root());
+    EXPECT_EQ(printers.names()[0] + printers.names()[1], "ReceiptOffice");
+    EXPECT_EQ(printers.defaultName(), "Office");
+    EXPECT_EQ(printers.submit("Receipt", {{}, false, {line("first")}}), Outcome::Done);
+    EXPECT_EQ(printers.submit("Receipt", lines(1)), Outcome::Done);
+    EXPECT_EQ(printers.submit("Recei", lines(1)), Outcome::NotThere);
+    EXPECT_EQ(printers.submit("None", lines(1)), Outcome::Denied);
+    std::string names;
+    for (const auto &[name, content] : filesIn(station.drives.resolve("c:\\spool\\receipt")))
+        names += name + ' ' + content.substr(0, name.ends_with("pdf") ? 5 : 7);
+    EXPECT_EQ(names, "0041.txt 0042.pdf.part 0043.pdf %PDF-0043.txt first\r\n"
+                     "0044.pdf %PDF-0044.txt Amount notes.txt ");
 }
 
-TEST_F(SpoolPrinters, ReportAFolderThatCannotBe)
+TEST(SpoolPrinters, never_share_a_number_between_processes)
 {
-    ASSERT_TRUE(touch(root.path() + "/spool"));
-    platform::QtPrinters printers(installation, root.path());
-    EXPECT_EQ(printers.submit("Receipt", lines(1)), platform::Outcome::Denied);
-}
-
-TEST_F(SpoolPrinters, NeverShareANumberBetweenProcesses)
-{
-    constexpr int kProcesses = 4;
-    constexpr int kJobs = 50;
-    std::vector<pid_t> stations;
-    for (int station = 0; station < kProcesses; ++station) {
-        const pid_t process = fork();
-        if (process == 0) {
-            platform::SpoolFolder folder(QString::fromStdString(path()));
-            bool stored = true;
-            for (int job = 0; job < kJobs; ++job) {
-                const QByteArray content = QByteArray::number(station * 1000 + job);
-                stored = done(folder.put(content, content)) && stored;
+    const support::TemporaryFolder folder;
+    std::vector<std::unique_ptr<support::SecondProcess>> stations;
+    for (const char name : {'a', 'b', 'c', 'd'})
+        stations.push_back(std::make_unique<support::SecondProcess>([&, name](support::Talk &test) {
+            platform::SpoolFolder spool(QString::fromStdString(folder.path()));
+            std::string refused;
+            for (int job = 0; job < 50; ++job) {
+                const QByteArray content = name + QByteArray::number(job);
+                if (!done(spool.put(content, content)))
+                    refused += content.toStdString() + ' ';
             }
-            _exit(stored ? 0 : 1);
-        }
-        stations.push_back(process);
-    }
-    for (const pid_t process : stations) {
-        int status = -1;
-        waitpid(process, &status, 0);
-        EXPECT_EQ(status, 0);
-    }
-    QSet<QByteArray> contents;
-    for (int number = 1; number <= kProcesses * kJobs; ++number) {
-        std::string stem = std::to_string(number);
-        stem = path() + "/" + std::string(4 - stem.size(), '0') + stem;
-        const QByteArray pdf = contentOf(stem + ".pdf");
-        EXPECT_EQ(pdf, contentOf(stem + ".txt")) << "both files of a number are of one job";
-        contents.insert(pdf);
-    }
-    EXPECT_EQ(contents.size(), kProcesses * kJobs) << "no job was overwritten";
-    EXPECT_EQ(jobs().size(), 2 * kProcesses * kJobs) << "nothing unfinished is left";
+            test.say(refused + "done");
+        }));
+    for (const auto &station : stations)
+        EXPECT_EQ(station->hear(), "done");
+    const auto files = filesIn(folder.path());
+    std::map<std::string, std::set<std::string>> numbersOf;
+    for (const auto &[name, content] : files)
+        numbersOf[content].insert(name.substr(0, 4));
+    EXPECT_EQ(files.size(), 400U) << "none overwritten, nothing unfinished is left";
+    EXPECT_EQ(numbersOf.size(), 200U);
+    for (const auto &[content, numbers] : numbersOf)
+        EXPECT_EQ(numbers.size(), 1U) << "both files of a number are of one job: " << content;
 }
 
 } // namespace

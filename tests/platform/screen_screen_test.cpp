@@ -12,8 +12,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 namespace {
 
 using platform::Screen;
@@ -21,19 +19,18 @@ using support::press;
 
 class Panel : public Screen {
 public:
-    Panel(platform::Services &theServices, std::function<void(Panel &)> click)
-        : Screen(theServices), onClick(std::move(click))
+    Panel(platform::Services &theServices, std::function<void(Panel &)> onClick)
+        : Screen(theServices)
     {
         auto *layout = new QVBoxLayout(this);
         layout->addWidget(&box);
         layout->addWidget(&command);
-        connect(&command, &QPushButton::clicked, this, [this] { onClick(*this); });
+        connect(&command, &QPushButton::clicked, this, [this, onClick] { onClick(*this); });
         setDefaultCommand(&command);
     }
     ~Panel() override { ++destroyed; }
 
     using Screen::whileLoaded;
-    void wait() { services.yield(); }
 
     QLineEdit box;
     QPushButton command{QStringLiteral("Finish")};
@@ -42,58 +39,49 @@ public:
 
 protected:
     void closeAsked() override { ++closeAsks; }
-
-private:
-    std::function<void(Panel &)> onClick;
 };
 
 int Panel::destroyed = 0;
 
 class ScreenLife : public testing::Test {
 protected:
-    void SetUp() override { Panel::destroyed = 0; }
     void soon(std::function<void()> act) { station.time.after(500, std::move(act)); }
 
     support::QtStation station;
 };
 
-TEST_F(ScreenLife, AModalScreenReturnsWhenUnloadedAndAfterItsHandler)
+TEST_F(ScreenLife, a_modal_screen_returns_when_unloaded_and_after_its_handler)
 {
-    bool handlerDone = false;
+    int handled = 0;
+    int fired = 0;
     Panel panel(station.services, [&](Panel &self) {
         self.unload();
-        self.wait(); // a handler may go on after it has unloaded its own screen
+        station.advance(3000); // a handler may go on after it has unloaded its own screen
         EXPECT_FALSE(self.isVisible());
-        handlerDone = true;
+        ++handled;
     });
-    soon([&] {
-        EXPECT_TRUE(panel.isVisible());
-        EXPECT_TRUE(support::click(QStringLiteral("Finish")));
-    });
+    platform::Timer timer(station.time, panel.whileLoaded([&] { ++fired; }));
+    timer.setInterval(400);
+    soon([&] { panel.command.click(); });
     panel.runModal();
-    EXPECT_TRUE(handlerDone);
-    EXPECT_TRUE(panel.unloaded());
-
     panel.runModal(); // unloaded for good: returns at once
-    EXPECT_FALSE(panel.isVisible());
+    EXPECT_EQ(handled, 1);
+    EXPECT_EQ(fired, 1) << "a timer of an unloaded screen does nothing";
 }
 
-TEST_F(ScreenLife, TheEndOfTheProgramClosesNestedScreens)
+TEST_F(ScreenLife, the_end_of_the_program_closes_nested_screens)
 {
     Panel inner(station.services, [&](Panel &) { station.run.end(); });
     Panel outer(station.services, [&](Panel &) {
-        soon([] { support::click(QStringLiteral("Finish")); });
+        soon([&] { inner.command.click(); });
         inner.runModal();
-        EXPECT_TRUE(station.run.ending());
     });
     soon([&] { outer.command.click(); });
-    outer.command.setText(QStringLiteral("Open"));
     outer.runModal();
-    EXPECT_FALSE(inner.isVisible());
-    EXPECT_FALSE(outer.isVisible());
+    EXPECT_FALSE(inner.isVisible() || outer.isVisible());
 }
 
-TEST_F(ScreenLife, EscapeAndTheCrossAskAndEnterWorksTheDefaultCommand)
+TEST_F(ScreenLife, escape_and_the_cross_ask_and_enter_works_the_default_command)
 {
     int finished = 0;
     Panel panel(station.services, [&](Panel &) { ++finished; });
@@ -103,9 +91,7 @@ TEST_F(ScreenLife, EscapeAndTheCrossAskAndEnterWorksTheDefaultCommand)
         panel.close();
         EXPECT_EQ(panel.closeAsks, 2);
         EXPECT_TRUE(panel.isVisible());
-
         press(Qt::Key_Return); // out of the text box
-        EXPECT_EQ(finished, 1);
         panel.command.setEnabled(false);
         press(Qt::Key_Enter);
         EXPECT_EQ(finished, 1);
@@ -114,119 +100,80 @@ TEST_F(ScreenLife, EscapeAndTheCrossAskAndEnterWorksTheDefaultCommand)
     panel.runModal();
 }
 
-TEST_F(ScreenLife, TheTopMostFlagChangesWithoutHidingTheScreen)
+TEST_F(ScreenLife, the_top_most_flag_changes_without_hiding_and_holds_for_what_is_opened_above)
 {
+    const auto onTop = [](const Panel &panel) {
+        return panel.isVisible() &&
+               panel.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
+    };
     Panel panel(station.services, [](Panel &) {});
-    panel.SetTopMostWindow(true);
     panel.show();
-    QWindow *window = panel.windowHandle();
-    EXPECT_TRUE(window->flags().testFlag(Qt::WindowStaysOnTopHint));
-    panel.SetTopMostWindow(false);
-    EXPECT_TRUE(panel.isVisible());
-    EXPECT_EQ(panel.windowHandle(), window);
-    EXPECT_FALSE(window->flags().testFlag(Qt::WindowStaysOnTopHint));
-    panel.SetTopMostWindow(true);
-    EXPECT_TRUE(panel.isVisible());
-
-    // What is opened over a top-most screen must not disappear behind it.
+    for (const bool on : {true, false, true}) {
+        panel.SetTopMostWindow(on);
+        EXPECT_TRUE(panel.isVisible() && onTop(panel) == on);
+    }
     Panel above(station.services, [](Panel &self) { self.unload(); });
     soon([&] {
-        EXPECT_TRUE(above.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
+        EXPECT_TRUE(onTop(panel) && onTop(above));
         above.command.click();
     });
     above.runModal();
 }
 
-TEST_F(ScreenLife, ATimerOfAnUnloadedScreenDoesNothing)
-{
-    int fired = 0;
-    Panel panel(station.services, [](Panel &) {});
-    platform::Timer timer(station.time, panel.whileLoaded([&] { ++fired; }));
-    timer.setInterval(1000);
-    station.advance(2500);
-    panel.unload();
-    station.advance(5000);
-    EXPECT_EQ(fired, 2);
-}
-
 // On the loop of the programs, where time is the wall's: a wait inside a handler must not destroy
-// the screen whose handler waits, however the handler was reached.
-class ScreenOnTheProgramsLoop : public testing::Test {
-protected:
-    void SetUp() override
-    {
+// the screen whose handler waits, however the handler was reached; but a modal screen may stay
+// open all day, and what its timers let go of must not pile up until then.
+TEST(ScreenOnTheProgramsLoop, is_destroyed_as_soon_as_no_handler_of_its_own_runs)
+{
+    for (const std::string by : {"timer", "command", "modal"}) {
+        SCOPED_TRACE(by);
+        support::TestStation station;
+        platform::QtClock clock(50);
+        platform::QtEventLoop loop(clock);
+        platform::Run run(loop);
+        bool handled = false;
+        std::unique_ptr<Panel, Screen::Later> panel;
+        const auto turn = [&run] {
+            for (int i = 0; i < 5; ++i)
+                run.yield();
+        };
+        const auto later = [&loop](auto what) {
+            QMetaObject::invokeMethod(&loop, what, Qt::QueuedConnection);
+        };
+        const auto letGo = [&] {
+            panel.reset();
+            handled = true;
+            if (by == "modal")
+                return;
+            later(turn);
+            turn(); // the queued turns run inside these, one level deeper
+            EXPECT_EQ(Panel::destroyed, 0);
+        };
+        platform::Timer timer(clock, [&] {
+            timer.setInterval(0);
+            letGo();
+        });
         Panel::destroyed = 0;
-        panel.reset(new Panel(station.services, [this](Panel &) { letGoAndWait(); }));
+        panel.reset(new Panel(station.services, [&](Panel &) { letGo(); }));
         panel->show();
-    }
-    void letGoAndWait()
-    {
-        panel.reset();
-        QMetaObject::invokeMethod(
-            &loop, [this] { turn(5); }, Qt::QueuedConnection);
-        turn(5); // the queued turns run inside these, one level deeper
-        destroyedDuringHandler = Panel::destroyed;
-        handled = true;
-    }
-    void turn(int times)
-    {
-        for (int i = 0; i < times; ++i)
-            run.yield();
-    }
-    void turnUntilHandled()
-    {
-        while (!handled)
+        if (by == "command")
+            later([&] { panel->command.click(); });
+        else
+            timer.setInterval(100);
+        bool modalSeen = by != "modal";
+        if (!modalSeen)
+            later([&] {
+                while (!handled)
+                    run.yield();
+                turn();
+                EXPECT_EQ(Panel::destroyed, 1);
+                modalSeen = true;
+            });
+        while (!handled || !modalSeen)
             run.yield();
         run.yield();
-        EXPECT_EQ(destroyedDuringHandler, 0);
         EXPECT_EQ(Panel::destroyed, 1);
     }
-
-    support::TestStation station;
-    platform::QtClock clock{50};
-    platform::QtEventLoop loop{clock};
-    platform::Run run{loop};
-    std::unique_ptr<Panel, Screen::Later> panel;
-    int destroyedDuringHandler = -1;
-    bool handled = false;
-};
-
-TEST_F(ScreenOnTheProgramsLoop, OutlivesTheHandlerOfATimer)
-{
-    platform::Timer timer(clock, [&] {
-        timer.setInterval(0);
-        letGoAndWait();
-    });
-    timer.setInterval(100);
-    turnUntilHandled();
-}
-
-TEST_F(ScreenOnTheProgramsLoop, OutlivesTheHandlerOfACommand)
-{
-    QMetaObject::invokeMethod(&panel->command, "click", Qt::QueuedConnection);
-    turnUntilHandled();
-}
-
-// A modal screen may stay open all day; what its timers let go of must not pile up until then.
-TEST_F(ScreenOnTheProgramsLoop, IsDestroyedWhileAModalWaitGoesOn)
-{
-    platform::Timer timer(clock, [&] {
-        timer.setInterval(0);
-        panel.reset();
-    });
-    timer.setInterval(100);
-    QMetaObject::invokeMethod(
-        &loop,
-        [&] {
-            while (panel != nullptr)
-                run.yield();
-            turn(3);
-            EXPECT_EQ(Panel::destroyed, 1);
-            handled = true;
-        },
-        Qt::QueuedConnection);
-    while (!handled)
-        run.yield();
 }
 
 } // namespace

@@ -13,8 +13,7 @@
 namespace {
 
 namespace fs = std::filesystem;
-using structure::Project;
-using structure::violations;
+using namespace structure;
 
 TEST(Structure, KeepsTheLawsOfThePlan)
 {

@@ -4,7 +4,6 @@
 #include "platform/printers.h"
 
 #include <algorithm>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,36 +17,25 @@ public:
     };
 
     std::vector<std::string> installed = {"Receipt TM-88", "Office Laser"};
-    std::string preferred = "Receipt TM-88";
-    std::optional<platform::Outcome> refusal; // of every job, as by a printer out of order
+    std::string preferred = "Receipt TM-88"; // or the first, where it is not installed
     std::vector<Collected> collected;
-    int warmUps = 0;
     platform::PrintFont warmed; // the last time
 
     std::vector<std::string> names() override { return installed; }
-
     std::string defaultName() override
     {
-        if (has(preferred))
-            return preferred;
-        return installed.empty() ? std::string() : installed.front();
+        if (installed.empty())
+            return {};
+        return has(preferred) ? preferred : installed.front();
     }
-
     platform::Outcome submit(const std::string &printerName, const platform::PrintJob &job) override
     {
         if (!has(printerName))
             return platform::Outcome::NotThere;
-        if (refusal)
-            return *refusal;
         collected.push_back({printerName, job});
         return platform::Outcome::Done;
     }
-
-    void warmUp(const platform::PrintFont &font) override
-    {
-        ++warmUps;
-        warmed = font;
-    }
+    void warmUp(const platform::PrintFont &font) override { warmed = font; }
 
 private:
     bool has(const std::string &name) const

@@ -1,4 +1,4 @@
-// FakeSystem: starts and kills nothing, and writes down what was asked. A test plays the payment
+// FakeSystem: starts and kills nothing, and writes down what was started. A test plays the payment
 // application in onStart.
 #pragma once
 
@@ -6,7 +6,6 @@
 #include "platform/system.h"
 
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +13,8 @@ namespace support {
 
 class FakeSystem : public platform::System {
 public:
+    using Outcome = platform::Outcome;
+
     struct Started {
         std::string commandLine;
         platform::WindowStyle style = platform::WindowStyle::Normal;
@@ -25,61 +26,32 @@ public:
     {
     }
 
-    std::string computer = "FRONT-BAR";
     std::string executable = "TndrCC";
-    bool connected = true;
-    std::optional<platform::Outcome> startRefusal; // of a program that is there
     std::function<void(const Started &)> onStart;
     std::function<void(const std::string &imageName)> onKill;
 
-    std::vector<Started> started; // those that were there and were not refused
-    std::vector<std::string> killed;
-    std::vector<std::string> edited;
-    std::vector<std::string> browsed;
-    std::vector<std::string> played;
-    int connectionTests = 0;
+    std::vector<Started> started; // those that were there
 
-    platform::Outcome start(const std::string &commandLine, platform::WindowStyle style) override
+    Outcome start(const std::string &commandLine, platform::WindowStyle style) override
     {
         if (!platform::findProgram(commandLine, programIsThere))
-            return platform::Outcome::NotThere;
-        if (startRefusal)
-            return *startRefusal;
+            return Outcome::NotThere;
         started.push_back({commandLine, style});
         if (onStart)
             onStart(Started(started.back())); // a copy: onStart may lead to another start
-        return platform::Outcome::Done;
+        return Outcome::Done;
     }
-
     void killImage(const std::string &imageName) override
     {
-        killed.push_back(imageName);
         if (onKill)
             onKill(imageName);
     }
-
-    std::string computerName() override { return computer; }
+    std::string computerName() override { return "FRONT-BAR"; }
     std::string executableName() override { return executable; }
-
-    platform::Outcome openEditor(const std::string &path) override
-    {
-        edited.push_back(path);
-        return platform::Outcome::Done;
-    }
-
-    platform::Outcome openBrowser(const std::string &address) override
-    {
-        browsed.push_back(address);
-        return platform::Outcome::Done;
-    }
-
-    bool connectionTest() override
-    {
-        ++connectionTests;
-        return connected;
-    }
-
-    void playSound(const std::string &path) override { played.push_back(path); }
+    Outcome openEditor(const std::string &) override { return Outcome::Done; }
+    Outcome openBrowser(const std::string &) override { return Outcome::Done; }
+    bool connectionTest() override { return true; }
+    void playSound(const std::string &) override {}
 
 private:
     std::function<bool(const std::string &)> programIsThere;

@@ -1,15 +1,17 @@
 // FaultyDisk: a disk that fails or stops at the Nth operation. Every operation of Disk and
-// DiskFile counts from 1; isFile, isDirectory and isStillAt only with countQueries. Closing a
-// file is no operation.
+// DiskFile counts from 1, but for isFile, isDirectory and isStillAt. Closing a file is none.
 #pragma once
 
 #include "platform/disk.h"
 
+#include <algorithm>
+#include <array>
 #include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace support {
@@ -19,67 +21,177 @@ public:
     using Outcome = platform::Outcome;
 
     /// `theRoot` is left out of the paths in the log.
-    explicit FaultyDisk(platform::Disk &theDisk, std::string theRoot = {})
+    FaultyDisk(platform::Disk &theDisk, std::string theRoot)
         : disk(theDisk), root(std::move(theRoot))
     {
     }
 
-    /// Operation N, and only that one, does nothing and gives `outcome`.
-    void failAt(std::size_t n, Outcome outcome) { faults[n] = {outcome, false}; }
-    /// The same, but a write or an append leaves the first half of its bytes there.
-    void tornAt(std::size_t n, Outcome outcome) { faults[n] = {outcome, true}; }
-    /// Every operation of that name ("append", "rename") on a path that ends in `pathEnd`, compared
-    /// without regard to case, from now on; for a rename either path. Outcome::Done lifts it.
-    void failOn(const std::string &operation, const std::string &pathEnd, Outcome outcome);
+    /// Operation N, and only that one, does nothing and gives `outcome`; when `torn`, a write
+    /// leaves the first half of its bytes there.
+    void failAt(std::size_t n, Outcome outcome, bool torn = false) { fault = {n, outcome, torn}; }
     /// From operation N on nothing reaches the disk any more, as if the process had been killed;
     /// `onStop` is called once. Locks held are kept until their files are closed.
-    void stopAt(std::size_t n, std::function<void()> onStop, bool writeIsHalfDone = false);
-    bool stopped() const { return dead; }
+    void stopAt(std::size_t n, std::function<void()> onStop, bool torn = false)
+    {
+        failAt(n, Outcome::Broken, torn);
+        kill = [this, onStop] {
+            dead = true;
+            if (onStop)
+                onStop();
+        };
+    }
+    /// Every operation of that name ("append", "rename") on a path that ends in `pathEnd`, from
+    /// now on; for a rename either path. Outcome::Done lifts it.
+    void failOn(const std::string &operation, const std::string &pathEnd, Outcome outcome)
+    {
+        rules[{operation, pathEnd}] = outcome;
+    }
 
     /// Operations so far.
     std::size_t operations() const { return log.size(); }
     /// One line an operation: "12 append c/Lumbrio/Data/CCPending.dat 500 bytes".
     const std::vector<std::string> &operationLog() const { return log; }
-    std::string logText() const;
-    bool countQueries = false;
+    std::string logText() const
+    {
+        std::string text;
+        for (const std::string &line : log)
+            text.append(line).append("\n");
+        return text;
+    }
 
     Outcome open(const std::string &path, platform::OpenMode mode,
                  std::unique_ptr<platform::DiskFile> &file) override;
-    bool isFile(const std::string &path) override;
-    bool isDirectory(const std::string &path) override;
-    Outcome remove(const std::string &path) override;
-    Outcome rename(const std::string &from, const std::string &to) override;
-    Outcome makeDirectory(const std::string &path) override;
-    Outcome list(const std::string &directory, std::vector<std::string> &names) override;
-    Outcome flushDirectory(const std::string &directory) override;
+    bool isFile(const std::string &path) override { return !dead && disk.isFile(path); }
+    bool isDirectory(const std::string &path) override { return !dead && disk.isDirectory(path); }
+    Outcome remove(const std::string &path) override
+    {
+        return may("remove", path) ? disk.remove(path) : given;
+    }
+    Outcome rename(const std::string &from, const std::string &to) override
+    {
+        return may("rename", from, " to " + nameOf(to)) ? disk.rename(from, to) : given;
+    }
+    Outcome makeDirectory(const std::string &path) override
+    {
+        return may("makeDirectory", path) ? disk.makeDirectory(path) : given;
+    }
+    Outcome list(const std::string &path, std::vector<std::string> &names) override
+    {
+        return may("list", path) ? disk.list(path, names) : given;
+    }
+    Outcome flushDirectory(const std::string &path) override
+    {
+        return may("flushDirectory", path) ? disk.flushDirectory(path) : given;
+    }
 
 private:
     friend class FaultyFile;
 
     struct Fault {
+        std::size_t number = 0; // 0: never
         Outcome outcome = Outcome::Done;
-        bool half = false;
-    };
-    struct Rule {
-        std::string operation;
-        std::string pathEnd;
-        Outcome outcome = Outcome::Done;
+        bool torn = false;
     };
 
-    std::string_view nameOf(std::string_view path) const;
-    Fault count(std::string_view operation, const std::string &path,
-                const std::string &details = {});
-    bool query(std::string_view operation, const std::string &path);
+    /// The path as the log has it, below the root.
+    std::string nameOf(const std::string &path) const
+    {
+        return path.substr(std::min(root.size() + 1, path.size()));
+    }
+    /// Counts and logs an operation; when it is not to be done, `given` says what it gives.
+    bool may(const std::string &operation, const std::string &path, const std::string &details = {})
+    {
+        const std::string line = operation + ' ' + nameOf(path) + details;
+        log.push_back(std::to_string(log.size() + 1) + ' ' + line);
+        given = Outcome::Done;
+        for (const auto &[rule, outcome] : rules)
+            if (rule.first == operation &&
+                (path.ends_with(rule.second) || line.ends_with(rule.second)))
+                given = outcome;
+        if (log.size() == fault.number) {
+            given = fault.outcome;
+            if (kill)
+                kill();
+        }
+        if (dead)
+            given = Outcome::Broken;
+        return done(given);
+    }
 
     platform::Disk &disk;
     std::string root;
-    std::map<std::size_t, Fault> faults;
-    std::vector<Rule> rules;
+    std::map<std::pair<std::string, std::string>, Outcome> rules;
     std::vector<std::string> log;
-    std::function<void()> stopHook;
-    std::size_t stopNumber = 0; // 0: never
-    bool stopHalf = false;
+    Fault fault;
+    std::function<void()> kill;
+    Outcome given = Outcome::Done;
     bool dead = false;
 };
+
+class FaultyFile : public platform::DiskFile {
+public:
+    using Outcome = platform::Outcome;
+
+    FaultyFile(FaultyDisk &theDisk, std::string thePath,
+               std::unique_ptr<platform::DiskFile> theFile)
+        : disk(theDisk), path(std::move(thePath)), file(std::move(theFile))
+    {
+    }
+
+    Outcome size(std::uint64_t &bytes) override
+    {
+        return disk.may("size", path) ? file->size(bytes) : disk.given;
+    }
+    Outcome readAt(std::uint64_t offset, char *into, std::size_t length, std::size_t &got) override
+    {
+        const bool may = disk.may("read", path, placeOf(offset, length));
+        return may ? file->readAt(offset, into, length, got) : disk.given;
+    }
+    Outcome writeAt(std::uint64_t offset, std::string_view bytes) override
+    {
+        if (disk.may("write", path, placeOf(offset, bytes.size())))
+            return file->writeAt(offset, bytes);
+        if (disk.fault.torn && disk.operations() == disk.fault.number)
+            file->writeAt(offset, bytes.substr(0, bytes.size() / 2));
+        return disk.given;
+    }
+    Outcome append(std::string_view bytes, std::uint64_t &landedAt) override
+    {
+        const bool may = disk.may("append", path, ' ' + std::to_string(bytes.size()) + " bytes");
+        return may ? file->append(bytes, landedAt) : disk.given;
+    }
+    Outcome cutBack(std::uint64_t from, std::uint64_t to) override
+    {
+        return disk.may("cutBack", path) ? file->cutBack(from, to) : disk.given;
+    }
+    Outcome flush() override { return disk.may("flush", path) ? file->flush() : disk.given; }
+    Outcome tryLock() override { return disk.may("lock", path) ? file->tryLock() : disk.given; }
+    Outcome unlock() override { return disk.may("unlock", path) ? file->unlock() : disk.given; }
+    bool isStillAt(const std::string &at) override { return !disk.dead && file->isStillAt(at); }
+
+private:
+    static std::string placeOf(std::uint64_t offset, std::size_t length)
+    {
+        return ' ' + std::to_string(length) + " bytes at " + std::to_string(offset);
+    }
+
+    FaultyDisk &disk;
+    std::string path;
+    std::unique_ptr<platform::DiskFile> file;
+};
+
+inline platform::Outcome FaultyDisk::open(const std::string &path, platform::OpenMode mode,
+                                          std::unique_ptr<platform::DiskFile> &file)
+{
+    constexpr std::array kModes = {" to read", " to rewrite", " to append", " emptied"};
+    file.reset();
+    if (!may("open", path, kModes[static_cast<std::size_t>(mode)]))
+        return given;
+    std::unique_ptr<platform::DiskFile> opened;
+    const Outcome outcome = disk.open(path, mode, opened);
+    if (done(outcome))
+        file = std::make_unique<FaultyFile>(*this, path, std::move(opened));
+    return outcome;
+}
 
 } // namespace support

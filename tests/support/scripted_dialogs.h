@@ -4,52 +4,97 @@
 
 #include "platform/dialogs.h"
 
+#include <gtest/gtest.h>
+
+#include <array>
 #include <deque>
 #include <functional>
-#include <optional>
-#include <string>
+#include <utility>
 
 namespace support {
 
 class ScriptedDialogs : public platform::Dialogs {
 public:
-    explicit ScriptedDialogs(platform::Run &theRun) : Dialogs(theRun), run(theRun) {}
-    ~ScriptedDialogs() override; // a box still expected is a failure
-
+    using Answer = platform::Answer;
+    using Buttons = platform::Buttons;
     using WhileOpen = std::function<void()>;
+
+    explicit ScriptedDialogs(platform::Run &theRun) : Dialogs(theRun), run(theRun) {}
+    ~ScriptedDialogs() override
+    {
+        for (const Expectation &left : expected)
+            ADD_FAILURE() << "never shown: " << left.box;
+    }
 
     /// The next box is a message with just this title, text and buttons. An empty title is the
     /// system's own message. `whileOpen` runs while the box is open (let time pass, press Cancel
     /// on the screen behind it); the loop turns once in any case.
-    void expect(const std::string &title, const std::string &text, platform::Buttons buttons,
-                platform::Answer answer, WhileOpen whileOpen = {});
+    void expect(const std::string &title, const std::string &text, Buttons buttons, Answer answer,
+                WhileOpen whileOpen = {})
+    {
+        EXPECT_EQ(buttons == Buttons::YesNo, answer == Answer::Yes || answer == Answer::No);
+        expected.push_back({boxOf(title, text, buttons), answer, {}, std::move(whileOpen)});
+    }
+    /// The same for a box in which the user types, or says Cancel where there is no `typed`.
     void expectInput(const std::string &title, const std::string &text,
                      std::optional<std::string> typed, const std::string &initial = {},
-                     bool hidden = false, WhileOpen whileOpen = {});
-
-    /// Boxes shown so far.
-    int shown() const { return count; }
-    bool allShown() const { return expected.empty(); }
+                     bool hidden = false)
+    {
+        expected.push_back({boxOf(title, text, initial, hidden), {}, std::move(typed), {}});
+    }
 
 protected:
-    platform::Answer ask(const std::string &title, const std::string &text,
-                         platform::Buttons buttons) override;
+    Answer ask(const std::string &title, const std::string &text, Buttons buttons) override
+    {
+        const auto answered = take(boxOf(title, text, buttons));
+        const Answer harmless = buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+        return answered ? answered->answer : harmless;
+    }
     std::optional<std::string> askText(const std::string &title, const std::string &text,
-                                       const std::string &initial, bool hidden) override;
+                                       const std::string &initial, bool hidden) override
+    {
+        const auto answered = take(boxOf(title, text, initial, hidden));
+        return answered ? answered->typed : std::nullopt;
+    }
 
 private:
     struct Expectation {
         std::string box; // everything that is seen of it, in words
-        platform::Answer answer = platform::Answer::Cancel;
+        Answer answer = Answer::Cancel;
         std::optional<std::string> typed;
         WhileOpen whileOpen;
     };
 
-    std::optional<Expectation> take(const std::string &box);
+    static std::string boxOf(const std::string &title, const std::string &text, Buttons buttons)
+    {
+        constexpr std::array kCaptions = {" (Ok)", " (Ok, Cancel)", " (Yes, No)"};
+        return "[" + title + "] " + text + kCaptions[static_cast<std::size_t>(buttons)];
+    }
+    static std::string boxOf(const std::string &title, const std::string &text,
+                             const std::string &initial, bool hidden)
+    {
+        return "[" + title + "] " + text + (hidden ? " (hidden: " : " (typed: ") + initial + ")";
+    }
+
+    /// The answer to the box, or nothing when it was not expected or the program ended behind it.
+    std::optional<Expectation> take(const std::string &box)
+    {
+        EXPECT_EQ(expected.empty() ? "no box" : expected.front().box, box);
+        if (expected.empty())
+            return std::nullopt;
+        const Expectation answered = std::move(expected.front());
+        expected.pop_front(); // before the loop turns: a timer may bring up the next box
+        const bool wasEnding = run.ending();
+        run.yield();
+        if (answered.whileOpen)
+            answered.whileOpen();
+        if (answered.box != box || (run.ending() && !wasEnding))
+            return std::nullopt;
+        return answered;
+    }
 
     platform::Run &run;
     std::deque<Expectation> expected;
-    int count = 0;
 };
 
 } // namespace support

@@ -9,6 +9,8 @@
 #include "support/scripted_dialogs.h"
 #include "support/virtual_time.h"
 
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -18,7 +20,7 @@ namespace support {
 class TemporaryFolder {
 public:
     TemporaryFolder();
-    ~TemporaryFolder();
+    ~TemporaryFolder() { std::filesystem::remove_all(folder); }
     TemporaryFolder(const TemporaryFolder &) = delete;
     TemporaryFolder &operator=(const TemporaryFolder &) = delete;
 
@@ -30,20 +32,21 @@ private:
 
 class TestStation {
 public:
-    explicit TestStation(const platform::DateTime &start = VirtualTime::kDefaultStart);
+    explicit TestStation(const platform::DateTime &start = VirtualTime::kDefaultStart,
+                         const TestStation *other = nullptr);
     /// Another process, or the same after a restart, on the drives of `other`, which must live on.
-    explicit TestStation(const TestStation *other);
+    explicit TestStation(const TestStation *other) : TestStation(other->time.now(), other) {}
 
     // Fixture verbs on contract paths. They go round Files and the faulty disk.
     /// Writes the file, and the folders to it.
     void put(const std::string &path, const std::string &bytes);
     /// The exact bytes; a missing file is a test failure.
     std::string get(const std::string &path) const;
-    bool has(const std::string &path) const;
+    bool has(const std::string &path) const { return is_regular_file(realPath(path)); }
     /// Makes the folder, and those to it.
-    void folder(const std::string &path);
+    void folder(const std::string &path) { create_directories(realPath(path)); }
     /// Removes the file or the whole folder.
-    void erase(const std::string &path);
+    void erase(const std::string &path) { remove_all(realPath(path)); }
     /// Puts the payment application's program in its place.
     void installXcharge() { put(kXcharge, "program"); }
 
@@ -53,7 +56,9 @@ public:
     static constexpr const char *kXcharge = "c:\\Program Files\\X-charge\\Xcharge.exe";
 
 private:
-    std::unique_ptr<TemporaryFolder> ownDrives;
+    std::filesystem::path realPath(const std::string &path) const { return drives.resolve(path); }
+
+    std::unique_ptr<TemporaryFolder> ownDrives; // none on the drives of another
     std::unique_ptr<platform::Disk> realDisk = platform::systemDisk();
 
 public:
@@ -67,10 +72,6 @@ public:
     FakePrinters printers;
     platform::Installation installation;
     platform::Services services{run, files, time, dialogs, system, printers, installation};
-
-private:
-    TestStation(std::unique_ptr<TemporaryFolder> own, const std::string &root,
-                const platform::DateTime &start);
 };
 
 } // namespace support

@@ -5,9 +5,15 @@
 #include "platform/clock.h"
 #include "platform/run.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
 #include <cstdint>
+#include <cstdlib>
 #include <functional>
 #include <map>
+#include <utility>
 
 namespace support {
 
@@ -16,22 +22,68 @@ public:
     /// Wednesday, five past one in the afternoon.
     static constexpr platform::DateTime kDefaultStart{2025, 1, 15, 13, 5, 0, 0};
 
-    explicit VirtualTime(const platform::DateTime &start = kDefaultStart);
+    explicit VirtualTime(const platform::DateTime &start = kDefaultStart) { setNow(start); }
 
-    platform::DateTime now() const override;
+    platform::DateTime now() const override
+    {
+        const auto moment = calendarStart + std::chrono::milliseconds(elapsed);
+        const auto day = std::chrono::floor<std::chrono::days>(moment);
+        const std::chrono::year_month_day date(day);
+        const auto month = static_cast<unsigned>(date.month());
+        const auto ofDay = static_cast<int>((moment - day).count());
+        return {static_cast<int>(date.year()),
+                static_cast<int>(month),
+                static_cast<int>(static_cast<unsigned>(date.day())),
+                ofDay / 3'600'000,
+                ofDay / 60'000 % 60,
+                ofDay / 1000 % 60,
+                ofDay % 1000};
+    }
     std::uint64_t milliseconds() const override { return elapsed; }
 
     /// Moves on by `maxStep` at most, never past the next scripted event or due timer; then runs
     /// the due events, in the order of their times, and fires the due timers.
-    void turn() override;
-    /// Turns until `milliseconds` have passed, exactly. Not through Run: see TestStation::advance.
-    void advance(std::uint64_t milliseconds);
+    void turn() override
+    {
+        if (everyTurn)
+            everyTurn();
+        const bool inTime = elapsed <= limit;
+        std::uint64_t next = elapsed + maxStep;
+        if (const auto due = nextDue())
+            next = std::min(next, *due);
+        if (!events.empty())
+            next = std::min(next, events.begin()->first);
+        elapsed = std::max(elapsed, next);
+        if (inTime && elapsed > limit) {
+            ADD_FAILURE() << "the test ran away: " << limit / 1000 << " s of virtual time are over";
+            if (onRunAway)
+                onRunAway();
+        }
+        if (elapsed > 2 * limit)
+            std::abort();
+        while (!events.empty() && events.begin()->first <= elapsed) {
+            const auto event = events.extract(events.begin()); // it may turn the loop itself
+            event.mapped()();
+        }
+        fireDueTimers();
+    }
     /// Sets the calendar alone, as when somebody corrects the computer's clock; timers go on.
-    void setNow(const platform::DateTime &dateTime);
+    void setNow(const platform::DateTime &to)
+    {
+        const std::chrono::sys_days date = std::chrono::year(to.year) / to.month / to.day;
+        calendarStart = date + std::chrono::milliseconds(to.millisecondsOfDay()) -
+                        std::chrono::milliseconds(elapsed);
+    }
 
     /// Runs `event` when milliseconds() reaches `moment`; events of one moment in order of entry.
-    void at(std::uint64_t moment, std::function<void()> event);
-    void after(std::uint64_t milliseconds, std::function<void()> event);
+    void at(std::uint64_t moment, std::function<void()> event)
+    {
+        events.emplace(moment, std::move(event));
+    }
+    void after(std::uint64_t milliseconds, std::function<void()> event)
+    {
+        at(elapsed + milliseconds, std::move(event));
+    }
 
     /// The longest step of one turn, at least 1; the granularity of a wait that polls.
     std::uint64_t maxStep = 100;
@@ -43,11 +95,8 @@ public:
     std::function<void()> everyTurn;
 
 private:
-    void watchLimit();
-
-    std::int64_t calendarStart = 0; // milliseconds since 1970 at elapsed 0, local, no time zone
+    std::chrono::sys_time<std::chrono::milliseconds> calendarStart; // local, at elapsed 0
     std::uint64_t elapsed = 0;
-    bool ranAway = false;
     std::multimap<std::uint64_t, std::function<void()>> events;
 };
 

@@ -1,47 +1,22 @@
 #include "support/qt/qt_station.h"
 
-#include <QAccessible>
+#include "support/qt/screen_checks.h"
+
 #include <QKeyEvent>
 #include <QLabel>
 
+#include <gtest/gtest.h>
+
 namespace support {
-
-namespace {
-
-QString nameOf(QWidget &control)
-{
-    QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(&control);
-    return seen == nullptr ? QString() : seen->text(QAccessible::Name);
-}
-
-/// A caption has the name of the control that it belongs to.
-bool isCaption(QWidget *control)
-{
-    const auto *label = qobject_cast<QLabel *>(control);
-    return label != nullptr && label->buddy() != nullptr;
-}
-
-void send(int key, const QString &text)
-{
-    QCoreApplication::processEvents(); // a window just shown takes the keyboard
-    QWidget *focused = QApplication::focusWidget();
-    if (focused == nullptr)
-        focused = QApplication::activeWindow();
-    if (focused == nullptr)
-        return;
-    for (const QEvent::Type kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QKeyEvent event(kind, key, Qt::NoModifier, text);
-        QCoreApplication::sendEvent(focused, &event);
-    }
-}
-
-} // namespace
 
 QWidget *controlNamed(const QString &accessibleName)
 {
     for (QWidget *control : QApplication::allWidgets()) {
-        if (control->isVisible() && !control->isWindow() && !isCaption(control) &&
-            nameOf(*control) == accessibleName)
+        // A caption has the name of the control that it belongs to.
+        const auto *label = qobject_cast<QLabel *>(control);
+        const bool isCaption = label != nullptr && label->buddy() != nullptr;
+        if (control->isVisible() && !control->isWindow() && !isCaption &&
+            accessibleNameOf(*control) == accessibleName)
             return control;
     }
     return nullptr;
@@ -56,15 +31,17 @@ bool click(const QString &accessibleName)
     return true;
 }
 
-void press(Qt::Key key)
+void press(Qt::Key key, const QString &text)
 {
-    send(key, {});
-}
-
-void type(const QString &text)
-{
-    for (const QChar letter : text)
-        send(0, letter);
+    QCoreApplication::processEvents(); // a window just shown takes the keyboard
+    QWidget *focused = QApplication::focusWidget();
+    if (focused == nullptr)
+        focused = QApplication::activeWindow();
+    ASSERT_NE(focused, nullptr) << "nothing has the keyboard";
+    for (const QEvent::Type kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(kind, key, Qt::NoModifier, text);
+        QCoreApplication::sendEvent(focused, &event);
+    }
 }
 
 } // namespace support

@@ -25,7 +25,11 @@ QWidget *controlNamed(const QString &accessibleName);
 /// Clicks it as a finger does, when it is enabled; false when it is not, or not there.
 bool click(const QString &accessibleName);
 /// Types into whatever has the keyboard.
-void press(Qt::Key key);
-void type(const QString &text);
+void press(Qt::Key key, const QString &text = {});
+inline void type(const QString &text)
+{
+    for (const QChar letter : text)
+        press(Qt::Key_unknown, letter);
+}
 
 } // namespace support

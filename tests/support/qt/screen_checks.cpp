@@ -13,33 +13,19 @@ namespace support {
 
 namespace {
 
-bool isCommandOrBox(QWidget *control)
-{
-    return qobject_cast<QAbstractButton *>(control) != nullptr ||
-           qobject_cast<QLineEdit *>(control) != nullptr ||
-           qobject_cast<QAbstractScrollArea *>(control) != nullptr;
-}
-
 bool tooSmall(QWidget *control)
 {
     if (qobject_cast<platform::ElidedLabel *>(control) != nullptr)
         return control->height() < control->minimumSizeHint().height();
-    if (auto *label = qobject_cast<QLabel *>(control); label != nullptr && label->wordWrap())
+    auto *label = qobject_cast<QLabel *>(control);
+    if (label != nullptr && label->wordWrap())
         return label->height() < label->heightForWidth(label->width());
-    if (auto *box = qobject_cast<QLineEdit *>(control)) {
-        return box->height() < box->sizeHint().height() ||
-               box->fontMetrics().horizontalAdvance(box->text()) > box->contentsRect().width();
-    }
-    if (qobject_cast<QLabel *>(control) == nullptr &&
-        qobject_cast<QAbstractButton *>(control) == nullptr)
-        return false;
     const QSize wanted = control->sizeHint();
-    return control->width() < wanted.width() || control->height() < wanted.height();
-}
-
-std::string lines(const QStringList &found)
-{
-    return found.join(u'\n').toStdString();
+    if (auto *box = qobject_cast<QLineEdit *>(control))
+        return box->height() < wanted.height() ||
+               box->fontMetrics().horizontalAdvance(box->text()) > box->contentsRect().width();
+    return (label != nullptr || qobject_cast<QAbstractButton *>(control) != nullptr) &&
+           (control->width() < wanted.width() || control->height() < wanted.height());
 }
 
 QString described(const QWidget *control)
@@ -59,15 +45,13 @@ QList<QWidget *> visibleControls(QWidget &window)
     return all;
 }
 
-bool overlapsASibling(const QWidget *control, const QList<QWidget *> &all)
-{
-    return std::any_of(all.begin(), all.end(), [control](const QWidget *other) {
-        return other != control && other->parent() == control->parent() &&
-               other->geometry().intersects(control->geometry());
-    });
-}
-
 } // namespace
+
+QString accessibleNameOf(QWidget &control)
+{
+    QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(&control);
+    return seen == nullptr ? QString() : seen->text(QAccessible::Name);
+}
 
 void resizeTo(QWidget &window, QSize size)
 {
@@ -84,10 +68,14 @@ std::string clippedControls(QWidget &window, QSize size)
     const QList<QWidget *> all = visibleControls(window);
     for (QWidget *control : all) {
         const bool reachesOut = !control->parentWidget()->rect().contains(control->geometry());
-        if (tooSmall(control) || reachesOut || overlapsASibling(control, all))
+        const bool overlaps = std::any_of(all.begin(), all.end(), [control](QWidget *other) {
+            return other != control && other->parent() == control->parent() &&
+                   other->geometry().intersects(control->geometry());
+        });
+        if (tooSmall(control) || reachesOut || overlaps)
             found << described(control);
     }
-    return lines(found);
+    return found.join(u'\n').toStdString();
 }
 
 std::string elidedLabels(QWidget &window)
@@ -97,7 +85,7 @@ std::string elidedLabels(QWidget &window)
         if (label->isVisible() && label->width() < label->sizeHint().width())
             found << label->text();
     }
-    return lines(found);
+    return found.join(u'\n').toStdString();
 }
 
 std::string badlyNamedControls(QWidget &window)
@@ -105,15 +93,16 @@ std::string badlyNamedControls(QWidget &window)
     QStringList found;
     QStringList names;
     for (QWidget *control : visibleControls(window)) {
-        if (!isCommandOrBox(control))
+        if (qobject_cast<QAbstractButton *>(control) == nullptr &&
+            qobject_cast<QLineEdit *>(control) == nullptr &&
+            qobject_cast<QAbstractScrollArea *>(control) == nullptr)
             continue;
-        QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(control);
-        const QString name = seen == nullptr ? QString() : seen->text(QAccessible::Name);
+        const QString name = accessibleNameOf(*control);
         if (name.isEmpty() || names.contains(name))
             found << control->objectName() + QStringLiteral(": ") + name;
         names << name;
     }
-    return lines(found);
+    return found.join(u'\n').toStdString();
 }
 
 } // namespace support

@@ -12,6 +12,8 @@ namespace support {
 /// The two logical sizes that every screen must fit: a plain terminal, and 1920 x 1080 at 150 %.
 inline constexpr std::array<QSize, 2> kScreenSizes = {QSize(1024, 768), QSize(1280, 720)};
 
+/// What a screen reader calls the control.
+QString accessibleNameOf(QWidget &control);
 /// Gives the window the size and its layouts the time to follow.
 void resizeTo(QWidget &window, QSize size);
 /// Visible controls that are smaller than what they show, reach out of their parent, or lie on

@@ -1,0 +1,56 @@
+// Timers and Run in virtual time: what every wait and every screen relies on.
+#include "support/test_station.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace platform;
+
+TEST(Timers, may_destroy_themselves_and_one_that_is_due_with_them)
+{
+    support::TestStation station;
+    int fired = 0;
+    std::unique_ptr<Timer> own;
+    std::unique_ptr<Timer> other;
+    own = std::make_unique<Timer>(station.time, [&, canary = std::vector<int>(100, 7)] {
+        own.reset();
+        other.reset();
+        fired += 10 * canary.back(); // its captures live until it returns
+    });
+    other = std::make_unique<Timer>(station.time, [&] { ++fired; });
+    own->setInterval(50);
+    other->setInterval(50);
+    station.advance(500);
+    EXPECT_EQ(fired, 70);
+}
+
+TEST(Runs, set_ignored_errors_aside_for_the_handlers_inside_a_yield)
+{
+    support::TestStation station;
+    bool ignoredInHandler = true;
+    station.time.after(10, [&] { ignoredInHandler = station.run.errorsIgnored(); });
+    {
+        const ErrorsIgnored outer(station.run);
+        const ErrorsIgnored inner(station.run);
+        station.run.yield();
+        EXPECT_TRUE(station.run.errorsIgnored());
+    }
+    EXPECT_FALSE(ignoredInHandler || station.run.errorsIgnored());
+}
+
+TEST(Runs, say_their_first_failure_and_no_other)
+{
+    support::TestStation station;
+    station.dialogs.expect(
+        "", "Locking failed: locked by another\nC:\\a.dat", Buttons::Ok, Answer::Ok, [&] {
+            station.run.fail("Reading", "C:\\b.dat", Outcome::Broken);
+            EXPECT_EQ(station.dialogs.message("A", "?", Buttons::OkCancel), Answer::Cancel);
+            EXPECT_EQ(station.dialogs.message("A", "?", Buttons::YesNo), Answer::No);
+            EXPECT_FALSE(station.dialogs.input("A", "?"));
+        });
+    station.run.fail("Locking", "C:\\a.dat", Outcome::Locked);
+    EXPECT_TRUE(station.run.ending() && station.run.failed());
+}
+
+} // namespace
