@@ -18,12 +18,17 @@ constexpr double kCutFontSize = 10;
 
 void Printer::select(std::string_view beginning)
 {
-    request({false, std::string(beginning)});
+    request({Fit::Beginning, std::string(beginning)});
 }
 
 void Printer::selectVendor()
 {
-    request({true, std::string(kVendor)});
+    request({Fit::Vendor, std::string(kVendor)});
+}
+
+void Printer::selectExactly(std::string_view name)
+{
+    request({Fit::Whole, std::string(name)});
 }
 
 const std::string &Printer::selectedName()
@@ -64,13 +69,13 @@ void Printer::resolve()
 
 void Printer::apply(const Choice &choice, const std::vector<std::string> &names)
 {
-    if (!choice.vendor)
+    if (choice.fit == Fit::Beginning)
         vendorPrinter = false;
     for (const std::string &name : names) {
         // Kept: the first fit does not end the search, so the last one stays.
-        if (records::startsWith(name, choice.beginning))
+        if (choice.fit == Fit::Whole ? name == choice.name : records::startsWith(name, choice.name))
             selected = name;
-        if (records::startsWith(name, kVendor))
+        if (choice.fit != Fit::Whole && records::startsWith(name, kVendor))
             vendorPrinter = true;
     }
 }

@@ -26,6 +26,8 @@ public:
     /// Selects the last printer whose device name begins with "VENDOR" and sets the vendor flag;
     /// without one, selection and flag stay as they are.
     void selectVendor();
+    /// Selects the printer of just this device name; without one the selection stays as it is.
+    void selectExactly(std::string_view name);
     /// Device name of the selected printer; empty when there is none at all.
     const std::string &selectedName();
     bool vendorPrinterPresent();
@@ -64,9 +66,10 @@ public:
     void warmUp(const platform::PrintFont &likely);
 
 private:
+    enum class Fit { Beginning, Vendor, Whole };
     struct Choice {
-        bool vendor = false;
-        std::string beginning;
+        Fit fit = Fit::Beginning;
+        std::string name;
     };
 
     void request(Choice choice);
