@@ -31,6 +31,19 @@ Outcome openLocked(App &app, SlotFile &file, SlotUse use)
     return done(locked) || app.run.errorsIgnored() ? Outcome::Done : locked;
 }
 
+StoredRecord append(SlotFile &slots, const CardRecord &record)
+{
+    StoredRecord stored;
+    stored.outcome = slots.append(wholeSlot(record), stored.slot);
+    slots.unlock();
+    const Outcome closed = slots.close();
+    if (done(stored.outcome))
+        stored.outcome = closed;
+    else
+        stored.slot = 0;
+    return stored;
+}
+
 } // namespace
 
 std::string pendingFile(const ProcessValues &values)
@@ -50,19 +63,16 @@ std::string deletedFile(const ProcessValues &values, const platform::DateTime &w
 
 StoredRecord addRecord(App &app, const std::string &file, const CardRecord &record)
 {
-    StoredRecord stored;
     SlotFile slots(app.files, file, kCardSlotLength);
-    stored.outcome = openLocked(app, slots, SlotUse::Append);
-    if (!done(stored.outcome))
-        return stored;
-    stored.outcome = slots.append(wholeSlot(record), stored.slot);
-    slots.unlock();
-    const Outcome closed = slots.close();
-    if (done(stored.outcome))
-        stored.outcome = closed;
-    else
-        stored.slot = 0;
-    return stored;
+    const Outcome opened = openLocked(app, slots, SlotUse::Append);
+    return done(opened) ? append(slots, record) : StoredRecord{opened, 0};
+}
+
+StoredRecord addUnlocked(App &app, const std::string &file, const CardRecord &record)
+{
+    SlotFile slots(app.files, file, kCardSlotLength);
+    const Outcome opened = slots.open(SlotUse::Append);
+    return done(opened) ? append(slots, record) : StoredRecord{opened, 0};
 }
 
 Outcome readRecord(App &app, const std::string &file, long slot, CardRecord &record)
@@ -82,6 +92,47 @@ Outcome rewriteRecord(App &app, const std::string &file, long slot, const CardRe
     slots.unlock();
     const Outcome closed = slots.close();
     return done(written) ? closed : written;
+}
+
+Outcome setEveryStatus(App &app, const std::string &file, std::string_view status)
+{
+    app.files.createIfMissing(file);
+    SlotFile slots(app.files, file, kCardSlotLength);
+    Outcome outcome = openLocked(app, slots, SlotUse::Rewrite);
+    const long count = slots.count();
+    for (long slot = 1; slot <= count && done(outcome); ++slot) {
+        CardRecord record;
+        outcome = slots.read(slot, record.data());
+        if (!done(outcome))
+            break;
+        record.set(CCAdjStatus, status);
+        outcome = slots.write(slot, record.view());
+    }
+    slots.unlock();
+    const Outcome closed = slots.close();
+    return done(outcome) ? closed : outcome;
+}
+
+Outcome removeRecord(App &app, const std::string &file, long slot)
+{
+    SlotFile slots(app.files, file, kCardSlotLength);
+    if (const Outcome opened = openLocked(app, slots, SlotUse::Append); !done(opened))
+        return opened;
+    std::string remaining;
+    long at = 1;
+    for (; at <= slots.count(); ++at) {
+        std::string bytes(kCardSlotLength, '\0');
+        if (const Outcome outcome = slots.read(at, bytes); !done(outcome))
+            return outcome;
+        if (at != slot)
+            remaining += bytes;
+    }
+    if (slot < 1 || slot >= at)
+        return Outcome::Done;
+    // A length that cannot be read counts 0 too: never replace what was not walked through.
+    if (app.ending() || slots.count() != at - 1)
+        return Outcome::Broken;
+    return app.files.replaceWhole(file, remaining);
 }
 
 long countRecords(App &app, const std::string &file)

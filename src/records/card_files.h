@@ -5,6 +5,7 @@
 #include "records/app.h"
 
 #include <string>
+#include <string_view>
 
 namespace records {
 
@@ -27,12 +28,24 @@ struct StoredRecord {
 /// all the same; it can never overwrite another station's record.
 StoredRecord addRecord(App &app, const std::string &file, const CardRecord &record);
 
+/// The same without the lock, for the month's deleted records.
+StoredRecord addUnlocked(App &app, const std::string &file, const CardRecord &record);
+
 /// Reads slot N; a slot that does not exist (0, or beyond the end) gives all NULs.
 platform::Outcome readRecord(App &app, const std::string &file, long slot, CardRecord &record);
 
 /// Rewrites slot N under the lock; the 10 bytes behind the record stay as they are.
 platform::Outcome rewriteRecord(App &app, const std::string &file, long slot,
                                 const CardRecord &record);
+
+/// `CCAdjStatus` of every slot, empty ones included, in place under one lock; nothing else of a
+/// record changes. A missing file is created empty.
+platform::Outcome setEveryStatus(App &app, const std::string &file, std::string_view status);
+
+/// Takes slot N out. All other slots stay byte for byte in their order; the file is replaced whole
+/// under its lock, as by moveSettledRecords. A slot that does not exist changes nothing; a missing
+/// file is created empty.
+platform::Outcome removeRecord(App &app, const std::string &file, long slot);
 
 /// Number of records: length / 500 to the nearest; 0 without the file.
 long countRecords(App &app, const std::string &file);
