@@ -1,0 +1,152 @@
+#include "details/entry_details.h"
+
+#include "details/entry_record.h"
+#include "details/entry_working.h"
+#include "details/hidden_card_data.h"
+#include "records/card_files.h"
+
+#include <utility>
+
+namespace details {
+
+using records::kCardSlotLength;
+
+EntryDetails::EntryDetails(records::App &theApp, printing::Printer &thePrinter, EntryView &theView,
+                           EntryCallbacks theCallbacks)
+    : app(theApp), printer(thePrinter), view(theView), callbacks(std::move(theCallbacks)),
+      Timer1(app.clock, [this] { Timer1_Timer(); })
+{
+}
+
+void EntryDetails::open(const std::string &file, long slot, const std::string &source)
+{
+    if (working)
+        return;
+    if (!loaded)
+        load();
+    fields.Label8 = file;
+    fields.Label10 = source;
+    // Timer1 brings it, once a load: the screen of a second entry does without.
+    if (source == "PEND")
+        fields.SSCommand12Visible = false;
+    setSlot(slot);
+    Fill_data();
+}
+
+void EntryDetails::load()
+{
+    loaded = true;
+    fields = {};
+    fields.Label9 = records::deletedFile(app.values, app.clock.now());
+    Timer1.setInterval(500);
+}
+
+void EntryDetails::unload()
+{
+    if (!std::exchange(loaded, false))
+        return;
+    Timer1.setInterval(0);
+    // What a password has revealed is hidden again.
+    fields = {};
+    record = {};
+    view.unload();
+}
+
+void EntryDetails::show()
+{
+    if (loaded)
+        view.refresh(fields);
+}
+
+void EntryDetails::Timer1_Timer()
+{
+    Timer1.setInterval(0);
+    fields.SSCommand12Visible = fields.Label10 != "DELE";
+    // Kept: an entry of any source can be moved to the pending list, also one that is there.
+    fields.SSCommand13Visible = true;
+    show();
+}
+
+void EntryDetails::setSlot(long slot)
+{
+    fields.Label1_1 = slot;
+}
+
+void EntryDetails::setStatus(std::string_view status)
+{
+    fields.Text1[19] = status;
+    show();
+}
+
+void EntryDetails::Fill_data()
+{
+    record = {};
+    app.files.createIfMissing(fields.Label8);
+    platform::SlotFile slots(app.files, fields.Label8, kCardSlotLength);
+    slots.open(platform::SlotUse::Read);
+    slots.lock();
+    count = slots.count();
+    slots.read(fields.Label1_1, record.data());
+    slots.close();
+    if (app.ending())
+        return;
+    settleRecord(record);
+    fields.Label4_3 = "of " + std::to_string(count);
+    fillBoxes(record, fields);
+    show();
+}
+
+void EntryDetails::Text1_Change(std::size_t index, const std::string &text)
+{
+    if (index < fields.Text1.size())
+        fields.Text1[index] = text;
+}
+
+void EntryDetails::SSCommand3_Click()
+{
+    if (!working)
+        unload();
+}
+
+void EntryDetails::SSCommand9_Click(std::size_t index)
+{
+    if (working)
+        return;
+    long slot = fields.Label1_1 + (index == 1 ? 1 : -1);
+    fields.SSCommand9Enabled = {true, true};
+    if (slot < 2) {
+        slot = 1;
+        fields.SSCommand9Enabled[0] = false;
+    }
+    if (slot >= count) {
+        slot = count;
+        fields.SSCommand9Enabled[1] = false;
+    }
+    app.system.playSound(app.values.Maindir + "whoosh.wav");
+    setSlot(slot);
+    Fill_data();
+}
+
+void EntryDetails::SSCommand15_Click()
+{
+    if (!working)
+        app.dialogs.message("VOID", "This version cannot void yet. Nothing has been changed.");
+}
+
+void EntryDetails::Command1_Click()
+{
+    if (working || !mayViewTrackLine(app.dialogs))
+        return;
+    fields.trackLineRevealed = true;
+    show();
+}
+
+void EntryDetails::Command2_Click()
+{
+    if (working || !mayViewNumber(app.dialogs))
+        return;
+    fields.numberRevealed = true;
+    show();
+}
+
+} // namespace details

@@ -1,0 +1,49 @@
+// Deleting an entry and bringing it back: the record is in its new file, on the disk, before it
+// leaves the old one. A stop in between leaves it in both.
+#include "details/entry_record.h"
+#include "details/entry_working.h"
+#include "records/card_files.h"
+
+namespace details {
+
+using namespace records;
+
+// The record as it was read, not the boxes.
+bool EntryDetails::moveRecord(const std::string &to, bool locked)
+{
+    encodePlainNumber(record);
+    const StoredRecord stored = locked ? addRecord(app, to, record) : addUnlocked(app, to, record);
+    if (done(stored.outcome))
+        removeRecord(app, fields.Label8, fields.Label1_1);
+    return !app.ending();
+}
+
+void EntryDetails::SSCommand5_Click()
+{
+    if (working)
+        return;
+    {
+        const Working here(*this);
+        if (!moveRecord(fields.Label9, false))
+            return;
+        reloadPending();
+    }
+    unload();
+}
+
+void EntryDetails::SSCommand13_Click()
+{
+    if (working)
+        return;
+    {
+        const Working here(*this);
+        if (!moveRecord(pendingFile(app.values), true))
+            return;
+        reloadPending();
+        if (callbacks.reloadArchive)
+            callbacks.reloadArchive();
+    }
+    unload();
+}
+
+} // namespace details

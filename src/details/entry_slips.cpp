@@ -1,0 +1,76 @@
+// Slips of one entry: reprints on a printer of the manager's choice, and the void slip that goes
+// with a deletion.
+#include "details/entry_working.h"
+#include "printing/printer_choice.h"
+#include "printing/slip.h"
+
+#include <optional>
+#include <utility>
+
+namespace details {
+
+using namespace records;
+
+/// Slips read `CCdata`: it holds this entry, its number plain, while they are written.
+template <class Slips> void EntryDetails::print(Slips slips)
+{
+    CardRecord shown = record;
+    decodeCardNumber(shown);
+    const CardRecord before = std::exchange(app.values.CCdata, shown);
+    slips();
+    app.values.CCdata = before;
+}
+
+void EntryDetails::reprint(bool customer)
+{
+    if (working)
+        return;
+    const Working here(*this);
+    printing::SlipContext context;
+    context.transRecord = fields.Label1_1;
+    context.reprint = true;
+    context.giftMarker = customer;
+    const std::string selected = printer.selectedName();
+    printing::Set_Printer(app, printer);
+    const std::optional<std::string> chosen =
+        view.choosePrinter(app.printers.names(), printer.selectedName());
+    if (chosen) {
+        printer.selectExactly(*chosen);
+        if (customer) {
+            app.yield();
+            app.yield();
+        }
+        print([&] {
+            if (record.value(CCaditionalFUNDS) > Money())
+                printing::Att_Server(app, printer);
+            else if (customer)
+                printing::Reprint_Cust(app, printer, context);
+            else
+                printing::Reprint_Merch(app, printer, context);
+        });
+    }
+    printer.selectExactly(selected);
+}
+
+void EntryDetails::SSCommand7_Click()
+{
+    reprint(true);
+}
+
+void EntryDetails::SSCommand8_Click()
+{
+    reprint(false);
+}
+
+void EntryDetails::SSCommand12_Click()
+{
+    if (working)
+        return;
+    printing::SlipContext context;
+    context.transRecord = fields.Label1_1;
+    printing::Set_Printer(app, printer);
+    print([&] { printing::Print_Cust2(app, printer, context); });
+    SSCommand5_Click(); // closes the screen
+}
+
+} // namespace details

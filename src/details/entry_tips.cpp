@@ -1,0 +1,100 @@
+// Tips: typed, quick, forced, cleared and taken back.
+#include "details/entry_details.h"
+#include "details/entry_record.h"
+#include "details/quick_tips.h"
+
+namespace details {
+
+using namespace records;
+
+Money EntryDetails::tab() const
+{
+    return record.value(CCTabAmt);
+}
+
+void EntryDetails::Text4_Change(const std::string &text)
+{
+    if (!fields.Text4Locked)
+        setTip(text);
+}
+
+// Any change makes the record adjusted, also one to nothing and on a declined record.
+void EntryDetails::setTip(const std::string &text)
+{
+    if (text == fields.Text4)
+        return;
+    fields.Text4 = text;
+    const Money tip = Val(text);
+    const Money total = tab() + tip;
+    fields.Label3_1 = Currency(total);
+    fields.Text1[12] = plainText(tip);
+    fields.Text1[20] = totalText(total);
+    fields.Text1[19] = kAdjusted;
+    record.set(CCAdjAmt, Currency(total).substr(1));
+    show();
+}
+
+void EntryDetails::showTabAlone()
+{
+    fields.Label3_1 = Currency(tab());
+    fields.Text1[12] = "0";
+    fields.Text1[20] = totalText(tab());
+}
+
+void EntryDetails::SSCommand2_Click()
+{
+    if (working)
+        return;
+    const bool stays = app.values.editMode == "KEEP" && Trim(fields.Text1[19]) == kAdjusted;
+    if (!stays) {
+        setTip("0");
+        showTabAlone();
+        fields.Text1[19] = kAdjusted;
+    }
+    saveAndLeave();
+}
+
+// Kept: Text4 keeps the tip, so a balance that it exceeds refuses this save too.
+void EntryDetails::SSCommand4_Click()
+{
+    if (working)
+        return;
+    showTabAlone();
+    fields.Text1[19] = kNotAdjusted;
+    saveAndLeave();
+}
+
+void EntryDetails::SSCommand6_Click(std::size_t index)
+{
+    if (index < fields.SSCommand6.size())
+        setTip(fields.SSCommand6[index]);
+}
+
+void EntryDetails::SSCommand11_Click()
+{
+    if (working)
+        return;
+    SSCommand2_Click();
+    if (!app.ending() && callbacks.forceAllNoTip)
+        callbacks.forceAllNoTip();
+    unload();
+}
+
+void EntryDetails::SSCommand14_Click()
+{
+    setStatus(kAdjusted);
+}
+
+void EntryDetails::SSCommand17_Click()
+{
+    setTip("");
+    view.focusTip();
+}
+
+void EntryDetails::Label3_Click()
+{
+    fields.SSCommand6 = quickTips(tab());
+    show();
+}
+
+} // namespace details
