@@ -94,6 +94,18 @@ Outcome rewriteRecord(App &app, const std::string &file, long slot, const CardRe
     return done(written) ? closed : written;
 }
 
+void repeatRecord(App &app, const std::string &file, long slot, const CardRecord &record)
+{
+    SlotFile slots(app.files, file, kCardSlotLength);
+    CardRecord there;
+    if (!done(openLocked(app, slots, SlotUse::Rewrite)) || slot < 1 ||
+        !done(slots.read(slot, there.data())) || there.view() != record.view())
+        return;
+    slots.write(slot, record.view());
+    slots.unlock();
+    slots.close();
+}
+
 Outcome setEveryStatus(App &app, const std::string &file, std::string_view status)
 {
     app.files.createIfMissing(file);

@@ -38,6 +38,11 @@ std::string localAmount(std::string_view amount)
     return Val(amount).isZero() ? "1.00" : Format(amount, "#######.##");
 }
 
+std::string answerText(std::string_view content)
+{
+    return DelimitedReader(content).next();
+}
+
 std::string outcomeWord(std::string_view answer)
 {
     return Left(answer, 1) == "Y" ? "Approved" : "Declined";

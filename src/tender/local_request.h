@@ -44,6 +44,9 @@ std::string requestLine(const LocalRequest &request);
 /// The amount as the request sends it: mask "#######.##", a value of 0 becomes "1.00".
 std::string localAmount(std::string_view amount);
 
+/// The one value of an answer file; empty when there is none.
+std::string answerText(std::string_view content);
+
 /// "Approved" for an answer that begins with "Y", else "Declined"; capitals count.
 std::string outcomeWord(std::string_view answer);
 

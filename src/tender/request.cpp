@@ -48,6 +48,11 @@ std::string answerFile(const ProcessValues &values)
     return values.Maindir + "Xsend.ans";
 }
 
+std::string auditAmount(std::string_view content)
+{
+    return DelimitedReader(content).next();
+}
+
 bool amountsAgree(std::string_view audit, std::string_view amount)
 {
     constexpr std::string_view kMask = "#######.##";

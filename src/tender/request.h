@@ -24,6 +24,9 @@ std::string requestFile(const records::ProcessValues &values);
 std::string auditFile(const records::ProcessValues &values);
 std::string answerFile(const records::ProcessValues &values);
 
+/// The one value of "XAudit.DAT"; empty when there is none.
+std::string auditAmount(std::string_view content);
+
 /// The audit's and the tender's amount are the same value once both went through the mask
 /// "#######.##".
 bool amountsAgree(std::string_view audit, std::string_view amount);
