@@ -1,6 +1,8 @@
 #include "tender/Xcharge1.h"
 
 #include "platform/qt/qt_text.h"
+#include "tender/ManagerApproval.h"
+#include "tender/Xcharge2.h"
 #include "tender/tender_words.h"
 #include "tender/xcharge3.h"
 #include "ui_Xcharge1.h"
@@ -87,9 +89,24 @@ void Xcharge1::connectCommands()
     const auto click = [this](QAbstractButton *command, void (Tender::*handler)()) {
         connect(command, &QAbstractButton::clicked, this, [this, handler] { (tender.*handler)(); });
     };
-    click(ui->SSCommand1, &Tender::SSCommand1_Click);      // "Cancel"
-    click(ui->SSCommand2, &Tender::SSCommand2_Click);      // "Finish Tender"
-    click(ui->SSCommand7, &Tender::SSCommand7_Click);      // "NO" / "YES", slip with gratuity
+    click(ui->SSCommand1, &Tender::SSCommand1_Click); // "Cancel"
+    click(ui->SSCommand2, &Tender::SSCommand2_Click); // "Finish Tender"
+    click(ui->SSCommand3, &Tender::SSCommand3_Click); // "Enter Manually"
+    click(ui->SSCommand4, &Tender::SSCommand4_Click); // "Clear"
+    click(ui->SSCommand5, &Tender::SSCommand5_Click); // "CONFIG"
+    click(ui->SSCommand6, &Tender::SSCommand6_Click); // "View"
+    click(ui->SSCommand7, &Tender::SSCommand7_Click); // "NO" / "YES", slip with gratuity
+    click(ui->SSCommand8, &Tender::SSCommand8_Click); // "YES", approve offline
+    click(ui->SSCommand9, &Tender::SSCommand9_Click); // "NO", go on waiting
+    click(ui->SSPanel4, &Tender::SSPanel4_Click);     // the warning
+    click(ui->Command3, &Tender::Command3_Click);     // "Start Xcharge"
+    const auto typed = [this](QLineEdit *box, void (Tender::*handler)(const std::string &)) {
+        connect(box, &QLineEdit::textEdited, this, [this, handler](const QString &text) {
+            (tender.*handler)(platform::fromQt(text));
+        });
+    };
+    typed(ui->Text2, &Tender::Text2_Change);
+    typed(ui->Text5, &Tender::Text5_Change);
     connect(ui->SSCheck1, &QAbstractButton::clicked, this, // "Do not print a RECEIPT for Customer"
             [this](bool checked) { tender.SSCheck1_Click(checked); });
 }
@@ -153,6 +170,8 @@ void Xcharge1::showCard(const TenderFields &fields)
     put(*ui->Text2, fields.Text2);
     put(*ui->Text5, fields.Text5);
     putVisible(*ui->swipeRow, !fields.boxesLocked);
+    ui->Text2->setReadOnly(fields.boxesLocked);
+    ui->Text5->setReadOnly(fields.boxesLocked);
 }
 
 void Xcharge1::showState(const TenderFields &fields)
@@ -170,6 +189,7 @@ void Xcharge1::showState(const TenderFields &fields)
     putLook(*ui->Text3, "state", fields.Text3Red ? "declined" : "");
     put(*ui->Text1, fields.Text1);
     ui->Text1->setEchoMode(fields.Text1Masked ? QLineEdit::Password : QLineEdit::Normal);
+    ui->resultCaption->setText(fields.result ? QStringLiteral("Result") : QStringLiteral("Card"));
     putVisible(*ui->resultRow, !fields.Text1.empty());
     put(*ui->Label4, fields.Label4);
     put(*ui->Label7, fields.Label7);
@@ -181,9 +201,10 @@ void Xcharge1::showState(const TenderFields &fields)
 void Xcharge1::showPanels(const TenderFields &fields)
 {
     putVisible(*ui->SSPanel2, fields.SSPanel2Visible && !fields.result);
-    putVisible(*ui->SSPanel4, fields.SSPanel4Visible);
-    ui->SSPanel4_text->setText(toQt(fields.SSPanel4));
-    putLook(*ui->SSPanel4_text, "state", fields.SSPanel4Red ? "declined" : "");
+    ui->SSPanel2_text->setText(toQt(waitNotice(fields)));
+    putVisible(*ui->warningBand, fields.SSPanel4Visible);
+    ui->SSPanel4->setText(toQt(fields.SSPanel4));
+    putLook(*ui->SSPanel4, "state", fields.SSPanel4Red ? "declined" : "");
     putVisible(*ui->SSRibbon1, fields.SSRibbonsVisible);
     putVisible(*ui->SSRibbon2, fields.SSRibbonsVisible);
     putVisible(*ui->SSPanel5, fields.SSPanel5Visible);
@@ -196,11 +217,11 @@ void Xcharge1::showCommands(const TenderFields &fields)
 {
     put(*ui->SSCommand1, fields.SSCommand1);
     put(*ui->SSCommand2, fields.SSCommand2);
-    // Disabled in the form: nothing stands behind these commands yet.
-    putVisible(*ui->SSCommand3, fields.SSCommand3.visible);
-    putVisible(*ui->SSCommand4, fields.SSCommand4.visible);
-    putVisible(*ui->SSCommand5, fields.SSCommand5.visible);
-    putVisible(*ui->SSCommand6, fields.SSCommand6.visible);
+    put(*ui->SSCommand3, fields.SSCommand3);
+    put(*ui->SSCommand4, fields.SSCommand4);
+    put(*ui->SSCommand5, fields.SSCommand5);
+    put(*ui->SSCommand6, fields.SSCommand6);
+    put(*ui->Command3, fields.Command3);
 }
 
 void Xcharge1::showOptions(const TenderFields &fields)
@@ -246,6 +267,36 @@ void Xcharge1::showServerBusy()
 {
     xcharge3 busy(app, [this] { tender.deleteBatchMarker(); });
     busy.runModal();
+}
+
+std::optional<TypedCard> Xcharge1::askCard()
+{
+    Xcharge2 entry(app);
+    entry.runModal();
+    return entry.typedCard();
+}
+
+void Xcharge1::askManager(const std::string &what, const std::string &amount)
+{
+    ManagerApproval approval(app, {what, amount});
+    approval.runModal();
+}
+
+void Xcharge1::showSetup()
+{
+    if (onSetup)
+        onSetup();
+    else
+        app.dialogs.message("CONFIG", "The card setup is not part of this version yet.");
+}
+
+void Xcharge1::removePaymentApplication()
+{
+    if (onRemoval)
+        onRemoval();
+    else
+        app.dialogs.message("REMOVE XCHARGE", "The removal is not part of this version yet. "
+                                              "Nothing was removed.");
 }
 
 } // namespace tender

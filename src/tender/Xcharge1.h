@@ -7,6 +7,7 @@
 #include "tender/tender_view.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -25,6 +26,10 @@ public:
     Xcharge1(records::App &theApp, printing::Printer &printer);
     ~Xcharge1() override;
 
+    /// What a higher room brings up; empty while there is no such screen.
+    std::function<void()> onSetup;
+    std::function<void()> onRemoval;
+
 protected:
     void Form_Load() override;
     void closeAsked() override;
@@ -40,6 +45,10 @@ private:
     void setTopMost(bool on) override;
     void hideScreen() override;
     void showServerBusy() override;
+    std::optional<TypedCard> askCard() override;
+    void askManager(const std::string &what, const std::string &amount) override;
+    void showSetup() override;
+    void removePaymentApplication() override;
 
     void showTender(const TenderFields &fields);
     void showCard(const TenderFields &fields);

@@ -173,6 +173,7 @@ void Tender::finish()
 /// An open print job is closed, and so printed, before the end is asked for.
 void Tender::endTender()
 {
+    Timer1.setInterval(0);
     Timer2.setInterval(0);
     Timer5.setInterval(0);
     printer.closeJob();
@@ -186,6 +187,7 @@ void Tender::SSCommand1_Click()
     traceProcess(app, {"Cancel was pressed", "Unable to Connect - Internet may be down ",
                        "Actual Seconds waited for Response  " + fields.Label7});
     writeAnswer(answerBlock("Declined", app.values.CCdata));
+    deleteLocalFiles();
     app.files.removeIfThere(auditFile(app.values));
     deleteBatchMarker();
     endTender();
@@ -215,6 +217,7 @@ void Tender::SSCheck1_Click(bool checked)
     else
         app.files.removeIfThere(path);
     show();
+    view.focus(TenderBox::Text2); // the next swipe must not end in the check box
 }
 
 } // namespace tender

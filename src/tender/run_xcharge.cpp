@@ -1,7 +1,6 @@
 #include "printing/slip.h"
 #include "records/card_files.h"
 #include "records/card_helpers.h"
-#include "records/delimited.h"
 #include "records/trace.h"
 #include "tender/command_line.h"
 #include "tender/request.h"
@@ -39,9 +38,7 @@ TraceLines requestTrace(const std::string &commandLine, const std::vector<std::s
 
 void Tender::Run_Xcharge()
 {
-    const platform::DateTime now = app.clock.now();
-    target = monthFile(app.values, now);
-    declineTarget = deletedFile(app.values, now);
+    nameMonthFiles();
     app.files.createIfMissing(target);
     if (app.ending() || app.values.Nextform5 == "IndTips")
         return;
@@ -50,7 +47,7 @@ void Tender::Run_Xcharge()
     if (app.ending() || paymentProgramMissing())
         return;
     app.files.removeIfThere(kResultFile);
-    if (auditRefused()) {
+    if (auditRefused(false)) {
         if (!app.ending())
             declined();
         return;
@@ -62,6 +59,13 @@ void Tender::Run_Xcharge()
         return;
     readResult();
     judgeResult();
+}
+
+void Tender::nameMonthFiles()
+{
+    const platform::DateTime now = app.clock.now();
+    target = monthFile(app.values, now);
+    declineTarget = deletedFile(app.values, now);
 }
 
 /// Fonts and printers are warmed up within the pause, which stands anyway.
@@ -87,20 +91,20 @@ bool Tender::paymentProgramMissing()
 }
 
 /// True when the amount is not what the point of sale calculated and the operator pressed Cancel.
-bool Tender::auditRefused()
+bool Tender::auditRefused(bool localPath)
 {
     const std::string path = auditFile(app.values);
     std::string content;
     if (!app.files.exists(path))
         return false;
     app.files.read(path, content); // one that cannot be read agrees with no amount
-    const std::string audit = DelimitedReader(content).next();
+    const std::string audit = auditAmount(content);
     fields.Label9 = Currency(audit);
     show();
     if (amountsAgree(audit, fields.Text4))
         return false;
     const platform::Answer answer = app.dialogs.message(
-        "AUDIT FAILED", auditQuestion(fields.Text4, false), platform::Buttons::OkCancel);
+        "AUDIT FAILED", auditQuestion(fields.Text4, localPath), platform::Buttons::OkCancel);
     if (answer == platform::Answer::Ok)
         return false;
     fields.Text1 = "Wrong Amount";
@@ -215,6 +219,7 @@ void Tender::judgeResult()
     app.values.TndrRESULT = success ? "Approved" : "Declined";
     fields.Text1 = app.values.TndrRESULT;
     fields.result = true;
+    fields.approved = success;
     CCdata.set(CCstatus, app.values.TndrRESULT);
     status(app.values.TndrRESULT);
     encodeCardNumber(CCdata);

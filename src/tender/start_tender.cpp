@@ -26,8 +26,8 @@ std::string batchMarker(const ProcessValues &values)
 
 Tender::Tender(App &theApp, printing::Printer &thePrinter, TenderView &theView)
     : app(theApp), printer(thePrinter), view(theView),
-      Timer2(app.clock, [this] { Timer2_Timer(); }), Timer3(app.clock, [this] { startTimer(); }),
-      Timer5(app.clock, [this] { Timer5_Timer(); })
+      Timer1(app.clock, [this] { Timer1_Timer(); }), Timer2(app.clock, [this] { Timer2_Timer(); }),
+      Timer3(app.clock, [this] { startTimer(); }), Timer5(app.clock, [this] { Timer5_Timer(); })
 {
 }
 
@@ -104,11 +104,8 @@ void Tender::readModeFlag()
 void Tender::prepareForCommandLine()
 {
     fields.SSCommand2.enabled = false;
-    fields.SSCommand3.enabled = false;
-    fields.SSCommand6.enabled = false;
     fields.Text1.clear();
     status("PLEASE WAIT");
-    fields.boxesLocked = true;
     statusPainted("Waiting for Xcharge Interface");
 }
 
@@ -253,7 +250,7 @@ void Tender::showFlags()
     if (app.files.exists(app.values.Maindir + "XCHide.txt")) {
         fields.Text1Masked = !app.values.X1009;
         fields.SSCommand6Caption = "View";
-        fields.SSCommand6.visible = !app.values.X1009;
+        fields.SSCommand6 = {!app.values.X1009, !app.values.X1009};
     }
     fields.SSCheck1 = app.files.exists(app.values.Maindir + "CCnoPrint.dat");
     fields.SSCheck1Enabled = true;
@@ -263,6 +260,9 @@ void Tender::waitForCard()
 {
     fields.Label3[8] = kProgramVersion;
     fields.SSCommand1.enabled = true;
+    fields.boxesLocked = app.values.X1009;
+    for (CommandState *command : {&fields.SSCommand3, &fields.SSCommand4, &fields.Command3})
+        command->enabled = !app.values.X1009;
     statusPainted(app.values.X1009 ? "Waiting for Xcharge Interface"
                                    : "Waiting for You to Swipe the Card");
     view.focus(TenderBox::Text2);

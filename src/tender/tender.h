@@ -7,6 +7,7 @@
 #include "printing/printer.h"
 #include "printing/slip.h"
 #include "records/app.h"
+#include "tender/local_request.h"
 #include "tender/tender_fields.h"
 #include "tender/tender_view.h"
 
@@ -18,6 +19,7 @@ namespace tender {
 class Tender {
 public:
     Tender(records::App &theApp, printing::Printer &thePrinter, TenderView &theView);
+    virtual ~Tender() = default;
 
     /// Load of the tender screen: restarts the trace "CCLastProcess.dat" and arms the 100 ms timer
     /// that runs Start_Tender. Errors are ignored.
@@ -30,14 +32,40 @@ public:
     /// answers. Ends the program in all outcomes but a "T" result and a stopped wait.
     void Run_Xcharge();
 
+    /// Sends the card of the fields to the payment server as a file in "LocalTran\", waits for its
+    /// answer, stores the record, prints and answers. Ends the program in all outcomes.
+    void Approval_Engine();
+    /// Reads the swipe of the two boxes. A good card goes on to Approval_Engine (but for a
+    /// manager's card), any other is told of and the boxes wait for the next one.
+    void Get_Number();
+
+    // What was typed into a swipe box; passed over while no card is awaited.
+    void Text2_Change(const std::string &text);
+    void Text5_Change(const std::string &text);
+
     void SSCommand1_Click();           // "Cancel"
     void SSCommand2_Click();           // "Finish Tender"
+    void SSCommand3_Click();           // "Enter Manually"
+    void SSCommand4_Click();           // "Clear"
+    void SSCommand5_Click();           // "CONFIG"
+    void SSCommand6_Click();           // "View"
     void SSCommand7_Click();           // "NO" / "YES": slip with gratuity
+    void SSCommand8_Click();           // "YES", approve offline
+    void SSCommand9_Click();           // "NO", go on waiting
+    void SSPanel4_Click();             // the warning panel: remove the payment application
+    void Command3_Click();             // "Start Xcharge", the payment server
     void SSCheck1_Click(bool checked); // "Do not print a RECEIPT for Customer"
     /// The hidden way out of "File Server Busy" when a batch has died: deletes the batch marker.
     void deleteBatchMarker();
 
     const TenderFields &state() const { return fields; }
+
+protected:
+    /// Called at counts 20, 60, 120 and 180 of a wait. Deliberately empty: nothing brings the
+    /// offline panel on screen, so that the wait stays a plain wait. One line here,
+    /// showOfflinePanel(), switches it on.
+    virtual void Show_Offline_Panel();
+    void showOfflinePanel();
 
 private:
     // start_tender.cpp
@@ -62,10 +90,39 @@ private:
     // set_data.cpp
     void Set_Data();
 
+    // card_capture.cpp
+    bool awaitsCard() const;
+    void captureSwipe();
+    void invalidCard();
+    void expiredCard();
+    void resetCapture();
+    void enterTyped(const TypedCard &card);
+    void Timer1_Timer();
+
+    // approval_engine.cpp
+    LocalRequest fillRequest();
+    bool placeRequest(const LocalRequest &request);
+    void requestNotPlaced(platform::Outcome outcome);
+    void traceLocalRequest(const LocalRequest &request);
+    bool waitForAnswer();
+    void noAnswer();
+    void readAnswer();
+    void judgeAnswer();
+    void storeLocalRecord();
+    void deleteLocalFiles();
+
+    // offline.cpp
+    std::string askManager(const std::string &what);
+    bool cardIsKnown() const;
+    bool answerHasCome();
+    void approveOffline();
+    void Hide_Offline_Panel();
+
     // run_xcharge.cpp
+    void nameMonthFiles();
     void endLeftOverProgram();
     bool paymentProgramMissing();
-    bool auditRefused();
+    bool auditRefused(bool localPath);
     std::string buildCommandLine();
     void startWait();
     bool oldResultRemains();
@@ -95,7 +152,6 @@ private:
     void setLabel7(int count);
     void Timer2_Timer();
     void Timer5_Timer();
-    void Show_Offline_Panel();
     void status(const std::string &text);
     void statusPainted(const std::string &text);
     void show();
@@ -104,6 +160,7 @@ private:
     printing::Printer &printer;
     TenderView &view;
     TenderFields fields;
+    platform::Timer Timer1;    // settle time of a swipe
     platform::Timer Timer2;    // during the wait
     platform::Timer Timer3;    // 100 ms after the load
     platform::Timer Timer5;    // after a "T" result
@@ -112,9 +169,12 @@ private:
     std::string sentTable;     // values of "Xsend.req" until the fields show them
     std::string sentReceipt;
     std::string sentAmount;
+    std::string TrackData; // the swipe as read, or the number as typed
+    LocalFiles local;      // of the request that is out
     records::Money preApprovedTip;
     records::Money totalWithTip;
     std::uint32_t startTick = 0;
+    bool askingManager = false;
     bool answering = false; // from the result to the answer no command counts
     long transRecord = 0;   // slot of the record in its file
 };

@@ -37,7 +37,8 @@ struct TenderFields {
 
     bool Label7Visible = false;
     bool Text1Masked = false; // card digits show as asterisks
-    bool boxesLocked = false; // Text2 and Text5 take no swipe
+    bool boxesLocked = true;  // Text2 and Text5 take no swipe
+    bool cardTaken = false;   // a card is being validated or charged: no other one is read
     bool Text3Red = false;
     bool SSCheck1Enabled = false; // once it is known where it is remembered
     bool SSCheck1 = false;        // "Do not print a RECEIPT for Customer"
@@ -50,14 +51,16 @@ struct TenderFields {
 
     CommandState SSCommand1{false, true}; // "Cancel"
     CommandState SSCommand2{false, true}; // "Finish Tender"
-    CommandState SSCommand3;              // "Enter Manually"
-    CommandState SSCommand4;              // "Clear"
-    CommandState SSCommand5;              // "CONFIG"
-    CommandState SSCommand6;              // "View"
+    CommandState SSCommand3{false, true}; // "Enter Manually"
+    CommandState SSCommand4{false, true}; // "Clear"
+    CommandState SSCommand5{false, true}; // "CONFIG"
+    CommandState SSCommand6{false, true}; // "View"
+    CommandState Command3{false, true};   // "Start Xcharge"
 
     bool X1009 = false;
-    bool result = false;  // a result word stands in Text1 (colours the state card)
-    bool partial = false; // the result is a partial approval
+    bool result = false;   // there is a result (colours the state card)
+    bool approved = false; // and it is an approval,
+    bool partial = false;  // be it of a part alone
 
     bool operator==(const TenderFields &) const = default;
 };

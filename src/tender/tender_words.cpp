@@ -13,7 +13,7 @@ StateWords resultWords(const TenderFields &fields)
     if (fields.partial)
         return {StateColour::Attention, "Partial approval",
                 "The bank approved a part. The guest still owes the balance."};
-    if (fields.Text1 == "Approved")
+    if (fields.approved)
         return {StateColour::Approved, "Approved", {}};
     return {StateColour::Declined, "Declined", {}};
 }
@@ -28,8 +28,17 @@ StateWords stateWords(const TenderFields &fields)
         return {StateColour::Attention, "No answer yet",
                 "The payment application has not answered."};
     if (fields.Label7Visible)
-        return {StateColour::Waiting, "Waiting", "The payment window takes the card."};
-    return {StateColour::Waiting, fields.X1009 ? "Just a moment" : "Ready for the card", {}};
+        return {StateColour::Waiting, "Waiting",
+                fields.X1009 ? "The payment window takes the card." : "The bank is being asked."};
+    const bool ready = !fields.boxesLocked && !fields.cardTaken;
+    return {StateColour::Waiting, ready ? "Ready for the card" : "Just a moment", {}};
+}
+
+std::string_view waitNotice(const TenderFields &fields)
+{
+    return fields.X1009
+               ? "Still waiting for the payment window. You can go on waiting, or press Cancel."
+               : "Still waiting for the bank's answer. You can go on waiting, or press Cancel.";
 }
 
 std::string shownAmount(std::string_view amount)

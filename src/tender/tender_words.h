@@ -19,6 +19,9 @@ struct StateWords {
 
 StateWords stateWords(const TenderFields &fields);
 
+/// What the wait panel says.
+std::string_view waitNotice(const TenderFields &fields);
+
 /// The amount as currency ("$48.50"); a text that is no number stays as it is.
 std::string shownAmount(std::string_view amount);
 

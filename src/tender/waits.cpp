@@ -44,10 +44,6 @@ void Tender::Timer5_Timer()
     show();
 }
 
-/// Deliberately empty: nothing brings the offline panel on screen, so that the wait stays a plain
-/// wait. `fields.SSPanel5Visible = true; show();` switches it on.
-void Tender::Show_Offline_Panel() {}
-
 void Tender::status(const std::string &text)
 {
     fields.Text3 = text;
@@ -60,8 +56,10 @@ void Tender::statusPainted(const std::string &text)
     view.paintNow();
 }
 
+/// "CONFIG" can end the tender, so it goes with "Cancel".
 void Tender::show()
 {
+    fields.SSCommand5.enabled = fields.SSCommand1.enabled && fields.SSCommand1.visible;
     view.refresh(fields);
 }
 

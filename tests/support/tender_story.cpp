@@ -60,7 +60,7 @@ void TenderStory::paymentAnswers(const std::string &result, std::uint64_t afterM
 
 void TenderStory::run(std::uint64_t limit)
 {
-    tender.Form_Load();
+    played->Form_Load();
     const std::uint64_t until = station.time.milliseconds() + limit;
     running = true;
     station.time.after(limit + station.time.maxStep, [this] {

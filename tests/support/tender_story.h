@@ -8,6 +8,7 @@
 #include "tender/tender.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,19 @@ public:
             onBusy();
     }
 
+    std::optional<tender::TypedCard> askCard() override { return typedCard; }
+    void askManager(const std::string &what, const std::string &amount) override
+    {
+        asked.push_back(what + " " + amount);
+        if (onManager)
+            onManager();
+    }
+    void showSetup() override { asked.push_back("setup"); }
+    void removePaymentApplication() override { asked.push_back("remove"); }
+
+    std::optional<tender::TypedCard> typedCard; // of the manual entry; none is its "Cancel"
+    std::vector<std::string> asked;
+    std::function<void()> onManager;        // fills `managerResult`
     std::vector<std::string> status = {""}; // every status line, in order
     std::function<void(const tender::TenderFields &)> onRefresh;
     std::function<void()> onBusy;
@@ -83,6 +97,7 @@ public:
     printing::Printer printer{station.printers};
     FakeTenderView view;
     tender::Tender tender{app, printer, view};
+    tender::Tender *played = &tender; // whose Form_Load begins the story
 
 private:
     bool running = false;

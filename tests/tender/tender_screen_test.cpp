@@ -9,6 +9,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 
 #include <gtest/gtest.h>
 
@@ -138,9 +139,9 @@ TEST(TenderScreen, TheWaitTellsMoreTheLongerItLastsAndEnterChangesNothing)
     story.at(50'000, [&] {
         EXPECT_EQ(story.state(), "No answer yet, attention");
         EXPECT_TRUE(story.seen("SSPanel4") && story.seen("SSRibbon1") && story.seen("SSRibbon2"));
-        EXPECT_EQ(story.label("SSPanel4_text"), "INTERNET or Phone Line may be DOWN");
-        EXPECT_EQ(story.control<QLabel>("SSPanel4_text").palette().windowText().color(),
-                  QColor(0xb3, 0x26, 0x1e));
+        const auto &warning = story.control<QPushButton>("SSPanel4");
+        EXPECT_EQ(warning.text().toStdString(), "INTERNET or Phone Line may be DOWN");
+        EXPECT_EQ(warning.palette().buttonText().color(), QColor(0xb3, 0x26, 0x1e));
         EXPECT_FALSE(story.seen("SSPanel5")) << "the offline panel stays off";
     });
     story.tell(55'000);
@@ -188,6 +189,24 @@ TEST(TenderScreen, OptionsFollowTheirFilesAndClicksChangeThem)
     story.tell();
     EXPECT_NE(story.slips().find("57.23"), std::string::npos) << "48.50 and 18 %";
     EXPECT_EQ(story.station.printers.collected.size(), 2U) << "merchant's and guest's";
+}
+
+TEST(TenderScreen, CommandsOfACardAreThereOnlyWhereTheScreenTakesOne)
+{
+    for (const bool commandLine : {true, false}) {
+        ScreenStory story;
+        story.paymentKeepsSilent();
+        if (!commandLine)
+            story.station.erase("C:\\Lumbrio\\X1009Version.dat");
+        story.at(3000, [&] {
+            for (const char *name : {"SSCommand3", "SSCommand4", "SSCommand5", "Command3"})
+                EXPECT_EQ(story.control<QWidget>(name).isEnabled(), !commandLine) << name;
+            for (const char *name : {"SSCommand2", "SSCommand6"})
+                EXPECT_FALSE(story.control<QWidget>(name).isEnabled()) << name;
+            EXPECT_EQ(story.seen("swipeRow"), !commandLine);
+        });
+        story.tell(5000);
+    }
 }
 
 TEST(TenderScreen, BusyFileServerEndsTheTenderWithoutAnAnswer)

@@ -1,0 +1,221 @@
+#include "printing/printer_choice.h"
+#include "printing/slip.h"
+#include "records/card_files.h"
+#include "records/card_helpers.h"
+#include "records/delimited.h"
+#include "records/trace.h"
+#include "tender/request.h"
+#include "tender/tender.h"
+
+namespace tender {
+
+using namespace records;
+
+namespace {
+
+constexpr std::uint32_t kWaitTimer = 20000; // ms
+constexpr int kCancelFrom = 15;             // count of the wait
+constexpr const char *kPreApprovedShare = "0.2";
+
+bool isSwiped(const CardRecord &CCdata)
+{
+    return CCdata.text(CCSwiped) == "True";
+}
+
+} // namespace
+
+void Tender::Approval_Engine()
+{
+    nameMonthFiles();
+    const platform::ErrorsIgnored ignored(app.run);
+    fields.cardTaken = true;
+    app.values.StopWaiting = 0;
+    fields.SSCommand1.enabled = false;
+    fields.boxesLocked = true;
+    for (CommandState *command : {&fields.SSCommand3, &fields.SSCommand4, &fields.SSCommand6})
+        command->enabled = false;
+    view.focus(TenderBox::Text2);
+    printing::Set_Printer(app, printer);
+    Set_Data();
+    Timer2.setInterval(kWaitTimer);
+    if (auditRefused(true)) {
+        if (!app.ending())
+            declined();
+        return;
+    }
+    const LocalRequest request = fillRequest();
+    if (!placeRequest(request))
+        return;
+    traceLocalRequest(request);
+    app.values.CCdata.set(CCName, fields.Label3[2] + " " + fields.Label3[3]);
+    printing::warmUp(app, printer); // the server has to be waited for anyway
+    if (!waitForAnswer())
+        return;
+    readAnswer();
+    judgeAnswer();
+}
+
+/// Blank values enter the record with the defaults that the request sends for them.
+LocalRequest Tender::fillRequest()
+{
+    CardRecord &CCdata = app.values.CCdata;
+    LocalRequest request;
+    request.amount = localAmount(fields.Text4);
+    if (app.values.PreApproveTip) {
+        const Money amount = Val(request.amount);
+        request.amount = Format(amount + amount * Val(kPreApprovedShare), "#######.##");
+        CCdata.set(CCApprovedAmt, request.amount);
+        CCdata.set(CCSaleAmt, request.amount);
+    }
+    request.charge = app.values.TndrNOpreAUTH != 0;
+    request.typed = !isSwiped(CCdata);
+    request.server = orDefault(fields.Label3[4], "9999");
+    request.receipt = orDefault(fields.Label3[6], "999");
+    request.number = fields.Label3[0];
+    request.cardText = request.typed ? fields.Label3[1] : TrackData;
+    request.verify = CCdata.text(CCVerify);
+    CCdata.set(CCstatus, "Dialing");
+    CCdata.set(CCServer, request.server);
+    CCdata.set(CCReceipt, request.receipt);
+    CCdata.set(CCTable, orDefault(fields.Label3[5], "999"));
+    return request;
+}
+
+/// Written under a name that the payment server does not look at, then copied: the request appears
+/// whole. False when it does not appear at all; then nothing was charged.
+bool Tender::placeRequest(const LocalRequest &request)
+{
+    local = localFiles(app.values, app.clock.now());
+    app.files.removeIfThere(local.answer); // an earlier card's, of a clock that was set back
+    platform::Outcome outcome = app.files.write(local.work, requestLine(request));
+    if (done(outcome))
+        outcome = app.files.copy(local.work, local.request);
+    app.files.removeIfThere(local.work);
+    if (done(outcome) || app.files.exists(local.request))
+        return true;
+    requestNotPlaced(outcome);
+    return false;
+}
+
+void Tender::requestNotPlaced(platform::Outcome outcome)
+{
+    traceProcess(app, {"  REQUEST NOT WRITTEN - " + std::string(platform::textOf(outcome)) + " - " +
+                       local.request});
+    app.values.TndrRESULT = "Declined";
+    writeAnswer(answerBlock("Declined", app.values.CCdata));
+    app.files.removeIfThere(auditFile(app.values));
+    app.dialogs.message("Request File",
+                        "The request for this card cannot be written to the Xcharge folder, so "
+                        "this card was not charged. Please try again, or check the connection to "
+                        "the Xcharge computer.");
+    endTender();
+}
+
+/// The number appears with its last digits alone, and the verification digits not at all.
+void Tender::traceLocalRequest(const LocalRequest &request)
+{
+    traceProcess(app, {"First Name - " + fields.Label3[2], "Last Name - " + fields.Label3[3],
+                       "Card Number Ready - " + app.values.CCdata.text(HiddenNumb),
+                       "Card Expires on - " + fields.Label3[1], "Amount Sent - " + request.amount,
+                       "New Request File name " + local.request});
+}
+
+/// Until the answer file exists. False when the wait was stopped or the program is ending.
+bool Tender::waitForAnswer()
+{
+    startCounting();
+    while (!app.files.exists(local.answer)) {
+        if (app.ending())
+            return false;
+        if (app.values.StopWaiting > 65534) {
+            noAnswer();
+            return false;
+        }
+        const int count = countNow();
+        setLabel7(count);
+        if (count >= kCancelFrom)
+            fields.SSCommand1.enabled = true;
+        show();
+        app.yield();
+    }
+    return true;
+}
+
+void Tender::noAnswer()
+{
+    traceProcess(app, {"Unable to Connect - Internet may be down ",
+                       "Actual Seconds waited for Response  " + fields.Label7});
+    app.values.TndrRESULT = "Declined";
+    writeAnswer(answerBlock("Declined", app.values.CCdata));
+    traceAnswer();
+    deleteLocalFiles();
+    app.files.removeIfThere(auditFile(app.values));
+    endTender();
+}
+
+void Tender::readAnswer()
+{
+    Timer2.setInterval(0);
+    std::string content;
+    app.files.read(local.answer, content, kAnswerLimit);
+    const std::string answer = answerText(content);
+    app.values.CCdata.set(CResponse, answer);
+    traceProcess(app, {"Actual Response From Xcharge " + answer,
+                       "Actual Seconds for Response  " + fields.Label7});
+    const std::string word = outcomeWord(answer);
+    const std::string code = answer.substr(std::min<std::size_t>(answer.size(), 1));
+    answering = true;
+    app.values.TndrRESULT = word;
+    app.values.CCdata.set(CCstatus, word);
+    app.values.CCdata.set(CApprovalCode, code);
+    fields.result = true;
+    fields.approved = word == "Approved";
+    fields.SSCommand1.enabled = !fields.approved;
+    status(word + "\r\n" + code);
+    statusPainted(word + " - " + code);
+}
+
+/// Kept: in this path a declined card is filed among the pending ones too, charged at once or not.
+void Tender::judgeAnswer()
+{
+    if (app.values.CCdata.text(CCEncoded) != "1")
+        encodeCardNumber(app.values.CCdata);
+    storeLocalRecord();
+    deleteLocalFiles();
+    app.files.removeIfThere(auditFile(app.values));
+    traceProcess(app, {"Approved or Declined " + app.values.TndrRESULT});
+    if (fields.approved) {
+        traceProcess(app, {"SetPrinter " + printer.selectedName()});
+        printSlips();
+    }
+    writeAnswer(answerBlock(app.values.TndrRESULT, app.values.CCdata));
+    traceAnswer();
+    finish();
+}
+
+void Tender::storeLocalRecord()
+{
+    const std::string file = pendingFile(app.values);
+    storeRecord(file);
+    repeatRecord(app, file, transRecord, app.values.CCdata);
+}
+
+/// Also what a server that is slow to look has not taken yet: it must not charge a card whose
+/// tender is over.
+void Tender::deleteLocalFiles()
+{
+    const platform::ErrorsIgnored ignored(app.run);
+    if (!local.set())
+        return;
+    for (const std::string &file : {local.request, local.answer, local.work})
+        app.files.removeIfThere(file);
+}
+
+void Tender::Command3_Click()
+{
+    app.system.start(app.values.paymentDirectory + "Xchrgsrv.exe / T",
+                     platform::WindowStyle::Normal);
+    view.focus(TenderBox::Text2);
+}
+
+} // namespace tender

@@ -1,0 +1,160 @@
+#include "printing/printer_choice.h"
+#include "printing/slip.h"
+#include "records/card_files.h"
+#include "records/trace.h"
+#include "tender/command_line.h"
+#include "tender/request.h"
+#include "tender/tender.h"
+
+namespace tender {
+
+using namespace records;
+
+namespace {
+
+constexpr std::uint16_t kStop = 65535;
+
+TraceLines offlineTrace()
+{
+    const std::string rule(33, '=');
+    return {"",
+            " !!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!1",
+            "",
+            "   CREDIT CARD APPROVED OFFLINE",
+            "",
+            rule,
+            " OFFLINE   OFFLINE   OFFLINE",
+            " ",
+            "MANAGER APPROVED OFFLINE - INTERNET",
+            "MAY BE DOWN OR XCHARGE HAS ENCOUNTERED AN ERROR",
+            "MANAGER CARD WAS SWIPED FOR APPROVAL",
+            " ",
+            " OFFLINE   OFFLINE   OFFLINE",
+            rule,
+            " "};
+}
+
+} // namespace
+
+void Tender::Show_Offline_Panel() {}
+
+void Tender::showOfflinePanel()
+{
+    fields.SSPanel5Visible = true;
+    show();
+}
+
+void Tender::Hide_Offline_Panel()
+{
+    fields.SSPanel5Visible = false;
+    show();
+}
+
+/// The manager step's answer: "NO", or a name. Whatever the wait brings meanwhile waits for it.
+std::string Tender::askManager(const std::string &what)
+{
+    ProcessValues &values = app.values;
+    values.managerResult.clear();
+    values.managerRequest = "XchargeAPPROVAL";
+    values.managerCheckMode = "100";
+    askingManager = true;
+    view.setTopMost(false);
+    view.askManager(what, Currency(fields.Text4));
+    while (values.managerResult.empty() && !app.ending())
+        app.yield();
+    view.setTopMost(true);
+    askingManager = false;
+    values.managerCheckMode.clear();
+    values.managerRequest.clear();
+    return app.ending() ? "NO" : values.managerResult;
+}
+
+/// The payment application knows the card of a command-line tender; a local one must have read it.
+bool Tender::cardIsKnown() const
+{
+    const CardRecord &CCdata = app.values.CCdata;
+    return app.values.X1009 || (!isBlank(CCdata.text(CCNumb)) && !isBlank(CCdata.text(CCExpDate)));
+}
+
+bool Tender::answerHasCome()
+{
+    return app.files.exists(app.values.X1009 ? std::string(kResultFile) : local.answer);
+}
+
+/// "YES". A card that was answered while the manager made up his mind takes the normal way on, and
+/// so does one that nobody approves: the wait that was told to stop has not seen it yet.
+void Tender::SSCommand8_Click()
+{
+    if (!fields.SSPanel5Visible || askingManager || answering || app.ending())
+        return;
+    Hide_Offline_Panel();
+    app.values.StopWaiting = kStop;
+    const std::string manager = askManager("Approve this card OFFLINE");
+    if (app.ending())
+        return;
+    if (manager == "NO" || !cardIsKnown() || answerHasCome()) {
+        Hide_Offline_Panel();
+        app.values.StopWaiting = 0;
+        return;
+    }
+    approveOffline();
+}
+
+/// Kept: a sale that would be charged at once is filed as pending too; nobody has charged it yet.
+/// The request that the server has not taken is withdrawn, or the guest would pay twice.
+void Tender::approveOffline()
+{
+    const platform::ErrorsIgnored ignored(app.run);
+    answering = true;
+    deleteLocalFiles();
+    Set_Data();
+    CardRecord &CCdata = app.values.CCdata;
+    CCdata.set(CCApprovedAmt, fields.Text4);
+    CCdata.set(CResponse, "YOFFLINE ");
+    CCdata.set(CApprovalCode, "OFFLINE ");
+    CCdata.set(CCstatus, "Approved");
+    CCdata.set(CCTroutID, "OFFLINE ");
+    app.values.TndrRESULT = "Approved";
+    fields.result = true;
+    fields.approved = true;
+    storeRecord(pendingFile(app.values));
+    printing::Set_Printer(app, printer);
+    printing::Print_Merch(app, printer, slipContext());
+    printing::Print_Cust(app, printer, slipContext());
+    traceProcess(app, offlineTrace());
+    traceLog(app, offlineTrace());
+    writeAnswer(answerBlock("Approved", CCdata));
+    app.files.removeIfThere(auditFile(app.values));
+    endTender();
+}
+
+void Tender::SSCommand9_Click()
+{
+    Hide_Offline_Panel();
+}
+
+/// "CONFIG". The setup screen can end the tender, so it opens only where "Cancel" could.
+void Tender::SSCommand5_Click()
+{
+    if (!fields.SSCommand5.enabled || askingManager || answering || app.ending())
+        return;
+    const std::string manager = askManager("Open the card setup");
+    if (!app.ending() && manager != "NO" && (fields.result || !answerHasCome()))
+        view.showSetup();
+}
+
+void Tender::SSPanel4_Click()
+{
+    if (!fields.SSPanel4Visible || answering || app.ending())
+        return;
+    const platform::Answer answer = app.dialogs.message(
+        "REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN",
+        "You are about to remove X-Charge from this computer. If you contine you will never be "
+        "able to process credit cards on this computer again. Do not do this unless you have been "
+        "instructed by Tech Support to do so. Please press CANCEL now.",
+        platform::Buttons::OkCancel);
+    if (answer == platform::Answer::Ok && !app.ending())
+        view.removePaymentApplication();
+}
+
+} // namespace tender
