@@ -1,0 +1,33 @@
+// Hand: a hand at the keyboard of a program under test, on its own clock. What it does stands in
+// the environment, as tests/programs/TndrCC_played_main.cpp tells.
+#pragma once
+
+#include "platform/clock.h"
+
+#include <QString>
+
+#include <string>
+
+namespace support {
+
+/// Card reader and operator.
+class Hand {
+public:
+    explicit Hand(platform::Clock &clock);
+
+private:
+    void swipe();
+    void pressCommand();
+    void pressEscape();
+
+    QString caption;
+    std::string track;
+    platform::Timer presser;
+    platform::Timer reader;
+    platform::Timer finger;
+};
+
+/// An environment variable; empty when it is not set.
+std::string setting(const char *name);
+
+} // namespace support
