@@ -17,14 +17,8 @@ TEST(EncriptScreen, ScramblesAndUnscramblesTheTextInItsBox)
     auto *box = qobject_cast<QLineEdit *>(support::controlNamed(QStringLiteral("Text")));
     ASSERT_NE(box, nullptr);
 
-    box->setText(QStringLiteral("4111111111111111"));
-    support::press(Qt::Key_Return); // "Encript" is the default command
-    EXPECT_EQ(box->text(), QStringLiteral("D3456789:;<=>?@A"));
-    EXPECT_TRUE(support::click(QStringLiteral("DeCript")));
-    EXPECT_EQ(box->text(), QStringLiteral("4111111111111111"));
-
     box->setText(QStringLiteral("M\u00fcller \u00ff"));
-    EXPECT_TRUE(support::click(QStringLiteral("Encript")));
+    support::press(Qt::Key_Return); // "Encript" is the default command
     EXPECT_EQ(box->text().at(7), QChar(0x07)) << "codes wrap at 256";
     EXPECT_TRUE(support::click(QStringLiteral("DeCript")));
     EXPECT_EQ(box->text(), QStringLiteral("M\u00fcller \u00ff"));
