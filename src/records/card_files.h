@@ -38,7 +38,10 @@ platform::Outcome readRecord(App &app, const std::string &file, long slot, CardR
 platform::Outcome rewriteRecord(App &app, const std::string &file, long slot,
                                 const CardRecord &record);
 
-<<<<<<< HEAD
+/// Writes the record at slot N once more, under the lock, when the slot still holds it. Another
+/// station's record that came to lie there meanwhile stays as it is.
+void repeatRecord(App &app, const std::string &file, long slot, const CardRecord &record);
+
 /// `CCAdjStatus` of every slot, empty ones included, in place under one lock; nothing else of a
 /// record changes. A missing file is created empty.
 platform::Outcome setEveryStatus(App &app, const std::string &file, std::string_view status);
@@ -47,11 +50,6 @@ platform::Outcome setEveryStatus(App &app, const std::string &file, std::string_
 /// under its lock, as by moveSettledRecords. A slot that does not exist changes nothing; a missing
 /// file is created empty.
 platform::Outcome removeRecord(App &app, const std::string &file, long slot);
-=======
-/// Writes the record at slot N once more, under the lock, when the slot still holds it. Another
-/// station's record that came to lie there meanwhile stays as it is.
-void repeatRecord(App &app, const std::string &file, long slot, const CardRecord &record);
->>>>>>> fbb42e9 (Read the local answer and the audit by rules, and try them and tracks with broken input)
 
 /// Number of records: length / 500 to the nearest; 0 without the file.
 long countRecords(App &app, const std::string &file);
