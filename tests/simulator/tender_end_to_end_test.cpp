@@ -1,116 +1,13 @@
 // Whole tenders with the programs as they are shipped: the point of sale's stand-in leaves the
 // request, TndrCC runs, the payment application's stand-in answers, and what lies on the drives
 // afterwards is looked at. Real time passes here.
-#include "platform/slot_file.h"
-#include "records/card_helpers.h"
-#include "simulator/pending_table.h"
-#include "simulator/pos.h"
-#include "simulator/sandbox.h"
+#include "simulator/restaurant.h"
 #include "support/golden_table.h"
-#include "support/test_station.h"
-
-#include <chrono>
-#include <filesystem>
-#include <functional>
 
 using namespace simulator;
-
-namespace {
+using namespace support;
 
 namespace fs = std::filesystem;
-
-constexpr int kPatience = 20000; // ms; a tender takes 0.7 s, on a busy machine more
-
-bool eventually(const std::function<bool()> &condition)
-{
-    const auto start = std::chrono::steady_clock::now();
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() - start > std::chrono::milliseconds(kPatience))
-            return false;
-        simulator::pause(5);
-    }
-    return true;
-}
-
-using Records = std::vector<records::CardRecord>;
-
-/// One station with its own drives folder.
-class Restaurant {
-public:
-    Restaurant() { EXPECT_TRUE(makeSandbox(station.files, root(), PROGRAMS_DIR "/sim_xcharge")); }
-
-    const std::string &root() const { return station.drives.root(); }
-
-    /// As the point of sale does it: the program runs when this returns.
-    ChildProcess start(const std::string &amount)
-    {
-        const TenderRequest request{"12", "1043", "7", amount, amount};
-        EXPECT_TRUE(leaveRequest(place, request));
-        return startTender(PROGRAMS_DIR "/TndrCC", root(), false, true);
-    }
-
-    std::vector<std::string> take(const std::string &amount)
-    {
-        ChildProcess tender = start(amount);
-        EXPECT_TRUE(tender.waitForEnd(kPatience)) << "TndrCC still waits";
-        tender.kill();
-        EXPECT_EQ(tender.exitCode(), 0);
-        return answer();
-    }
-
-    std::vector<std::string> answer() { return readAnswer(place); }
-    Records pending() { return readCardFile(station.files, place.Remotedir + "CCPending.dat"); }
-
-    /// Every record of every card file: where it lies, what it says, and whether its scrambled
-    /// reference is the one of the result.
-    std::string allRecords()
-    {
-        std::string text;
-        const std::string result = station.get("C:\\Lumbrio\\ResponseBACKUP.txt");
-        for (const std::string &folder : {place.Remotedir, place.Remotedir + "data\\"})
-            for (const std::string &name : station.files.list(folder)) {
-                const std::size_t kind = name.find("CC"); // the month may stand before it
-                if (kind == std::string::npos)
-                    continue;
-                for (const auto &record : readCardFile(station.files, folder + name)) {
-                    const std::string reference = records::StrDecode(record.text(records::CCNumb));
-                    text += name.substr(kind, 7);
-                    for (const auto &field : {records::CCstatus, records::CCAdjStatus,
-                                              records::CCTabAmt, records::CCReceipt})
-                        text += ", " + record.text(field);
-                    text += result.find(reference) == std::string::npos ? ", strange" : "";
-                    text += reference.empty() ? ", none" : ", scrambled";
-                    EXPECT_EQ(record.text(records::CCEncoded), "1");
-                }
-            }
-        return text;
-    }
-
-    /// How many slips were printed, each as PDF and as text.
-    std::string slips() const
-    {
-        int pages = 0;
-        int texts = 0;
-        for (const auto &entry : fs::directory_iterator(root() + "/spool/receipt")) {
-            pages += entry.path().extension() == ".pdf" ? 1 : 0;
-            texts += entry.path().extension() == ".txt" ? 1 : 0;
-        }
-        EXPECT_EQ(pages, texts);
-        return std::to_string(texts) + " slips";
-    }
-
-    /// How often the payment application was started.
-    std::size_t payments() const
-    {
-        const std::string log = "c:\\Program Files\\X-charge\\sim_xcharge.log";
-        return station.has(log) ? platform::splitLines(station.get(log)).size() : 0;
-    }
-
-    support::TestStation station;
-    Place place = placeOf(station.files);
-};
-
-} // namespace
 
 TEST(EndToEnd, EveryTenderLeavesWhatTheGoldenTableSays)
 {

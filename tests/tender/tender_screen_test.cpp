@@ -209,6 +209,48 @@ TEST(TenderScreen, CommandsOfACardAreThereOnlyWhereTheScreenTakesOne)
     }
 }
 
+// A reader types faster than people: nothing of a card may get lost between two boxes, and what it
+// sends behind the card must not press a command.
+TEST(TenderScreen, ACardArrivesWholeFromTheReaderAndFromTheKeypad)
+{
+    const std::string track = "%B4111111111111111^TEST/ROSALIND A^28091010000000000000?"
+                              ";4111111111111111=28091010000000000?";
+    const std::string folder = "c:\\Program Files\\X-Charge\\LocalTran";
+    for (const bool swiped : {true, false}) {
+        ScreenStory story;
+        story.station.erase("C:\\Lumbrio\\X1009Version.dat");
+        story.station.folder(folder);
+        story.at(500, [&] {
+            if (swiped) {
+                support::type(QString::fromStdString(track) + QStringLiteral("+9?"));
+                support::press(Qt::Key_Return);
+                return;
+            }
+            story.station.time.after(500, [] {
+                for (const char *box : {"4111111111111111", "0928", "7193"}) {
+                    support::type(QString::fromLatin1(box));
+                    support::press(*box == '7' ? Qt::Key_Return : Qt::Key_Tab);
+                }
+            });
+            support::click(QStringLiteral("Enter Manually"));
+        });
+        story.at(3500, [&] {
+            EXPECT_EQ(story.state(), "Waiting, waiting");
+            EXPECT_FALSE(story.control<QWidget>("SSCommand3").isEnabled());
+            const std::vector<std::string> names = story.station.files.list(folder);
+            ASSERT_EQ(names.size(), 1U);
+            EXPECT_EQ(story.station.get(folder + "\\" + names[0]),
+                      swiped ? R"("C1","7","1043","4111111111111111",")" + track +
+                                   "\",\"48.5\",\"99999\"\r\n"
+                             : R"("C1","7","1043","4111111111111111","2809","48.5","99999","7193")"
+                               "\r\n");
+            EXPECT_EQ(story.processTrace().find("4111111111111111"), std::string::npos);
+            EXPECT_EQ(story.processTrace().find("7193"), std::string::npos);
+        });
+        story.tell(4000);
+    }
+}
+
 TEST(TenderScreen, BusyFileServerEndsTheTenderWithoutAnAnswer)
 {
     void (*const ways[])() = {
