@@ -9,8 +9,6 @@
 
 namespace details {
 
-using records::kCardSlotLength;
-
 EntryDetails::EntryDetails(records::App &theApp, printing::Printer &thePrinter, EntryView &theView,
                            EntryCallbacks theCallbacks)
     : app(theApp), printer(thePrinter), view(theView), callbacks(std::move(theCallbacks)),
@@ -82,7 +80,7 @@ void EntryDetails::Fill_data()
 {
     record = {};
     app.files.createIfMissing(fields.Label8);
-    platform::SlotFile slots(app.files, fields.Label8, kCardSlotLength);
+    platform::SlotFile slots(app.files, fields.Label8, records::kCardSlotLength);
     slots.open(platform::SlotUse::Read);
     slots.lock();
     count = slots.count();
@@ -98,8 +96,10 @@ void EntryDetails::Fill_data()
 
 void EntryDetails::Text1_Change(std::size_t index, const std::string &text)
 {
-    if (index < fields.Text1.size())
-        fields.Text1[index] = text;
+    if (index >= fields.Text1.size())
+        return;
+    fields.Text1[index] = text;
+    show();
 }
 
 void EntryDetails::SSCommand3_Click()

@@ -80,7 +80,7 @@ void EntryDetails::SSCommand16_Click()
 {
     if (working)
         return;
-    fields.Text1[19] = kAdjusted;
+    setStatus(kAdjusted);
     {
         const Working here(*this);
         setEveryStatus(app, fields.Label8, kAdjusted);

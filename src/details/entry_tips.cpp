@@ -30,6 +30,7 @@ void EntryDetails::setTip(const std::string &text)
     fields.Text1[12] = plainText(tip);
     fields.Text1[20] = totalText(total);
     fields.Text1[19] = kAdjusted;
+    // Kept: the sign goes as the first character, so a total below zero leaves "$1.50)".
     record.set(CCAdjAmt, Currency(total).substr(1));
     show();
 }

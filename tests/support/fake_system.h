@@ -30,7 +30,8 @@ public:
     std::function<void(const Started &)> onStart;
     std::function<void(const std::string &imageName)> onKill;
 
-    std::vector<Started> started; // those that were there
+    std::vector<Started> started;    // those that were there
+    std::vector<std::string> played; // sound files
 
     Outcome start(const std::string &commandLine, platform::WindowStyle style) override
     {
@@ -51,7 +52,7 @@ public:
     Outcome openEditor(const std::string &) override { return Outcome::Done; }
     Outcome openBrowser(const std::string &) override { return Outcome::Done; }
     bool connectionTest() override { return true; }
-    void playSound(const std::string &) override {}
+    void playSound(const std::string &path) override { played.push_back(path); }
 
 private:
     std::function<bool(const std::string &)> programIsThere;

@@ -1,0 +1,337 @@
+// One entry on the manager's screen: what each command leaves in the card files, on the screen and
+// on paper, told in golden tables; and that no stop or failure loses a record.
+#include "details/entry_details.h"
+#include "details/quick_tips.h"
+#include "records/card_helpers.h"
+#include "support/golden_table.h"
+#include "support/test_station.h"
+
+#include <sstream>
+
+namespace {
+
+using namespace records;
+
+const std::map<std::string, std::string> kFiles = {
+    {"PEND", "F:\\Lumbrio\\CCPending.dat"},
+    {"ARCH", "F:\\Lumbrio\\data\\CCFinal0125.dat"},
+    {"DELE", "F:\\Lumbrio\\data\\0125CCdeleted.dat"},
+    {"DELE of December", "F:\\Lumbrio\\data\\1224CCdeleted.dat"}};
+
+/// A sale as an approved tender leaves it, some fields still NUL, with the changes of a row of the
+/// table: "GCbalance=5.00 CCAdjStatus=Adjusted_-_Pending"; "_" is a blank, "~" a NUL.
+std::string slotOf(const std::string &receipt, const std::string &changes = {})
+{
+    std::istringstream words(
+        "CCNumb=D3456789:;<=>?@A CCEncoded=1 CCName=JOHN_Q_PUBLIC CCXcTranID=A_12_34 "
+        "CCTabAmt=48.50 "
+        "CCTip=0 CCstatus=Approved CCAdjStatus=Not_Adjusted CCDate=01/15/25 CCtype=Visa CCExpDate= "
+        "CCTime=01:05_PM CCStation=BAR1 CCaditionalFUNDS=0 HiddenNumb=XXXX_XXXX_XXXX_2222 "
+        "CCServer= "
+        "CCSaleAmt= CCTable= CCApprovedAmt= CResponse= CApprovalCode= CCVerify= CCSwiped= "
+        "GCbalance= CCReceipt=" +
+        receipt + " " + changes);
+    CardRecord record;
+    for (std::string word; words >> word;)
+        for (const CardField &field : kCardFields)
+            if (word.starts_with(field.name + std::string("="))) {
+                std::string text = word.substr(word.find('=') + 1);
+                std::replace(text.begin(), text.end(), '_', ' ');
+                std::replace(text.begin(), text.end(), '~', '\0');
+                record.set(field, text);
+            }
+    return std::string(record.view()) + "0123456789";
+}
+
+std::vector<std::string> slotsIn(const std::string &bytes)
+{
+    std::vector<std::string> slots;
+    for (std::size_t at = 0; at + kCardSlotLength <= bytes.size(); at += kCardSlotLength)
+        slots.push_back(bytes.substr(at, kCardSlotLength));
+    return slots;
+}
+
+std::string fieldOf(const std::string &slot, const CardField &field)
+{
+    return slot.substr(field.offset, field.length);
+}
+
+/// A manager who presses commands by their names, types what is to be typed, and writes down all
+/// that happens.
+struct Story : details::EntryView, platform::Dialogs {
+    /// The file of `source` has three slots: another record, the one of the row, and one that was
+    /// never filled. "no files": there are none.
+    explicit Story(const std::string &sale, const std::string &theSource = "PEND")
+        : Dialogs(station.run), source(theSource)
+    {
+        station.folder("F:\\Lumbrio\\data");
+        app.values.Maindir = "C:\\Lumbrio\\";
+        app.values.Remotedir = "F:\\Lumbrio\\";
+        app.values.ReceiptPrinterName = "Receipt";
+        app.values.CCdata.set(CCReceipt, "of another");
+        for (const auto &[of, name] : kFiles)
+            if (sale != "no files")
+                files[name] = of != source ? slotOf("7")
+                                           : slotOf("1") + slotOf("1043", sale) +
+                                                 std::string(kCardSlotLength, '\0');
+        for (const auto &[name, bytes] : files)
+            station.put(name, bytes);
+    }
+
+    void press(const std::string &command)
+    {
+        const std::string word = command.substr(command.find(' ') + 1);
+        const auto number = static_cast<std::size_t>(std::max(wholeNumber(word), 0));
+        const std::pair<const char *, std::function<void()>> commands[] = {
+            {"Done", [&] { entry.SSCommand1_Click(); }},
+            {"Force NO TIP", [&] { entry.SSCommand2_Click(); }},
+            {"Cancel", [&] { entry.SSCommand3_Click(); }},
+            {"Undo", [&] { entry.SSCommand4_Click(); }},
+            {"Delete and Print", [&] { entry.SSCommand12_Click(); }},
+            {"Delete", [&] { entry.SSCommand5_Click(); }},
+            {"quick ", [&] { entry.SSCommand6_Click(number); }},
+            {"Customer", [&] { entry.SSCommand7_Click(); }},
+            {"Merchant", [&] { entry.SSCommand8_Click(); }},
+            {"previous", [&] { entry.SSCommand9_Click(0); }},
+            {"next", [&] { entry.SSCommand9_Click(1); }},
+            {"Save", [&] { entry.SSCommand10_Click(); }},
+            {"Force ALL NO TIP", [&] { entry.SSCommand11_Click(); }},
+            {"UnDelete", [&] { entry.SSCommand13_Click(); }},
+            {"Force ALL to", [&] { entry.SSCommand16_Click(); }},
+            {"Force", [&] { entry.SSCommand14_Click(); }},
+            {"VOID", [&] { entry.SSCommand15_Click(); }},
+            {"Clear", [&] { entry.SSCommand17_Click(); }},
+            {"the tab", [&] { entry.Label3_Click(); }},
+            {"View Card", [&] { entry.Command2_Click(); }},
+            {"View Track", [&] { entry.Command1_Click(); }},
+            {"tip ", [&] { entry.Text4_Change(word); }},
+            {"box ", [&] { entry.Text1_Change(number, word.substr(word.find('=') + 1)); }},
+            {"status ", [&] { entry.setStatus(word); }},
+            {"open ", [&] { entry.open(file(), wholeNumber(word), source.substr(0, 4)); }},
+            {"fill", [&] { entry.Fill_data(); }},
+            {"KEEP", [&] { app.values.editMode = "KEEP"; }},
+            {"shrink", [&] { station.put(file(), slotOf("1")); }},
+            {"locked", [&] { done(held.open(platform::SlotUse::Rewrite)) && done(held.lock()); }},
+            {"wait", [&] { station.advance(500); }},
+            {"type ", [&] { typed = word; }},
+            {"no answer", [&] { typed.reset(); }},
+        };
+        for (const auto &[name, does] : commands)
+            if (command.starts_with(name))
+                return does();
+        FAIL() << "there is no command " << command;
+    }
+
+    const std::string &file() const { return kFiles.at(source); }
+    std::string now(const std::string &name) const
+    {
+        return station.has(name) ? station.get(name) : std::string();
+    }
+
+    /// Each file that is no longer as at the beginning: its receipts in order, with the fields that
+    /// are not as they were in the record of that receipt.
+    std::string disk() const
+    {
+        std::string text;
+        for (const auto &[of, name] : kFiles) {
+            if (now(name) == (files.contains(name) ? files.at(name) : ""))
+                continue;
+            text += of + ":";
+            for (const std::string &slot : slotsIn(now(name)))
+                text += " " + toldOf(slot);
+            text += ". ";
+        }
+        return text;
+    }
+    std::string toldOf(const std::string &slot) const
+    {
+        const std::string receipt = Trim(fieldOf(slot, CCReceipt));
+        const std::string before = receipt == "1043" ? slotsIn(files.at(file()))[1]
+                                   : receipt.empty() ? std::string(kCardSlotLength, '\0')
+                                                     : slotOf(receipt);
+        std::string text = receipt.empty() ? "-" : receipt;
+        for (const CardField &field : kCardFields)
+            if (fieldOf(slot, field) != fieldOf(before, field))
+                text += std::string(" ") + field.name + "=" + Trim(fieldOf(slot, field));
+        return text.find(' ') == text.npos ? text : "(" + text + ")";
+    }
+    std::string screen() const
+    {
+        const details::EntryFields &f = entry.state();
+        EXPECT_TRUE(f == shown || !open) << "the screen was not brought up to date";
+        std::string text = std::to_string(f.Label1_1) + " " + f.Label4_3 + " ";
+        text += f.SSCommand9Enabled[0] ? "<" : "-";
+        text += f.SSCommand9Enabled[1] ? "> " : "- ";
+        text += (f.numberRevealed ? f.Text1[0] : f.Text2) + ", tip " + f.Text4 + " of " +
+                f.Label3_0 + ", " + f.Label3_1 + ", " + f.Text1[20] + ", " + f.Text1[19] + "," +
+                f.Text1[21];
+        const std::pair<bool, std::string> marks[] = {
+            {f.Label12Visible, f.Label12},       {f.fundsNoticesVisible, f.Text1[23] + " needed"},
+            {f.Text4Locked, "locked"},           {!f.SSPanel2Visible, "no quick tips"},
+            {f.SSCommand12Visible, "12"},        {f.SSCommand13Visible, "13"},
+            {f.trackLineRevealed, "track line"}, {busy != 0, "busy"}};
+        for (const auto &[on, mark] : marks)
+            text += on ? ", " + mark : "";
+        return open ? text : "closed";
+    }
+    /// What was told to the screen and the lists, and what came out of the printers.
+    std::string events() const
+    {
+        std::string text = happened;
+        for (const std::string &sound : station.system.played)
+            text += sound + " ";
+        for (const auto &[name, job] : station.printers.collected) {
+            text += "[" + name;
+            for (const platform::PrintOperation &operation : job.operations)
+                for (const char *part : {"Picture", "Card:", "REPRINT", "VOIDED", "require", "$"})
+                    if (operation.text.find(part) != std::string::npos)
+                        text += " " + Trim(operation.text);
+            text += "]";
+        }
+        return text;
+    }
+
+    void refresh(const details::EntryFields &fields) override
+    {
+        shown = fields;
+        open = true;
+    }
+    void focusTip() override { happened += "focus "; }
+    void setBusyPointer(bool on) override { busy += on ? 1 : -1; }
+    void unload() override
+    {
+        happened += "closed ";
+        open = false;
+    }
+    std::optional<std::string> choosePrinter(const std::vector<std::string> &names,
+                                             const std::string &current) override
+    {
+        happened += std::to_string(names.size()) + " printers, " + current + " ";
+        return typed;
+    }
+    platform::Answer ask(const std::string &title, const std::string &text,
+                         platform::Buttons) override
+    {
+        happened += "[" + title + ": " + text + "] ";
+        return platform::Answer::Ok;
+    }
+    std::optional<std::string> askText(const std::string &title, const std::string &text,
+                                       const std::string &initial, bool) override
+    {
+        happened += "[" + title + ": " + text + " " + initial + "] ";
+        return typed;
+    }
+    /// While a list reads its file the manager presses whatever there is.
+    void reload(const char *list)
+    {
+        happened += list;
+        for (const char *command : {"Done", "Force NO TIP", "Cancel", "Undo", "Delete and Print",
+                                    "Delete", "Customer", "next", "Save", "Force ALL NO TIP",
+                                    "UnDelete", "Force ALL to", "VOID", "View Card", "open 1"})
+            press(command);
+    }
+
+    support::TestStation station;
+    App app{{station.run, station.files, station.time, *this, station.system, station.printers,
+             station.installation}};
+    printing::Printer printer{station.printers};
+    std::string source;
+    std::map<std::string, std::string> files; // at the beginning
+    std::optional<std::string> typed = "Office Laser";
+    details::EntryFields shown;
+    std::string happened;
+    bool open = false;
+    int busy = 0;
+    support::TestStation other{&station};
+    platform::SlotFile held{other.files, kFiles.at("PEND"), kCardSlotLength};
+    details::EntryDetails entry{app,
+                                printer,
+                                *this,
+                                {[this] { reload("list "); }, [this] { reload("archive "); },
+                                 [this] { happened += "bulk "; }}};
+};
+
+TEST(Entry, LeavesOnDiskScreenAndPaperWhatTheGoldenTableSays)
+{
+    support::expectTable("details/commands.txt", [](const std::string &row) {
+        const std::size_t colon = row.find(": ");
+        const std::size_t at = std::min(row.find('@'), colon);
+        Story story(Trim(row.substr(0, at)),
+                    at < colon ? row.substr(at + 1, colon - at - 1) : "PEND");
+        story.station.run.reportFailure = [&](const std::string &text) {
+            story.systemMessage(text);
+        };
+        story.press("open 2");
+        for (std::size_t from = colon + 2, end = colon; end != row.npos; from = end + 2) {
+            end = row.find(", ", from);
+            story.press(row.substr(from, end - from));
+        }
+        EXPECT_EQ(story.app.values.CCdata.text(CCReceipt), "of another") << row;
+        EXPECT_EQ(story.printer.selectedName(), "Receipt TM-88") << row;
+        return std::vector{story.disk(), story.screen(), story.events()};
+    });
+}
+
+TEST(QuickTips, AreThoseOfTheGoldenTable)
+{
+    support::expectTable("details/quick_tips.txt", [](const std::string &tab) {
+        const auto tips = details::quickTips(Val(tab));
+        std::vector<std::string> columns(3);
+        for (std::size_t i = 0; i < tips.size(); ++i)
+            columns[i / 5] += (i % 5 == 0 ? "" : " ") + tips[i];
+        return columns;
+    });
+}
+
+// A record is one of its receipt and name; what a command changes may be torn by a power cut.
+TEST(Entry, IsNeverLostWhereverACommandStopsAndWhateverFails)
+{
+    for (const auto &[command, source] : {std::pair("Done", "PEND"),
+                                          {"Delete", "PEND"},
+                                          {"Delete", "DELE"},
+                                          {"UnDelete", "DELE of December"},
+                                          {"Force ALL to", "PEND"}}) {
+        std::size_t operations = 0;
+        for (std::size_t n = 1; n == 1 || n <= 2 * operations + 1; ++n) {
+            Story story("", source);
+            story.press("open 2");
+            support::FaultyDisk &disk = story.station.disk;
+            story.station.run.reportFailure = [](const std::string &) {};
+            const std::size_t before = disk.operations();
+            const auto endRun = [&] { story.station.run.end(); };
+            n % 2 == 0 ? disk.stopAt(before + n / 2, endRun, true)
+                       : disk.failAt(before + n / 2, platform::Outcome::NoRoom); // 0: never
+            story.press(command);
+            if (n == 1)
+                operations = disk.operations() - before;
+            std::string all;
+            for (const auto &[of, name] : kFiles)
+                for (const std::string &slot : slotsIn(story.now(name)))
+                    all += Trim(fieldOf(slot, CCReceipt)) + " " + Trim(fieldOf(slot, CCName)) + ",";
+            for (const char *record :
+                 {"1 JOHN Q PUBLIC,", "7 JOHN Q PUBLIC,", "1043 JOHN Q PUBLIC,"})
+                EXPECT_NE(all.find(record), all.npos) << command << n << all << disk.logText();
+            EXPECT_TRUE(story.station.run.ending() == (n > 1) && story.busy == 0) << command << n;
+        }
+        EXPECT_GE(operations, 5U) << command;
+    }
+}
+
+TEST(Entry, OfEveryByteKeepsTheScreenAliveAndItsNeighboursWhole)
+{
+    for (const std::string command : {"Done", "Save", "Undo", "Delete", "UnDelete", "Customer"})
+        for (int seed = 0; seed < 256; seed += 51) {
+            Story story("");
+            std::string &file = story.files[story.file()];
+            for (std::size_t i = 0; i < CardRecord::kSize; ++i)
+                file[kCardSlotLength + i] = static_cast<char>((i * 7 + i / 9) * 31 + seed);
+            story.station.put(story.file(), file);
+            for (const std::string &each : {std::string("open 2"), std::string("the tab"), command})
+                story.press(each);
+            const std::string now = story.now(story.file());
+            EXPECT_EQ(now.substr(0, 500), file.substr(0, 500)) << command << seed;
+            EXPECT_EQ(now.size(), command == "Delete" ? 1000 : 1500) << command << seed;
+        }
+}
+
+} // namespace
