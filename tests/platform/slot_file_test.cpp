@@ -136,6 +136,17 @@ TEST_F(SlotFileTest, appends_at_count_plus_one_or_leaves_the_file_as_it_was)
     }
 }
 
+TEST_F(SlotFileTest, is_cut_back_only_where_nobody_has_written_behind)
+{
+    station.put(kPath, "0123456789");
+    std::unique_ptr<DiskFile> raw;
+    station.files.open(kPath, OpenMode::Append, raw);
+    EXPECT_EQ(raw->cutBack(9, 2), Outcome::Done);
+    EXPECT_EQ(station.get(kPath), "0123456789");
+    EXPECT_EQ(raw->cutBack(10, 8), Outcome::Done);
+    EXPECT_EQ(station.get(kPath), "01234567");
+}
+
 TEST_F(SlotFileTest, is_flushed_after_the_unlock_and_before_it_is_closed)
 {
     ASSERT_TRUE(openLocked(file, SlotUse::Append));

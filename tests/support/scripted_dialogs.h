@@ -33,35 +33,26 @@ public:
                 WhileOpen whileOpen = {})
     {
         EXPECT_EQ(buttons == Buttons::YesNo, answer == Answer::Yes || answer == Answer::No);
-        expected.push_back({boxOf(title, text, buttons), answer, {}, std::move(whileOpen)});
-    }
-    /// The same for a box in which the user types, or says Cancel where there is no `typed`.
-    void expectInput(const std::string &title, const std::string &text,
-                     std::optional<std::string> typed, const std::string &initial = {},
-                     bool hidden = false)
-    {
-        expected.push_back({boxOf(title, text, initial, hidden), {}, std::move(typed), {}});
+        expected.push_back({boxOf(title, text, buttons), answer, std::move(whileOpen)});
     }
 
 protected:
     Answer ask(const std::string &title, const std::string &text, Buttons buttons) override
     {
-        const auto answered = take(boxOf(title, text, buttons));
         const Answer harmless = buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
-        return answered ? answered->answer : harmless;
+        return take(boxOf(title, text, buttons)).value_or(harmless);
     }
     std::optional<std::string> askText(const std::string &title, const std::string &text,
-                                       const std::string &initial, bool hidden) override
+                                       const std::string &, bool) override
     {
-        const auto answered = take(boxOf(title, text, initial, hidden));
-        return answered ? answered->typed : std::nullopt;
+        ADD_FAILURE() << "no text was expected to be asked for: [" << title << "] " << text;
+        return std::nullopt;
     }
 
 private:
     struct Expectation {
         std::string box; // everything that is seen of it, in words
         Answer answer = Answer::Cancel;
-        std::optional<std::string> typed;
         WhileOpen whileOpen;
     };
 
@@ -70,14 +61,9 @@ private:
         constexpr std::array kCaptions = {" (Ok)", " (Ok, Cancel)", " (Yes, No)"};
         return "[" + title + "] " + text + kCaptions[static_cast<std::size_t>(buttons)];
     }
-    static std::string boxOf(const std::string &title, const std::string &text,
-                             const std::string &initial, bool hidden)
-    {
-        return "[" + title + "] " + text + (hidden ? " (hidden: " : " (typed: ") + initial + ")";
-    }
 
     /// The answer to the box, or nothing when it was not expected or the program ended behind it.
-    std::optional<Expectation> take(const std::string &box)
+    std::optional<Answer> take(const std::string &box)
     {
         EXPECT_EQ(expected.empty() ? "no box" : expected.front().box, box);
         if (expected.empty())
@@ -90,7 +76,7 @@ private:
             answered.whileOpen();
         if (answered.box != box || (run.ending() && !wasEnding))
             return std::nullopt;
-        return answered;
+        return answered.answer;
     }
 
     platform::Run &run;
