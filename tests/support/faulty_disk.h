@@ -21,7 +21,7 @@ public:
     using Outcome = platform::Outcome;
 
     /// `theRoot` is left out of the paths in the log.
-    FaultyDisk(platform::Disk &theDisk, std::string theRoot)
+    explicit FaultyDisk(platform::Disk &theDisk, std::string theRoot = {})
         : disk(theDisk), root(std::move(theRoot))
     {
     }
@@ -34,7 +34,7 @@ public:
     void stopAt(std::size_t n, std::function<void()> onStop, bool torn = false)
     {
         failAt(n, Outcome::Broken, torn);
-        kill = [this, onStop] {
+        whenStopped = [this, onStop] {
             dead = true;
             if (onStop)
                 onStop();
@@ -110,8 +110,8 @@ private:
                 given = outcome;
         if (log.size() == fault.number) {
             given = fault.outcome;
-            if (kill)
-                kill();
+            if (whenStopped)
+                whenStopped();
         }
         if (dead)
             given = Outcome::Broken;
@@ -123,7 +123,7 @@ private:
     std::map<std::pair<std::string, std::string>, Outcome> rules;
     std::vector<std::string> log;
     Fault fault;
-    std::function<void()> kill;
+    std::function<void()> whenStopped;
     Outcome given = Outcome::Done;
     bool dead = false;
 };
