@@ -34,7 +34,6 @@ void EntryDetails::open(const std::string &file, long slot, const std::string &s
 void EntryDetails::load()
 {
     loaded = true;
-    fields = {};
     fields.Label9 = records::deletedFile(app.values, app.clock.now());
     Timer1.setInterval(500);
 }

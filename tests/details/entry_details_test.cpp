@@ -111,7 +111,11 @@ struct Story : details::EntryView, platform::Dialogs {
             {"fill", [&] { entry.Fill_data(); }},
             {"KEEP", [&] { app.values.editMode = "KEEP"; }},
             {"shrink", [&] { station.put(file(), slotOf("1")); }},
-            {"locked", [&] { done(held.open(platform::SlotUse::Rewrite)) && done(held.lock()); }},
+            {"locked ",
+             [&] {
+                 held = std::make_unique<platform::SlotFile>(other.files, kFiles.at(word), 500);
+                 EXPECT_TRUE(done(held->open(platform::SlotUse::Rewrite)) && done(held->lock()));
+             }},
             {"wait", [&] { station.advance(500); }},
             {"type ", [&] { typed = word; }},
             {"no answer", [&] { typed.reset(); }},
@@ -243,7 +247,7 @@ struct Story : details::EntryView, platform::Dialogs {
     bool open = false;
     int busy = 0;
     support::TestStation other{&station};
-    platform::SlotFile held{other.files, kFiles.at("PEND"), kCardSlotLength};
+    std::unique_ptr<platform::SlotFile> held; // by the other station
     details::EntryDetails entry{app,
                                 printer,
                                 *this,
