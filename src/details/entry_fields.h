@@ -37,8 +37,8 @@ struct EntryFields {
     std::array<bool, 2> SSCommand9Enabled{true, true}; // arrows: previous, next
     bool SSCommand12Visible = false;                   // "Delete and Print a Receipt"
     bool SSCommand13Visible = false;                   // "UnDelete - Move to Pending List"
-    bool numberRevealed = false;                       // Text2 is hidden, Text1(0) shows
-    bool trackLineRevealed = false;                    // Text1(3) shows its characters
+    bool numberRevealed = false;    // Text2 is hidden; before, nobody may read Text1(0)
+    bool trackLineRevealed = false; // Text1(3) shows its characters
 
     bool operator==(const EntryFields &) const = default;
 };
