@@ -11,17 +11,27 @@ void Run::yield()
     ignoring = outer;
 }
 
+void Run::glance()
+{
+    const int outer = std::exchange(ignoring, 0);
+    loop.glance();
+    ignoring = outer;
+}
+
 void Run::fail(std::string_view operation, std::string_view path, Outcome outcome)
+{
+    std::string text(operation);
+    fail(text.append(" failed: ").append(textOf(outcome)).append("\n").append(path));
+}
+
+void Run::fail(const std::string &message)
 {
     if (over)
         return;
     over = true;
     failure = true;
-    if (reportFailure) {
-        std::string text(operation);
-        text.append(" failed: ").append(textOf(outcome)).append("\n").append(path);
-        reportFailure(text);
-    }
+    if (reportFailure)
+        reportFailure(message);
 }
 
 } // namespace platform

@@ -16,6 +16,9 @@ class EventLoop {
 public:
     virtual ~EventLoop() = default;
     virtual void turn() = 0;
+    /// The same without the rest, for work that goes on at once. It may be called a hundred
+    /// thousand times: a loop for which a turn costs something makes one every few milliseconds.
+    virtual void glance() { turn(); }
 };
 
 class Run {
@@ -27,6 +30,8 @@ public:
     /// Lets other events run once. Handlers that run inside do not inherit an ErrorsIgnored
     /// scope of the caller: it is set aside for the turn and restored behind it.
     void yield();
+    /// The same in the midst of work, by EventLoop::glance(): at every record of a list.
+    void glance();
 
     /// Asks for the end of the program. From here on the file layer is shut and every dialog
     /// answers Cancel; every loop tests ending(). What must still happen happens before.
@@ -36,6 +41,8 @@ public:
     /// A file operation failed outside every ErrorsIgnored scope: shuts the file layer, shows the
     /// system's own message once (`operation` and `path` named) and ends the program.
     void fail(std::string_view operation, std::string_view path, Outcome outcome);
+    /// The same for what is no file operation, such as a text that should be a date.
+    void fail(const std::string &message);
     bool failed() const { return failure; }
 
     bool errorsIgnored() const { return ignoring > 0; }

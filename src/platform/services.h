@@ -22,6 +22,7 @@ struct Services {
     const Installation &installation;
 
     void yield() const { run.yield(); }
+    void glance() const { run.glance(); }
     void end() const { run.end(); }
     bool ending() const { return run.ending(); }
 };

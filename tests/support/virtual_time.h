@@ -43,12 +43,15 @@ public:
 
     /// Moves on by `maxStep` at most, never past the next scripted event or due timer; then runs
     /// the due events, in the order of their times, and fires the due timers.
-    void turn() override
+    void turn() override { turnBy(maxStep); }
+    /// A turn of 1 ms at most.
+    void glance() override { turnBy(1); }
+    void turnBy(std::uint64_t step)
     {
         if (everyTurn)
             everyTurn();
         const bool inTime = elapsed <= limit;
-        std::uint64_t next = elapsed + maxStep;
+        std::uint64_t next = elapsed + step;
         if (const auto due = nextDue())
             next = std::min(next, *due);
         if (!events.empty())

@@ -45,11 +45,26 @@ QtEventLoop::QtEventLoop(QtClock &theClock) : clock(theClock)
 {
     alarm.setSingleShot(true);
     alarm.setTimerType(Qt::PreciseTimer);
+    sinceDelivery.start();
 }
 
 void QtEventLoop::turn()
 {
-    const bool outermost = depth++ == 0;
+    deliver(depth++ == 0);
+    rest();
+    --depth;
+}
+
+void QtEventLoop::glance()
+{
+    if (sinceDelivery.elapsed() < kGlanceEvery)
+        return;
+    deliver(depth++ == 0);
+    --depth;
+}
+
+void QtEventLoop::deliver(bool outermost)
+{
     QCoreApplication::processEvents();
     // Below an outermost turn no handler runs. An inner one leaves it to Qt's own count of levels.
     if (outermost)
@@ -58,8 +73,7 @@ void QtEventLoop::turn()
     // as left by a running handler.
     QEvent due(QEvent::User);
     QCoreApplication::sendEvent(this, &due);
-    rest();
-    --depth;
+    sinceDelivery.restart();
 }
 
 bool QtEventLoop::event(QEvent *event)

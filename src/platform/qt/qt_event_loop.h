@@ -39,16 +39,21 @@ public:
     static constexpr int kLongestRest = 5;
 
     explicit QtEventLoop(QtClock &theClock);
+    /// A glance is a turn without the rest, and none within so much of the last one.
+    static constexpr int kGlanceEvery = 5;
     void turn() override;
+    void glance() override;
 
 protected:
     bool event(QEvent *event) override;
 
 private:
+    void deliver(bool outermost);
     void rest();
 
     QtClock &clock;
     QTimer alarm;
+    QElapsedTimer sinceDelivery;
     int depth = 0;
 };
 
