@@ -1,6 +1,7 @@
 #include "records/text.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <utility>
 
@@ -18,13 +19,15 @@ bool isSmallLetter(char c)
     return c >= 'a' && c <= 'z';
 }
 
+/// By hand: a list trims a dozen short fields a record.
 std::string_view withoutBlanks(std::string_view text)
 {
-    constexpr std::string_view kBlanks(" \0", 2);
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+    const auto isBlankChar = [](char c) { return c == ' ' || c == '\0'; };
+    while (!text.empty() && isBlankChar(text.back()))
+        text.remove_suffix(1);
+    while (!text.empty() && isBlankChar(text.front()))
+        text.remove_prefix(1);
+    return text;
 }
 
 /// Digits, one point, digits, from `at` on; true when there was a digit.
@@ -91,6 +94,9 @@ std::size_t mandatoryDigits(std::string_view mask)
     return static_cast<std::size_t>(std::count(mask.begin(), mask.end(), '0'));
 }
 
+constexpr const char *kMonthNames[] = {"January",   "February", "March",    "April",
+                                       "May",       "June",     "July",     "August",
+                                       "September", "October",  "November", "December"};
 constexpr const char *kDayNames[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
                                      "Thursday", "Friday", "Saturday"};
 
@@ -132,6 +138,8 @@ private:
             return when.hour < 12 ? "AM" : "PM";
         if (take("dddd"))
             return kDayNames[when.weekday()];
+        if (take("mmmm"))
+            return kMonthNames[when.month - 1];
         if (take("dd"))
             return padded(when.day, 2);
         if (take("yyyy"))
@@ -162,6 +170,31 @@ private:
     bool afterHour = false;
     std::size_t at = 0;
 };
+
+/// A number of `least` to `most` digits in front of `text`, which it takes off; -1 for another.
+int takeNumber(std::string_view &text, std::size_t least, std::size_t most)
+{
+    std::size_t digits = 0;
+    int number = 0;
+    for (; digits < text.size() && isDigit(text[digits]) && digits < most; ++digits)
+        number = number * 10 + (text[digits] - '0');
+    text.remove_prefix(digits);
+    return digits >= least ? number : -1;
+}
+
+bool takeSlash(std::string_view &text)
+{
+    const bool found = !text.empty() && text.front() == '/';
+    text.remove_prefix(found ? 1 : 0);
+    return found;
+}
+
+int daysIn(int month, int year)
+{
+    constexpr std::array<int, 12> kDays = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+    return kDays[static_cast<std::size_t>(month - 1)] + (leap && month == 2 ? 1 : 0);
+}
 
 } // namespace
 
@@ -265,9 +298,9 @@ std::string Currency(std::string_view text)
 
 std::string Format_Money(Money value)
 {
-    const std::string text = Format(Currency(value), "#######.##");
-    const std::size_t decimals = text.size() - 1 - text.rfind('.');
-    return text + std::string(2 - decimals, '0');
+    const NumberParts parts = split(value, 2);
+    std::string text = parts.negative ? "-" : "";
+    return text.append(parts.whole).append(".").append(parts.fraction);
 }
 
 std::string plainText(Money value)
@@ -307,6 +340,23 @@ bool startsWith(std::string_view text, std::string_view beginning)
 int dayNumber(const platform::DateTime &when)
 {
     return (when.year * 100 + when.month) * 100 + when.day;
+}
+
+int dayOf(std::string_view text)
+{
+    std::string_view rest = withoutBlanks(text);
+    platform::DateTime date;
+    date.month = takeNumber(rest, 1, 2);
+    bool good = takeSlash(rest);
+    date.day = takeNumber(rest, 1, 2);
+    good = takeSlash(rest) && good;
+    const bool shortYear = rest.size() == 2;
+    date.year = takeNumber(rest, 2, 4);
+    good = good && (shortYear || date.year >= 1000) && rest.empty();
+    date.year += shortYear ? 2000 : 0;
+    good = good && date.month >= 1 && date.month <= 12 && date.day >= 1 &&
+           date.day <= daysIn(date.month, date.year);
+    return good ? dayNumber(date) : 0;
 }
 
 } // namespace records

@@ -37,8 +37,8 @@ std::string Format(Money value, std::string_view mask);
 /// The same for a text; a text that is no number stays as it is.
 std::string Format(std::string_view text, std::string_view mask);
 
-/// A date or time mask of MM DD YY YYYY HH NN SS DDDD and ampm (in any case); MM right after an
-/// hour is minutes; with ampm the hour has 12 hours. English names. "HH:MM ampm" is "01:05 PM".
+/// A date or time mask of MM MMMM DD DDDD YY YYYY HH NN SS and ampm (in any case); MM right after
+/// an hour is minutes; with ampm the hour has 12 hours. English names. "HH:MM ampm" is "01:05 PM".
 std::string Format(const platform::DateTime &when, std::string_view mask);
 
 /// "$1,234.50", negative "($5.00)"; a text is read as by readNumber, else as by Val.
@@ -60,5 +60,8 @@ std::string toLower(std::string_view text);
 bool startsWith(std::string_view text, std::string_view beginning);
 /// Calendar day as a number that sorts (YYYYMMDD).
 int dayNumber(const platform::DateTime &when);
+/// The same of a date "MM/DD/YY" or "MM/DD/YYYY", blanks around it allowed, month and day of one
+/// digit too; a year of two digits is 20YY. 0 for what is no date.
+int dayOf(std::string_view text);
 
 } // namespace records

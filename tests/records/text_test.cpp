@@ -67,6 +67,13 @@ TEST(Dates, ArePrintedInEveryMaskAsTheGoldenTableSays)
     });
 }
 
+TEST(Dates, AreReadAsDaysOrAsNone)
+{
+    support::expectTable("records/days.txt", [](const std::string &text) {
+        return std::vector{std::to_string(dayOf(text))};
+    });
+}
+
 TEST(TrimTest, CutsBlanksAloneAndTakesAnUnassignedFieldForEmpty)
 {
     EXPECT_EQ(Trim("  a b  "), "a b");
