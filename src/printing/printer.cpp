@@ -129,6 +129,12 @@ void Printer::newPage()
     add(Kind::NewPage);
 }
 
+void Printer::setLandscape(bool on)
+{
+    landscape = on;
+    job.landscape = open && on;
+}
+
 void Printer::closeJob()
 {
     if (open)
@@ -147,6 +153,7 @@ void Printer::begin()
         return;
     resolve();
     job.title = "Lumbrio card slip";
+    job.landscape = landscape;
     fontWritten = false;
     open = true;
 }

@@ -56,6 +56,8 @@ public:
     /// The knife. It leaves the font at 10 points.
     void cut();
     void newPage();
+    /// Lays the open job, and those to come, across the page. A roll has no orientation.
+    void setLandscape(bool on);
 
     bool jobOpen() const { return open; }
     /// Hands the job to its printer; a printer that is not there loses it. Without an open job
@@ -88,6 +90,7 @@ private:
     platform::PrintFont current;
     platform::PrintFont written; // the font that the open job is in, once it has one
     bool fontWritten = false;
+    bool landscape = false;
     platform::PrintJob job;
     bool open = false;
 };
