@@ -49,6 +49,11 @@ Outcome SlotFile::open(SlotUse use)
     return judge("Opening", attach());
 }
 
+bool SlotFile::isStillThere() const
+{
+    return isOpen() && file->isStillAt(files.realPath(name));
+}
+
 Outcome SlotFile::attach()
 {
     Disk &disk = files.rawDisk();
@@ -174,7 +179,7 @@ Outcome SlotFile::append(std::string_view bytes, long &slot)
         return judge("Writing", Outcome::Broken);
     dropBuffer();
     // Without the lock the file may just have been replaced; the old one is nobody's any more.
-    if (!locked && !file->isStillAt(files.realPath(name))) {
+    if (!locked && !isStillThere()) {
         if (const Outcome outcome = attach(); !done(outcome))
             return judge("Opening", outcome);
     }

@@ -50,6 +50,9 @@ public:
     /// Flushes what was written (after the unlock, on the still open descriptor) and closes.
     Outcome close();
     bool isOpen() const { return file != nullptr; }
+    /// The open file is the one at the path still; nobody has replaced it.
+    bool isStillThere() const;
+    const std::string &path() const { return name; }
 
 private:
     Outcome judge(std::string_view operation, Outcome outcome);

@@ -1,5 +1,7 @@
 #include "records/card_files.h"
 
+#include "records/card_rewrite.h"
+
 namespace records {
 
 namespace {
@@ -13,11 +15,6 @@ std::string wholeSlot(const CardRecord &record)
     std::string slot(record.view());
     slot.resize(kCardSlotLength, '\0');
     return slot;
-}
-
-bool isSettled(const CardRecord &record)
-{
-    return startsWith(record.text(CCAdjStatus), "Com");
 }
 
 /// Opens and locks. Inside ErrorsIgnored a refused lock is passed over; outside it the program is
@@ -59,6 +56,11 @@ std::string monthFile(const ProcessValues &values, const platform::DateTime &whe
 std::string deletedFile(const ProcessValues &values, const platform::DateTime &when)
 {
     return values.Remotedir + "\\data\\" + Format(when, "MMYY") + "CCdeleted.dat";
+}
+
+bool isSettled(const CardRecord &record)
+{
+    return startsWith(record.text(CCAdjStatus), "Com");
 }
 
 StoredRecord addRecord(App &app, const std::string &file, const CardRecord &record)
@@ -127,24 +129,14 @@ Outcome setEveryStatus(App &app, const std::string &file, std::string_view statu
 
 Outcome removeRecord(App &app, const std::string &file, long slot)
 {
-    SlotFile slots(app.files, file, kCardSlotLength);
-    if (const Outcome opened = openLocked(app, slots, SlotUse::Append); !done(opened))
-        return opened;
-    std::string remaining;
-    long at = 1;
-    for (; at <= slots.count(); ++at) {
-        std::string bytes(kCardSlotLength, '\0');
-        if (const Outcome outcome = slots.read(at, bytes); !done(outcome))
-            return outcome;
-        if (at != slot)
-            remaining += bytes;
-    }
-    if (slot < 1 || slot >= at)
-        return Outcome::Done;
-    // A length that cannot be read counts 0 too: never replace what was not walked through.
-    if (app.ending() || slots.count() != at - 1)
-        return Outcome::Broken;
-    return app.files.replaceWhole(file, remaining);
+    long at = 0;
+    const auto fateOf = [&](const CardRecord &) {
+        return ++at == slot ? Fate::Vanishes : Fate::Stays;
+    };
+    return rewriteCardFile(app, {.file = file,
+                                 .target = {},
+                                 .workFile = app.values.Remotedir + "CCPending.TMP",
+                                 .fateOf = fateOf});
 }
 
 long countRecords(App &app, const std::string &file)
@@ -157,30 +149,13 @@ long countRecords(App &app, const std::string &file)
 
 void moveSettledRecords(App &app)
 {
-    const std::string pendingPath = pendingFile(app.values);
-    SlotFile pending(app.files, pendingPath, kCardSlotLength);
-    if (!done(pending.open(SlotUse::Append)) || !done(pending.lock()))
-        return;
-    SlotFile month(app.files, monthFile(app.values, app.clock.now()), kCardSlotLength);
-    if (!done(openLocked(app, month, SlotUse::Append)))
-        return;
-    std::string remaining;
-    long slot = 1;
-    for (; slot <= pending.count() && !app.ending(); ++slot) {
-        CardRecord record;
-        long landed = 0;
-        if (!done(pending.read(slot, record.data())))
-            return;
-        if (!isSettled(record))
-            remaining += wholeSlot(record);
-        else if (!done(month.append(wholeSlot(record), landed)))
-            return;
-    }
-    month.unlock();
-    // A length that cannot be read counts 0 too: never replace what was not walked through.
-    if (app.ending() || !done(month.close()) || slot == 1 || pending.count() != slot - 1)
-        return;
-    app.files.replaceWhole(pendingPath, remaining);
+    const auto fateOf = [](const CardRecord &record) {
+        return isSettled(record) ? Fate::Moves : Fate::Stays;
+    };
+    rewriteCardFile(app, {.file = pendingFile(app.values),
+                          .target = monthFile(app.values, app.clock.now()),
+                          .workFile = app.values.Remotedir + "CCPending.Tmp",
+                          .fateOf = fateOf});
 }
 
 } // namespace records

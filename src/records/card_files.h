@@ -46,19 +46,18 @@ void repeatRecord(App &app, const std::string &file, long slot, const CardRecord
 /// record changes. A missing file is created empty.
 platform::Outcome setEveryStatus(App &app, const std::string &file, std::string_view status);
 
-/// Takes slot N out. All other slots stay byte for byte in their order; the file is replaced whole
-/// under its lock, as by moveSettledRecords. A slot that does not exist changes nothing; a missing
-/// file is created empty.
+/// Takes slot N out, by rewriteCardFile(). All other slots stay byte for byte in their order. A
+/// slot that does not exist changes nothing; a missing file is created empty.
 platform::Outcome removeRecord(App &app, const std::string &file, long slot);
 
 /// Number of records: length / 500 to the nearest; 0 without the file.
 long countRecords(App &app, const std::string &file);
 
-/// Moves every record whose trimmed `CCAdjStatus` begins with "Com" from "CCPending.dat" to the
-/// month file; the order of the others is kept. They are in the month file, flushed, before they
-/// leave the pending file, which is replaced whole under its lock. Without that lock nothing moves.
-/// A record that another station appends meanwhile without the lock is carried over up to the last
-/// look at the length, right before the replacement.
+/// The trimmed `CCAdjStatus` begins with "Com", in just these letters.
+bool isSettled(const CardRecord &record);
+
+/// Moves the settled records from "CCPending.dat" to the month file, by rewriteCardFile(). Without
+/// the lock nothing moves.
 void moveSettledRecords(App &app);
 
 } // namespace records

@@ -47,6 +47,9 @@ public:
         rules[{operation, pathEnd}] = outcome;
     }
 
+    /// Called before each operation, with its number: the moment at which another process acts.
+    std::function<void(std::size_t n)> before;
+
     /// Operations so far.
     std::size_t operations() const { return log.size(); }
     /// One line an operation: "12 append c/Lumbrio/Data/CCPending.dat 500 bytes".
@@ -103,6 +106,8 @@ private:
     {
         const std::string line = operation + ' ' + nameOf(path) + details;
         log.push_back(std::to_string(log.size() + 1) + ' ' + line);
+        if (before)
+            before(log.size());
         given = Outcome::Done;
         for (const auto &[rule, outcome] : rules)
             if (rule.first == operation &&
