@@ -27,6 +27,7 @@ public:
     }
 
     std::string executable = "TndrCC";
+    bool connected = true;
     std::function<void(const Started &)> onStart;
     std::function<void(const std::string &imageName)> onKill;
 
@@ -51,7 +52,7 @@ public:
     std::string executableName() override { return executable; }
     Outcome openEditor(const std::string &) override { return Outcome::Done; }
     Outcome openBrowser(const std::string &) override { return Outcome::Done; }
-    bool connectionTest() override { return true; }
+    bool connectionTest() override { return connected; }
     void playSound(const std::string &path) override { played.push_back(path); }
 
 private:

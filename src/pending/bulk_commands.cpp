@@ -1,0 +1,133 @@
+// Bulk commands: each drives the details of one entry after the other, without their screen.
+// Whatever a save does there happens here too.
+#include "pending/pending.h"
+#include "pending/pending_working.h"
+#include "records/trace.h"
+
+#include <utility>
+
+namespace pending {
+
+using namespace records;
+
+namespace {
+
+/// The details without a window.
+class NoScreen : public details::EntryView {
+public:
+    void refresh(const details::EntryFields &) override {}
+    void focusTip() override {}
+    void setBusyPointer(bool) override {}
+    std::optional<std::string> choosePrinter(const std::vector<std::string> &,
+                                             const std::string &) override
+    {
+        return std::nullopt;
+    }
+    void unload() override {}
+};
+
+constexpr const char *kForceCompleted =
+    "Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be "
+    "batched out.";
+constexpr const char *kOnlyIfBatched =
+    " Only do this if you are sure these transactions have been batched out already.";
+
+} // namespace
+
+void Pending::SSCommand11_Click()
+{
+    const Working here(*this);
+    if (!here)
+        return;
+    const platform::Answer answer = app.dialogs.message(
+        "FORCE ALL NO TIP",
+        "Are you sure, All entries will be marked no tip and be ready to finiliaze",
+        platform::Buttons::OkCancel);
+    if (answer == platform::Answer::Ok) {
+        trace("     ***  USER CLICKED FORCE ALL NO TIPS  ***");
+        driveEntries([](details::EntryDetails &entry) { entry.SSCommand2_Click(); });
+    }
+    app.values.editMode = "DO NOT KEEP";
+}
+
+void Pending::SSCommand15_Click()
+{
+    forceAllCompleted(std::string(kForceCompleted) + kOnlyIfBatched);
+}
+
+void Pending::Image1_Click()
+{
+    forceAllCompleted(kForceCompleted);
+}
+
+// Kept: declined rows are marked too, "Finish" then archives them; and the edit mode stays "KEEP".
+void Pending::forceAllCompleted(const std::string &question)
+{
+    const Working here(*this);
+    if (!here)
+        return;
+    enable(2, true);
+    fields.SSCommand[5].visible = true;
+    fields.SSCommand[2].visible = false;
+    show();
+    trace("     ***  USER CLICKED FORCE ALL COMPLETED ***");
+    const platform::Answer answer =
+        app.dialogs.message("FORCE ALL COMPLETED", question, platform::Buttons::OkCancel);
+    if (answer != platform::Answer::Ok)
+        return trace("     ***  USER CLICKED CANCEL  ***");
+    trace("     ***  USER CLICKED OK DO IT  ***");
+    driveEntries([](details::EntryDetails &entry) {
+        entry.setStatus("Completed");
+        entry.SSCommand1_Click();
+    });
+}
+
+/// The slots are taken before the first save: its reload brings the rows back into the order of
+/// the file, and a walk by index would meet one entry twice and miss another.
+void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &step)
+{
+    std::vector<long> slots;
+    for (const ListRow &row : MList1)
+        slots.push_back(row.slot);
+    app.values.editMode = "KEEP";
+    NoScreen nobody;
+    details::EntryCallbacks callbacks;
+    callbacks.reloadPending = [this] { reloadQuietly(); };
+    details::EntryDetails entry(app, printer, nobody, callbacks);
+    bulk = true;
+    for (const long slot : slots) {
+        if (app.ending())
+            break;
+        entry.open(fields.Label6, slot, "PEND");
+        step(entry);
+        showProgress(slot);
+        app.glance();
+    }
+    bulk = false;
+    showQuietlyLoaded();
+}
+
+/// One reload for each save, as the log tells it; the screen shows the last one, at the end.
+void Pending::reloadQuietly()
+{
+    ListBuilder fresh(app.clock.now());
+    readList(fresh, [] {});
+    if (app.ending())
+        return;
+    takeTotals(fresh);
+    traceList(fresh);
+    quietlyLoaded = std::move(fresh);
+}
+
+void Pending::showQuietlyLoaded()
+{
+    std::optional<ListBuilder> fresh = std::exchange(quietlyLoaded, std::nullopt);
+    if (!fresh || app.ending())
+        return;
+    clearList();
+    takeRows(*fresh);
+    Enable_Buttons();
+    show();
+}
+
+} // namespace pending

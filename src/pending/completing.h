@@ -1,0 +1,39 @@
+// Rewrites of "CCPending.dat" that move settled, declined and dated records out of it, and the
+// backups around them.
+#pragma once
+
+#include "records/app.h"
+
+#include <functional>
+#include <string>
+
+namespace pending {
+
+/// Told the slots of a walk through the locked file; no event may run in it.
+using Progress = std::function<void(long slot)>;
+
+/// "Finish": every number is scrambled in its slot, settled records move to the month file, empty
+/// slots vanish. Called in ErrorsIgnored.
+/// Kept: a refused lock is passed over. Nobody's record is lost by it: what others append comes
+/// along, and when the file was replaced meanwhile it is left alone.
+platform::Outcome finishPending(records::App &app, const Progress &progress);
+
+/// "Mark Completed": the records of one day, "MM/DD/YYYY" or "MM/DD/YY", move to the month file as
+/// "Completed", whatever their status was. A record with a status and without a date, or a `date`
+/// that is none, ends the program with the system's message; nothing has left the file then, but
+/// the records before it are in the month file already.
+platform::Outcome markCompleted(records::App &app, const std::string &date,
+                                const Progress &progress);
+
+/// "DELETE RED'S": records whose `CCstatus` begins with "Decl" move to the month's deleted file.
+/// Kept: a "Dec" without the "l" shows red and holds up the batch, but stays.
+platform::Outcome deleteDeclines(records::App &app, const Progress &progress);
+
+/// Copies "CCpending.dat" of `Remotedir`, if it is there, to "data\CCdata\" + MMDDYYYYHHMMSS +
+/// `name` in `Remotedir`, and in `Maindir` where that is another directory.
+platform::Outcome backUpPending(records::App &app, const std::string &name);
+
+inline constexpr const char *kBackup = "CCpending.dat";
+inline constexpr const char *kBatchBackup = "CCpendingBatch.dat";
+
+} // namespace pending

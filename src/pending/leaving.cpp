@@ -1,0 +1,134 @@
+// Leaving the list: "Finish", "Done", and the commands that move a day or the declines out of it.
+#include "pending/completing.h"
+#include "pending/pending.h"
+#include "pending/pending_working.h"
+#include "records/card_files.h"
+#include "records/card_helpers.h"
+
+#include <chrono>
+
+namespace pending {
+
+using namespace records;
+using namespace std::chrono_literals;
+using platform::Outcome;
+
+namespace {
+
+constexpr std::uint32_t kLongestExit = 60'000; // ms
+constexpr const char *kUpdating = "Updating Data File - Just a momnet Please";
+constexpr const char *kCompleted = "Operation is completed";
+
+} // namespace
+
+std::string Pending::markerFile() const
+{
+    return app.values.Remotedir + "ServerISBatching.dat";
+}
+
+void Pending::SSCommand5_Click()
+{
+    if (const Working here(*this); here)
+        runFinish();
+}
+
+void Pending::runFinish()
+{
+    const platform::ErrorsIgnored ignored(app.run);
+    enable(1, false);
+    Disable_Buttons();
+    panel(kUpdating);
+    const Outcome outcome = finishPending(app, [this](long slot) { showProgress(slot); });
+    backUpPending(app, kBackup);
+    if (!done(outcome))
+        trace("  FINISH NOT DONE - " + std::string(textOf(outcome)) + " - " +
+              pendingFile(app.values));
+    if (leaving != "EXIT")
+        loadList();
+    if (done(outcome))
+        endOfRewrite();
+    else
+        panel("The data file could not be updated (" + std::string(textOf(outcome)) +
+              "). No entry is lost. Please try again.");
+    leaving = kCompleted;
+}
+
+void Pending::endOfRewrite()
+{
+    Enable_Buttons();
+    fields.SSCommand[5].visible = false;
+    fields.SSCommand[2].visible = true;
+    fields.SSPanel2Visible = false;
+    panel(kCompleted);
+    Make_Sound();
+}
+
+void Pending::SSCommand1_Click()
+{
+    const Working here(*this);
+    if (!here)
+        return;
+    for (const int number : {1, 2, 3, 4, 5, 6})
+        enable(number, false);
+    trace("     ***  USER CLICKED DONE  ***");
+    view.setBusyPointer(true);
+    Disable_Buttons();
+    panel("Updating Data - Just a Moment Please");
+    Pause(app, 250ms);
+    leaving = "EXIT";
+    runFinish();
+    Timer3.setInterval(kLongestExit);
+    while (leaving == "EXIT" && !app.ending()) {
+        enable(1, false);
+        app.yield();
+    }
+    panel("Backing up Data = Please Wait");
+    Pause(app, 1500ms);
+    if (app.values.Remotedir.empty())
+        app.values.Remotedir = "C:\\Lumbrio\\";
+    app.files.removeIfThere(markerFile());
+    app.end();
+}
+
+void Pending::Timer3_Timer()
+{
+    Timer3.setInterval(0);
+    leaving = "Expired";
+}
+
+void Pending::SSCommand13_Click()
+{
+    const Working here(*this);
+    if (!here)
+        return;
+    const std::string typed = app.dialogs
+                                  .input(" enter date ", "Enter the date of transactions to move",
+                                         Format(app.clock.now(), "MM/DD/YYYY"))
+                                  .value_or("");
+    fields.SSCommand[5].visible = false;
+    fields.SSCommand[2].visible = false;
+    Disable_Buttons();
+    panel(kUpdating);
+    markCompleted(app, typed, [this](long slot) { showProgress(slot); });
+    if (app.ending())
+        return;
+    loadList();
+    endOfRewrite();
+}
+
+void Pending::SSCommand14_Click()
+{
+    const Working here(*this);
+    if (!here)
+        return;
+    panel("Backing up Data File - Just a moment Please");
+    backUpPending(app, kBatchBackup);
+    deleteDeclines(app, [this](long slot) { showProgress(slot); });
+    if (app.ending())
+        return;
+    loadList();
+    // Behind the load, whose colour passes would hide it.
+    panel("all declines have been deleted");
+}
+
+} // namespace pending

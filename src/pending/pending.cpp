@@ -1,0 +1,342 @@
+#include "pending/pending.h"
+
+#include "pending/pending_working.h"
+#include "pending/printed_list.h"
+#include "records/card_files.h"
+#include "records/delimited.h"
+#include "records/trace.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pending {
+
+using namespace records;
+
+namespace {
+
+constexpr std::uint64_t kPaintEvery = 50; // ms
+
+} // namespace
+
+Pending::Pending(App &theApp, printing::Printer &thePrinter, PendingView &theView,
+                 PendingRoutes theRoutes)
+    : app(theApp), printer(thePrinter), view(theView), routes(std::move(theRoutes)),
+      Timer3(app.clock, [this] { Timer3_Timer(); })
+{
+    fields.SSCommand[5].visible = false;
+    for (const int number : {6, 7, 10, 12})
+        enable(number, true);
+}
+
+void Pending::Form_Load()
+{
+    if (toLower(app.system.executableName()) == "tndrcc")
+        return;
+    if (app.values.Remotedir.empty())
+        app.values.Remotedir = "C:\\Lumbrio\\";
+    fields.SSOption1 = -1;
+    enable(2, false);
+    enable(3, true);
+    app.files.write(markerFile(), quotedLine(""));
+    show();
+}
+
+void Pending::entrySaved()
+{
+    if (bulk)
+        return reloadQuietly();
+    loadAgain = true;
+    const Working here(*this); // loads when it is the outermost; else the command under way does
+}
+
+void Pending::enable(int number, bool on)
+{
+    const bool served = (number != 6 || routes.archive) && (number != 7 || routes.totalsByServer) &&
+                        (number != 10 || routes.totalsByTerminal) &&
+                        (number != 12 || routes.totalsByType);
+    fields.SSCommand[static_cast<std::size_t>(number)].enabled = on && served;
+}
+
+void Pending::check_Connection()
+{
+    fields.connected = app.system.connectionTest();
+    fields.Label20 =
+        fields.connected ? "Internet connection detected!!" : "No internet connection detected...";
+    enable(8, fields.connected);
+}
+
+void Pending::Make_Sound()
+{
+    app.system.playSound(app.values.Maindir + "whoosh.wav");
+}
+
+void Pending::Disable_Buttons()
+{
+    for (const int number : {1, 2, 3, 4, 6, 7, 11})
+        enable(number, false);
+    Make_Sound();
+}
+
+void Pending::Enable_Buttons()
+{
+    for (const int number : {1, 3, 4, 6})
+        enable(number, true);
+    for (const int number : {7, 10, 11, 12})
+        enable(number, !MList1.empty());
+    Make_Sound();
+}
+
+void Pending::panel(const std::string &text)
+{
+    fields.SSPanel1_0 = text;
+    fields.SSPanel1_0Visible = true;
+    show();
+    view.paintNow();
+}
+
+void Pending::show()
+{
+    view.refresh(fields);
+}
+
+void Pending::showProgress(long record)
+{
+    const std::uint64_t now = app.clock.milliseconds();
+    if (now - paintedAt < kPaintEvery)
+        return;
+    paintedAt = now;
+    fields.Label4 = fields.Label19 = std::to_string(record);
+    show();
+    view.paintNow();
+}
+
+void Pending::trace(const std::string &line)
+{
+    app.values.ManagerLogBuffer[0] = line;
+    Write_Log(app);
+}
+
+void Pending::SSCommand3_Click()
+{
+    if (const Working here(*this); here)
+        loadList();
+}
+
+void Pending::loadList()
+{
+    loadAgain = false;
+    Disable_Buttons();
+    check_Connection();
+    ListBuilder fresh(app.clock.now());
+    fields.Label16 = fresh.oldest;
+    fields.Label17 = fresh.newest;
+    std::fill_n(fields.Label5.begin(), 3, "0");
+    fields.Label4Visible = true;
+    fields.Label6 = pendingFile(app.values);
+    clearList();
+    show();
+    view.paintNow();
+    readList(fresh, [this] { app.glance(); });
+    if (app.ending())
+        return;
+    takeTotals(fresh);
+    takeRows(fresh);
+    traceList(fresh);
+    Enable_Buttons();
+    show();
+}
+
+void Pending::clearList()
+{
+    fields.SSOption1 = -1;
+    sortColumn = 0;
+    enable(2, true);
+    MList1.clear();
+    MList2.clear();
+    view.showRows(MList1);
+}
+
+/// The lock lasts as long as the reading: what takes its time, rows and events, comes behind it.
+void Pending::readList(ListBuilder &fresh, const std::function<void()> &atEachRecord)
+{
+    const std::vector<CardRecord> records = readRecords();
+    fresh.reserve(records.size());
+    for (std::size_t i = 0; i < records.size() && !app.ending(); ++i) {
+        const auto slot = static_cast<long>(i) + 1;
+        showProgress(slot);
+        atEachRecord();
+        fresh.add(slot, records[i]);
+    }
+    fields.Label4 = fields.Label19 = std::to_string(records.size());
+}
+
+std::vector<CardRecord> Pending::readRecords()
+{
+    std::vector<CardRecord> records;
+    app.files.createIfMissing(fields.Label6);
+    platform::SlotFile file(app.files, fields.Label6, kCardSlotLength);
+    file.open(platform::SlotUse::Read);
+    file.lock();
+    // Kept: a record that cannot be read shows as the one before it.
+    const platform::ErrorsIgnored ignored(app.run);
+    const long count = file.count();
+    records.reserve(static_cast<std::size_t>(count));
+    CardRecord copy;
+    for (long slot = 1; slot <= count; ++slot) {
+        file.read(slot, copy.data());
+        records.push_back(copy);
+        showProgress(slot);
+    }
+    return records;
+}
+
+void Pending::takeTotals(const ListBuilder &fresh)
+{
+    fields.Label5[0] = Currency(fresh.tabs);
+    fields.Label5[1] = Currency(fresh.tips);
+    fields.Label5[2] = Currency(fresh.grandTotal());
+    fields.Label16 = fresh.oldest;
+    fields.Label17 = fresh.newest;
+    fields.Label18 = std::to_string(fresh.listed) + " Swipes";
+}
+
+void Pending::takeRows(ListBuilder &fresh)
+{
+    if (fresh.sawNotAdjusted || fresh.sawDeleted)
+        enable(2, false);
+    colours.sawDeleted = fresh.sawDeleted;
+    MList1 = std::move(fresh.rows);
+    MList2 = std::move(fresh.types);
+    colourRows();
+    view.showRows(MList1);
+    // Kept: the index of a row, so that after another order it may be another record.
+    if (fields.Label8 > 0 && fields.Label8 < static_cast<long>(MList1.size()))
+        view.selectRow(fields.Label8);
+}
+
+void Pending::colourRows()
+{
+    colours.processEnabled = fields.SSCommand[2].enabled;
+    colours.notice = fields.SSPanel1_0;
+    colours.noticeVisible = fields.SSPanel1_0Visible;
+    Color_Not_Adjusted(MList1, colours);
+    Color_Declines(MList1, colours);
+    fields.Label7 = std::to_string(colours.Label7);
+    fields.SSPanel1_0 = colours.notice;
+    fields.SSPanel1_0Visible = colours.noticeVisible;
+    enable(2, colours.processEnabled);
+}
+
+/// Kept: the count is that of the highest index, one short.
+void Pending::traceList(const ListBuilder &fresh)
+{
+    const std::string rule(46, '=');
+    app.values.ManagerLogBuffer = {rule,
+                                   "-",
+                                   "Current Credit Card File Loaded  ",
+                                   "  Tab Total   " + fields.Label5[0],
+                                   "  Tip Total   " + fields.Label5[1],
+                                   "  Grand Total " + fields.Label5[2],
+                                   "-",
+                                   "  Total List Count " + std::to_string(fresh.listed - 1),
+                                   "-",
+                                   rule};
+    Write_Log(app);
+}
+
+void Pending::SSOption1_Click(int option)
+{
+    const Working here(*this);
+    if (!here)
+        return show();
+    fields.SSOption1 = option;
+    Sort_Rows(sortColumnOf(option));
+}
+
+void Pending::Sort_Rows(int column)
+{
+    sortColumn = column;
+    Sort_List(MList1, sortColumn);
+    view.showRows(MList1);
+    app.yield();
+    colourRows();
+    view.rowsColoured();
+    show();
+}
+
+void Pending::MList1_Click(long index)
+{
+    if (working || index < 0 || index >= static_cast<long>(MList1.size()))
+        return;
+    fields.Label8 = index;
+    view.showEntry(fields.Label6, MList1[static_cast<std::size_t>(index)].slot);
+    enable(12, false);
+    show();
+}
+
+void Pending::SSCommand2_Click()
+{
+    if (const Working here(*this); here)
+        app.dialogs.message("Process",
+                            "This version cannot batch out yet. Nothing has been changed.");
+}
+
+void Pending::SSCommand4_Click()
+{
+    const Working here(*this);
+    if (!here)
+        return;
+    trace("     ***  USER CLICKED PRINT  ***");
+    printList(app, printer, MList1, fields);
+}
+
+void Pending::SSCommand11_Mouse(bool over)
+{
+    if (working)
+        return;
+    fields.SSPanel1_0Visible = over;
+    if (over)
+        fields.SSPanel1_0 = "All entries with no tip will be forced no tip and marked adjusted";
+    show();
+}
+
+void Pending::SScommand6_Click()
+{
+    const Working here(*this);
+    if (!here || !routes.archive)
+        return;
+    trace("     ***  USER CLICKED Archive  ***");
+    routes.archive();
+}
+
+void Pending::SSCommand7_Click()
+{
+    const Working here(*this);
+    if (!here || !routes.totalsByServer)
+        return;
+    trace("     ***  USER CLICKED TOTALS BY SERVER  ***");
+    Sort_Rows(1);
+    routes.totalsByServer();
+}
+
+void Pending::SSCommand10_Click()
+{
+    const Working here(*this);
+    if (!here || !routes.totalsByTerminal)
+        return;
+    trace("     ***  USER CLICKED TOTALS BY STATION  ***");
+    Sort_Rows(11);
+    routes.totalsByTerminal();
+}
+
+void Pending::SSCommand12_Click()
+{
+    const Working here(*this);
+    if (!here || !routes.totalsByType)
+        return;
+    trace("     ***  USER CLICKED TOTALS BY TYPE  ***");
+    routes.totalsByType();
+}
+
+} // namespace pending

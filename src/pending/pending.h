@@ -1,0 +1,116 @@
+// Pending: the procedures of the manager's list of "CCPending.dat", and the bulk commands that
+// empty it. It knows no window: it works on App, on the pen and on the narrow view of its screen.
+#pragma once
+
+#include "details/entry_details.h"
+#include "pending/pending_list.h"
+#include "pending/pending_view.h"
+#include "platform/clock.h"
+#include "printing/printer.h"
+#include "records/app.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pending {
+
+/// Where the screen's commands lead to. A command without its way is greyed out.
+struct PendingRoutes {
+    std::function<void()> archive;
+    std::function<void()> totalsByServer;
+    std::function<void()> totalsByTerminal;
+    std::function<void()> totalsByType;
+};
+
+/// While a load, a walk through the file or a question is under way, another command is ignored.
+/// A file is never locked while events run.
+class Pending {
+public:
+    Pending(records::App &theApp, printing::Printer &thePrinter, PendingView &theView,
+            PendingRoutes theRoutes = {});
+
+    /// The load of the screen; it also sets the batch marker "ServerISBatching.dat", without which
+    /// stations go on taking tenders. Nothing at all in the card role.
+    void Form_Load();
+    /// An entry was saved: the list is loaded again, at once or behind the load that is under way.
+    void entrySaved();
+
+    void SSCommand1_Click();           // "Done", and the window's cross
+    void SSCommand2_Click();           // "Process"
+    void SSCommand3_Click();           // "Refresh"
+    void SSCommand4_Click();           // "Print"
+    void SSCommand5_Click();           // "Finish"
+    void SScommand6_Click();           // "Archive"
+    void SSCommand7_Click();           // "Totals by Servers"
+    void SSCommand10_Click();          // "Totals by Terminal"
+    void SSCommand11_Click();          // "Force ALL NO TIP"
+    void SSCommand11_Mouse(bool over); // moved onto it, or off
+    void SSCommand12_Click();          // "Totals by CC Type"
+    void SSCommand13_Click();          // "Mark Completed"
+    void SSCommand14_Click();          // "DELETE RED'S"
+    void SSCommand15_Click();          // "Mark all completed"
+    void Image1_Click();               // the picture in the corner: the same, a shorter question
+    void SSOption1_Click(int option);  // 0 to 6
+    void MList1_Click(long index);     // a row, from 0
+
+    const PendingFields &state() const { return fields; }
+    const ListRows &rows() const { return MList1; }
+    /// MList2: "card type|tab|tip|total" for each listed record, in the order of the slots.
+    const std::vector<std::string> &types() const { return MList2; }
+
+private:
+    class Working;
+
+    // pending.cpp
+    void enable(int number, bool on);
+    void check_Connection();
+    void Disable_Buttons();
+    void Enable_Buttons();
+    void Make_Sound();
+    void loadList();
+    void clearList();
+    void readList(ListBuilder &fresh, const std::function<void()> &atEachRecord);
+    std::vector<records::CardRecord> readRecords();
+    void takeTotals(const ListBuilder &fresh);
+    void takeRows(ListBuilder &fresh);
+    void colourRows();
+    void traceList(const ListBuilder &fresh);
+    void Sort_Rows(int column);
+    void trace(const std::string &line);
+    void panel(const std::string &text);
+    void showProgress(long record);
+    void show();
+
+    // leaving.cpp
+    void runFinish();
+    void endOfRewrite();
+    void Timer3_Timer();
+    std::string markerFile() const;
+
+    // bulk_commands.cpp
+    void forceAllCompleted(const std::string &question);
+    void driveEntries(const std::function<void(details::EntryDetails &)> &step);
+    void reloadQuietly();
+    void showQuietlyLoaded();
+
+    records::App &app;
+    printing::Printer &printer;
+    PendingView &view;
+    PendingRoutes routes;
+    PendingFields fields;
+    ListRows MList1;
+    std::vector<std::string> MList2;
+    ListState colours;
+    std::optional<ListBuilder> quietlyLoaded; // behind the last save of a bulk command
+    int sortColumn = 0;
+    std::string leaving;    // "EXIT", "Expired", "Operation is completed"
+    platform::Timer Timer3; // the longest that "Done" waits
+    std::uint64_t paintedAt = 0;
+    bool working = false;
+    bool loadAgain = false; // an entry was saved during a load
+    bool bulk = false;
+};
+
+} // namespace pending

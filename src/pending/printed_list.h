@@ -1,0 +1,19 @@
+// The printed list: the manager's list on paper, 50 rows a page, across.
+#pragma once
+
+#include "pending/pending_fields.h"
+#include "pending/pending_list.h"
+#include "printing/printer.h"
+#include "records/app.h"
+
+namespace pending {
+
+/// Prints the records of `rows`, in that order, on the selected printer; then the receipt printer
+/// is selected. Each record is read anew from the file (`Label6`), and a slot that is no longer
+/// there is passed over. A missing file leaves the headings alone.
+/// Kept: the lines have the tab as it stands in the file, not the approved amount; the totals are
+/// those of the screen (`Label5`).
+void printList(records::App &app, printing::Printer &printer, const ListRows &rows,
+               const PendingFields &fields);
+
+} // namespace pending
