@@ -37,6 +37,7 @@ public:
                  std::unique_ptr<platform::DiskFile> &file) override;
     bool isFile(const std::string &path) override { return content.count(path) > 0; }
     bool isDirectory(const std::string &path) override { return !isFile(path); }
+    Outcome modified(const std::string &, platform::DateTime &) override { return Outcome::Broken; }
     Outcome remove(const std::string &path) override
     {
         return content.erase(path) > 0 ? Outcome::Done : Outcome::NotThere;

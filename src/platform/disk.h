@@ -3,6 +3,7 @@
 // stop at the Nth operation.
 #pragma once
 
+#include "platform/clock.h"
 #include "platform/outcome.h"
 
 #include <cstddef>
@@ -60,6 +61,8 @@ public:
                          std::unique_ptr<DiskFile> &file) = 0;
     virtual bool isFile(const std::string &path) = 0;
     virtual bool isDirectory(const std::string &path) = 0;
+    /// When a file was last written to, in local time.
+    virtual Outcome modified(const std::string &path, DateTime &when) = 0;
     virtual Outcome remove(const std::string &path) = 0;
     /// Atomic; replaces a file at `to` and takes over its permissions. Only where Windows cannot
     /// replace an open file is it copied over it instead.

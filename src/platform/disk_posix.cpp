@@ -208,6 +208,7 @@ public:
     Outcome open(const std::string &path, OpenMode mode, std::unique_ptr<DiskFile> &file) override;
     bool isFile(const std::string &path) override { return hasType(path, S_IFREG); }
     bool isDirectory(const std::string &path) override { return hasType(path, S_IFDIR); }
+    Outcome modified(const std::string &path, DateTime &when) override;
     Outcome remove(const std::string &path) override;
     Outcome rename(const std::string &from, const std::string &to) override;
     Outcome makeDirectory(const std::string &path) override;
@@ -230,6 +231,23 @@ Outcome PosixDisk::open(const std::string &path, OpenMode mode, std::unique_ptr<
         return Outcome::Broken;
     }
     file = std::make_unique<PosixFile>(descriptor, mode);
+    return Outcome::Done;
+}
+
+Outcome PosixDisk::modified(const std::string &path, DateTime &when)
+{
+    struct stat found = {};
+    if (::stat(path.c_str(), &found) != 0)
+        return outcomeOf(errno);
+    tm local = {};
+    ::localtime_r(&found.st_mtim.tv_sec, &local);
+    when = {local.tm_year + 1900,
+            local.tm_mon + 1,
+            local.tm_mday,
+            local.tm_hour,
+            local.tm_min,
+            local.tm_sec,
+            0};
     return Outcome::Done;
 }
 

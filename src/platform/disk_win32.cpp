@@ -304,6 +304,7 @@ public:
     Outcome open(const std::string &path, OpenMode mode, std::unique_ptr<DiskFile> &file) override;
     bool isFile(const std::string &path) override;
     bool isDirectory(const std::string &path) override;
+    Outcome modified(const std::string &path, DateTime &when) override;
     Outcome remove(const std::string &path) override;
     Outcome rename(const std::string &from, const std::string &to) override;
     Outcome makeDirectory(const std::string &path) override;
@@ -333,6 +334,19 @@ bool Win32Disk::isDirectory(const std::string &path)
 {
     const DWORD attributes = attributesOf(path);
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+Outcome Win32Disk::modified(const std::string &path, DateTime &when)
+{
+    WIN32_FILE_ATTRIBUTE_DATA found = {};
+    SYSTEMTIME universal = {};
+    SYSTEMTIME local = {};
+    if (GetFileAttributesExW(wideText(path).c_str(), GetFileExInfoStandard, &found) == FALSE ||
+        FileTimeToSystemTime(&found.ftLastWriteTime, &universal) == FALSE ||
+        SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local) == FALSE)
+        return outcomeOf(GetLastError());
+    when = {local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond, 0};
+    return Outcome::Done;
 }
 
 Outcome Win32Disk::remove(const std::string &path)

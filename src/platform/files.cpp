@@ -80,6 +80,13 @@ bool Files::folderExists(std::string_view path)
     return !shut() && !path.empty() && disk.isDirectory(realPath(path));
 }
 
+Outcome Files::modified(std::string_view path, DateTime &when)
+{
+    if (shut())
+        return Outcome::Denied;
+    return judge("Looking at", path, disk.modified(realPath(path), when));
+}
+
 Outcome Files::remove(std::string_view path)
 {
     if (shut())

@@ -28,6 +28,8 @@ public:
     /// separator, is no file.
     bool exists(std::string_view path);
     bool folderExists(std::string_view path);
+    /// When the file was last written to, in local time.
+    Outcome modified(std::string_view path, DateTime &when);
     /// Removing what is not there is a failure (NotThere); callers test first where it may be.
     Outcome remove(std::string_view path);
     /// Removes the file when it is there; NotThere is no failure.

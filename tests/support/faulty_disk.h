@@ -66,6 +66,10 @@ public:
                  std::unique_ptr<platform::DiskFile> &file) override;
     bool isFile(const std::string &path) override { return !dead && disk.isFile(path); }
     bool isDirectory(const std::string &path) override { return !dead && disk.isDirectory(path); }
+    Outcome modified(const std::string &path, platform::DateTime &when) override
+    {
+        return may("modified", path) ? disk.modified(path, when) : given;
+    }
     Outcome remove(const std::string &path) override
     {
         return may("remove", path) ? disk.remove(path) : given;

@@ -1,0 +1,185 @@
+#include "manager/manager_start.h"
+
+#include "pending/completing.h"
+#include "records/configuration.h"
+#include "records/trace.h"
+
+#include <algorithm>
+#include <chrono>
+#include <set>
+#include <utility>
+
+namespace manager {
+
+using namespace records;
+
+namespace {
+
+constexpr std::uint32_t kRouteDelay = 100; // ms
+constexpr int kMonthsOfLogs = 7;
+constexpr int kDaysOfAnswers = 2;
+
+/// The day so long before `today`; the end of a month that is too short.
+int dayBefore(const platform::DateTime &today, int months, int days)
+{
+    using namespace std::chrono;
+    const year_month month = year(today.year) / today.month - std::chrono::months(months);
+    year_month_day date = month / today.day;
+    if (!date.ok())
+        date = month / last;
+    date = sys_days(date) - std::chrono::days(days);
+    return (static_cast<int>(date.year()) * 100 +
+            static_cast<int>(static_cast<unsigned>(date.month()))) *
+               100 +
+           static_cast<int>(static_cast<unsigned>(date.day()));
+}
+
+std::set<std::string> directories(const ProcessValues &values)
+{
+    return {values.Remotedir, values.Maindir};
+}
+
+void log(App &app, const TraceLines &lines)
+{
+    std::copy(lines.begin(), lines.end(), app.values.ManagerLogBuffer.begin());
+    Write_Log(app);
+}
+
+} // namespace
+
+ManagerStart::ManagerStart(App &theApp, ManagerStartView &theView, ManagerRoutes theRoutes)
+    : app(theApp), view(theView), routes(std::move(theRoutes)),
+      Timer1(app.clock, [this] { Timer1_Timer(); })
+{
+}
+
+void ManagerStart::Form_Load()
+{
+    const platform::ErrorsIgnored ignored(app.run);
+    Get_INI(app);
+    fillEmptyDirectories(app);
+    app.values.StationName = app.system.computerName();
+    fields.Label5 = kProgramVersion;
+    // Ahead of the log's first lines, which would have no folder at the very first start.
+    ensureFolders();
+    const platform::DateTime now = app.clock.now();
+    log(app, {std::string(39, '='), "Program Startup on  " + Format(now, "DDDD MM/DD/YYYY"),
+              "                AT  " + Format(now, "HH:MM ampm"), kProgramVersion, " "});
+    enableChoices(true);
+}
+
+void ManagerStart::enableChoices(bool on)
+{
+    for (const std::size_t number : {3U, 4U})
+        fields.SSCommandEnabled[number] = on;
+    view.refresh(fields);
+}
+
+/// The log is written in `Maindir` and copies lie in both, so both have those folders.
+void ManagerStart::ensureFolders()
+{
+    for (const std::string &directory : directories(app.values)) {
+        for (const char *folder : {"data", "data\\ccData", "data\\CCmgrLOGS"})
+            app.files.makeFolder(directory + folder);
+    }
+    for (const char *folder : {"data\\ccDataTMP", "data\\ccDataTMP2"})
+        app.files.makeFolder(app.values.Remotedir + folder);
+}
+
+void ManagerStart::tell(const std::string &status)
+{
+    fields.status = status;
+    view.refresh(fields);
+    view.paintNow();
+}
+
+void ManagerStart::Clean_Logs()
+{
+    tell("Checking Credit Card Batch Logs");
+    Get_CCini(app);
+    const platform::DateTime today = app.clock.now();
+    const int logsBefore = dayBefore(today, kMonthsOfLogs, 0);
+    const int answersBefore = dayBefore(today, 0, kDaysOfAnswers);
+    long logs = 0;
+    for (const std::string &directory : directories(app.values))
+        logs += deleteOld(directory + "data\\CCmgrLOGS", "", logsBefore);
+    tell(std::to_string(logs) + " CC LOG Files");
+    const std::string &payment = app.values.paymentDirectory;
+    if (payment.empty())
+        return;
+    tell(std::to_string(deleteOld(payment + "LocalTrans", ".xca", answersBefore)) +
+         " CC OLD ANSWER Files");
+    tell(std::to_string(deleteOld(payment + "History", ".bak", answersBefore)) +
+         " CC OLD HISTORY Files");
+}
+
+/// Files whose name has this ending and that were last written to before a day.
+long ManagerStart::deleteOld(const std::string &folder, const std::string &ending, int before)
+{
+    long deleted = 0;
+    for (const std::string &name : app.files.list(folder)) {
+        const std::string path = folder + "\\" + name;
+        platform::DateTime when;
+        if (toLower(Right(name, ending.size())) == ending && done(app.files.modified(path, when)) &&
+            dayNumber(when) < before && done(app.files.remove(path)))
+            ++deleted;
+    }
+    return deleted;
+}
+
+void ManagerStart::backUp(const std::string &choice, const TraceLines &behind)
+{
+    const platform::DateTime now = app.clock.now();
+    const platform::Outcome outcome = pending::backUpPending(app, pending::kBackup);
+    TraceLines lines = {"-", choice};
+    if (done(outcome)) {
+        lines.push_back("A backup of the data file was made at1  " + Format(now, "HH:MM ampm"));
+        lines.push_back("File Name - " + Format(now, "MMDDYYYYHHMMSS"));
+    } else if (outcome != platform::Outcome::NotThere) {
+        lines.push_back("  BACKUP NOT MADE - " + std::string(textOf(outcome)));
+    }
+    lines.emplace_back("-");
+    lines.insert(lines.end(), behind.begin(), behind.end());
+    log(app, lines);
+}
+
+void ManagerStart::SSCommand3_Click()
+{
+    if (!fields.SSCommandEnabled[3])
+        return;
+    enableChoices(false);
+    const platform::ErrorsIgnored ignored(app.run);
+    ensureFolders();
+    Clean_Logs();
+    backUp("USER CHOSE AFTER Business Hours  ", {"XchargePend is loading now"});
+    Timer1.setInterval(kRouteDelay);
+}
+
+void ManagerStart::Timer1_Timer()
+{
+    Timer1.setInterval(0);
+    bool stationsAreActive = false;
+    {
+        const platform::ErrorsIgnored ignored(app.run);
+        pending::backUpPending(app, pending::kBackup);
+        stationsAreActive = app.files.exists(app.values.Remotedir + "StationTips.dat");
+        if (app.files.exists(app.values.Maindir + "X1009Version.dat"))
+            app.values.X1009 = true;
+    }
+    enableChoices(true);
+    stationsAreActive ? routes.stationsActive() : routes.openList();
+}
+
+void ManagerStart::SSCommand4_Click()
+{
+    if (!fields.SSCommandEnabled[4])
+        return;
+    enableChoices(false);
+    {
+        const platform::ErrorsIgnored ignored(app.run);
+        backUp("USER CHOSE QUIT  ", {"Program ended normally", "-", std::string(39, '=')});
+    }
+    app.end();
+}
+
+} // namespace manager

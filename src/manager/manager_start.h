@@ -1,0 +1,69 @@
+// ManagerStart: the procedures of the manager's first screen, `TndrMgr`. Before every choice it
+// copies the pending card file, so that no back-office work starts without a copy of the data.
+#pragma once
+
+#include "platform/clock.h"
+#include "records/app.h"
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace manager {
+
+struct ManagerStartFields {
+    std::string Label5; // version
+    std::string status; // what is being cleaned up, or was
+    /// By number: 1 "Tech Only", 2 "NEXT" (during business hours), 3 "NEXT" (after business hours),
+    /// 4 "QUIT", 5 "Supplies", 6 "Backup", 7 "View Log", 8 "Tndr Log", 9 "Config".
+    std::array<bool, 10> SSCommandEnabled{};
+
+    bool operator==(const ManagerStartFields &) const = default;
+};
+
+/// The narrow view that the procedures have of their screen.
+class ManagerStartView {
+public:
+    virtual ~ManagerStartView() = default;
+    virtual void refresh(const ManagerStartFields &fields) = 0;
+    /// Paints what was refreshed before control goes on.
+    virtual void paintNow() = 0;
+};
+
+/// Where the choices lead to. Choices that this version cannot serve yet are greyed out.
+struct ManagerRoutes {
+    /// Shows `XchargePend` and fills its list.
+    std::function<void()> openList;
+    /// Stations are entering tips ("StationTips.dat" is there): shows `XchargeServerUse`.
+    std::function<void()> stationsActive;
+};
+
+class ManagerStart {
+public:
+    ManagerStart(records::App &theApp, ManagerStartView &theView, ManagerRoutes theRoutes);
+
+    /// Reads the configuration, makes the folders and begins the log. Errors are ignored.
+    void Form_Load();
+    void SSCommand3_Click(); // "NEXT": after business hours
+    void SSCommand4_Click(); // "QUIT", and the window's cross
+
+    const ManagerStartFields &state() const { return fields; }
+
+private:
+    void ensureFolders();
+    void Clean_Logs();
+    long deleteOld(const std::string &folder, const std::string &ending, int before);
+    void backUp(const std::string &choice, const std::vector<std::string> &behind);
+    void Timer1_Timer();
+    void tell(const std::string &status);
+    void enableChoices(bool on);
+
+    records::App &app;
+    ManagerStartView &view;
+    ManagerRoutes routes;
+    ManagerStartFields fields;
+    platform::Timer Timer1; // 100 ms behind the choice
+};
+
+} // namespace manager
