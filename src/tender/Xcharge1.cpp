@@ -1,5 +1,6 @@
 #include "tender/Xcharge1.h"
 
+#include "platform/qt/controls.h"
 #include "platform/qt/qt_text.h"
 #include "tender/ManagerApproval.h"
 #include "tender/Xcharge2.h"
@@ -10,27 +11,14 @@
 namespace tender {
 
 using platform::putLook;
+using platform::putValue;
+using platform::putVisible;
 using platform::toQt;
 
 namespace {
 
-constexpr const char *kNothing = "\xE2\x80\x94"; // a dash in the place of an empty value
-
 constexpr int kBoxMargins = 8; // left and right of a text in its box
 constexpr int kWidestAmount = 420;
-
-/// A value and what it is, in one name for screen readers.
-void put(QLabel &label, const QString &value)
-{
-    label.setText(value.isEmpty() ? QString::fromUtf8(kNothing) : value);
-    label.setAccessibleName(label.accessibleDescription() + QStringLiteral(": ") +
-                            (value.isEmpty() ? QStringLiteral("none") : value));
-}
-
-void put(QLabel &label, const std::string &value)
-{
-    put(label, toQt(value).trimmed());
-}
 
 /// Setting a box to what it holds would still move its cursor.
 void put(QLineEdit &box, const std::string &value)
@@ -38,15 +26,6 @@ void put(QLineEdit &box, const std::string &value)
     const QString text = toQt(value);
     if (box.text() != text)
         box.setText(text);
-}
-
-/// Before the screen is shown nothing is said twice: showing a part, even one that is not hidden,
-/// lays it out at once, in a size that it will not have.
-void putVisible(QWidget &part, bool visible)
-{
-    const bool hidden = part.isHidden() && part.testAttribute(Qt::WA_WState_ExplicitShowHide);
-    if (visible == hidden)
-        part.setVisible(visible);
 }
 
 void put(QAbstractButton &command, const CommandState &state)
@@ -154,8 +133,8 @@ void Xcharge1::showTender(const TenderFields &fields)
     const int amountWidth = ui->Text4->fontMetrics().horizontalAdvance(ui->Text4->text());
     ui->Text4->setMinimumWidth(qMin(amountWidth + kBoxMargins, kWidestAmount));
     for (const std::size_t item : {4U, 5U, 6U, 9U, 10U, 12U})
-        put(*Label3[item], fields.Label3[item]);
-    put(*ui->Label9, fields.Label9);
+        putValue(*Label3[item], fields.Label3[item]);
+    putValue(*ui->Label9, fields.Label9);
     ui->Label13_3->setText(toQt(fields.Label13_3));
     if (!app.values.StationName.empty())
         ui->station->setText(toQt("Station " + app.values.StationName));
@@ -164,9 +143,9 @@ void Xcharge1::showTender(const TenderFields &fields)
 
 void Xcharge1::showCard(const TenderFields &fields)
 {
-    put(*Label3[0], shownCardNumber(fields.Label3[0]));
+    putValue(*Label3[0], shownCardNumber(fields.Label3[0]));
     for (const std::size_t item : {1U, 2U, 3U})
-        put(*Label3[item], fields.Label3[item]);
+        putValue(*Label3[item], fields.Label3[item]);
     put(*ui->Text2, fields.Text2);
     put(*ui->Text5, fields.Text5);
     putVisible(*ui->swipeRow, !fields.boxesLocked);
@@ -191,8 +170,8 @@ void Xcharge1::showState(const TenderFields &fields)
     ui->Text1->setEchoMode(fields.Text1Masked ? QLineEdit::Password : QLineEdit::Normal);
     ui->resultCaption->setText(fields.result ? QStringLiteral("Result") : QStringLiteral("Card"));
     putVisible(*ui->resultRow, !fields.Text1.empty());
-    put(*ui->Label4, fields.Label4);
-    put(*ui->Label7, fields.Label7);
+    putValue(*ui->Label4, fields.Label4);
+    putValue(*ui->Label7, fields.Label7);
     ui->waitBar->setValue(ui->Label7->text().toInt());
     putVisible(*ui->waitBar, !fields.result);
     putVisible(*ui->countRow, fields.Label7Visible);
@@ -231,9 +210,9 @@ void Xcharge1::showOptions(const TenderFields &fields)
     ui->SSCheck1->setChecked(fields.SSCheck1);
     ui->SSCheck1->setEnabled(fields.SSCheck1Enabled);
     for (const std::size_t item : {8U, 13U, 14U, 15U})
-        put(*Label3[item], fields.Label3[item]);
-    put(*ui->Label12, fields.Label12);
-    put(*ui->Label14, fields.Label14);
+        putValue(*Label3[item], fields.Label3[item]);
+    putValue(*ui->Label12, fields.Label12);
+    putValue(*ui->Label14, fields.Label14);
 }
 
 void Xcharge1::paintNow()

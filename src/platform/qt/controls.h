@@ -1,0 +1,22 @@
+// What every screen does with its controls when its fields change: values with a name for screen
+// readers, parts and commands that come and go.
+#pragma once
+
+#include <string>
+
+class QLabel;
+class QString;
+class QWidget;
+
+namespace platform {
+
+/// A value and what it is (the label's accessible description), in one name for screen readers. A
+/// dash stands in the place of an empty value.
+void putValue(QLabel &label, const QString &value);
+void putValue(QLabel &label, const std::string &value);
+
+/// Before the screen is shown nothing is said twice: showing a part, even one that is not hidden,
+/// lays it out at once, in a size that it will not have.
+void putVisible(QWidget &part, bool visible);
+
+} // namespace platform
