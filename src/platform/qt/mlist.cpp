@@ -1,0 +1,360 @@
+#include "platform/qt/mlist.h"
+
+#include "platform/qt/qt_text.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+using Look = MListColumn::Look;
+
+constexpr QRgb kDarkText = 0xff1c2733;
+constexpr QRgb kLightText = 0xffffffff;
+constexpr QRgb kFrame = 0xff1f6feb;
+constexpr int kFrameWidth = 3;
+constexpr int kPadding = 6;    // left and right of a text in its cell, as of a heading
+constexpr int kLeastRow = 34;  // for a finger
+constexpr int kRowMargin = 15; // above and below a text, together
+
+/// Without the blanks and NULs around it; one that is not there is empty.
+std::string_view columnOf(std::string_view row, int column)
+{
+    constexpr std::string_view kBlanks(" \0", 2);
+    std::size_t begin = 0;
+    for (; column > 0 && begin != std::string_view::npos; --column) {
+        const std::size_t bar = row.find('|', begin);
+        begin = bar == std::string_view::npos ? bar : bar + 1;
+    }
+    if (begin == std::string_view::npos)
+        return {};
+    const std::string_view cell = row.substr(begin, row.find('|', begin) - begin);
+    const std::size_t first = cell.find_first_not_of(kBlanks);
+    return first == std::string_view::npos
+               ? std::string_view()
+               : cell.substr(first, cell.find_last_not_of(kBlanks) - first + 1);
+}
+
+/// How bright a colour is to the eye, 0 to 1.
+double luminance(QRgb colour)
+{
+    const auto linear = [](int channel) {
+        const double part = channel / 255.0;
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) +
+           0.0722 * linear(qBlue(colour));
+}
+
+double contrast(QRgb one, QRgb other)
+{
+    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
+    return (light + 0.05) / (dark + 0.05);
+}
+
+QRgb textOn(QRgb back)
+{
+    return contrast(kLightText, back) > contrast(kDarkText, back) ? kLightText : kDarkText;
+}
+
+Qt::Alignment alignmentOf(const MListColumn &column)
+{
+    return Qt::AlignVCenter | (column.look == Look::Text ? Qt::AlignLeft : Qt::AlignRight);
+}
+
+QFont strong(QFont font)
+{
+    font.setWeight(QFont::DemiBold);
+    return font;
+}
+
+/// Paints rows on their own colours; the chosen one gets a frame, for its colour says something.
+class RowPainter : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override
+    {
+        const auto back = index.data(Qt::BackgroundRole).value<QColor>();
+        painter->fillRect(option.rect, back);
+        painter->fillRect(option.rect.adjusted(0, option.rect.height() - 1, 0, 0),
+                          back.darker(112));
+        painter->setFont(index.data(Qt::FontRole).isValid() ? strong(option.font) : option.font);
+        painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
+        painter->drawText(textPlace(option), index.data(Qt::TextAlignmentRole).toInt(),
+                          fitting(option, index));
+        if (option.state.testFlag(QStyle::State_Selected))
+            paintFrame(*painter, option.rect, index);
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        const QFontMetrics metrics(index.data(Qt::FontRole).isValid() ? strong(option.font)
+                                                                      : option.font);
+        return {metrics.horizontalAdvance(index.data().toString()) + 2 * kPadding,
+                std::max(kLeastRow, metrics.height() + kRowMargin)};
+    }
+
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override
+    {
+        if (event->type() != QEvent::ToolTip || fitting(option, index) == index.data().toString())
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        QToolTip::showText(event->globalPos(), index.data().toString(), view);
+        return true;
+    }
+
+private:
+    static QRect textPlace(const QStyleOptionViewItem &option)
+    {
+        return option.rect.adjusted(kPadding, 0, -kPadding, 0);
+    }
+
+    static QString fitting(const QStyleOptionViewItem &option, const QModelIndex &index)
+    {
+        const QFontMetrics metrics(index.data(Qt::FontRole).isValid() ? strong(option.font)
+                                                                      : option.font);
+        return metrics.elidedText(index.data().toString(), Qt::ElideRight,
+                                  textPlace(option).width());
+    }
+
+    static void paintFrame(QPainter &painter, const QRect &cell, const QModelIndex &index)
+    {
+        const bool first = index.column() == 0;
+        const bool last = index.column() == index.model()->columnCount() - 1;
+        painter.save();
+        painter.setClipRect(cell);
+        const QRect whole = cell.adjusted(first ? 0 : -kFrameWidth, 0, last ? 0 : kFrameWidth, 0);
+        painter.setPen(QPen(QColor::fromRgb(kLightText), kFrameWidth + 2));
+        constexpr int kHalf = kFrameWidth / 2;
+        const QRect line = whole.adjusted(kHalf, kHalf, -kHalf - 1, -kHalf - 1);
+        painter.drawRect(line); // a light edge inside: blue alone is lost on red
+        painter.setPen(QPen(QColor::fromRgb(kFrame), kFrameWidth));
+        painter.drawRect(line);
+        painter.restore();
+    }
+};
+
+} // namespace
+
+MListModel::MListModel(std::vector<MListColumn> theColumns, QObject *parent)
+    : QAbstractTableModel(parent), all(std::move(theColumns))
+{
+}
+
+void MListModel::setColumns(std::vector<MListColumn> theColumns)
+{
+    beginResetModel();
+    all = std::move(theColumns);
+    endResetModel();
+}
+
+void MListModel::setRows(std::vector<MListRow> theRows)
+{
+    beginResetModel();
+    list = std::move(theRows);
+    endResetModel();
+}
+
+void MListModel::append(MListRow row)
+{
+    beginInsertRows({}, rowCount(), rowCount());
+    list.push_back(std::move(row));
+    endInsertRows();
+}
+
+void MListModel::recolour(const std::function<QRgb(std::size_t)> &colourOf)
+{
+    for (std::size_t row = 0; row < list.size(); ++row)
+        list[row].back = colourOf(row);
+    if (!list.empty())
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1),
+                           {Qt::BackgroundRole, Qt::ForegroundRole});
+}
+
+long MListModel::find(std::string_view itemData) const
+{
+    const auto found = std::find_if(list.begin(), list.end(), [itemData](const MListRow &row) {
+        return row.itemData == itemData;
+    });
+    return found == list.end() ? -1 : static_cast<long>(found - list.begin());
+}
+
+int MListModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(list.size());
+}
+
+int MListModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(all.size());
+}
+
+QVariant MListModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const MListRow &row = list[static_cast<std::size_t>(index.row())];
+    const MListColumn &column = all[static_cast<std::size_t>(index.column())];
+    switch (role) {
+    case Qt::DisplayRole: return toQt(columnOf(row.text, index.column()));
+    case Qt::TextAlignmentRole: return static_cast<int>(alignmentOf(column));
+    case Qt::BackgroundRole: return QColor::fromRgb(row.back);
+    case Qt::ForegroundRole: return QColor::fromRgb(textOn(row.back));
+    case Qt::FontRole: return column.look == Look::Total ? strong(QFont()) : QVariant();
+    case Qt::UserRole: return toQt(row.itemData);
+    default: return {};
+    }
+}
+
+QVariant MListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
+        return {};
+    const MListColumn &column = all[static_cast<std::size_t>(section)];
+    switch (role) {
+    case Qt::DisplayRole: return column.heading;
+    case Qt::TextAlignmentRole: return static_cast<int>(alignmentOf(column));
+    default: return {};
+    }
+}
+
+MList::MList(QWidget *parent) : QTableView(parent), list({}, this)
+{
+    setModel(&list);
+    setItemDelegate(new RowPainter(this));
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setShowGrid(false);
+    setTabKeyNavigation(false); // Tab goes on to the commands
+    setWordWrap(false);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    horizontalHeader()->setSectionsClickable(false);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setMinimumSectionSize(1);
+    horizontalHeader()->setAccessibleName(QStringLiteral("Headings"));
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    connect(this, &QTableView::clicked, this,
+            [this](const QModelIndex &index) { Q_EMIT rowOpened(index.row()); });
+    shareWidth();
+}
+
+void MList::setColumns(std::vector<MListColumn> columns)
+{
+    list.setColumns(std::move(columns));
+    shareWidth();
+}
+
+void MList::setRows(std::vector<MListRow> rows)
+{
+    const QModelIndex chosen = currentIndex();
+    const std::string entry =
+        chosen.isValid() ? list.rows()[static_cast<std::size_t>(chosen.row())].itemData : "";
+    list.setRows(std::move(rows));
+    if (chosen.isValid())
+        goToRow(list.find(entry));
+}
+
+void MList::recolour(const std::function<QRgb(std::size_t)> &colourOf)
+{
+    list.recolour(colourOf);
+}
+
+void MList::goToRow(long row)
+{
+    const QModelIndex place = list.index(static_cast<int>(row), 0);
+    if (place.isValid())
+        selectRow(place.row());
+    else
+        selectionModel()->clear();
+    scrollTo(place);
+}
+
+/// A row is known by its first column, whichever cell was clicked last.
+void MList::keyboardSearch(const QString &typed)
+{
+    const QModelIndex chosen = currentIndex();
+    if (chosen.column() > 0)
+        selectionModel()->setCurrentIndex(chosen.siblingAtColumn(0), QItemSelectionModel::NoUpdate);
+    QTableView::keyboardSearch(typed);
+}
+
+QModelIndex MList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    switch (action) {
+    case MoveHome: return list.index(0, 0);
+    case MoveEnd: return list.index(list.rowCount() - 1, 0);
+    default: return QTableView::moveCursor(action, modifiers);
+    }
+}
+
+void MList::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (currentIndex().isValid())
+            Q_EMIT rowOpened(currentIndex().row());
+        break;
+    case Qt::Key_Escape: event->ignore(); break; // the screen's
+    default: QTableView::keyPressEvent(event);
+    }
+}
+
+void MList::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    shareWidth();
+}
+
+void MList::changeEvent(QEvent *event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        shareWidth();
+}
+
+/// Each column gets what its widest text needs and an equal part of the rest; where there is not
+/// enough, all give way in proportion.
+void MList::shareWidth()
+{
+    verticalHeader()->setDefaultSectionSize(
+        std::max(kLeastRow, QFontMetrics(strong(font())).height() + kRowMargin));
+    const std::vector<MListColumn> &columns = list.columns();
+    std::vector<int> wanted;
+    for (std::size_t n = 0; n < columns.size(); ++n) {
+        const QFont own = columns[n].look == Look::Total ? strong(font()) : font();
+        const int text = QFontMetrics(own).horizontalAdvance(columns[n].widest) + 2 * kPadding;
+        wanted.push_back(std::max(text, horizontalHeader()->sectionSizeHint(static_cast<int>(n))));
+    }
+    int left = viewport()->width();
+    int needed = std::accumulate(wanted.begin(), wanted.end(), 0);
+    for (std::size_t n = 0; n < wanted.size(); ++n) {
+        const int behind = static_cast<int>(wanted.size() - n);
+        const int width =
+            left < needed ? wanted[n] * left / needed : wanted[n] + (left - needed) / behind;
+        setColumnWidth(static_cast<int>(n), width);
+        left -= width;
+        needed -= wanted[n];
+    }
+}
+
+} // namespace platform
