@@ -1,0 +1,285 @@
+#include "details/XchargeEntryDetals.h"
+
+#include "details/PrinterChoice.h"
+#include "platform/qt/controls.h"
+#include "platform/qt/qt_text.h"
+#include "ui_XchargeEntryDetals.h"
+
+#include <QKeyEvent>
+#include <QRegularExpressionValidator>
+#include <QScreen>
+#include <QSignalBlocker>
+
+#include <utility>
+
+namespace details {
+
+using platform::fromQt;
+using platform::putLook;
+using platform::putVisible;
+using platform::toQt;
+
+namespace {
+
+constexpr std::size_t kLongestLargeTotal = 9; // "$9,999.99"
+
+/// Tells nobody, so that what is shown does not count as typed.
+void put(QLineEdit &box, const std::string &value)
+{
+    const QString text = toQt(value);
+    if (box.text() == text)
+        return;
+    const QSignalBlocker quiet(&box);
+    box.setText(text);
+    box.setCursorPosition(0);
+}
+
+const char *stateOf(const std::string &status)
+{
+    return status.starts_with("Dec") ? "declined" : "";
+}
+
+} // namespace
+
+XchargeEntryDetals::XchargeEntryDetals(records::App &theApp, printing::Printer &printer,
+                                       EntryCallbacks callbacks)
+    : Screen(theApp), app(theApp), ui(std::make_unique<Ui::XchargeEntryDetals>()),
+      entry(theApp, printer, *this, std::move(callbacks))
+{
+    ui->setupUi(this);
+    gatherArrays();
+    connectCommands();
+    connectTip();
+    setDefaultCommand(ui->SSCommand1);
+    refresh(entry.state());
+}
+
+XchargeEntryDetals::~XchargeEntryDetals() = default;
+
+void XchargeEntryDetals::gatherArrays()
+{
+    Text1 = {ui->Text1_0,  ui->Text1_1,  ui->Text1_2,  ui->Text1_3,  ui->Text1_4,
+             ui->Text1_5,  ui->Text1_6,  ui->Text1_7,  ui->Text1_8,  ui->Text1_9,
+             ui->Text1_10, ui->Text1_11, ui->Text1_12, ui->Text1_13, ui->Text1_14,
+             ui->Text1_15, ui->Text1_16, ui->Text1_17, ui->Text1_18, ui->Text1_19,
+             ui->Text1_20, ui->Text1_21, ui->Text1_22, ui->Text1_23, ui->Text1_24};
+    SSCommand6 = {ui->SSCommand6_0,  ui->SSCommand6_1,  ui->SSCommand6_2,  ui->SSCommand6_3,
+                  ui->SSCommand6_4,  ui->SSCommand6_5,  ui->SSCommand6_6,  ui->SSCommand6_7,
+                  ui->SSCommand6_8,  ui->SSCommand6_9,  ui->SSCommand6_10, ui->SSCommand6_11,
+                  ui->SSCommand6_12, ui->SSCommand6_13, ui->SSCommand6_14};
+    for (std::size_t item = 0; item < SSCommand6.size(); ++item)
+        quickNames[item] = SSCommand6[item]->accessibleName();
+}
+
+void XchargeEntryDetals::connectCommands()
+{
+    const auto click = [this](QAbstractButton *command, void (EntryDetails::*handler)()) {
+        connect(command, &QAbstractButton::clicked, this, [this, handler] { (entry.*handler)(); });
+    };
+    click(ui->SSCommand1, &EntryDetails::SSCommand1_Click);   // "Done"
+    click(ui->SSCommand2, &EntryDetails::SSCommand2_Click);   // "Force NO TIP"
+    click(ui->SSCommand3, &EntryDetails::SSCommand3_Click);   // "Cancel"
+    click(ui->SSCommand4, &EntryDetails::SSCommand4_Click);   // "Undo TIP Adjustment"
+    click(ui->SSCommand5, &EntryDetails::SSCommand5_Click);   // "Delete This Entry "
+    click(ui->SSCommand7, &EntryDetails::SSCommand7_Click);   // "Customer"
+    click(ui->SSCommand8, &EntryDetails::SSCommand8_Click);   // "Merchant"
+    click(ui->SSCommand10, &EntryDetails::SSCommand10_Click); // "Save"
+    click(ui->SSCommand11, &EntryDetails::SSCommand11_Click); // "Force ALL NO TIP"
+    click(ui->SSCommand12, &EntryDetails::SSCommand12_Click); // "Delete and Print a Receipt"
+    click(ui->SSCommand13, &EntryDetails::SSCommand13_Click); // "UnDelete - Move to Pending List"
+    click(ui->SSCommand14, &EntryDetails::SSCommand14_Click); // "Force"
+    click(ui->SSCommand15, &EntryDetails::SSCommand15_Click); // "VOID"
+    click(ui->SSCommand16, &EntryDetails::SSCommand16_Click); // "Force ALL to Adjusted - Pending"
+    click(ui->SSCommand17, &EntryDetails::SSCommand17_Click); // "Clear Tip Amount"
+    click(ui->Label3_0, &EntryDetails::Label3_Click);         // the tab
+    click(ui->Command1, &EntryDetails::Command1_Click);       // "The Track Read Line has been ..."
+    click(ui->Command2, &EntryDetails::Command2_Click);       // "View Card #"
+    const auto arrow = [this](QAbstractButton *command, std::size_t index) {
+        connect(command, &QAbstractButton::clicked, this, [this, index] {
+            entry.SSCommand9_Click(index);
+            selectTip();
+        });
+    };
+    arrow(ui->SSCommand9_0, 0); // previous
+    arrow(ui->SSCommand9_1, 1); // next
+    for (std::size_t item = 0; item < Text1.size(); ++item)
+        connect(Text1[item], &QLineEdit::textChanged, this,
+                [this, item](const QString &text) { entry.Text1_Change(item, fromQt(text)); });
+}
+
+void XchargeEntryDetals::connectTip()
+{
+    static const QRegularExpression amount(QStringLiteral("[0-9]*\\.?[0-9]*"));
+    ui->Text4->setValidator(new QRegularExpressionValidator(amount, ui->Text4));
+    connect(ui->Text4, &QLineEdit::textChanged, this,
+            [this](const QString &text) { entry.Text4_Change(fromQt(text)); });
+    for (std::size_t item = 0; item < SSCommand6.size(); ++item)
+        connect(SSCommand6[item], &QAbstractButton::clicked, this, [this, item] {
+            entry.SSCommand6_Click(item); // "Quick Tip Buttons"
+            selectTip();
+        });
+    const std::array digits = {ui->digit_0, ui->digit_1, ui->digit_2, ui->digit_3, ui->digit_4,
+                               ui->digit_5, ui->digit_6, ui->digit_7, ui->digit_8, ui->digit_9};
+    for (QAbstractButton *key : digits)
+        connect(key, &QAbstractButton::clicked, this, [this, key] { typeKey(key->text()); });
+    connect(ui->pointKey, &QAbstractButton::clicked, this,
+            [this] { typeKey(QStringLiteral(".")); });
+    connect(ui->backspaceKey, &QAbstractButton::clicked, ui->Text4, &QLineEdit::backspace);
+}
+
+void XchargeEntryDetals::open(const std::string &file, long slot, const std::string &source)
+{
+    entry.open(file, slot, source);
+    if (app.ending())
+        return;
+    setGeometry(screen()->availableGeometry());
+    showMaximized();
+    raise();
+    focusTip();
+    selectTip();
+}
+
+void XchargeEntryDetals::typeKey(const QString &text)
+{
+    ui->Text4->insert(text);
+}
+
+/// The next digit begins a new tip instead of making the old one longer.
+void XchargeEntryDetals::selectTip()
+{
+    if (!ui->Text4->isReadOnly())
+        ui->Text4->selectAll();
+}
+
+void XchargeEntryDetals::closeAsked()
+{
+    entry.SSCommand3_Click();
+}
+
+void XchargeEntryDetals::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_PageUp: ui->SSCommand9_0->click(); break;
+    case Qt::Key_PageDown: ui->SSCommand9_1->click(); break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (dangerFocused())
+            break;
+        [[fallthrough]];
+    default: Screen::keyPressEvent(event);
+    }
+}
+
+/// Enter, pressed once too often, deletes and voids nothing: those commands take a finger or the
+/// space bar.
+bool XchargeEntryDetals::dangerFocused() const
+{
+    const QWidget *focused = focusWidget();
+    return focused != nullptr && focused->property("command") == QLatin1String("danger");
+}
+
+void XchargeEntryDetals::refresh(const EntryFields &fields)
+{
+    showEntry(fields);
+    showTip(fields);
+    showCardData(fields);
+    showNotices(fields);
+    showCommands(fields);
+}
+
+void XchargeEntryDetals::showEntry(const EntryFields &fields)
+{
+    for (std::size_t item = 1; item < Text1.size(); ++item)
+        put(*Text1[item], fields.Text1[item]);
+    putLook(*ui->Text1_11, "state", stateOf(fields.Text1[11]));
+    ui->Label1_1->setText(QString::number(fields.Label1_1));
+    ui->Label4_3->setText(toQt(fields.Label4_3));
+    ui->Label8->setText(toQt(fields.Label8));
+    ui->Label10->setText(toQt(fields.Label10));
+}
+
+void XchargeEntryDetals::showTip(const EntryFields &fields)
+{
+    put(*ui->Text4, fields.Text4);
+    ui->Text4->setReadOnly(fields.Text4Locked);
+    putLook(*ui->Text4, "state", fields.Text4Locked ? "locked" : "");
+    ui->keypad->setDisabled(fields.Text4Locked);
+    ui->Label3_0->setText(toQt(fields.Label3_0));
+    ui->Label3_0->setAccessibleName(toQt("Tab: " + fields.Label3_0));
+    ui->Label3_1->setText(toQt(fields.Label3_1));
+    putLook(*ui->Label3_1, "part",
+            fields.Label3_1.size() > kLongestLargeTotal ? "large" : "amount");
+    ui->Label3_1->setAccessibleName(toQt("New Total: " + fields.Label3_1));
+    putVisible(*ui->SSPanel2, fields.SSPanel2Visible);
+    putVisible(*ui->lockedHint, !fields.SSPanel2Visible);
+    for (std::size_t item = 0; item < SSCommand6.size(); ++item) {
+        const QString tip = toQt(fields.SSCommand6[item]);
+        SSCommand6[item]->setText(tip);
+        putLook(*SSCommand6[item], "part", tip.isEmpty() ? "empty" : "quick");
+        SSCommand6[item]->setAccessibleName(
+            tip.isEmpty() ? quickNames[item] : quickNames[item] + QStringLiteral(": ") + tip);
+    }
+}
+
+/// A hidden box holds nothing: a screen reader would find it all the same.
+void XchargeEntryDetals::showCardData(const EntryFields &fields)
+{
+    put(*ui->Text1_0, fields.numberRevealed ? fields.Text1[0] : std::string());
+    put(*ui->Text2, fields.Text2);
+    put(*ui->Text3, fields.Text3);
+    putVisible(*ui->Text2, !fields.numberRevealed);
+    putVisible(*ui->Text1_0, fields.numberRevealed);
+    ui->Command2->setDisabled(fields.numberRevealed);
+    ui->Text1_3->setEchoMode(fields.trackLineRevealed ? QLineEdit::Normal : QLineEdit::Password);
+    ui->Text1_3->setReadOnly(!fields.trackLineRevealed);
+    ui->Command1->setDisabled(fields.trackLineRevealed);
+}
+
+void XchargeEntryDetals::showNotices(const EntryFields &fields)
+{
+    const bool funds = fields.fundsNoticesVisible;
+    putVisible(*ui->noticeBand, fields.Label12Visible || funds);
+    ui->Label12->setText(toQt(fields.Label12));
+    putVisible(*ui->Label12, fields.Label12Visible);
+    for (QWidget *notice : std::initializer_list<QWidget *>{ui->Label4_26, ui->Text1_23,
+                                                            ui->Label4_27, ui->fundsNotice})
+        putVisible(*notice, funds);
+}
+
+void XchargeEntryDetals::showCommands(const EntryFields &fields)
+{
+    ui->SSCommand9_0->setEnabled(fields.SSCommand9Enabled[0]);
+    ui->SSCommand9_1->setEnabled(fields.SSCommand9Enabled[1]);
+    putVisible(*ui->SSCommand12, fields.SSCommand12Visible);
+    putVisible(*ui->SSCommand13, fields.SSCommand13Visible);
+}
+
+void XchargeEntryDetals::focusTip()
+{
+    ui->Text4->setFocus();
+}
+
+void XchargeEntryDetals::setBusyPointer(bool on)
+{
+    if (on)
+        setCursor(Qt::WaitCursor);
+    else
+        unsetCursor();
+}
+
+std::optional<std::string> XchargeEntryDetals::choosePrinter(const std::vector<std::string> &names,
+                                                             const std::string &current)
+{
+    PrinterChoice choice(app, names, current);
+    choice.runModal();
+    return choice.chosen();
+}
+
+/// What a password has revealed goes with the window, not when its object is destroyed.
+void XchargeEntryDetals::unload()
+{
+    Screen::unload();
+    refresh({});
+}
+
+} // namespace details

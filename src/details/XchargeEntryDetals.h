@@ -1,0 +1,66 @@
+// XchargeEntryDetals: one entry of a card file on the manager's screen. It shows the fields of the
+// entry's procedures, which it owns, and hands its commands to them.
+#pragma once
+
+#include "details/entry_details.h"
+#include "platform/qt/screen.h"
+
+#include <array>
+#include <memory>
+
+class QAbstractButton;
+class QLineEdit;
+namespace Ui {
+class XchargeEntryDetals;
+}
+
+namespace details {
+
+/// Not modal; whoever opens it destroys it with Screen::Later once it is unloaded, and makes a new
+/// one for the next entry: what a password has revealed must not outlive its screen.
+class XchargeEntryDetals : public platform::Screen, private EntryView {
+    Q_OBJECT
+
+public:
+    /// `app` and `printer` must outlive the screen.
+    XchargeEntryDetals(records::App &theApp, printing::Printer &printer, EntryCallbacks callbacks);
+    ~XchargeEntryDetals() override;
+
+    /// Shows slot `slot` of `file`, as EntryDetails::open() says; also while another one is shown.
+    void open(const std::string &file, long slot, const std::string &source);
+
+protected:
+    void closeAsked() override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void gatherArrays();
+    void connectCommands();
+    void connectTip();
+    void typeKey(const QString &text);
+    void selectTip();
+    bool dangerFocused() const;
+
+    // EntryView
+    void refresh(const EntryFields &fields) override;
+    void focusTip() override;
+    void setBusyPointer(bool on) override;
+    std::optional<std::string> choosePrinter(const std::vector<std::string> &names,
+                                             const std::string &current) override;
+    void unload() override;
+
+    void showEntry(const EntryFields &fields);
+    void showTip(const EntryFields &fields);
+    void showCardData(const EntryFields &fields);
+    void showNotices(const EntryFields &fields);
+    void showCommands(const EntryFields &fields);
+
+    records::App &app;
+    std::unique_ptr<Ui::XchargeEntryDetals> ui;
+    std::array<QLineEdit *, 25> Text1{};
+    std::array<QAbstractButton *, 15> SSCommand6{};
+    std::array<QString, 15> quickNames; // of SSCommand6, without their amounts
+    EntryDetails entry;                 // last: it refers to this view until it is gone
+};
+
+} // namespace details

@@ -1,0 +1,165 @@
+// The screen of one entry as a manager's fingers, keyboard and screen reader use it.
+#include "details/XchargeEntryDetals.h"
+#include "support/qt/qt_station.h"
+#include "support/qt/screen_checks.h"
+
+#include <QAccessible>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace records;
+using namespace support;
+
+constexpr const char *kFile = "F:\\Lumbrio\\CCPending.dat";
+using Fields = std::vector<std::pair<CardField, const char *>>;
+const Fields kSale = {{CCNumb, "4111111111111111"},   {CCName, "WILHELMINA BLACKTHORN-ROWAN"},
+                      {CCDescription, "%B4111^OAK?"}, {CCTabAmt, "48.50"},
+                      {CCAdjStatus, "Not Adjusted"},  {CCTip, "0"}};
+
+/// A manager whom support has told the password, and who reads no messages.
+struct Phone : platform::Dialogs {
+    using Text = const std::string &;
+    using Dialogs::Dialogs;
+    platform::Answer ask(Text, Text, platform::Buttons) override { return {}; }
+    std::optional<std::string> askText(Text, Text, Text, bool) override { return "marlend"; }
+};
+
+class EntryScreen : public testing::Test {
+protected:
+    EntryScreen() { app.values.Remotedir = "F:\\Lumbrio\\"; }
+
+    /// Shows the second of three sales.
+    void open(const Fields &changes = {})
+    {
+        CardRecord sale;
+        Clear_CCdata(sale);
+        for (const Fields &fields : {kSale, changes})
+            for (const auto &[field, text] : fields)
+                sale.set(field, text);
+        std::string slot(sale.view());
+        slot.resize(kCardSlotLength);
+        station.put(kFile, slot + slot + slot);
+        screen.reset(new details::XchargeEntryDetals(app, printer, {}));
+        screen->open(kFile, 2, "PEND");
+        station.advance(600); // until all commands are there
+    }
+    template <class Control = QLineEdit> Control &named(const char *name)
+    {
+        return *screen->findChild<Control *>(QLatin1String(name));
+    }
+    std::string shown(const char *name) { return named(name).text().toStdString(); }
+    /// Tip and status of the second sale on the disk.
+    std::string saved()
+    {
+        const std::string slot = station.get(kFile).substr(kCardSlotLength);
+        return Trim(slot.substr(CCTip.offset, 5)) + " " + Trim(slot.substr(CCAdjStatus.offset, 25));
+    }
+    /// Whether a screen reader finds the field's text, be it in a control that is hidden.
+    bool spoken(std::size_t field)
+    {
+        QString all;
+        for (auto *one : screen->findChildren<QLineEdit *>())
+            all += QAccessible::queryAccessibleInterface(one)->text(QAccessible::Value);
+        return all.contains(QLatin1String(kSale[field].second));
+    }
+
+    QtStation station;
+    Phone phone{station.run};
+    platform::Services services{station.run,    station.files,    station.time,        phone,
+                                station.system, station.printers, station.installation};
+    App app{services};
+    printing::Printer printer{station.printers};
+    std::unique_ptr<details::XchargeEntryDetals, platform::Screen::Later> screen;
+};
+
+TEST_F(EntryScreen, ATipByKeypadKeyboardAndQuickTipIsShownAtOnceAndSavedByEnterAlone)
+{
+    open();
+    type(QStringLiteral("9,x")); // over the 0; a tip has digits and a point
+    for (const char *key : {"Point", "Digit 5", "Digit 0", "Backspace"})
+        EXPECT_TRUE(click(QString::fromLatin1(key)));
+    EXPECT_NE(controlNamed(QStringLiteral("New Total: $58.00")), nullptr);
+    EXPECT_EQ(shown("Text1_12") + " " + shown("Text1_19"), "9.5 Adjusted - Pending");
+    press(Qt::Key_Tab);
+    press(Qt::Key_Space); // the tab
+    EXPECT_TRUE(click(QStringLiteral("Quick tip 18%, even total: 8.5")));
+    press(Qt::Key_Tab);
+    press(Qt::Key_Space); // the first quick tip
+    for (const bool byEnter : {false, true}) {
+        EXPECT_EQ(shown("Text4"), "4.85");
+        named("Text4").setFocus();
+        press(byEnter ? Qt::Key_Return : Qt::Key_Escape);
+        EXPECT_TRUE(screen->unloaded());
+        EXPECT_EQ(saved(), byEnter ? "4.85 Adjusted - Pending" : "0 Not Adjusted");
+        open();
+        press(Qt::Key_PageDown);
+        EXPECT_FALSE(click(QStringLiteral("Next entry"))) << "there are three";
+        EXPECT_TRUE(click(QStringLiteral("Previous entry")));
+        type(QStringLiteral("4.85")); // over the 0, after an arrow too
+    }
+}
+
+TEST_F(EntryScreen, HiddenCardDataIsNowhereUntilItsPasswordIsGivenAndGoesWithTheWindow)
+{
+    open();
+    EXPECT_FALSE(spoken(0) || spoken(2));
+    EXPECT_TRUE(click(QStringLiteral("View Card #")));
+    EXPECT_TRUE(spoken(0) && !spoken(2) && !named("Text2").isVisible());
+    named<QTabWidget>("pages").setCurrentIndex(1);
+    EXPECT_TRUE(
+        click(QStringLiteral("The Track Read Line has been hidden. Please Click Here to view it")));
+    EXPECT_TRUE(spoken(2));
+    screen->close(); // the cross
+    EXPECT_FALSE(spoken(0) || spoken(2));
+    EXPECT_EQ(saved(), "0 Not Adjusted");
+}
+
+TEST_F(EntryScreen, FitsWhateverTheEntryAndEnterPressesNoDangerousCommand)
+{
+    const Fields entries[] = {
+        {{GCbalance, "99999.99"}, {CCtype, "MASTERCARD"}, {CCTip, "1234.56"}},
+        {{CCTabAmt, "12345.67"}, {CCApprovedAmt, "12345.67"}, {CCstatus, "Declined"}},
+        {{CCGiftFlag, "GS"}, {CCaditionalFUNDS, "1248.50"}}}; // a partial approval
+    for (const Fields &entry : entries) {
+        open(entry);
+        named<QPushButton>("Label3_0").click();
+        for (const int page : {0, 1, 2, 3}) {
+            named<QTabWidget>("pages").setCurrentIndex(page);
+            for (const QSize size : kScreenSizes)
+                EXPECT_EQ(clippedControls(*screen, size), "") << page;
+            EXPECT_EQ(badlyNamedControls(*screen), "") << page;
+        }
+    }
+    type(QStringLiteral("5"));
+    EXPECT_FALSE(click(QStringLiteral("Digit 5"))) << "a locked tip";
+    EXPECT_EQ(shown("Text4") + shown("Text1_23"), "0$1,248.50");
+    EXPECT_EQ(named("Text4").grab().toImage().pixelColor(6, 20), QColor(0xff, 0x80, 0x80));
+    for (const char *command : {"Delete This Entry ", "UnDelete - Move to Pending List"}) {
+        controlNamed(QString::fromLatin1(command))->setFocus();
+        press(Qt::Key_Return);
+        EXPECT_FALSE(screen->unloaded()) << command;
+    }
+}
+
+TEST_F(EntryScreen, ASlipGoesToThePrinterThatWasChosen)
+{
+    open();
+    named<QTabWidget>("pages").setCurrentIndex(2);
+    station.time.after(200, [&] {
+        auto *printers = qobject_cast<QListWidget *>(controlNamed(QStringLiteral("Printers")));
+        EXPECT_EQ(clippedControls(*printers->window(), printers->window()->size()), "");
+        printers->setCurrentRow(1);
+        EXPECT_TRUE(click(QStringLiteral("Print")));
+    });
+    EXPECT_TRUE(click(QStringLiteral("Customer")));
+    ASSERT_EQ(station.printers.collected.size(), 1U);
+    EXPECT_EQ(station.printers.collected[0].printer, "Office Laser");
+}
+
+} // namespace
