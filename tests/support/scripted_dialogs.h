@@ -33,20 +33,30 @@ public:
                 WhileOpen whileOpen = {})
     {
         EXPECT_EQ(buttons == Buttons::YesNo, answer == Answer::Yes || answer == Answer::No);
-        expected.push_back({boxOf(title, text, buttons), answer, std::move(whileOpen)});
+        expected.push_back({boxOf(title, text, buttons), answer, std::move(whileOpen), {}});
+    }
+    /// The next box is one to type into, with `initial` in it; no `typed` is a Cancel.
+    void expectInput(const std::string &title, const std::string &text, const std::string &initial,
+                     std::optional<std::string> typed)
+    {
+        const Answer answer = typed ? Answer::Ok : Answer::Cancel;
+        expected.push_back({boxOf(title, text, initial), answer, {}, typed.value_or("")});
     }
 
 protected:
     Answer ask(const std::string &title, const std::string &text, Buttons buttons) override
     {
         const Answer harmless = buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
-        return take(boxOf(title, text, buttons)).value_or(harmless);
+        const auto answered = take(boxOf(title, text, buttons));
+        return answered ? answered->answer : harmless;
     }
     std::optional<std::string> askText(const std::string &title, const std::string &text,
-                                       const std::string &, bool) override
+                                       const std::string &initial, bool) override
     {
-        ADD_FAILURE() << "no text was expected to be asked for: [" << title << "] " << text;
-        return std::nullopt;
+        const auto answered = take(boxOf(title, text, initial));
+        if (!answered || answered->answer == Answer::Cancel)
+            return std::nullopt;
+        return answered->typed;
     }
 
 private:
@@ -54,6 +64,7 @@ private:
         std::string box; // everything that is seen of it, in words
         Answer answer = Answer::Cancel;
         WhileOpen whileOpen;
+        std::string typed;
     };
 
     static std::string boxOf(const std::string &title, const std::string &text, Buttons buttons)
@@ -62,8 +73,14 @@ private:
         return "[" + title + "] " + text + kCaptions[static_cast<std::size_t>(buttons)];
     }
 
+    static std::string boxOf(const std::string &title, const std::string &text,
+                             const std::string &initial)
+    {
+        return "[" + title + "] " + text + " (typed: " + initial + ")";
+    }
+
     /// The answer to the box, or nothing when it was not expected or the program ended behind it.
-    std::optional<Answer> take(const std::string &box)
+    std::optional<Expectation> take(const std::string &box)
     {
         EXPECT_EQ(expected.empty() ? "no box" : expected.front().box, box);
         if (expected.empty())
@@ -76,7 +93,7 @@ private:
             answered.whileOpen();
         if (answered.box != box || (run.ending() && !wasEnding))
             return std::nullopt;
-        return answered.answer;
+        return answered;
     }
 
     platform::Run &run;
