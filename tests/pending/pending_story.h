@@ -81,6 +81,13 @@ struct PendingStory {
             station.put(kPending, slots(pending));
     }
 
+    /// Another process on the drives of `earlier`, which must live on.
+    PendingStory(const PendingStory &earlier, int)
+        : station(&earlier.station), list(app, printer, view)
+    {
+        app.values = earlier.app.values;
+    }
+
     static std::string slots(const std::vector<std::string> &records)
     {
         std::string bytes;
