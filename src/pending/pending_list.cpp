@@ -33,20 +33,31 @@ std::string receiptValue(std::string_view receipt)
     return digits.size() > kMoneysDigits ? std::string(digits) : plainText(Val(receipt));
 }
 
+void blankNuls(std::string &text)
+{
+    if (text.find('\0') != std::string::npos) // few have one
+        std::replace(text.begin(), text.end(), '\0', ' ');
+}
+
 Money totalOf(const CardRecord &copy)
 {
     return copy.value(CCTabAmt) + copy.value(CCTip);
 }
 
+void addField(std::string &row, const CardRecord &record, const CardField &field)
+{
+    row += '|';
+    row += record.view().substr(field.offset, field.length);
+}
+
 std::string typeRow(CardRecord &copy)
 {
     decodeCardNumber(copy);
-    const std::string_view bytes = copy.view();
     std::string row = std::to_string(CreditCardType(copy.text(CCNumb)).type);
-    row.append("|").append(bytes.substr(CCTabAmt.offset, CCTabAmt.length));
-    row.append("|").append(bytes.substr(CCTip.offset, CCTip.length));
-    row.append("|").append(plainText(totalOf(copy)));
-    std::replace(row.begin(), row.end(), '\0', ' ');
+    addField(row, copy, CCTabAmt);
+    addField(row, copy, CCTip);
+    (row += '|') += plainText(totalOf(copy));
+    blankNuls(row);
     return row;
 }
 
@@ -67,20 +78,15 @@ std::string receiptColumn(const CardRecord &record)
 
 std::string rowOf(const CardRecord &copy)
 {
-    const std::string_view bytes = copy.view();
     std::string row = receiptColumn(copy);
     row.reserve(kUsualRow);
-    const auto add = [&](const CardField &field) {
-        row.append("|").append(bytes.substr(field.offset, field.length));
-    };
-    row.append("|").append(copy.text(CCServer));
-    add(CCTabAmt);
-    add(CCApprovedAmt);
-    add(CCTip);
-    row.append("|").append(Format_Money(totalOf(copy)));
+    (row += '|') += copy.text(CCServer);
+    for (const CardField &field : {CCTabAmt, CCApprovedAmt, CCTip})
+        addField(row, copy, field);
+    (row += '|') += Format_Money(totalOf(copy));
     for (const CardField &field : {CCAdjStatus, CApprovalCode, CCstatus, CCDate, CCTime, CCStation})
-        add(field);
-    std::replace(row.begin(), row.end(), '\0', ' ');
+        addField(row, copy, field);
+    blankNuls(row);
     return row;
 }
 

@@ -200,10 +200,12 @@ int daysIn(int month, int year)
 
 std::string Trim(std::string_view text)
 {
-    if (isBlank(text))
-        return {};
-    const std::size_t first = text.find_first_not_of(' ');
-    return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+    while (!text.empty() && text.back() == ' ')
+        text.remove_suffix(1);
+    while (!text.empty() && text.front() == ' ')
+        text.remove_prefix(1);
+    const bool nothing = !text.empty() && text.front() == '\0' && isBlank(text);
+    return nothing ? std::string() : std::string(text);
 }
 
 bool isBlank(std::string_view text)

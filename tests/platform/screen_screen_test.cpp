@@ -176,4 +176,22 @@ TEST(ScreenOnTheProgramsLoop, is_destroyed_as_soon_as_no_handler_of_its_own_runs
     }
 }
 
+TEST(ProgramsLoop, lets_events_and_timers_in_amid_work_without_resting)
+{
+    platform::QtClock clock;
+    platform::QtEventLoop loop(clock);
+    platform::Run run(loop);
+    bool arrived = false;
+    bool fired = false;
+    QMetaObject::invokeMethod(
+        &loop, [&] { arrived = true; }, Qt::QueuedConnection);
+    platform::Timer timer(clock, [&] { fired = true; });
+    timer.setInterval(1);
+    long records = 0;
+    for (; records < 100'000'000 && !(arrived && fired); ++records)
+        run.glance();
+    EXPECT_TRUE(arrived && fired);
+    EXPECT_GT(records, 20) << "a glance is far cheaper than a turn";
+}
+
 } // namespace
