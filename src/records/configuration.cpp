@@ -98,9 +98,10 @@ void Get_CCini(App &app)
 {
     const platform::ErrorsIgnored ignored(app.run);
     CardOptions options;
-    if (!readCardOptions(app, options))
-        return;
+    const bool there = readCardOptions(app, options);
     app.values.paymentDirectory = paymentDirectory(options);
+    if (!there)
+        return;
     app.values.PrintTipLine = isMinusOne(options[7]);
     app.values.NoPartialSupport = wholeNumber(options[8]);
     app.values.PreApproveTip = isMinusOne(options[9]);

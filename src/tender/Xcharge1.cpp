@@ -229,6 +229,7 @@ void Xcharge1::focus(TenderBox box)
     case TenderBox::Text2: (locked ? locked : ui->Text2)->setFocus(); break;
     case TenderBox::Text5: (locked ? locked : ui->Text5)->setFocus(); break;
     case TenderBox::SSCommand1: ui->SSCommand1->setFocus(); break;
+    case TenderBox::SSCommand9: ui->SSCommand9->setFocus(); break;
     }
 }
 

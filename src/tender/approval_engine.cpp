@@ -51,8 +51,8 @@ void Tender::Approval_Engine()
     printing::warmUp(app, printer); // the server has to be waited for anyway
     if (!waitForAnswer())
         return;
-    readAnswer();
-    judgeAnswer();
+    const bool answerRead = readAnswer();
+    judgeAnswer(answerRead);
 }
 
 /// Blank values enter the record with the defaults that the request sends for them.
@@ -85,9 +85,15 @@ LocalRequest Tender::fillRequest()
 /// whole. False when it does not appear at all; then nothing was charged.
 bool Tender::placeRequest(const LocalRequest &request)
 {
+    deleteLeftOvers();
     local = localFiles(app.values, app.clock.now());
-    app.files.removeIfThere(local.answer); // an earlier card's, of a clock that was set back
-    platform::Outcome outcome = app.files.write(local.work, requestLine(request));
+    // An earlier card's, of a clock that was set back.
+    platform::Outcome outcome = app.files.removeIfThere(local.answer);
+    if (stillThere(local.answer, outcome)) {
+        requestNotPlaced(outcome);
+        return false;
+    }
+    outcome = app.files.write(local.work, requestLine(request));
     if (done(outcome))
         outcome = app.files.copy(local.work, local.request);
     app.files.removeIfThere(local.work);
@@ -103,6 +109,7 @@ void Tender::requestNotPlaced(platform::Outcome outcome)
                        local.request});
     app.values.TndrRESULT = "Declined";
     writeAnswer(answerBlock("Declined", app.values.CCdata));
+    traceAnswer();
     app.files.removeIfThere(auditFile(app.values));
     app.dialogs.message("Request File",
                         "The request for this card cannot be written to the Xcharge folder, so "
@@ -124,6 +131,7 @@ void Tender::traceLocalRequest(const LocalRequest &request)
 bool Tender::waitForAnswer()
 {
     startCounting();
+    Timer2.setInterval(kWaitTimer); // anew: the audit's question may have taken its time
     while (!app.files.exists(local.answer)) {
         if (app.ending())
             return false;
@@ -153,35 +161,51 @@ void Tender::noAnswer()
     endTender();
 }
 
-void Tender::readAnswer()
+/// False when there is an answer that cannot be read; it stays where it is, as the evidence.
+bool Tender::readAnswer()
 {
+    waiting = false;
     Timer2.setInterval(0);
     std::string content;
-    app.files.read(local.answer, content, kAnswerLimit);
+    const platform::Outcome outcome = app.files.read(local.answer, content, kAnswerLimit);
+    if (!done(outcome))
+        traceProcess(app, {"  ANSWER NOT READ - " + std::string(platform::textOf(outcome)) + " - " +
+                           local.answer});
     const std::string answer = answerText(content);
     app.values.CCdata.set(CResponse, answer);
     traceProcess(app, {"Actual Response From Xcharge " + answer,
                        "Actual Seconds for Response  " + fields.Label7});
     const std::string word = outcomeWord(answer);
-    const std::string code = answer.substr(std::min<std::size_t>(answer.size(), 1));
     answering = true;
     app.values.TndrRESULT = word;
     app.values.CCdata.set(CCstatus, word);
-    app.values.CCdata.set(CApprovalCode, code);
+    app.values.CCdata.set(CApprovalCode, answer.substr(std::min<std::size_t>(answer.size(), 1)));
+    const std::string code = app.values.CCdata.text(CApprovalCode);
     fields.result = true;
     fields.approved = word == "Approved";
     fields.SSCommand1.enabled = !fields.approved;
     status(word + "\r\n" + code);
     statusPainted(word + " - " + code);
+    return done(outcome);
 }
 
 /// Kept: in this path a declined card is filed among the pending ones too, charged at once or not.
-void Tender::judgeAnswer()
+void Tender::judgeAnswer(bool answerRead)
 {
     if (app.values.CCdata.text(CCEncoded) != "1")
         encodeCardNumber(app.values.CCdata);
-    storeLocalRecord();
-    deleteLocalFiles();
+    const bool stored = storeRecord(pendingFile(app.values));
+    if (stored)
+        repeatRecord(app, pendingFile(app.values), transRecord, app.values.CCdata);
+    if (answerRead)
+        deleteLocalFiles();
+    if (fields.approved && !stored) {
+        approvalNotStored("The bank approved this card with the code " +
+                          app.values.CCdata.text(CApprovalCode) +
+                          ", but its record cannot be stored. Do not charge it again: write the "
+                          "code down and call the manager.");
+        return;
+    }
     app.files.removeIfThere(auditFile(app.values));
     traceProcess(app, {"Approved or Declined " + app.values.TndrRESULT});
     if (fields.approved) {
@@ -193,13 +217,6 @@ void Tender::judgeAnswer()
     finish();
 }
 
-void Tender::storeLocalRecord()
-{
-    const std::string file = pendingFile(app.values);
-    storeRecord(file);
-    repeatRecord(app, file, transRecord, app.values.CCdata);
-}
-
 /// Also what a server that is slow to look has not taken yet: it must not charge a card whose
 /// tender is over.
 void Tender::deleteLocalFiles()
@@ -208,7 +225,25 @@ void Tender::deleteLocalFiles()
     if (!local.set())
         return;
     for (const std::string &file : {local.request, local.answer, local.work})
-        app.files.removeIfThere(file);
+        stillThere(file, app.files.removeIfThere(file));
+}
+
+/// What a tender of this station that was killed has left of its request: a card in clear.
+void Tender::deleteLeftOvers()
+{
+    const std::string folder = localFolder(app.values);
+    for (const std::string &name : app.files.list(folder))
+        if (isLeftOver(app.values, name))
+            app.files.removeIfThere(folder + name);
+}
+
+/// Whether a file that had to go still lies there; the trace tells.
+bool Tender::stillThere(const std::string &file, platform::Outcome removed)
+{
+    if (!app.files.exists(file))
+        return false;
+    traceProcess(app, {"  NOT DELETED - " + std::string(platform::textOf(removed)) + " - " + file});
+    return true;
 }
 
 void Tender::Command3_Click()

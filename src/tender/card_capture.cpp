@@ -21,17 +21,19 @@ bool endsTrack(const std::string &text)
 
 bool Tender::awaitsCard() const
 {
-    return !fields.boxesLocked && !fields.cardTaken && !app.ending();
+    return !fields.boxesLocked && !fields.cardTaken && !askingManager && !app.ending();
 }
 
 /// A reader that sends a first track alone types nothing into the second box: then its swipe is
-/// taken when the settle time is over.
+/// taken when the settle time is over. A "%" begins another card's: what was left of the one before
+/// must not go with it.
 void Tender::Text2_Change(const std::string &text)
 {
     if (!awaitsCard())
         return;
-    fields.Text2 = text;
-    fields.Text1 = Left(text, kShownOfSwipe);
+    const std::size_t start = text.rfind('%');
+    fields.Text2 = start == std::string::npos ? text : text.substr(start);
+    fields.Text1 = Left(fields.Text2, kShownOfSwipe);
     show();
     Timer1.setInterval(endsTrack(text) ? kSettleTime : 0);
     if (endsTrack(text))
@@ -42,8 +44,14 @@ void Tender::Text5_Change(const std::string &text)
 {
     if (!awaitsCard())
         return;
-    fields.Text5 = text;
     Timer1.setInterval(0);
+    if (text == "%") {
+        fields.Text5.clear();
+        Text2_Change(text);
+        view.focus(TenderBox::Text2);
+        return;
+    }
+    fields.Text5 = text;
     if (endsTrack(text))
         captureSwipe();
 }
@@ -63,8 +71,11 @@ void Tender::captureSwipe()
         Get_Number();
 }
 
+/// While a manager is asked nothing is taken; the timer comes again.
 void Tender::Timer1_Timer()
 {
+    if (askingManager)
+        return;
     Timer1.setInterval(0);
     fields.Label4 = "1";
     if (awaitsCard())
@@ -151,6 +162,8 @@ void Tender::SSCommand3_Click()
         return;
     if (card)
         enterTyped(*card);
+    else if (!fields.Text2.empty())
+        resetCapture(); // half a swipe that nobody waited for
     else
         view.focus(TenderBox::Text2);
 }

@@ -6,9 +6,27 @@ namespace tender {
 
 using namespace records;
 
+std::string localFolder(const ProcessValues &values)
+{
+    return values.paymentDirectory + "LocalTran\\";
+}
+
+bool isLeftOver(const ProcessValues &values, std::string_view name)
+{
+    const std::string station = Trim(values.StationName);
+    constexpr std::size_t kStamp = 12; // MMDDYYHHMMSS
+    if (toLower(Left(name, station.size())) != toLower(station) ||
+        name.size() <= station.size() + kStamp)
+        return false;
+    const std::string_view stamp = name.substr(station.size(), kStamp);
+    const std::string ending = toLower(name.substr(station.size() + kStamp));
+    return stamp.find_first_not_of("0123456789") == std::string_view::npos &&
+           (ending == ".tmp" || ending.starts_with(".req."));
+}
+
 LocalFiles localFiles(const ProcessValues &values, const platform::DateTime &now)
 {
-    const std::string name = values.paymentDirectory + "LocalTran\\" + Trim(values.StationName) +
+    const std::string name = localFolder(values) + Trim(values.StationName) +
                              Format(now, "MMDDYY") + Format(now, "HHMMSS") + ".";
     return {name + "tmp", name + "req", name + "ans"};
 }

@@ -18,6 +18,12 @@ struct LocalFiles {
     bool set() const { return !work.empty(); }
 };
 
+/// The folder of the exchange, with its backslash.
+std::string localFolder(const records::ProcessValues &values);
+
+/// True for the name of a work file, or of a copy in the making, of this station's own.
+bool isLeftOver(const records::ProcessValues &values, std::string_view name);
+
 LocalFiles localFiles(const records::ProcessValues &values, const platform::DateTime &now);
 
 /// The eight values; blank ones take their defaults when the line is made.

@@ -1,6 +1,7 @@
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
 #include "records/card_files.h"
+#include "records/lookups.h"
 #include "records/trace.h"
 #include "tender/command_line.h"
 #include "tender/request.h"
@@ -42,18 +43,22 @@ void Tender::showOfflinePanel()
 {
     fields.SSPanel5Visible = true;
     show();
+    view.focus(TenderBox::SSCommand9); // or Enter would press "Cancel"
 }
 
 void Tender::Hide_Offline_Panel()
 {
     fields.SSPanel5Visible = false;
     show();
+    view.focus(TenderBox::Text2);
 }
 
-/// The manager step's answer: "NO", or a name. Whatever the wait brings meanwhile waits for it.
+/// The manager step's answer: "NO", or a name. Whatever the wait brings meanwhile waits for it. The
+/// managers are read anew: at the load the shared directory was not known yet.
 std::string Tender::askManager(const std::string &what)
 {
     ProcessValues &values = app.values;
+    Get_AsstMgr(app);
     values.managerResult.clear();
     values.managerRequest = "XchargeAPPROVAL";
     values.managerCheckMode = "100";
@@ -65,7 +70,7 @@ std::string Tender::askManager(const std::string &what)
     view.setTopMost(true);
     askingManager = false;
     values.managerCheckMode.clear();
-    values.managerRequest.clear();
+    view.focus(TenderBox::Text2);
     return app.ending() ? "NO" : values.managerResult;
 }
 
@@ -76,9 +81,10 @@ bool Tender::cardIsKnown() const
     return app.values.X1009 || (!isBlank(CCdata.text(CCNumb)) && !isBlank(CCdata.text(CCExpDate)));
 }
 
+/// The bank's word lies there, and the wait has not looked since.
 bool Tender::answerHasCome()
 {
-    return app.files.exists(app.values.X1009 ? std::string(kResultFile) : local.answer);
+    return waiting && app.files.exists(app.values.X1009 ? std::string(kResultFile) : local.answer);
 }
 
 /// "YES". A card that was answered while the manager made up his mind takes the normal way on, and
@@ -92,21 +98,27 @@ void Tender::SSCommand8_Click()
     const std::string manager = askManager("Approve this card OFFLINE");
     if (app.ending())
         return;
-    if (manager == "NO" || !cardIsKnown() || answerHasCome()) {
-        Hide_Offline_Panel();
-        app.values.StopWaiting = 0;
+    if (manager != "NO" && cardIsKnown() && requestWithdrawn() && !answerHasCome()) {
+        approveOffline();
         return;
     }
-    approveOffline();
+    Hide_Offline_Panel();
+    app.values.StopWaiting = 0;
+    app.values.managerRequest.clear();
+}
+
+/// A request that the server may still take would charge the guest a second time.
+bool Tender::requestWithdrawn()
+{
+    const platform::ErrorsIgnored ignored(app.run);
+    return !local.set() || !stillThere(local.request, app.files.removeIfThere(local.request));
 }
 
 /// Kept: a sale that would be charged at once is filed as pending too; nobody has charged it yet.
-/// The request that the server has not taken is withdrawn, or the guest would pay twice.
 void Tender::approveOffline()
 {
     const platform::ErrorsIgnored ignored(app.run);
     answering = true;
-    deleteLocalFiles();
     Set_Data();
     CardRecord &CCdata = app.values.CCdata;
     CCdata.set(CCApprovedAmt, fields.Text4);
@@ -117,7 +129,10 @@ void Tender::approveOffline()
     app.values.TndrRESULT = "Approved";
     fields.result = true;
     fields.approved = true;
-    storeRecord(pendingFile(app.values));
+    if (!storeRecord(pendingFile(app.values))) {
+        approvalNotStored("The record of this card cannot be stored, so it was not approved.");
+        return;
+    }
     printing::Set_Printer(app, printer);
     printing::Print_Merch(app, printer, slipContext());
     printing::Print_Cust(app, printer, slipContext());
@@ -139,8 +154,9 @@ void Tender::SSCommand5_Click()
     if (!fields.SSCommand5.enabled || askingManager || answering || app.ending())
         return;
     const std::string manager = askManager("Open the card setup");
-    if (!app.ending() && manager != "NO" && (fields.result || !answerHasCome()))
+    if (!app.ending() && manager != "NO" && !answerHasCome())
         view.showSetup();
+    app.values.managerRequest.clear();
 }
 
 void Tender::SSPanel4_Click()
@@ -153,7 +169,7 @@ void Tender::SSPanel4_Click()
         "able to process credit cards on this computer again. Do not do this unless you have been "
         "instructed by Tech Support to do so. Please press CANCEL now.",
         platform::Buttons::OkCancel);
-    if (answer == platform::Answer::Ok && !app.ending())
+    if (answer == platform::Answer::Ok && !answerHasCome() && !app.ending())
         view.removePaymentApplication();
 }
 

@@ -94,18 +94,30 @@ std::string Tender::chooseTarget()
 }
 
 /// On the disk, flushed, before anything is printed or answered. A failed write is passed over by
-/// this routine's rules, but never without a line that tells what is missing.
-void Tender::storeRecord(const std::string &file)
+/// this routine's rules, but never without a line that tells what is missing. False when the record
+/// is not in the file.
+bool Tender::storeRecord(const std::string &file)
 {
     const StoredRecord stored = addRecord(app, file, app.values.CCdata);
     transRecord = stored.slot;
     if (done(stored.outcome) || app.ending())
-        return;
+        return stored.stored();
     const char *const what =
         stored.stored() ? "  RECORD STORED BUT NOT FLUSHED - " : "  RECORD NOT STORED - ";
     const std::string line = what + std::string(platform::textOf(stored.outcome)) + " - " + file;
     traceProcess(app, {line});
     traceLog(app, {line});
+    return stored.stored();
+}
+
+/// Nobody is told of an approval that is nowhere on the disk.
+void Tender::approvalNotStored(const std::string &what)
+{
+    app.dialogs.message("CCPending.dat", what);
+    app.values.TndrRESULT = "Declined";
+    writeAnswer(answerBlock("Declined", app.values.CCdata));
+    app.files.removeIfThere(auditFile(app.values));
+    endTender();
 }
 
 printing::SlipContext Tender::slipContext() const
@@ -182,7 +194,8 @@ void Tender::endTender()
 
 void Tender::SSCommand1_Click()
 {
-    if (!fields.SSCommand1.enabled || !fields.SSCommand1.visible || answering || app.ending())
+    if (!fields.SSCommand1.enabled || !fields.SSCommand1.visible || answering || app.ending() ||
+        answerHasCome())
         return;
     traceProcess(app, {"Cancel was pressed", "Unable to Connect - Internet may be down ",
                        "Actual Seconds waited for Response  " + fields.Label7});

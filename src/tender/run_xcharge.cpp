@@ -165,6 +165,7 @@ bool Tender::waitForResult(const std::string &commandLine)
         if (app.values.StopWaiting > 65534) {
             traceProcess(app, {"Unable to Connect - Internet may be down ",
                                "Actual Seconds waited for Response  " + fields.Label7});
+            waiting = false;
             fields.Label7Visible = false;
             fields.SSCommand1.enabled = true; // the operator's way out
             show();
@@ -190,6 +191,7 @@ void Tender::startPaymentAt(const std::string &commandLine, int &shellAt)
 
 void Tender::readResult()
 {
+    waiting = false;
     Timer2.setInterval(0);
     status("");
     fields.Label4 = "10";

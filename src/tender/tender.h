@@ -106,15 +106,17 @@ private:
     void traceLocalRequest(const LocalRequest &request);
     bool waitForAnswer();
     void noAnswer();
-    void readAnswer();
-    void judgeAnswer();
-    void storeLocalRecord();
+    bool readAnswer();
+    void judgeAnswer(bool answerRead);
     void deleteLocalFiles();
+    void deleteLeftOvers();
+    bool stillThere(const std::string &file, platform::Outcome removed);
 
     // offline.cpp
     std::string askManager(const std::string &what);
     bool cardIsKnown() const;
     bool answerHasCome();
+    bool requestWithdrawn();
     void approveOffline();
     void Hide_Offline_Panel();
 
@@ -137,7 +139,8 @@ private:
     void declined();
     void stayForOperator();
     std::string chooseTarget();
-    void storeRecord(const std::string &file);
+    bool storeRecord(const std::string &file);
+    void approvalNotStored(const std::string &what);
     printing::SlipContext slipContext() const;
     void printSlips();
     void printPartialSlips();
@@ -175,7 +178,8 @@ private:
     records::Money totalWithTip;
     std::uint32_t startTick = 0;
     bool askingManager = false;
-    bool answering = false; // from the result to the answer no command counts
+    bool waiting = false;   // for the bank's word
+    bool answering = false; // from the result to the answer nothing may end the tender
     long transRecord = 0;   // slot of the record in its file
 };
 

@@ -26,7 +26,8 @@ StateWords stateWords(const TenderFields &fields)
         return resultWords(fields);
     if (fields.SSPanel4Visible)
         return {StateColour::Attention, "No answer yet",
-                "The payment application has not answered."};
+                fields.X1009 ? "The payment application has not answered."
+                             : "The payment server has not answered."};
     if (fields.Label7Visible)
         return {StateColour::Waiting, "Waiting",
                 fields.X1009 ? "The payment window takes the card." : "The bank is being asked."};

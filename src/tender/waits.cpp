@@ -8,6 +8,7 @@ using namespace records;
 void Tender::startCounting()
 {
     app.values.StopWaiting = 0;
+    waiting = true;
     fields.Label7Visible = true;
     fields.Label7 = "0";
     fields.Label4 = "0";
@@ -56,10 +57,11 @@ void Tender::statusPainted(const std::string &text)
     view.paintNow();
 }
 
-/// "CONFIG" can end the tender, so it goes with "Cancel".
+/// "CONFIG" can end the tender, so it goes with "Cancel"; but it withdraws no request.
 void Tender::show()
 {
-    fields.SSCommand5.enabled = fields.SSCommand1.enabled && fields.SSCommand1.visible;
+    fields.SSCommand5.enabled =
+        fields.SSCommand1.enabled && fields.SSCommand1.visible && !local.set();
     view.refresh(fields);
 }
 

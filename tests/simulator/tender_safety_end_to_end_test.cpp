@@ -117,8 +117,9 @@ TEST(CommandLineEndToEnd, NoCardIsTakenWhileTheBackOfficeBatches)
     EXPECT_TRUE(restaurant.station.has(marker));
 }
 
-// Killed at every operation on a file: nobody else's record is touched, no record is half there, no
-// request is half-written, and the point of sale hears of no approval that is not on the disk.
+// Killed at every third operation on a file (all of them are stopped in virtual time): nobody
+// else's record is touched, no record is half there, no request is half-written, and the point of
+// sale hears of no approval that is not on the disk.
 TEST(KilledTender, LeavesAWholeRecordOrNone)
 {
     const std::string earlier = std::string(500, 'a') + std::string(500, 'b');

@@ -250,6 +250,64 @@ TEST(LocalWait, ThatIsStoppedDeclinesWithoutARecord)
     EXPECT_TRUE(story.pending().empty() && story.left().empty() && story.station.run.ending());
 }
 
+// The bank's word lies there already: a decline would make the point of sale charge the card again.
+TEST(Cancel, IsPassedOverWhenTheAnswerHasCome)
+{
+    for (const bool local : {true, false}) {
+        LocalStory story;
+        story.reply = std::nullopt;
+        story.paymentKeepsSilent();
+        if (!local)
+            story.station.put("C:\\Lumbrio\\X1009Version.dat", "");
+        else
+            story.swipe(kTrack1);
+        story.station.time.at(20'000, [&] {
+            story.station.put(local ? std::string(kLocalTran) + "\\" +
+                                          records::Left(story.left().at(0), 22) + "ans"
+                                    : TenderStory::kResult,
+                              local ? *LocalStory().reply : support::approvedResult());
+            story.tender.SSCommand1_Click();
+        });
+        story.run();
+        EXPECT_TRUE(story.answer().starts_with("\"Approved\"")) << story.answer();
+        EXPECT_EQ(story.pending().size(), 1U);
+    }
+}
+
+// What cannot be written, read or deleted: no approval without a record, no card charged behind the
+// server's back, and evidence of what the bank said.
+TEST(LocalFaults, TellNoApprovalThatIsNotOnTheDiskAndChargeNoCardTwice)
+{
+    struct Case {
+        const char *operation, *pathEnd, *word, *trace;
+        std::size_t records, left;
+        const char *title, *text;
+    };
+    for (const Case &c :
+         {Case{"append", "CCPending.dat", "\"Declined\"", "RECORD NOT STORED", 0, 0,
+               "CCPending.dat",
+               "The bank approved this card with the code A12345, but its record cannot be stored. "
+               "Do "
+               "not charge it again: write the code down and call the manager."},
+          Case{"open", ".ans", "\"Declined\"", "ANSWER NOT READ", 1, 1, "", ""},
+          Case{
+              "rename", ".req", "\"Declined\"", "REQUEST NOT WRITTEN", 0, 0, "Request File",
+              "The request for this card cannot be written to the Xcharge folder, so this card was "
+              "not charged. Please try again, or check the connection to the Xcharge computer."},
+          Case{"remove", ".ans", "\"Approved\"", "NOT DELETED", 1, 1, "", ""}}) {
+        LocalStory story;
+        story.station.disk.failOn(c.operation, c.pathEnd, Outcome::Denied);
+        if (*c.title != '\0')
+            story.station.dialogs.expect(c.title, c.text, Buttons::Ok, Answer::Ok);
+        story.swipe(kTrack1);
+        story.run();
+        EXPECT_TRUE(story.answer().starts_with(c.word)) << c.trace;
+        EXPECT_NE(story.processTrace().find(c.trace), std::string::npos) << c.trace;
+        EXPECT_EQ(story.pending().size(), c.records) << c.trace;
+        EXPECT_EQ(story.left().size(), c.left) << c.trace;
+    }
+}
+
 TEST(LocalTender, WithoutTheServersFolderChargesNothingAndSaysSo)
 {
     LocalStory story;
@@ -306,13 +364,31 @@ TEST(Capture, ReadsRealTracksAndKeepsWhatItCannotRead)
     }
 }
 
+// What one guest's card has left in the boxes must not be charged for the next.
+TEST(Capture, BeginsAfreshWithEachCardAndLeavesNoCardInClear)
+{
+    LocalStory story;
+    const std::string folder = std::string(kLocalTran) + "\\";
+    story.station.put(folder + "FRONT-BAR011525130000.tmp", kTrack1);
+    story.station.put(folder + "front-bar011525130000.req.7.new", kTrack1);
+    story.station.put(folder + "FRONT-BAR-2011525130000.tmp", "another station's");
+    const std::string lost = "%B5500000000000004^OTHER/GUEST^2809"; // its end did not arrive
+    story.station.time.at(500, [&] { story.tender.Text2_Change(lost); });
+    story.station.time.at(900, [&] { story.tender.SSCommand3_Click(); }); // and "Cancel"
+    story.station.time.at(1000, [&] { story.tender.Text2_Change(lost); });
+    story.swipe(lost + kTrack1, kTrack2, 1500);
+    story.run();
+    ASSERT_EQ(story.requests.size(), 1U);
+    EXPECT_EQ(story.requests[0].find("5500000000000004"), std::string::npos);
+    EXPECT_EQ(story.left(), std::vector<std::string>{"FRONT-BAR-2011525130000.tmp"});
+}
+
 TEST(Capture, TakesNoCardBeforeTheRequestIsKnownNorBesideACommandLine)
 {
     LocalStory early;
     early.tender.Text2_Change(kTrack1);
     early.tender.Text5_Change(kTrack2);
     early.run(5'000);
-    EXPECT_TRUE(early.stillWaiting || !early.station.run.ending() || early.requests.empty());
     EXPECT_TRUE(early.requests.empty());
 
     LocalStory byCommandLine;
@@ -410,11 +486,17 @@ TEST(TenderCommands, AskForAManagerBeforeTheSetupAndTwiceBeforeARemoval)
         "instructed by Tech Support to do so. Please press CANCEL now.";
     const std::string title = "REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN";
     story.station.put("c:\\Program Files\\X-Charge\\Xchrgsrv.exe", "program");
+    story.station.put("F:\\Lumbrio\\ini\\3\\ButtonAM.dat",
+                      "\"1111\",\"Margaret Manager\",\"01/01/2030\"\r\n");
     story.station.dialogs.expect(title, removal, Buttons::OkCancel, Answer::Cancel);
     story.station.dialogs.expect(title, removal, Buttons::OkCancel, Answer::Ok);
     story.reply = std::nullopt;
     std::string manager = "NO";
-    story.view.onManager = [&] { story.app.values.managerResult = manager; };
+    story.view.onManager = [&] {
+        story.pass(2000);
+        EXPECT_EQ(story.app.values.ManagerTable[0].name, "Margaret Manager");
+        story.app.values.managerResult = manager;
+    };
     story.station.time.at(400, [&] {
         story.tender.SSPanel4_Click(); // not on screen yet
         story.tender.Command3_Click();
@@ -422,7 +504,7 @@ TEST(TenderCommands, AskForAManagerBeforeTheSetupAndTwiceBeforeARemoval)
         manager = "Margaret Manager";
         story.tender.SSCommand5_Click();
     });
-    story.swipe(kTrack1, kTrack2, 1000);
+    story.swipe(kTrack1, "", 350); // its settle time ends while the manager is asked
     story.station.time.at(52'000, [&] {
         story.tender.SSPanel4_Click();
         story.tender.SSPanel4_Click();

@@ -209,6 +209,38 @@ TEST(TenderScreen, CommandsOfACardAreThereOnlyWhereTheScreenTakesOne)
     }
 }
 
+TEST(TenderScreen, EachCommandOfACardDoesWhatItsCaptionSays)
+{
+    ScreenStory story;
+    story.station.erase("C:\\Lumbrio\\X1009Version.dat");
+    story.station.put("C:\\Lumbrio\\XCHide.txt", "");
+    story.station.put("c:\\Program Files\\X-Charge\\Xchrgsrv.exe", "program");
+    story.station.put("F:\\Lumbrio\\ini\\3\\ButtonAM.dat",
+                      "\"1111\",\"Margaret Manager\",\"01/01/2030\"\r\n");
+    story.station.dialogs.expect("CONFIG", "The card setup is not part of this version yet.",
+                                 platform::Buttons::Ok, platform::Answer::Ok);
+    story.at(400, [&] {
+        const auto &number = story.control<QLineEdit>("Text1");
+        support::type(QStringLiteral("%B41"));
+        EXPECT_EQ(number.echoMode(), QLineEdit::Password);
+        support::click(QStringLiteral("View"));
+        EXPECT_EQ(number.echoMode(), QLineEdit::Normal);
+        EXPECT_EQ(story.box("Text2") + story.box("Text1"), "%B41%B41");
+        support::click(QStringLiteral("Clear"));
+        EXPECT_EQ(story.box("Text2") + story.box("Text1"), "");
+        support::click(QStringLiteral("Start Xcharge"));
+        EXPECT_EQ(story.station.system.started.size(), 1U);
+        story.station.time.after(500, [] {
+            support::type(QStringLiteral("1111"));
+            support::press(Qt::Key_Return);
+        });
+        support::click(QStringLiteral("CONFIG"));
+        support::type(QStringLiteral("%B5"));
+        EXPECT_EQ(story.box("Text2"), "%B5") << "the next swipe finds its box";
+    });
+    story.tell(3000);
+}
+
 // A reader types faster than people: nothing of a card may get lost between two boxes, and what it
 // sends behind the card must not press a command.
 TEST(TenderScreen, ACardArrivesWholeFromTheReaderAndFromTheKeypad)

@@ -135,13 +135,12 @@ const Tale kTales[] = {
      },
      {},
      "RESULT=TIMEOUT\r\n"},
-    {"cancelled_as_the_result_arrives",
+    {"cancelled_in_the_wait",
      [](TenderStory &story) {
          story.paymentKeepsSilent();
          story.station.time.at(7000, [&story] { story.tender.SSCommand1_Click(); }); // disabled
          story.station.time.at(11'600, [&story] {
              story.station.put(TenderStory::kMarker, "");
-             story.station.put(TenderStory::kResult, kApproved);
              story.tender.SSCommand1_Click();
              EXPECT_FALSE(story.station.has(TenderStory::kMarker));
          });
