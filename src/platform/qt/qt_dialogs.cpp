@@ -90,7 +90,7 @@ int Box::wait(Run &run)
     activateWindow();
     while (isVisible() && (openedAtTheEnd || !run.ending()))
         run.yield();
-    hide();
+    hideModal(*this);
     return result();
 }
 

@@ -83,7 +83,7 @@ void Screen::runModal()
     show();
     while (!gone && !services.ending())
         services.yield();
-    hide();
+    hideModal(*this);
 }
 
 void Screen::unload()
@@ -196,6 +196,14 @@ QWidget *windowInFront()
             return window;
     }
     return nullptr;
+}
+
+void hideModal(QWidget &window)
+{
+    QWindow *behind = window.windowHandle() ? window.windowHandle()->transientParent() : nullptr;
+    window.hide();
+    if (behind != nullptr)
+        behind->requestActivate();
 }
 
 void placeInFront(QWidget &window)

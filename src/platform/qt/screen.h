@@ -83,5 +83,8 @@ QWidget *windowInFront();
 /// Makes `window` modal to the program and places it over windowInFront(), even a top-most one.
 /// Call it before the window is shown.
 void placeInFront(QWidget &window);
+/// Hides it again and gives the keyboard back to the window below, which may be waiting for a card
+/// reader: nobody but us does that where there is no window manager.
+void hideModal(QWidget &window);
 
 } // namespace platform
