@@ -45,9 +45,11 @@ std::string digits(std::uint64_t number, std::size_t width)
     return std::string(width > text.size() ? width - text.size() : 0, '0') + text;
 }
 
+/// As points of sale and the bank write it, "86.90".
 std::string amount(Money value)
 {
-    return Format(value, "#######.##");
+    const auto cents = static_cast<std::uint64_t>(value.rounded(2).tenThousandths() / 100);
+    return std::to_string(cents / 100) + "." + digits(cents % 100, 2);
 }
 
 platform::DateTime timeOf(const EveningOptions &options, std::size_t n, std::size_t total)
@@ -102,22 +104,26 @@ void setTip(CardRecord &record, Money sale, Dice &dice)
     record.set(CCAdjStatus, "Adjusted - Pending");
 }
 
-void setOutcome(CardRecord &record, Money sale, Dice &dice)
+void setOutcome(CardRecord &record, Money sale, Dice &dice, const EveningOptions &options)
 {
     record.set(CResponse, "SUCCESS");
     record.set(CCstatus, "Approved");
     record.set(CApprovalCode, digits(dice.roll(1000000), 6));
     record.set(CCApprovedAmt, amount(sale));
     const std::uint64_t fate = dice.roll(100);
-    if (fate < 4)
+    if (fate < 4 && options.declines)
         setDeclined(record);
-    else if (fate < 6)
+    else if (fate >= 4 && fate < 6)
         setPartial(record, sale);
-    else if (fate < 40)
+    else if (fate >= 6 && fate < 40)
         setTip(record, sale, dice);
     if (fate == 99) {
         record.set(CCtype, "GIFT");
         record.set(GCbalance, amount(Money::fromCents(static_cast<std::int64_t>(dice.roll(9000)))));
+    }
+    if (options.allAdjusted && record.text(CCAdjStatus) != "Adjusted - Pending") {
+        record.set(CCAdjStatus, "Adjusted - Pending");
+        record.set(CCAdjAmt, amount(sale));
     }
 }
 
@@ -143,7 +149,7 @@ CardRecord Evening::record(std::size_t n) const
     record.set(CCTime, Format(when, "HH:MM ampm "));
     record.set(CCStation, kStations[server % kStations.size()]);
     record.set(CCAdjStatus, "Not Adjusted");
-    setOutcome(record, sale, dice);
+    setOutcome(record, sale, dice, options);
     return record;
 }
 

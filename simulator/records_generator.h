@@ -14,6 +14,8 @@ struct EveningOptions {
     platform::DateTime opening{2025, 1, 15, 17, 0, 0, 0};
     int minutes = 6 * 60 + 30; // to the last tender, on the same day
     std::uint32_t seed = 1;
+    bool allAdjusted = false; // the tips are in, and what got none is marked so
+    bool declines = true;     // else what would be declined is approved
 };
 
 /// Tender N of an evening, N from 0 to `total` - 1, as the tender and the tip cycle leave it: most

@@ -2,6 +2,7 @@
 #include "simulator/outcome_table.h"
 #include "simulator/pending_table.h"
 #include "simulator/pos.h"
+#include "simulator/records_generator.h"
 #include "simulator/sandbox.h"
 #include "simulator/server_table.h"
 #include "simulator/station.h"
@@ -10,6 +11,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <map>
 
@@ -25,6 +27,10 @@ const char kUsage[] =
     "            takes one card tender; gives up after S seconds (0: never; without a display 60)\n"
     "            local: a person gives the card at the tender's screen; --track is shown to him\n"
     "  pending   the records of CCPending.dat; --month: those of the month files\n"
+    "  evening   [--records 120] [--all-adjusted] [--no-declines]\n"
+    "            writes CCPending.dat anew: the tenders of this evening\n"
+    "  manager   [--keep]\n"
+    "            an evening, and the manager's program on it; --keep: on what is there\n"
     "  demo      a sandbox where there is none, tenders of several outcomes, and what they left\n"
     "  window    the point of sale in a window; makes the sandbox where there is none\n"
     "  outcomes  the amounts that the payment programs' stand-ins answer in a special way\n";
@@ -48,7 +54,8 @@ bool onlyKnown(const Options &options)
     for (const auto &[name, value] : options) {
         bool known = false;
         for (const char *each : {"--drives", "--table", "--receipt", "--server", "--amount",
-                                 "--audit", "--wait", "--month", "--mode", "--track"})
+                                 "--audit", "--wait", "--month", "--mode", "--track", "--records",
+                                 "--all-adjusted", "--no-declines", "--keep"})
             known = known || name == each;
         if (!known) {
             std::fprintf(stderr, "sim_pos: unknown option %s\n%s", name.c_str(), kUsage);
@@ -82,6 +89,8 @@ public:
     int sandbox();
     int tender();
     int pending();
+    int evening();
+    int manager();
     int demo();
     int window();
 
@@ -217,6 +226,45 @@ void PointOfSale::printSlipFiles(const std::vector<std::string> &before)
             std::printf("  %s\n", path.c_str());
 }
 
+int PointOfSale::evening()
+{
+    if (!installedHere())
+        return 1;
+    const std::time_t now = std::time(nullptr);
+    const std::tm today = *std::localtime(&now);
+    EveningOptions evening;
+    evening.opening.year = today.tm_year + 1900;
+    evening.opening.month = today.tm_mon + 1;
+    evening.opening.day = today.tm_mday;
+    evening.seed = 1521; // of its 120 tenders one is a partial approval, one on a gift card
+    evening.allAdjusted = options.contains("--all-adjusted");
+    evening.declines = !options.contains("--no-declines");
+    const auto records = static_cast<std::size_t>(std::atol(value("--records", "120").c_str()));
+    const std::string path = placeOf(files).Remotedir + "CCPending.dat";
+    if (!done(writeCardFile(files, path, Evening(records, evening))))
+        return 1;
+    std::printf("%zu tenders in %s\n", records, path.c_str());
+    return 0;
+}
+
+int PointOfSale::manager()
+{
+    if (!tenderIsSeen()) {
+        std::fputs("sim_pos: there is no display\n", stderr);
+        return 1;
+    }
+    if ((!isInstalled(files) && sandbox() != 0) || (!options.contains("--keep") && evening() != 0))
+        return 1;
+    std::fflush(stdout);
+    ChildProcess program(ownFolder() + "/TndrMGR", {}, {"LUMBRIO_DRIVES=" + drivesFolder});
+    if (program.id() == 0) {
+        std::fprintf(stderr, "sim_pos: no TndrMGR in %s\n", ownFolder().c_str());
+        return 1;
+    }
+    program.waitForEnd(0);
+    return program.exitCode();
+}
+
 // Nobody may be there to give the card, which is no fault of the demo.
 void PointOfSale::localDemo()
 {
@@ -307,6 +355,10 @@ int main(int argc, char **argv)
         return pointOfSale.tender();
     if (command == "pending")
         return pointOfSale.pending();
+    if (command == "evening")
+        return pointOfSale.evening();
+    if (command == "manager")
+        return pointOfSale.manager();
     if (command == "demo")
         return pointOfSale.demo();
     if (command == "window")
