@@ -25,7 +25,7 @@ constexpr QRgb kDarkText = 0xff1c2733;
 constexpr QRgb kLightText = 0xffffffff;
 constexpr QRgb kFrame = 0xff1f6feb;
 constexpr int kFrameWidth = 3;
-constexpr int kPadding = 6;    // left and right of a text in its cell, as of a heading
+constexpr int kPadding = 5;    // left and right of a text in its cell, as of a heading
 constexpr int kLeastRow = 34;  // for a finger
 constexpr int kRowMargin = 15; // above and below a text, together
 
@@ -80,6 +80,11 @@ QFont strong(QFont font)
     return font;
 }
 
+int cellWidth(const QFont &font, const QString &text)
+{
+    return static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(text))) + 2 * kPadding;
+}
+
 /// Paints rows on their own colours; the chosen one gets a frame, for its colour says something.
 class RowPainter : public QStyledItemDelegate {
 public:
@@ -102,10 +107,9 @@ public:
 
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        const QFontMetrics metrics(index.data(Qt::FontRole).isValid() ? strong(option.font)
-                                                                      : option.font);
-        return {metrics.horizontalAdvance(index.data().toString()) + 2 * kPadding,
-                std::max(kLeastRow, metrics.height() + kRowMargin)};
+        const QFont font = index.data(Qt::FontRole).isValid() ? strong(option.font) : option.font;
+        return {cellWidth(font, index.data().toString()),
+                std::max(kLeastRow, QFontMetrics(font).height() + kRowMargin)};
     }
 
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
@@ -137,7 +141,8 @@ private:
         const bool last = index.column() == index.model()->columnCount() - 1;
         painter.save();
         painter.setClipRect(cell);
-        const QRect whole = cell.adjusted(first ? 0 : -kFrameWidth, 0, last ? 0 : kFrameWidth, 0);
+        constexpr int kBeyond = 3 * kFrameWidth; // lines at inner edges fall outside
+        const QRect whole = cell.adjusted(first ? 0 : -kBeyond, 0, last ? 0 : kBeyond, 0);
         painter.setPen(QPen(QColor::fromRgb(kLightText), kFrameWidth + 2));
         constexpr int kHalf = kFrameWidth / 2;
         const QRect line = whole.adjusted(kHalf, kHalf, -kHalf - 1, -kHalf - 1);
@@ -342,8 +347,8 @@ void MList::shareWidth()
     std::vector<int> wanted;
     for (std::size_t n = 0; n < columns.size(); ++n) {
         const QFont own = columns[n].look == Look::Total ? strong(font()) : font();
-        const int text = QFontMetrics(own).horizontalAdvance(columns[n].widest) + 2 * kPadding;
-        wanted.push_back(std::max(text, horizontalHeader()->sectionSizeHint(static_cast<int>(n))));
+        wanted.push_back(std::max(cellWidth(own, columns[n].widest),
+                                  horizontalHeader()->sectionSizeHint(static_cast<int>(n))));
     }
     int left = viewport()->width();
     int needed = std::accumulate(wanted.begin(), wanted.end(), 0);

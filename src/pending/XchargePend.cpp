@@ -1,0 +1,250 @@
+#include "pending/XchargePend.h"
+
+#include "platform/qt/controls.h"
+#include "platform/qt/qt_text.h"
+#include "ui_XchargePend.h"
+
+#include <QButtonGroup>
+#include <QKeyEvent>
+
+namespace pending {
+
+using platform::MListColumn;
+using platform::putLook;
+using platform::putValue;
+using platform::putVisible;
+using platform::toQt;
+
+namespace {
+
+using Look = MListColumn::Look;
+
+constexpr std::size_t kUsualTotal = sizeof "$99,999.99" - 1;
+
+std::vector<MListColumn> columns()
+{
+    const auto column = [](const char *heading, const char *widest, Look look = Look::Text) {
+        return MListColumn{toQt(heading), toQt(widest), look};
+    };
+    return {column("Receipt", "00000"),
+            column("Server", "000"),
+            column("Tab", "0000.00", Look::Amount),
+            column("Approved", "0000.00", Look::Amount),
+            column("Tip", "000.00", Look::Amount),
+            column("Total", "00000.00", Look::Total),
+            column("Status", "Adjusted - Pending"),
+            column("Auth", "000000"),
+            column("Result", "Approved"),
+            column("Date", "00/00/00"),
+            column("Time", "00:00 PM"),
+            column("Terminal", "FRONT-BAR")};
+}
+
+QRgb colourOf(RowColour colour)
+{
+    switch (colour) {
+    case RowColour::White: return 0xffffffff;
+    case RowColour::LightGreen: return 0xff80ff80;
+    case RowColour::Red: return 0xffff0000;
+    case RowColour::ButtonFace: break;
+    }
+    return 0xffdfe5eb; // in daylight it must not look white
+}
+
+} // namespace
+
+XchargePend::XchargePend(records::App &theApp, printing::Printer &printer, OpenEntry theOpenEntry,
+                         PendingRoutes routes)
+    : Screen(theApp), app(theApp), openEntry(std::move(theOpenEntry)),
+      ui(std::make_unique<Ui::XchargePend>()), list(theApp, printer, *this, std::move(routes))
+{
+    ui->setupUi(this);
+    gatherArrays();
+    ui->MList1->setColumns(columns());
+    ui->business->setText(toQt(app.values.config.text(records::kBusinessName)));
+    connectCommands();
+    refresh(list.state());
+}
+
+XchargePend::~XchargePend() = default;
+
+void XchargePend::gatherArrays()
+{
+    SSCommand = {nullptr,         ui->SSCommand1,  ui->SSCommand2,  ui->SSCommand3,
+                 ui->SSCommand4,  ui->SSCommand5,  ui->SScommand6,  ui->SSCommand7,
+                 ui->SSCommand8,  ui->SSCommand9,  ui->SSCommand10, ui->SSCommand11,
+                 ui->SSCommand12, ui->SSCommand13, ui->SSCommand14, ui->SSCommand15};
+    SSOption1 = {ui->SSOption1_0, ui->SSOption1_1, ui->SSOption1_2, ui->SSOption1_3,
+                 ui->SSOption1_4, ui->SSOption1_5, ui->SSOption1_6};
+    Label5 = {ui->Label5_0, ui->Label5_1, ui->Label5_2};
+}
+
+void XchargePend::connectCommands()
+{
+    const auto click = [this](QAbstractButton *command, void (Pending::*handler)()) {
+        connect(command, &QAbstractButton::clicked, this, [this, handler] { (list.*handler)(); });
+    };
+    click(ui->SSCommand1, &Pending::SSCommand1_Click);   // "Done"
+    click(ui->SSCommand2, &Pending::SSCommand2_Click);   // "Process"
+    click(ui->SSCommand3, &Pending::SSCommand3_Click);   // "Refresh"
+    click(ui->SSCommand4, &Pending::SSCommand4_Click);   // "Print"
+    click(ui->SSCommand5, &Pending::SSCommand5_Click);   // "Finish"
+    click(ui->SScommand6, &Pending::SScommand6_Click);   // "Archive"
+    click(ui->SSCommand7, &Pending::SSCommand7_Click);   // "Totals by Servers"
+    click(ui->SSCommand10, &Pending::SSCommand10_Click); // "Totals by Terminal"
+    click(ui->SSCommand11, &Pending::SSCommand11_Click); // "Force ALL NO TIP"
+    click(ui->SSCommand12, &Pending::SSCommand12_Click); // "Totals by CC Type"
+    click(ui->SSCommand13, &Pending::SSCommand13_Click); // "Mark Completed"
+    click(ui->SSCommand14, &Pending::SSCommand14_Click); // "DELETE RED'S"
+    click(ui->SSCommand15, &Pending::SSCommand15_Click); // "Mark all completed"
+    click(ui->Image1, &Pending::Image1_Click);           // the picture in the corner
+    for (std::size_t option = 0; option < SSOption1.size(); ++option)
+        connect(SSOption1[option], &QAbstractButton::clicked, this,
+                [this, option] { list.SSOption1_Click(static_cast<int>(option)); });
+    connect(ui->MList1, &platform::MList::rowOpened, this,
+            [this](long row) { list.MList1_Click(row); });
+    ui->SSCommand11->installEventFilter(this);
+}
+
+void XchargePend::Form_Load()
+{
+    formLoaded = true;
+    ui->MList1->setFocus();
+    list.Form_Load();
+    if (fillAtLoad)
+        list.SSCommand3_Click();
+}
+
+void XchargePend::fillList()
+{
+    if (formLoaded)
+        list.SSCommand3_Click();
+    else
+        fillAtLoad = true;
+}
+
+void XchargePend::closeAsked()
+{
+    ui->SSCommand1->click(); // "Done"; nothing while it is disabled
+}
+
+/// Leaving completes: too much for a key that is pressed by mistake. Escape goes back to the list.
+void XchargePend::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        ui->MList1->setFocus();
+    else
+        Screen::keyPressEvent(event);
+}
+
+bool XchargePend::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Enter || event->type() == QEvent::Leave)
+        list.SSCommand11_Mouse(event->type() == QEvent::Enter);
+    return Screen::eventFilter(watched, event);
+}
+
+void XchargePend::refresh(const PendingFields &fields)
+{
+    showOptions(fields); // a click has changed one already
+    if (shown == fields)
+        return;
+    shown = fields;
+    showTotals(fields);
+    showState(fields);
+    showCommands(fields);
+}
+
+void XchargePend::showTotals(const PendingFields &fields)
+{
+    const bool wide = fields.Label5[2].size() > kUsualTotal;
+    for (std::size_t item = 0; item < Label5.size(); ++item) {
+        putValue(*Label5[item], fields.Label5[item]);
+        const bool grand = item == 2;
+        putLook(*Label5[item], "part", grand ? (wide ? "sum" : "large") : (wide ? "value" : "sum"));
+    }
+    putValue(*ui->Label16, fields.Label16);
+    putValue(*ui->Label17, fields.Label17);
+    putValue(*ui->Label18, fields.Label18);
+    putValue(*ui->Label19, fields.Label19);
+    ui->Label18->setToolTip(toQt(fields.Label6));
+}
+
+void XchargePend::showState(const PendingFields &fields)
+{
+    putValue(*ui->Label20, fields.Label20);
+    putLook(*ui->Label20, "state",
+            fields.Label20.empty() ? "" : (fields.connected ? "connected" : "offline"));
+    const bool missing = !fields.Label7.empty() && fields.Label7 != "0";
+    const bool empty = ui->MList1->rows().rowCount() == 0;
+    putValue(*ui->Label7, std::string(empty ? "" : missing ? "Some to adjust" : "All adjusted"));
+    putLook(*ui->Label7, "state", empty ? "" : missing ? "attention" : "approved");
+    ui->SSPanel1_0_text->setText(toQt(fields.SSPanel1_0));
+    // In one place: rows must not jump under a finger.
+    ui->noticePlace->setCurrentWidget(fields.SSPanel1_0Visible ? ui->SSPanel1_0 : ui->hintBand);
+    putVisible(*ui->SSPanel2, fields.SSPanel2Visible);
+    putVisible(*ui->MList1, !fields.SSPanel2Visible);
+}
+
+void XchargePend::showCommands(const PendingFields &fields)
+{
+    for (std::size_t number = 1; number < SSCommand.size(); ++number) {
+        QAbstractButton &command = *SSCommand[number];
+        const CommandState &state = fields.SSCommand[number];
+        // Qt would hand the keyboard on to the next command, and a second Enter with it.
+        if (command.hasFocus() && !(state.enabled && state.visible))
+            ui->MList1->setFocus();
+        command.setEnabled(state.enabled);
+        putVisible(command, state.visible);
+    }
+}
+
+void XchargePend::showOptions(const PendingFields &fields)
+{
+    for (std::size_t option = 0; option < SSOption1.size(); ++option) {
+        QRadioButton &button = *SSOption1[option];
+        button.setAutoExclusive(false); // else one would always stay chosen
+        button.setChecked(static_cast<int>(option) == fields.SSOption1);
+        button.setAutoExclusive(true);
+    }
+}
+
+void XchargePend::showRows(const ListRows &rows)
+{
+    std::vector<platform::MListRow> copies;
+    copies.reserve(rows.size());
+    for (const ListRow &row : rows)
+        copies.push_back({row.text, std::to_string(row.slot), colourOf(row.colour)});
+    ui->MList1->setRows(std::move(copies));
+}
+
+void XchargePend::rowsColoured()
+{
+    ui->MList1->recolour(
+        [&rows = list.rows()](std::size_t row) { return colourOf(rows[row].colour); });
+}
+
+void XchargePend::selectRow(long index)
+{
+    ui->MList1->goToRow(index);
+}
+
+void XchargePend::paintNow()
+{
+    Screen::paintNow();
+}
+
+void XchargePend::setBusyPointer(bool on)
+{
+    if (on)
+        setCursor(Qt::WaitCursor);
+    else
+        unsetCursor();
+}
+
+void XchargePend::showEntry(const std::string &file, long slot)
+{
+    openEntry(file, slot);
+}
+
+} // namespace pending

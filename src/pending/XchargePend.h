@@ -1,0 +1,79 @@
+// XchargePend: "Pending Transactions", the manager's working list of "CCPending.dat". It shows the
+// fields and rows of the list and hands its commands on; leaving it is "Done".
+#pragma once
+
+#include "pending/pending.h"
+#include "pending/pending_view.h"
+#include "platform/qt/screen.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+class QAbstractButton;
+class QLabel;
+class QRadioButton;
+namespace Ui {
+class XchargePend;
+}
+
+namespace pending {
+
+class XchargePend : public platform::Screen, private PendingView {
+    Q_OBJECT
+
+public:
+    /// Brings up the details of one record.
+    using OpenEntry = std::function<void(const std::string &file, long slot)>;
+
+    /// `app` and `printer` must outlive the screen.
+    XchargePend(records::App &theApp, printing::Printer &printer, OpenEntry theOpenEntry,
+                PendingRoutes routes = {});
+    ~XchargePend() override;
+
+    /// "Refresh"; on a screen that is just being opened, as the end of its load.
+    void fillList();
+    /// An entry of the list was saved by another screen.
+    void entrySaved() { list.entrySaved(); }
+    /// "Force ALL NO TIP", pressed on another screen.
+    void forceAllNoTip() { list.SSCommand11_Click(); }
+
+protected:
+    void Form_Load() override;
+    void closeAsked() override;
+    void keyPressEvent(QKeyEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void gatherArrays();
+    void connectCommands();
+
+    // PendingView
+    void refresh(const PendingFields &fields) override;
+    void showRows(const ListRows &rows) override;
+    void rowsColoured() override;
+    void selectRow(long index) override;
+    void paintNow() override;
+    void setBusyPointer(bool on) override;
+    void showEntry(const std::string &file, long slot) override;
+
+    void showTotals(const PendingFields &fields);
+    void showState(const PendingFields &fields);
+    void showCommands(const PendingFields &fields);
+    void showOptions(const PendingFields &fields);
+
+    records::App &app;
+    OpenEntry openEntry;
+    std::unique_ptr<Ui::XchargePend> ui;
+    std::array<QAbstractButton *, 16> SSCommand{}; // from 1; 6 is SScommand6
+    std::array<QRadioButton *, 7> SSOption1{};     // what the list is sorted by
+    std::array<QLabel *, 3> Label5{};              // total tabs, total tips, grand total
+    std::optional<PendingFields> shown;
+    bool formLoaded = false;
+    bool fillAtLoad = false;
+    Pending list; // last: it refers to this view until it is gone
+};
+
+} // namespace pending

@@ -1,0 +1,90 @@
+#include "roles/manager_role.h"
+
+#include "details/XchargeEntryDetals.h"
+#include "manager/TndrMgr.h"
+#include "pending/XchargePend.h"
+#include "printing/printer.h"
+#include "records/app.h"
+
+#include <QScreen>
+
+#include <memory>
+#include <utility>
+
+namespace roles {
+
+namespace {
+
+using platform::Screen;
+
+class ManagerRole {
+public:
+    explicit ManagerRole(platform::Services &services)
+        : app(services), printer(services.printers),
+          start(app, {[this] { openList(); }, [this] { tellStationsActive(); }})
+    {
+        open(start);
+    }
+    ~ManagerRole()
+    {
+        // At once: no handler runs any more, and later their printer would be gone.
+        delete entry.release();
+        delete list.release();
+    }
+    ManagerRole(const ManagerRole &) = delete;
+    ManagerRole &operator=(const ManagerRole &) = delete;
+
+private:
+    static void open(Screen &screen)
+    {
+        screen.setGeometry(screen.screen()->availableGeometry());
+        screen.showMaximized();
+    }
+
+    void openList()
+    {
+        list.reset(new pending::XchargePend(
+            app, printer, [this](const std::string &file, long slot) { openEntry(file, slot); }));
+        open(*list);
+        list->fillList();
+        start.hide();
+    }
+
+    /// One at a time; an entry that is still open shows the new record.
+    void openEntry(const std::string &file, long slot)
+    {
+        if (!entry || entry->unloaded()) {
+            details::EntryCallbacks callbacks;
+            callbacks.reloadPending = [this] { list->entrySaved(); };
+            callbacks.forceAllNoTip = [this] { list->forceAllNoTip(); };
+            entry.reset(new details::XchargeEntryDetals(app, printer, std::move(callbacks)));
+            open(*entry);
+        }
+        entry->open(file, slot, "PEND");
+        entry->raise();
+        entry->activateWindow();
+    }
+
+    void tellStationsActive()
+    {
+        app.dialogs.message(
+            "Stations are in use",
+            "Stations are entering tips. The notice that lets you go on is not part "
+            "of this version yet. Please wait until they are done.");
+    }
+
+    records::App app;
+    printing::Printer printer;
+    manager::TndrMgr start;
+    std::unique_ptr<pending::XchargePend, Screen::Later> list;
+    std::unique_ptr<details::XchargeEntryDetals, Screen::Later> entry;
+};
+
+} // namespace
+
+std::shared_ptr<void> openManager(Program &program)
+{
+    return std::make_shared<ManagerRole>(program.services());
+}
+
+} // namespace roles
