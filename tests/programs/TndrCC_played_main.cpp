@@ -1,7 +1,8 @@
 // TndrCC for tests and for script/screens: the shipped tender with a hand at its keyboard. What it
 // plays stands in its environment:
 //   LUMBRIO_PLAY_CLOCK   so many milliseconds pass in the program for one of the wall's
-//   LUMBRIO_PLAY_PRESS   the command with this caption is pressed once it is enabled
+//   LUMBRIO_PLAY_PRESS   the command with this caption (or a name of its own) is pressed
+//                        once it is enabled
 //   LUMBRIO_PLAY_SWIPE   a track, typed by the card reader once a box takes one (behind PRESS)
 //   LUMBRIO_PLAY_ESCAPE  Escape is pressed so many milliseconds (the program's) after the start
 //   LUMBRIO_PLAY_KILL    the process is killed (SIGKILL) at this operation on a file, from 1

@@ -1,5 +1,7 @@
 #include "support/qt/hand.h"
 
+#include "support/qt/screen_checks.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
@@ -57,7 +59,7 @@ void Hand::pressCommand()
     if (window == nullptr)
         return;
     for (auto *command : window->findChildren<QAbstractButton *>()) {
-        if (command->text() != caption || !command->isEnabled())
+        if (accessibleNameOf(*command) != caption || !command->isEnabled())
             continue;
         caption.clear();
         presser.setInterval(0);
