@@ -96,19 +96,19 @@ TEST_F(Configuration, HasOptionsThatCountMinusOneAloneAsYesAsTheGoldenTableSays)
 TEST_F(Configuration, HasAChargeAtOnceFlagThatCountsOnTheServerAlone)
 {
     values.Remotedir = "F:\\Lumbrio\\";
-    for (const auto &[options, flag, chargeAtOnce] :
-         {std::tuple(true, "F:\\Lumbrio\\DATA\\ccNOpreAUTH.dat", -1),
-          {true, "C:\\Lumbrio\\Data\\CCnoPREauth.dat", 0},
-          {true, "F:\\Lumbrio\\CCnoPREauth.dat", 0},
-          {false, "F:\\Lumbrio\\Data\\CCnoPREauth.dat", 0}}) {
+    for (const auto &[flag, chargeAtOnce] :
+         {std::pair("F:\\Lumbrio\\DATA\\ccNOpreAUTH.dat", -1),
+          {"C:\\Lumbrio\\Data\\CCnoPREauth.dat", 0},
+          {"F:\\Lumbrio\\CCnoPREauth.dat", 0}}) {
         values.TndrNOpreAUTH = 0;
-        station.erase("F:\\Lumbrio");
-        station.erase("C:\\Lumbrio");
         station.put(flag, "");
-        if (options)
-            station.put(kOptions, kAllYes);
+        station.erase(kOptions);
+        loadSetupFlags(app);
+        EXPECT_EQ(values.TndrNOpreAUTH, 0) << "without options";
+        station.put(kOptions, kAllYes);
         loadSetupFlags(app);
         EXPECT_EQ(values.TndrNOpreAUTH, chargeAtOnce) << flag;
+        station.erase(flag);
     }
 }
 

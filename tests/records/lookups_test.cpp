@@ -1,21 +1,22 @@
-// Names for numbers: whose name a slip prints, and whose name the manager's trace gets.
+// Names for numbers: whose name a slip prints, and whose name the manager's trace gets; and the
+// exact lines of that trace, which never stops anything.
 #include "records/employee_record.h"
 #include "records/lookups.h"
-#include "support/test_files.h"
+#include "records/trace.h"
+#include "support/golden_table.h"
 #include "support/test_station.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
 using namespace records;
 
 constexpr const char *kEmployees = "F:\\Clock\\Data\\Zemployee.dat";
+constexpr const char *kManagerTrace = "F:\\Lumbrio\\data\\AsstTrace0125.dat";
 constexpr const char *kManagers = "F:\\Lumbrio\\ini\\3\\ButtonAM.dat";
 
-class Lookups : public testing::Test {
+class ManagerAndEmployees : public testing::Test {
 protected:
-    Lookups()
+    ManagerAndEmployees()
     {
         app.values.Remotedir = "F:\\Lumbrio\\";
         app.values.timeClockDirectory = "F:\\Clock\\";
@@ -44,29 +45,23 @@ protected:
     App app{station.services};
 };
 
-TEST_F(Lookups, NameTheFirstEmployeeWhoseTrimmedNumberIsTheSameAndNeverStopATender)
+TEST_F(ManagerAndEmployees,
+       LookUpsNameTheFirstEmployeeWhoseTrimmedNumberIsTheSameAndNeverStopATender)
 {
     station.put(kEmployees, employee("1", "Anna Bell") + employee(" 12 ", "Bartholomew") +
                                 employee("7", "  Rosalind Test Smith") + employee("007", "Bo") +
                                 employee("7", "Second Seven") +
                                 employee("9", "Nina Last").substr(0, 560)); // a cut file
-    EXPECT_EQ(names("  7 "), "Rosalind Test Smith/Rosalind ");
-    EXPECT_EQ(names("12"), "Bartholomew/Barth");
-    EXPECT_EQ(names("007"), "Bo/Bo");
-    EXPECT_EQ(names("9"), "Nina Last/Nina ");
-    EXPECT_EQ(names("99"), "XXXXXX/Earlier ");
-    EXPECT_EQ(names("  "), "Earlier One/Earlier ");
+    support::expectTable("records/employees.txt",
+                         [this](const std::string &number) { return std::vector{names(number)}; });
     support::TestStation other(&station);
     platform::SlotFile held(other.files, kEmployees, EmployeeRecord::kSize);
     ASSERT_TRUE(done(held.open(platform::SlotUse::Read)) && done(held.lock()));
     EXPECT_EQ(names("1"), "XXXXXX/Earlier ");
-    held.close();
-    station.disk.failOn("read", "Zemployee.dat", platform::Outcome::Broken);
-    EXPECT_EQ(names("1"), "XXXXXX/Earlier ");
     EXPECT_FALSE(station.run.ending());
 }
 
-TEST_F(Lookups, FindManagersInRowsOneToElevenAndABadLineSpoilsItsOwnRowAlone)
+TEST_F(ManagerAndEmployees, LookUpsFindManagersInRowsOneToElevenAndABadLineSpoilsItsOwnRowAlone)
 {
     // Without a file: row 11 is empty, so that no code at all finds a manager without a name.
     app.values.Remotedir.clear();
@@ -84,6 +79,33 @@ TEST_F(Lookups, FindManagersInRowsOneToElevenAndABadLineSpoilsItsOwnRowAlone)
     EXPECT_EQ(managerName(app.values, "card11"), "Manager 11");
     for (const char *code : {"1111", "card12", "CARD11"}) // rows 0 and 12, and another case
         EXPECT_EQ(managerName(app.values, code), "Not Found") << code;
+}
+
+TEST_F(ManagerAndEmployees, HaveTracesWithTheirExactLinesAndLoseThemAloneWithoutTheirFolder)
+{
+    app.values.Maindir = "C:\\Lumbrio\\";
+    app.values.StationName = "FRONT-BAR";
+    app.values.ManagerTable[3] = {"4711", "Paula Manager", "01/01/2030"};
+    for (const char *folder : {"C:\\Lumbrio", "C:\\Lumbrio\\Data\\CCmgrLOGS"}) {
+        station.folder(folder);
+        app.values.ManagerLogBuffer = {"first", "", "  ", "", "", "", "", "", "", "last"};
+        Write_Log(app);
+        Write_Log(app); // the buffer is clear by now
+    }
+    EXPECT_EQ(station.get("C:\\Lumbrio\\Data\\CCmgrLOGS\\012025MGRlog.txt"),
+              "first\r\n  \r\nlast\r\n");
+
+    Write_AsstMgr(app, "Main");
+    EXPECT_FALSE(station.has(kManagerTrace) || station.run.ending());
+    station.folder("F:\\Lumbrio\\Data");
+    app.values.managerCode = "4711";
+    Write_AsstMgr(app, "View All Tables Screen");
+    support::TestStation other(&station);
+    platform::SlotFile held(other.files, kManagerTrace, 500);
+    ASSERT_TRUE(done(held.open(platform::SlotUse::Read)) && done(held.lock()));
+    app.values.managerCode = "4712";
+    Write_AsstMgr(app, "Main"); // a refused lock loses no line
+    EXPECT_EQ(station.get(kManagerTrace), support::testFile("golden/records/manager_trace.txt"));
 }
 
 } // namespace
