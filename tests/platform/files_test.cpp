@@ -1,9 +1,6 @@
 // What the rooms do with files, and what they see of a failure.
+#include "support/test_files.h"
 #include "support/test_station.h"
-
-#include <gtest/gtest.h>
-
-#include <regex>
 
 namespace {
 
@@ -15,33 +12,30 @@ const std::string kFolder = "C:\\Lumbrio\\Data";
 const std::string kFile = kFolder + "\\a.dat";
 const std::string kOther = kFolder + "\\b.dat";
 
-/// Every call that can fail, with what the system's message says of it.
+std::string content; // of the file read last
+
+/// Every call that can fail.
 const struct {
     const char *operation; // of the disk
-    const char *message;
     std::function<Outcome(Files &)> make;
 } kCalls[] = {
-    {"remove", "Deleting", [](Files &f) { return f.remove(kFile); }},
-    {"remove", "Deleting", [](Files &f) { return f.removeIfThere(kFile); }},
-    {"open", "Copying", [](Files &f) { return f.copy(kFile, kOther); }},
-    {"makeDirectory", "Making the folder", [](Files &f) { return f.makeFolder("C:\\New"); }},
-    {"open", "Creating", [](Files &f) { return f.createIfMissing(kOther); }},
-    {"read", "Reading",
-     [](Files &f) {
-         std::string s;
-         return f.read(kFile, s);
-     }},
-    {"write", "Writing", [](Files &f) { return f.write(kFile, "new"); }},
-    {"flush", "Writing", [](Files &f) { return f.writeFlushed(kFile, "new"); }},
-    {"append", "Writing", [](Files &f) { return f.append(kFile, "new"); }},
-    {"lock", "Locking", [](Files &f) { return f.appendLocked(kFile, "new"); }},
-    {"rename", "Replacing", [](Files &f) { return f.replaceWhole(kFile, "new"); }},
+    {"remove", [](Files &f) { return f.remove(kFile); }},
+    {"remove", [](Files &f) { return f.removeIfThere(kFile); }},
+    {"open", [](Files &f) { return f.copy(kFile, kOther); }},
+    {"makeDirectory", [](Files &f) { return f.makeFolder("C:\\New"); }},
+    {"open", [](Files &f) { return f.createIfMissing(kOther); }},
+    {"read", [](Files &f) { return f.read(kFile, content); }},
+    {"write", [](Files &f) { return f.write(kFile, "new"); }},
+    {"flush", [](Files &f) { return f.writeFlushed(kFile, "new"); }},
+    {"append", [](Files &f) { return f.append(kFile, "new"); }},
+    {"lock", [](Files &f) { return f.appendLocked(kFile, "new"); }},
+    {"rename", [](Files &f) { return f.replaceWhole(kFile, "new"); }},
 };
 
 TEST(FailedCalls, end_the_program_or_are_passed_over)
 {
-    for (const auto &[operation, message, make] : kCalls) {
-        SCOPED_TRACE(message);
+    for (const auto &[operation, make] : kCalls) {
+        SCOPED_TRACE(operation);
         const bool locks = operation == std::string_view("lock");
         TestStation station;
         station.put(kFile, "old");
@@ -55,8 +49,7 @@ TEST(FailedCalls, end_the_program_or_are_passed_over)
         std::string shown;
         station.run.reportFailure = [&](const std::string &text) { shown += text; };
         EXPECT_EQ(make(station.files), Outcome::Denied);
-        EXPECT_TRUE(shown.starts_with(std::string(message) + " failed: access denied\nC:\\"))
-            << shown;
+        EXPECT_NE(shown.find(" failed: access denied\nC:\\"), std::string::npos) << shown;
         EXPECT_TRUE(station.run.failed());
 
         const std::string left = station.get(kFile);
@@ -76,7 +69,6 @@ TEST(Files, keep_bytes_as_they_are)
     std::string large;
     for (int i = 0; i < 600 * 256; ++i)
         large.push_back(static_cast<char>(i));
-    std::string content;
     files.write(kFile, large);
     files.append(kFile, "+");
     files.createIfMissing("c:\\LUMBRIO\\data\\A.DAT");
@@ -95,16 +87,7 @@ TEST(Files, are_on_the_disk_in_an_order_that_survives_a_power_cut)
     station.files.replaceWhole("C:\\lumbrio\\data\\A.dat", "new");
     const std::regex unique(R"(\.[\w-]+\.new)");
     EXPECT_EQ(std::regex_replace(station.disk.logText(), unique, ".new"),
-              "1 open c/Lumbrio/Data/a.dat emptied\n"
-              "2 write c/Lumbrio/Data/a.dat 1 bytes at 0\n"
-              "3 flush c/Lumbrio/Data/a.dat\n"
-              "4 flushDirectory c/Lumbrio/Data\n"
-              "5 open c/Lumbrio/Data/b.dat to append\n"
-              "6 open c/Lumbrio/Data/a.dat.new emptied\n"
-              "7 write c/Lumbrio/Data/a.dat.new 3 bytes at 0\n"
-              "8 flush c/Lumbrio/Data/a.dat.new\n"
-              "9 rename c/Lumbrio/Data/a.dat.new to c/Lumbrio/Data/a.dat\n"
-              "10 flushDirectory c/Lumbrio/Data\n");
+              support::testFile("golden/platform/flushed_files.txt"));
 }
 
 TEST(ReplacedFiles, are_the_old_or_the_new_one_whatever_fails)

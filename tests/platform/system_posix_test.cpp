@@ -1,6 +1,5 @@
 // Programs really started and ended. The other process tells what it sees through a FIFO, so that
 // nothing here waits by the clock.
-#include "platform/connection.h"
 #include "platform/system.h"
 #include "support/second_process.h"
 #include "support/test_station.h"
@@ -94,12 +93,6 @@ TEST_F(SystemTest, connection_test_is_answered_by_a_listener_alone)
     EXPECT_FALSE(system->connectionTest()) << "bound, but nobody listens";
     ASSERT_EQ(::listen(listener, 0), 0);
     EXPECT_TRUE(system->connectionTest());
-    // Nobody takes the callers, so that soon one gets neither yes nor no.
-    const auto server = parseHostAndPort(station.installation.connectionTest);
-    int answered = 0;
-    while (answered < 5 && serverAnswers(*server, std::chrono::milliseconds(50)))
-        ++answered;
-    EXPECT_LT(answered, 5);
     ::close(listener);
 }
 

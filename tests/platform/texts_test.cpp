@@ -1,6 +1,7 @@
 // Texts without a file: command lines without quotes, and print jobs in plain text.
 #include "platform/print_job.h"
 #include "platform/program_search.h"
+#include "support/golden_table.h"
 
 #include <gtest/gtest.h>
 
@@ -13,20 +14,11 @@ using namespace platform;
 TEST(CommandLines, grow_to_the_right_until_a_file_is_met)
 {
     const std::set<std::string> files = {"c:\\X charge\\X.exe", "c:\\a", "c:\\a b"};
-    for (const auto &[line, expected] : {
-             std::pair("c:\\X charge\\X.exe", "c:\\X charge\\X.exe|"),
-             {"c:\\X charge\\X.exe /LOCK  /TITLE:A  B ", "c:\\X charge\\X.exe|/LOCK  /TITLE:A  B "},
-             {"c:\\a b c", "c:\\a|b c"},
-             {"\"c:\\a b\" c", "c:\\a b|c"},
-             {"\"c:\\a b", "c:\\a b|"},
-             {"\"c:\\a b c\" d", ""},
-             {"c:\\X charge\\X.exe/TITLE:A", ""},
-             {"\"", ""},
-         }) {
+    support::expectTable("platform/command_lines.txt", [&](const std::string &line) {
         const auto call =
             findProgram(line, [&](const std::string &path) { return files.contains(path); });
-        EXPECT_EQ(call ? call->program + '|' + call->arguments : "", expected) << line;
-    }
+        return call ? std::vector{call->program, call->arguments} : std::vector<std::string>{};
+    });
 }
 
 TEST(PrintJobs, show_their_lines_as_printed_in_plain_text)
@@ -44,10 +36,7 @@ TEST(PrintJobs, show_their_lines_as_printed_in_plain_text)
                                      {Kind::NewPage, ""},
                                      {Kind::Picture, "Picture9"}})
         job.operations.push_back({kind, text, {}});
-    EXPECT_EQ(plainText(job), "[MERCHANT COPY]\r\na b \r\nx     y     z\r\n"
-                              "x         y         z\r\n0123456789ABC       behind its stop\r\n"
-                              "                               behind all\r\n"
-                              "- - - cut - - -\r\n\f\r\n[Picture9]\r\n");
+    EXPECT_EQ(plainText(job), support::testFile("golden/platform/plain_text.txt"));
 }
 
 } // namespace
