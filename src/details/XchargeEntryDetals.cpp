@@ -135,6 +135,7 @@ void XchargeEntryDetals::open(const std::string &file, long slot, const std::str
     setGeometry(screen()->availableGeometry());
     showMaximized();
     raise();
+    activateWindow();
     focusTip();
     selectTip();
 }

@@ -26,7 +26,8 @@ public:
     XchargeEntryDetals(records::App &theApp, printing::Printer &printer, EntryCallbacks callbacks);
     ~XchargeEntryDetals() override;
 
-    /// Shows slot `slot` of `file`, as EntryDetails::open() says; also while another one is shown.
+    /// Shows slot `slot` of `file`, as EntryDetails::open() says, over the whole display and in
+    /// front; also while another one is shown.
     void open(const std::string &file, long slot, const std::string &source);
 
 protected:

@@ -58,11 +58,8 @@ private:
             callbacks.reloadPending = [this] { list->entrySaved(); };
             callbacks.forceAllNoTip = [this] { list->forceAllNoTip(); };
             entry.reset(new details::XchargeEntryDetals(app, printer, std::move(callbacks)));
-            open(*entry);
         }
         entry->open(file, slot, "PEND");
-        entry->raise();
-        entry->activateWindow();
     }
 
     void tellStationsActive()
