@@ -3,6 +3,7 @@
 #include "support/qt/screen_checks.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -20,6 +21,27 @@ void press(int key, const QString &text = {})
             QCoreApplication::postEvent(target, new QKeyEvent(type, key, Qt::NoModifier, text));
 }
 
+/// The command of that name; null until it can be pressed.
+QAbstractButton *commandNamed(const QWidget &window, const QString &name)
+{
+    for (auto *command : window.findChildren<QAbstractButton *>())
+        if (accessibleNameOf(*command) == name && command->isEnabled())
+            return command;
+    return nullptr;
+}
+
+/// Types the row's beginning, and Enter, into the list that has the keyboard, once it has rows.
+bool openRow(const QString &beginning)
+{
+    const auto *list = qobject_cast<QAbstractItemView *>(QApplication::focusWidget());
+    if (list == nullptr || list->model()->rowCount() == 0)
+        return false;
+    for (const QChar letter : beginning)
+        press(0, letter);
+    press(Qt::Key_Return);
+    return true;
+}
+
 } // namespace
 
 std::string setting(const char *name)
@@ -29,12 +51,12 @@ std::string setting(const char *name)
 }
 
 Hand::Hand(platform::Clock &clock)
-    : caption(QString::fromStdString(setting("LUMBRIO_PLAY_PRESS"))),
-      track(setting("LUMBRIO_PLAY_SWIPE")), presser(clock, [this] { pressCommand(); }),
+    : steps(QString::fromStdString(setting("LUMBRIO_PLAY_PRESS")).split(u';', Qt::SkipEmptyParts)),
+      track(setting("LUMBRIO_PLAY_SWIPE")), presser(clock, [this] { takeStep(); }),
       reader(clock, [this] { swipe(); }), finger(clock, [this] { pressEscape(); })
 {
     const std::string escapeAt = setting("LUMBRIO_PLAY_ESCAPE");
-    presser.setInterval(caption.isEmpty() ? 0 : 20);
+    presser.setInterval(steps.isEmpty() ? 0 : 20);
     reader.setInterval(track.empty() ? 0 : 20);
     if (!escapeAt.empty())
         finger.setInterval(static_cast<std::uint32_t>(std::stoul(escapeAt)));
@@ -43,7 +65,7 @@ Hand::Hand(platform::Clock &clock)
 void Hand::swipe()
 {
     const auto *box = qobject_cast<QLineEdit *>(QApplication::focusWidget());
-    if (!caption.isEmpty() || box == nullptr || box->isReadOnly())
+    if (!steps.isEmpty() || box == nullptr || box->isReadOnly())
         return;
     reader.setInterval(0);
     // Each key goes to the box that has the focus when it is typed.
@@ -53,19 +75,21 @@ void Hand::swipe()
     }
 }
 
-void Hand::pressCommand()
+void Hand::takeStep()
 {
     const QWidget *window = QApplication::activeWindow();
     if (window == nullptr)
         return;
-    for (auto *command : window->findChildren<QAbstractButton *>()) {
-        if (accessibleNameOf(*command) != caption || !command->isEnabled())
-            continue;
-        caption.clear();
-        presser.setInterval(0);
-        command->click(); // a modal screen goes on inside
+    const QString row = QStringLiteral("Row ");
+    const bool opens = steps.first().startsWith(row);
+    QAbstractButton *command = opens ? nullptr : commandNamed(*window, steps.first());
+    if (opens ? !openRow(steps.first().mid(row.size())) : command == nullptr)
         return;
-    }
+    steps.removeFirst();
+    if (steps.isEmpty())
+        presser.setInterval(0);
+    if (command != nullptr)
+        command->click(); // a modal screen goes on inside
 }
 
 void Hand::pressEscape()

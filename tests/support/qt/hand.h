@@ -4,7 +4,7 @@
 
 #include "platform/clock.h"
 
-#include <QString>
+#include <QStringList>
 
 #include <string>
 
@@ -17,10 +17,10 @@ public:
 
 private:
     void swipe();
-    void pressCommand();
+    void takeStep();
     void pressEscape();
 
-    QString caption;
+    QStringList steps; // commands to press, rows to open
     std::string track;
     platform::Timer presser;
     platform::Timer reader;
