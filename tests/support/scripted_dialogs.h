@@ -9,7 +9,9 @@
 #include <array>
 #include <deque>
 #include <functional>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace support {
 
@@ -23,7 +25,7 @@ public:
     ~ScriptedDialogs() override
     {
         for (const Expectation &left : expected)
-            ADD_FAILURE() << "never shown: " << left.box;
+            ADD_FAILURE() << "never shown: " << (left.box.empty() ? "one more box" : left.box);
     }
 
     /// The next box is a message with just this title, text and buttons. An empty title is the
@@ -35,6 +37,13 @@ public:
         EXPECT_EQ(buttons == Buttons::YesNo, answer == Answer::Yes || answer == Answer::No);
         expected.push_back({boxOf(title, text, buttons), answer, std::move(whileOpen), {}});
     }
+    /// The next box, whatever it is, gets this answer; `shown` tells afterwards what it was.
+    void answerNext(Answer answer, WhileOpen whileOpen = {})
+    {
+        expected.push_back({{}, answer, std::move(whileOpen), {}});
+    }
+    std::vector<std::string> shown;
+
     /// The next box is one to type into, with `initial` in it; no `typed` is a Cancel.
     void expectInput(const std::string &title, const std::string &text, const std::string &initial,
                      std::optional<std::string> typed)
@@ -82,6 +91,9 @@ private:
     /// The answer to the box, or nothing when it was not expected or the program ended behind it.
     std::optional<Expectation> take(const std::string &box)
     {
+        shown.push_back(box);
+        if (!expected.empty() && expected.front().box.empty())
+            expected.front().box = box;
         EXPECT_EQ(expected.empty() ? "no box" : expected.front().box, box);
         if (expected.empty())
             return std::nullopt;

@@ -16,7 +16,7 @@ TenderStory::TenderStory()
 {
     station.folder("F:\\Lumbrio\\data");
     station.installXcharge();
-    station.put("C:\\Lumbrio\\X1009Version.dat", "");
+    station.put(kModeFlag, "");
     station.put("C:\\Lumbrio\\CCard.dat",
                 "\"Xcharge.exe\"\r\n\"c:\\Program Files\\X-Charge\\\"\r\n\"-1\"\r\n\"-1\"\r\n"
                 "\"-1\"\r\n\"-1\"\r\n\"-1\"\r\n\"-1\"\r\n\"0\"\r\n\"0\"\r\n");
@@ -58,9 +58,56 @@ void TenderStory::paymentAnswers(const std::string &result, std::uint64_t afterM
     };
 }
 
+void TenderStory::takeCardsHere()
+{
+    station.erase(kModeFlag);
+    station.folder(kLocalTran);
+    serve();
+}
+
+void TenderStory::serve()
+{
+    for (const std::string &name : left()) {
+        if (!name.ends_with(".req"))
+            continue;
+        const std::string request = kLocalTran + name;
+        EXPECT_TRUE(station.get(request).ends_with("\r\n")) << "seen before it was whole";
+        if (!reply)
+            continue;
+        requests.push_back(station.get(request));
+        station.erase(request);
+        station.time.after(replyAfter, [this, request] {
+            station.put(request.substr(0, request.size() - 3) + "ans", *reply);
+        });
+    }
+    station.time.after(100, [this] { serve(); });
+}
+
+void TenderStory::swipe(const std::string &first, const std::string &second, std::uint64_t at)
+{
+    station.time.at(at, [this, first, second] {
+        tender.Text2_Change(first);
+        if (!second.empty())
+            tender.Text5_Change(second);
+    });
+}
+
+void TenderStory::type(const tender::TypedCard &card)
+{
+    view.typedCard = card;
+    station.time.at(500, [this] { tender.SSCommand3_Click(); });
+}
+
+std::vector<std::string> TenderStory::left() const
+{
+    std::vector<std::string> names;
+    realDisk->list(station.drives.resolve(kLocalTran), names);
+    return names;
+}
+
 void TenderStory::run(std::uint64_t limit)
 {
-    played->Form_Load();
+    tender.Form_Load();
     const std::uint64_t until = station.time.milliseconds() + limit;
     running = true;
     station.time.after(limit + station.time.maxStep, [this] {

@@ -53,6 +53,21 @@ public:
     bool hidden = false;
 };
 
+/// A tender whose offline panel comes on screen where the count says so, when the story wants it.
+class StoryTender : public tender::Tender {
+public:
+    using Tender::Tender;
+    bool offlinePanel = false;
+
+protected:
+    void Show_Offline_Panel() override
+    {
+        Tender::Show_Offline_Panel();
+        if (offlinePanel)
+            showOfflinePanel();
+    }
+};
+
 /// What the payment application answers by default.
 std::string approvedResult();
 
@@ -70,6 +85,19 @@ public:
     /// The payment application writes this result so long after it was started.
     void paymentAnswers(const std::string &result, std::uint64_t afterMilliseconds = 3000);
     void paymentKeepsSilent() { station.system.onStart = {}; }
+
+    /// No command line from here on: the screen takes the card, and a payment server takes each
+    /// request and answers it with `reply`; without one it lets the request lie.
+    void takeCardsHere();
+    void swipe(const std::string &first = kTrack1, const std::string &second = kTrack2,
+               std::uint64_t at = 500);
+    /// "Enter Manually".
+    void type(const tender::TypedCard &card);
+    /// Files of the exchange with the server that lie there.
+    std::vector<std::string> left() const;
+    std::optional<std::string> reply = "\"YA12345\"\r\n";
+    std::uint64_t replyAfter = 2000;   // ms
+    std::vector<std::string> requests; // as the server took them
 
     /// Form_Load, then turns until the program ended or so much time has passed. A wait that is
     /// still going on then is ended from outside, with `stillWaiting` set.
@@ -91,15 +119,22 @@ public:
     static constexpr const char *kResult = "C:\\lumbrio\\xResultFile.txt";
     static constexpr const char *kAudit = "C:\\Lumbrio\\XAudit.DAT";
     static constexpr const char *kMarker = "F:\\Lumbrio\\ServerISBatching.dat";
+    static constexpr const char *kModeFlag = "C:\\Lumbrio\\X1009Version.dat";
+    static constexpr const char *kLocalTran = "c:\\Program Files\\X-Charge\\LocalTran\\";
+    static constexpr const char *kTrack1 =
+        "%B4111111111111111^TEST/ROSALIND A^28091010000000000000?";
+    static constexpr const char *kTrack2 = ";4111111111111111=28091010000000000?";
 
     TestStation station;
     records::App app{station.services};
     printing::Printer printer{station.printers};
     FakeTenderView view;
-    tender::Tender tender{app, printer, view};
-    tender::Tender *played = &tender; // whose Form_Load begins the story
+    StoryTender tender{app, printer, view};
 
 private:
+    void serve();
+
+    std::unique_ptr<platform::Disk> realDisk = platform::systemDisk();
     bool running = false;
     records::LumbrioConfig config;
 };

@@ -21,8 +21,12 @@ std::string earlierRecords()
 /// A station with earlier records and an old answer; what must hold on its drives, whatever failed.
 class Disturbed : public TenderStory {
 public:
-    Disturbed()
+    explicit Disturbed(bool local = false)
     {
+        if (local) {
+            takeCardsHere();
+            swipe();
+        }
         station.put(kPending, earlierRecords());
         station.put("C:\\Lumbrio\\Xsend.ans", "old answer");
         station.run.reportFailure = [](const std::string &) {};
@@ -36,6 +40,9 @@ public:
         if (stored()) {
             EXPECT_EQ(pending()[3].text(CCReceipt), "1043");
         }
+        for (const std::string &name : left())
+            EXPECT_TRUE(!name.ends_with(".req") || station.get(kLocalTran + name).ends_with("\r\n"))
+                << "half a request";
         const std::string text = answer();
         EXPECT_TRUE(text == "old answer" || std::count(text.begin(), text.end(), '\n') >= 10)
             << "not written by one step: " << text;
@@ -44,9 +51,9 @@ public:
     bool approved() const { return answer().starts_with("\"Approved\""); }
 };
 
-std::size_t operationsOfATender()
+std::size_t operationsOfATender(bool local = false)
 {
-    Disturbed story;
+    Disturbed story(local);
     story.run();
     EXPECT_TRUE(story.approved() && story.stored());
     return story.station.disk.operations();
@@ -54,26 +61,28 @@ std::size_t operationsOfATender()
 
 TEST(StoppedTender, NeverTellsOfARecordThatIsNotThereAndTouchesNobodyElses)
 {
-    const std::size_t total = operationsOfATender();
-    ASSERT_GT(total, 40U);
-    bool sawStoredUnanswered = false;
-    for (std::size_t n = 1; n <= total; ++n) {
-        Disturbed story;
-        story.station.disk.stopAt(n, [&] { story.station.run.end(); });
-        story.run();
-        SCOPED_TRACE("stopped at " + story.station.disk.operationLog()[n - 1]);
-        story.look();
-        const bool stored = story.stored();
-        EXPECT_TRUE(!story.approved() || stored);
-        sawStoredUnanswered |= stored && !story.approved();
-        if (n % 8 != 0)
-            continue;
-        TenderStory next(story, 0); // when all is well again
-        next.run();
-        EXPECT_TRUE(next.answer().starts_with("\"Approved\""));
-        EXPECT_EQ(next.pending().size(), stored ? 5U : 4U);
+    for (const bool local : {false, true}) {
+        const std::size_t total = operationsOfATender(local);
+        ASSERT_GT(total, local ? 60U : 40U);
+        bool sawStoredUnanswered = false;
+        for (std::size_t n = 1; n <= total; ++n) {
+            Disturbed story(local);
+            story.station.disk.stopAt(n, [&] { story.station.run.end(); });
+            story.run();
+            SCOPED_TRACE("stopped at " + story.station.disk.operationLog()[n - 1]);
+            story.look();
+            const bool stored = story.stored();
+            EXPECT_TRUE(!story.approved() || stored);
+            sawStoredUnanswered |= stored && !story.approved();
+            if (n % 8 != 0 || local)
+                continue;
+            TenderStory next(story, 0); // when all is well again
+            next.run();
+            EXPECT_TRUE(next.answer().starts_with("\"Approved\""));
+            EXPECT_EQ(next.pending().size(), stored ? 5U : 4U);
+        }
+        EXPECT_TRUE(sawStoredUnanswered) << "the record is on the disk before anybody is told";
     }
-    EXPECT_TRUE(sawStoredUnanswered) << "the record is on the disk before anybody is told";
 }
 
 TEST(FailingTender, EitherEndsOrSaysInItsTraceThatARecordIsMissing)
