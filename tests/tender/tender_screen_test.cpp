@@ -191,28 +191,10 @@ TEST(TenderScreen, OptionsFollowTheirFilesAndClicksChangeThem)
     EXPECT_EQ(story.station.printers.collected.size(), 2U) << "merchant's and guest's";
 }
 
-TEST(TenderScreen, CommandsOfACardAreThereOnlyWhereTheScreenTakesOne)
-{
-    for (const bool commandLine : {true, false}) {
-        ScreenStory story;
-        story.paymentKeepsSilent();
-        if (!commandLine)
-            story.station.erase("C:\\Lumbrio\\X1009Version.dat");
-        story.at(3000, [&] {
-            for (const char *name : {"SSCommand3", "SSCommand4", "SSCommand5", "Command3"})
-                EXPECT_EQ(story.control<QWidget>(name).isEnabled(), !commandLine) << name;
-            for (const char *name : {"SSCommand2", "SSCommand6"})
-                EXPECT_FALSE(story.control<QWidget>(name).isEnabled()) << name;
-            EXPECT_EQ(story.seen("swipeRow"), !commandLine);
-        });
-        story.tell(5000);
-    }
-}
-
 TEST(TenderScreen, EachCommandOfACardDoesWhatItsCaptionSays)
 {
     ScreenStory story;
-    story.station.erase("C:\\Lumbrio\\X1009Version.dat");
+    story.station.erase(TenderStory::kModeFlag);
     story.station.put("C:\\Lumbrio\\XCHide.txt", "");
     story.station.put("c:\\Program Files\\X-Charge\\Xchrgsrv.exe", "program");
     story.station.put("F:\\Lumbrio\\ini\\3\\ButtonAM.dat",
@@ -245,13 +227,11 @@ TEST(TenderScreen, EachCommandOfACardDoesWhatItsCaptionSays)
 // sends behind the card must not press a command.
 TEST(TenderScreen, ACardArrivesWholeFromTheReaderAndFromTheKeypad)
 {
-    const std::string track = "%B4111111111111111^TEST/ROSALIND A^28091010000000000000?"
-                              ";4111111111111111=28091010000000000?";
-    const std::string folder = "c:\\Program Files\\X-Charge\\LocalTran";
+    const std::string track = std::string(TenderStory::kTrack1) + TenderStory::kTrack2;
     for (const bool swiped : {true, false}) {
         ScreenStory story;
-        story.station.erase("C:\\Lumbrio\\X1009Version.dat");
-        story.station.folder(folder);
+        story.reply = std::nullopt;
+        story.takeCardsHere();
         story.at(500, [&] {
             if (swiped) {
                 support::type(QString::fromStdString(track) + QStringLiteral("+9?"));
@@ -269,9 +249,8 @@ TEST(TenderScreen, ACardArrivesWholeFromTheReaderAndFromTheKeypad)
         story.at(3500, [&] {
             EXPECT_EQ(story.state(), "Waiting, waiting");
             EXPECT_FALSE(story.control<QWidget>("SSCommand3").isEnabled());
-            const std::vector<std::string> names = story.station.files.list(folder);
-            ASSERT_EQ(names.size(), 1U);
-            EXPECT_EQ(story.station.get(folder + "\\" + names[0]),
+            ASSERT_EQ(story.left().size(), 1U);
+            EXPECT_EQ(story.station.get(TenderStory::kLocalTran + story.left()[0]),
                       swiped ? R"("C1","7","1043","4111111111111111",")" + track +
                                    "\",\"48.5\",\"99999\"\r\n"
                              : R"("C1","7","1043","4111111111111111","2809","48.5","99999","7193")"
@@ -305,6 +284,7 @@ TEST(TenderScreen, BusyFileServerEndsTheTenderWithoutAnAnswer)
     }
 }
 
+// And the commands of a card are there only where the screen takes one.
 TEST(TenderScreen, NothingIsCutOffAndEverythingIsNamedAtBothSizesInTheLongestTender)
 {
     for (const bool commandLine : {true, false}) {
@@ -314,9 +294,16 @@ TEST(TenderScreen, NothingIsCutOffAndEverythingIsNamedAtBothSizesInTheLongestTen
         story.request("\"DelPrePay table on the terrace\",\"1043\",\"7\",\"123456.50\"\r\n");
         story.station.put(TenderStory::kAudit, "123456.50");
         if (!commandLine)
-            story.station.erase("C:\\Lumbrio\\X1009Version.dat");
+            story.station.erase(TenderStory::kModeFlag);
         for (const std::uint64_t moment : {50U, 3000U, 10'000U, 52'000U})
             story.at(moment, [&] { story.expectNothingCutOff(); });
+        story.at(3000, [&] {
+            for (const char *name : {"SSCommand3", "SSCommand4", "SSCommand5", "Command3"})
+                EXPECT_EQ(story.control<QWidget>(name).isEnabled(), !commandLine) << name;
+            for (const char *name : {"SSCommand2", "SSCommand6"})
+                EXPECT_FALSE(story.control<QWidget>(name).isEnabled()) << name;
+            EXPECT_EQ(story.seen("swipeRow"), !commandLine);
+        });
         story.at(52'500, [&] { // the offline panel, which takes the place of the cards
             for (const char *card : {"stateCard", "detailsCard", "slipsCard"})
                 story.control<QWidget>(card).hide();
