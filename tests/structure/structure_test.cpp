@@ -57,12 +57,10 @@ TEST(SourceRules, NoticeEachFault)
     std::set<std::string> expected = {"attic:1: the plan has no room \"cellar\""};
     for (const auto &[path, text] : house) {
         std::istringstream lines(text);
-        std::size_t number = 0;
-        for (std::string line; std::getline(lines, line);) {
-            ++number;
+        std::string line;
+        for (std::size_t number = 1; std::getline(lines, line); ++number)
             if (const auto at = line.find("//!"); at != std::string::npos)
                 expected.insert(path + ':' + std::to_string(number) + ": " + line.substr(at + 3));
-        }
     }
     EXPECT_EQ(violations(house["docs/architecture.md"], house), expected);
 }
