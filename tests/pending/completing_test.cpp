@@ -98,6 +98,11 @@ const std::map<std::string, std::function<Outcome(App &)>> kRewrites = {
          return finishPending(app, {});
      }},
     {"Mark Completed", [](App &app) { return markCompleted(app, "01/14/2025", {}); }},
+    {"Move_Completed",
+     [](App &app) {
+         moveSettledRecords(app);
+         return Outcome::Done;
+     }},
     {"DELETE RED'S", [](App &app) { return deleteDeclines(app, {}); }}};
 
 std::set<std::string> receiptsOf(const PendingStory &story, const char *path)

@@ -5,7 +5,6 @@
 
 #include "support/qt/qt_station.h"
 
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -15,7 +14,6 @@
 namespace {
 
 using platform::Screen;
-using support::press;
 
 class Panel : public Screen {
 public:
@@ -23,22 +21,15 @@ public:
         : Screen(theServices)
     {
         auto *layout = new QVBoxLayout(this);
-        layout->addWidget(&box);
         layout->addWidget(&command);
         connect(&command, &QPushButton::clicked, this, [this, onClick] { onClick(*this); });
-        setDefaultCommand(&command);
     }
     ~Panel() override { ++destroyed; }
 
     using Screen::whileLoaded;
 
-    QLineEdit box;
     QPushButton command{QStringLiteral("Finish")};
-    int closeAsks = 0;
     static int destroyed;
-
-protected:
-    void closeAsked() override { ++closeAsks; }
 };
 
 int Panel::destroyed = 0;
@@ -79,25 +70,6 @@ TEST_F(ScreenLife, the_end_of_the_program_closes_nested_screens)
     soon([&] { outer.command.click(); });
     outer.runModal();
     EXPECT_FALSE(inner.isVisible() || outer.isVisible());
-}
-
-TEST_F(ScreenLife, escape_and_the_cross_ask_and_enter_works_the_default_command)
-{
-    int finished = 0;
-    Panel panel(station.services, [&](Panel &) { ++finished; });
-    panel.box.setFocus();
-    soon([&] {
-        press(Qt::Key_Escape);
-        panel.close();
-        EXPECT_EQ(panel.closeAsks, 2);
-        EXPECT_TRUE(panel.isVisible());
-        press(Qt::Key_Return); // out of the text box
-        panel.command.setEnabled(false);
-        press(Qt::Key_Enter);
-        EXPECT_EQ(finished, 1);
-        panel.unload();
-    });
-    panel.runModal();
 }
 
 TEST_F(ScreenLife, stays_on_top_with_what_is_opened_above)

@@ -1,14 +1,11 @@
-// The card files: where a record lands, what stays untouched beside it, and that neither a stop at
-// any moment nor what other stations append meanwhile loses one. Slots as such are tested in
-// tests/platform.
+// The card files: where a record lands, what stays untouched beside it, and that nothing moves
+// in doubt. Slots as such are tested in tests/platform, moves that stop in tests/pending.
 #include "platform/work_file.h"
 #include "records/card_files.h"
 #include "support/test_files.h"
 #include "support/test_station.h"
 
 #include <gtest/gtest.h>
-
-#include <optional>
 
 namespace {
 
@@ -18,7 +15,6 @@ using platform::Outcome;
 using support::TestStation;
 
 constexpr const char *kPending = "F:\\Lumbrio\\CCPending.dat";
-constexpr const char *kWork = "F:\\Lumbrio\\CCPending.Tmp";
 constexpr const char *kMonth = "F:\\Lumbrio\\data\\CCFinal0125.dat";
 
 CardRecord cardRecord(const std::string &receipt, const std::string &status = "Not Adjusted")
@@ -43,8 +39,9 @@ std::string receipts(const std::string &bytes)
     return list;
 }
 
-struct Share {
-    Share()
+class CardFiles : public testing::Test {
+protected:
+    CardFiles()
     {
         station.folder("F:\\Lumbrio\\Data");
         app.values.Remotedir = "F:\\Lumbrio\\";
@@ -53,8 +50,6 @@ struct Share {
     TestStation station;
     App app{station.services};
 };
-
-class CardFiles : public testing::Test, protected Share {};
 
 TEST_F(CardFiles, LieWhereEveryStationLooksForThem)
 {
@@ -115,7 +110,7 @@ TEST_F(CardFiles, KeepTheirOrderWhenTheSettledOnesMoveOnceAndNothingMovesInDoubt
                                           {"4", "  Com"},
                                           {"5", "Adjusted - Pending"},
                                           {"6", "Co"}})
-        pending += slotOf(cardRecord(receipt, status));
+        pending += slotOf(cardRecord(receipt, status), receipt + std::string(9, '.'));
     pending += slotOf(CardRecord()); // never filled: it is a slot all the same
     station.put(kPending, pending);
     {
@@ -134,93 +129,26 @@ TEST_F(CardFiles, KeepTheirOrderWhenTheSettledOnesMoveOnceAndNothingMovesInDoubt
     for (int moves = 0; moves < 2; ++moves) {
         moveSettledRecords(app);
         EXPECT_EQ(receipts(station.get(kPending)), "2 3 5 6  ");
+        EXPECT_EQ(station.get(kPending).substr(0, 1000), pending.substr(500, 1000));
         EXPECT_EQ(receipts(station.get(kMonth)), "0 1 4 ");
     }
 }
 
-const std::string kAfter = slotOf(cardRecord("2"), "0123456789");
-const std::string kBefore =
-    slotOf(cardRecord("1", "Completed")) + kAfter + slotOf(cardRecord("3", "Com"));
-
-/// Moves with operation N stopped or failed, and looks at what is left: the pending file as it was
-/// or as it should be, the settled records there or in the month file. False behind the last N.
-bool moveLosesNothing(std::size_t n, bool stopped, bool ignoring)
-{
-    Share share;
-    TestStation &station = share.station;
-    station.put(kPending, kBefore);
-    station.run.reportFailure = [](const std::string &) {};
-    const auto endRun = [&] { station.run.end(); };
-    stopped ? station.disk.stopAt(n, endRun, true) : station.disk.failAt(n, Outcome::NoRoom);
-    std::optional<ErrorsIgnored> ignored;
-    if (ignoring)
-        ignored.emplace(station.run);
-    moveSettledRecords(share.app);
-    SCOPED_TRACE((stopped ? "stopped at " : "failed at ") + std::to_string(n) + "\n" +
-                 station.disk.logText());
-    const std::string pending = station.get(kPending);
-    EXPECT_TRUE(pending == kBefore || pending == kAfter) << receipts(pending);
-    if (pending == kAfter) {
-        EXPECT_EQ(receipts(station.get(kMonth)), "1 3 ");
-    }
-    return station.disk.operations() >= n;
-}
-
-TEST(SettledRecords, AreNeverLostWhereverTheirMoveStopsAndWhateverFails)
-{
-    std::size_t n = 1;
-    while (moveLosesNothing(n, true, false))
-        ++n;
-    EXPECT_GT(n, 15U) << "the move was not walked through";
-    for (n = 1; moveLosesNothing(n, false, false); ++n)
-        moveLosesNothing(n, false, true);
-}
-
-/// A tender of another station comes at operation N, and finds the lock taken or not. False behind
-/// the last operation.
-bool tenderIsKept(std::size_t n)
-{
-    Share share;
-    share.station.put(kPending, kBefore);
-    TestStation other(&share.station);
-    App tender(other.services);
-    bool came = false;
-    share.station.disk.before = [&](std::size_t now) {
-        const ErrorsIgnored ignored(other.run);
-        if (now == n)
-            came = addRecord(tender, kPending, cardRecord("new")).stored();
-    };
-    moveSettledRecords(share.app);
-    EXPECT_EQ(receipts(share.station.get(kPending)), came ? "2 new " : "2 ")
-        << "at " << n << "\n"
-        << share.station.disk.logText();
-    EXPECT_EQ(receipts(share.station.get(kMonth)), "1 3 ");
-    EXPECT_FALSE(share.station.has(kWork));
-    return came;
-}
-
-TEST(SettledRecords, MoveWithoutLosingWhatATenderAppendsAtAnyMoment)
-{
-    std::size_t n = 1;
-    while (tenderIsKept(n))
-        ++n;
-    EXPECT_GT(n, 20U) << "the rewrite was not walked through";
-}
-
 TEST_F(CardFiles, AreNotRewrittenThroughAWorkFileThatSomebodyElseHasInHand)
 {
-    station.put(kPending, kBefore);
+    const std::string before = slotOf(cardRecord("1", "Completed"));
+    station.put(kPending, before);
     TestStation other(&station);
-    platform::WorkFile theirs(other.files, kWork, kCardSlotLength);
+    platform::WorkFile theirs(other.files, "F:\\Lumbrio\\CCPending.Tmp", kCardSlotLength);
     ASSERT_TRUE(done(theirs.create()));
-    theirs.add(kAfter);
+    theirs.add(slotOf(cardRecord("9")));
     const ErrorsIgnored ignored(station.run);
     moveSettledRecords(app);
-    EXPECT_EQ(station.get(kPending), kBefore);
+    EXPECT_EQ(station.get(kPending), before);
     platform::SlotFile live(other.files, kPending, kCardSlotLength);
     ASSERT_TRUE(done(live.open(platform::SlotUse::Read)));
-    EXPECT_TRUE(done(theirs.replace(live, 3))) << "theirs is untouched";
-    EXPECT_EQ(station.get(kPending), kAfter);
+    EXPECT_TRUE(done(theirs.replace(live, 1))) << "theirs is untouched";
+    EXPECT_EQ(station.get(kPending), slotOf(cardRecord("9")));
 }
 
 } // namespace

@@ -96,10 +96,9 @@ TEST_F(Configuration, HasOptionsThatCountMinusOneAloneAsYesAsTheGoldenTableSays)
 TEST_F(Configuration, HasAChargeAtOnceFlagThatCountsOnTheServerAlone)
 {
     values.Remotedir = "F:\\Lumbrio\\";
-    for (const auto &[flag, chargeAtOnce] :
-         {std::pair("F:\\Lumbrio\\DATA\\ccNOpreAUTH.dat", -1),
-          {"C:\\Lumbrio\\Data\\CCnoPREauth.dat", 0},
-          {"F:\\Lumbrio\\CCnoPREauth.dat", 0}}) {
+    for (const auto &[flag, chargeAtOnce] : {std::pair("F:\\Lumbrio\\DATA\\ccNOpreAUTH.dat", -1),
+                                             {"C:\\Lumbrio\\Data\\CCnoPREauth.dat", 0},
+                                             {"F:\\Lumbrio\\CCnoPREauth.dat", 0}}) {
         values.TndrNOpreAUTH = 0;
         station.put(flag, "");
         station.erase(kOptions);
