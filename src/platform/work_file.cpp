@@ -86,15 +86,17 @@ Outcome WorkFile::comeUpWith(SlotFile &live, long &walked)
 
 Outcome WorkFile::replace(SlotFile &live, long walked)
 {
+    const std::string from = files.realPath(name);
+    const std::string to = files.realPath(live.path());
     Outcome outcome = comeUpWith(live, walked);
     if (done(outcome))
-        outcome = files.rawDisk().rename(files.realPath(name), files.realPath(live.path()));
+        outcome = files.rawDisk().rename(from, to);
     if (!done(outcome))
         return files.judge("Replacing", live.path(), outcome);
     placed = true;
     outcome = files.flushFolderOf(live.path());
     // Where the system could only copy this file over the live one, there is no old one left.
-    if (live.isStillThere())
+    if (live.isStillThere() || live.count() == walked)
         return outcome;
     const Outcome carried = judge("Writing", carryOver(live, walked));
     return done(outcome) ? carried : outcome;
