@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <functional>
 #include <map>
 #include <memory>
@@ -47,6 +48,8 @@ public:
         rules[{operation, pathEnd}] = outcome;
     }
 
+    /// As some systems do it to a file that somebody has open: the same file gets other bytes.
+    bool copiesOver = false;
     /// Called before each operation, with its number: the moment at which another process acts.
     std::function<void(std::size_t n)> before;
 
@@ -76,7 +79,13 @@ public:
     }
     Outcome rename(const std::string &from, const std::string &to) override
     {
-        return may("rename", from, " to " + nameOf(to)) ? disk.rename(from, to) : given;
+        if (!may("rename", from, " to " + nameOf(to)))
+            return given;
+        if (!copiesOver)
+            return disk.rename(from, to);
+        copy_file(std::filesystem::path(from), to,
+                  std::filesystem::copy_options::overwrite_existing);
+        return disk.remove(from);
     }
     Outcome makeDirectory(const std::string &path) override
     {
