@@ -18,9 +18,13 @@ using support::click;
 using support::controlNamed;
 using support::press;
 
-struct ScreenStory : PendingStory {
-    explicit ScreenStory(const std::vector<std::string> &records) : PendingStory(records)
+struct ScreenStory : Story {
+    explicit ScreenStory(const std::vector<std::string> &pending)
     {
+        std::string slots;
+        for (const std::string &record : pending)
+            slots += slotOf(record);
+        station.put(kPending, slots);
         station.time.everyTurn = [] { QCoreApplication::processEvents(); };
         screen.resize(1024, 768);
         screen.show();
@@ -145,12 +149,14 @@ TEST(PendingScreen, IsLeftByTheCrossAsByDoneAndNotByEscape)
     controlNamed(QStringLiteral("Print"))->setFocus();
     press(Qt::Key_Escape);
     EXPECT_TRUE(story.list().hasFocus() && !story.station.run.ending());
-    ASSERT_TRUE(story.station.has(PendingStory::kMarker));
+    ASSERT_TRUE(story.station.has("F:\\Lumbrio\\ServerISBatching.dat"));
     story.screen.close();
     EXPECT_TRUE(story.station.run.ending());
-    EXPECT_FALSE(story.station.has(PendingStory::kMarker));
-    EXPECT_EQ(story.receipts(PendingStory::kMonth), "8 ");
-    EXPECT_EQ(story.receipts(PendingStory::kPending), "9 ");
+    EXPECT_FALSE(story.station.has("F:\\Lumbrio\\ServerISBatching.dat"));
+    for (const auto &[path, receipt] : {std::pair(Story::kMonth, "8"), {Story::kPending, "9"}}) {
+        ASSERT_EQ(story.records(path).size(), 1U) << path;
+        EXPECT_EQ(story.records(path)[0].text(records::CCReceipt), receipt);
+    }
 }
 
 TEST(PendingScreen, FitsBothSizesWithItsWidestTexts)

@@ -1,5 +1,5 @@
-// PendingStory: a manager's night at the list, told in virtual time on a station whose shared
-// directory holds the records that the test writes down.
+// Story: a manager's night at the list. The test says what is in the shared directory, what the
+// manager presses and what other stations do, and writes down all that happens.
 #pragma once
 
 #include "pending/pending.h"
@@ -7,134 +7,137 @@
 #include "support/test_station.h"
 
 #include <algorithm>
+#include <map>
 #include <sstream>
 
 namespace pending {
 
-/// The view of the list whose window is what was asked of it.
-class FakePendingView : public PendingView {
-public:
-    void refresh(const PendingFields &fields) override
-    {
-        if (fields.SSPanel1_0Visible && (panels.empty() || panels.back() != fields.SSPanel1_0))
-            panels.push_back(fields.SSPanel1_0);
-        if (fields.Label19 != "" && (read.empty() || read.back() != fields.Label19))
-            read.push_back(fields.Label19);
-        if (onRefresh)
-            onRefresh(fields);
-    }
-    void showRows(const ListRows &rows) override { shown = &rows; }
-    void rowsColoured() override {}
-    void selectRow(long index) override { selected.push_back(index); }
-    void paintNow() override {}
-    void setBusyPointer(bool) override {}
-    void showEntry(const std::string &file, long slot) override
-    {
-        entries.push_back(file + " " + std::to_string(slot));
-    }
-
-    std::vector<std::string> panels; // every text of the status panel, in order
-    std::vector<std::string> read;   // every progress
-    std::vector<std::string> entries;
-    std::vector<long> selected;
-    const ListRows *shown = nullptr;
-    std::function<void(const PendingFields &)> onRefresh;
-};
-
-/// A record from "field=text;field=text", on top of an approved one of tonight over 20.00. "\0" is
-/// a NUL, "field=~" the NULs of a field never assigned; "CCEncoded=1" scrambles the number.
+/// A record from "CCReceipt=1;CCTip=5", on top of an approved one of tonight over 20.00. "\0" is a
+/// NUL, "CCTip=~" the NULs of a field never assigned; "CCEncoded=1" scrambles the number.
 inline records::CardRecord recordOf(const std::string &text)
 {
     records::CardRecord record;
-    const auto set = [&](const std::string &name, std::string value) {
-        const auto field =
-            std::find_if(records::kCardFields.begin(), records::kCardFields.end(),
-                         [&](const records::CardField &known) { return known.name == name; });
-        EXPECT_NE(field, records::kCardFields.end()) << name;
-        for (auto at = value.find("\\0"); at != std::string::npos; at = value.find("\\0"))
-            value.replace(at, 2, 1, '\0');
-        record.set(*field, value == "~" ? std::string(field->length, '\0') : value);
-    };
     std::istringstream fields(
         "CCNumb=4111111111111111;CCEncoded=0;CCServer=7;CCTabAmt=20.00;CCApprovedAmt=0;CCTip=0;"
         "CCReceipt=1;CCAdjStatus=Not Adjusted;CCstatus=Approved;CApprovalCode=004711;"
         "CCDate=01/15/25;CCTime=01:05 PM;CCStation=FRONT-BAR;" +
-        text);
-    for (std::string field; std::getline(fields, field, ';');)
-        set(field.substr(0, field.find('=')), field.substr(field.find('=') + 1));
+        text + ";");
+    for (std::string name, value; std::getline(fields, name, '=') && getline(fields, value, ';');) {
+        if (const auto nul = value.find("\\0"); nul != value.npos)
+            value.replace(nul, 2, 1, '\0');
+        for (const records::CardField &field : records::kCardFields)
+            if (field.name == name)
+                record.set(field, value == "~" ? std::string(field.length, '\0') : value);
+    }
     if (record.text(records::CCEncoded) == "1")
         records::encodeCardNumber(record);
     return record;
 }
 
-struct PendingStory {
-    explicit PendingStory(const std::vector<std::string> &pending = {}, PendingRoutes routes = {})
-        : list(app, printer, view, std::move(routes))
+/// "empty" is a slot that was never filled.
+inline std::string slotOf(const std::string &text)
+{
+    return text == "empty" ? std::string(500, '\0')
+                           : std::string(recordOf(text).view()) + std::string(10, '\0');
+}
+
+struct Story : PendingView, platform::Dialogs {
+    /// With `earlier`, another process on its drives. A grey story has none of the later screens.
+    explicit Story(const Story *earlier = nullptr, bool grey = false)
+        : Dialogs(station.run), station(support::VirtualTime::kDefaultStart,
+                                        earlier == nullptr ? nullptr : &earlier->station),
+          list(app, printer, *this, grey ? PendingRoutes() : routes())
     {
         station.system.executable = "TndrMGR";
-        station.folder("F:\\Lumbrio\\data\\CCdata");
-        station.folder("C:\\Lumbrio\\Data\\CCmgrLOGS");
-        station.folder("C:\\Lumbrio\\data\\CCdata");
+        station.run.reportFailure = [this](const std::string &text) { systemMessage(text); };
+        for (const char *folder : {"F:\\Lumbrio\\data\\CCdata", "C:\\Lumbrio\\Data\\CCmgrLOGS",
+                                   "C:\\Lumbrio\\data\\CCdata"})
+            station.folder(folder);
         app.values.Maindir = "C:\\Lumbrio\\";
         app.values.Remotedir = "F:\\Lumbrio\\";
-        if (!pending.empty())
-            station.put(kPending, slots(pending));
+        app.values.ReceiptPrinterName = "Receipt";
+        app.values.config.set(records::kBusinessName, "The Harbour Table");
+    }
+    PendingRoutes routes()
+    {
+        const auto way = [this](const char *to) {
+            return [this, to] { happened += std::string("to ") + to + slots() + "\n"; };
+        };
+        return {way("archive"), way("totals by server"), way("totals by terminal"),
+                way("totals by type")};
     }
 
-    /// Another process on the drives of `earlier`, which must live on.
-    PendingStory(const PendingStory &earlier, int)
-        : station(&earlier.station), list(app, printer, view)
-    {
-        app.values = earlier.app.values;
-    }
+    /// Does it, and tells what happened.
+    std::string press(const std::string &command);
+    std::string show(const std::string &what) const;
 
-    static std::string slots(const std::vector<std::string> &records)
+    std::string get(const std::string &path) const
     {
-        std::string bytes;
-        for (const std::string &text : records)
-            bytes += text == "empty" ? std::string(500, '\0')
-                                     : std::string(recordOf(text).view()) + std::string(10, '\0');
-        return bytes;
+        return station.has(path) ? station.get(path) : std::string();
     }
     std::vector<records::CardRecord> records(const std::string &path) const
     {
-        const std::string bytes = station.has(path) ? station.get(path) : "";
+        const std::string bytes = get(path);
         std::vector<records::CardRecord> all(bytes.size() / 500);
         for (std::size_t i = 0; i < all.size(); ++i)
             std::copy_n(bytes.data() + i * 500, 490, all[i].data().data());
         return all;
     }
-    /// One field of all records: "1 2 3 ".
-    std::string fieldOf(const std::string &path, const records::CardField &field) const
+    /// The slots of the rows shown.
+    std::string slots() const
     {
-        std::string texts;
-        for (const records::CardRecord &record : records(path))
-            texts += record.text(field) + " ";
-        return texts;
-    }
-    std::string receipts(const std::string &path) const
-    {
-        return fieldOf(path, records::CCReceipt);
-    }
-    std::string slotsShown() const
-    {
-        std::string shown;
+        std::string text;
         for (const ListRow &row : list.rows())
-            shown += std::to_string(row.slot) + " ";
-        return shown;
+            text += " " + std::to_string(row.slot);
+        return text;
     }
-    std::string log() const { return station.has(kLog) ? station.get(kLog) : ""; }
+
+    void refresh(const PendingFields &fields) override
+    {
+        if (fields.SSPanel1_0Visible && panel != fields.SSPanel1_0)
+            happened += "panel: " + fields.SSPanel1_0 + "\n";
+        panel = fields.SSPanel1_0Visible ? fields.SSPanel1_0 : "";
+    }
+    void showRows(const ListRows &) override {}
+    void rowsColoured() override {}
+    void selectRow(long row) override { happened += "selected " + std::to_string(row) + "\n"; }
+    void paintNow() override { ++paints; }
+    void setBusyPointer(bool) override {}
+    void showEntry(const std::string &file, long slot) override
+    {
+        happened += "entry " + file + " " + std::to_string(slot) + "\n";
+    }
+    platform::Answer ask(const std::string &title, const std::string &text,
+                         platform::Buttons buttons) override
+    {
+        happened += "[" + title + "] " + text + "\n";
+        app.yield();
+        return buttons == platform::Buttons::Ok ? platform::Answer::Ok : answer;
+    }
+    std::optional<std::string> askText(const std::string &title, const std::string &text,
+                                       const std::string &initial, bool) override
+    {
+        happened += "[" + title + "] " + text + " (" + initial + ")\n";
+        return typed;
+    }
 
     static constexpr const char *kPending = "F:\\Lumbrio\\CCPending.dat";
     static constexpr const char *kMonth = "F:\\Lumbrio\\data\\CCFinal0125.dat";
     static constexpr const char *kDeleted = "F:\\Lumbrio\\data\\0125CCdeleted.dat";
-    static constexpr const char *kMarker = "F:\\Lumbrio\\ServerISBatching.dat";
     static constexpr const char *kLog = "C:\\Lumbrio\\Data\\CCmgrLOGS\\012025MGRlog.txt";
 
     support::TestStation station;
-    records::App app{station.services};
+    records::App app{{station.run, station.files, station.time, *this, station.system,
+                      station.printers, station.installation}};
     printing::Printer printer{station.printers};
-    FakePendingView view;
+    platform::Answer answer = platform::Answer::Ok;
+    std::optional<std::string> typed;
+    std::string happened;
+    std::string panel;
+    int paints = 0;
+    std::size_t logSeen = 0;
+    std::unique_ptr<Story> other; // another station
+    std::unique_ptr<platform::SlotFile> held;
     Pending list;
 };
 

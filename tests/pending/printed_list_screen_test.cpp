@@ -8,8 +8,11 @@ using namespace pending;
 
 TEST(PrintedListOnPaper, NeedsNoMorePagesThanItHasMarks)
 {
-    PendingStory story(std::vector<std::string>(101, "CCTip=12.50"));
-    story.app.values.config.set(records::kBusinessName, "The Harbour Table");
+    Story story;
+    std::string pending;
+    for (int i = 0; i < 101; ++i)
+        pending += slotOf("CCTip=12.50");
+    story.station.put(Story::kPending, pending);
     story.list.SSCommand3_Click();
     story.list.SSCommand4_Click();
     const platform::PrintJob job = story.station.printers.collected.back().job;

@@ -1,0 +1,199 @@
+// The manager's list, told in golden stories: a line "> command" is done, and what happened or is
+// to be shown then follows it.
+#include "pending/pending_story.h"
+#include "support/test_files.h"
+
+namespace pending {
+
+using namespace records;
+
+std::string Story::press(const std::string &command)
+{
+    const std::string word = command.substr(command.find(' ') + 1);
+    const long number = wholeNumber(word);
+    const std::uint64_t begun = station.time.milliseconds();
+    const std::pair<const char *, std::function<void()>> commands[] = {
+        {"file", [&] { station.put(kPending, ""); }},
+        {"+ ",
+         [&] { // "+ 50 * fields" for many
+             const std::size_t many = word.find(" * ");
+             const std::string slot = slotOf(many == word.npos ? word : word.substr(many + 3));
+             std::string bytes = get(kPending);
+             for (long i = many == word.npos ? 1 : number; i > 0; --i)
+                 bytes += slot;
+             station.put(kPending, bytes);
+         }},
+        {"Form_Load", [&] { list.Form_Load(); }},
+        {"Done", [&] { list.SSCommand1_Click(); }},
+        {"Process", [&] { list.SSCommand2_Click(); }},
+        {"Refresh", [&] { list.SSCommand3_Click(); }},
+        {"Print", [&] { list.SSCommand4_Click(); }},
+        {"Finish", [&] { list.SSCommand5_Click(); }},
+        {"Archive", [&] { list.SScommand6_Click(); }},
+        {"Totals by Servers", [&] { list.SSCommand7_Click(); }},
+        {"Totals by Terminal", [&] { list.SSCommand10_Click(); }},
+        {"Force ALL NO TIP", [&] { list.SSCommand11_Click(); }},
+        {"Totals by CC Type", [&] { list.SSCommand12_Click(); }},
+        {"Mark Completed", [&] { list.SSCommand13_Click(); }},
+        {"DELETE RED'S", [&] { list.SSCommand14_Click(); }},
+        {"Mark all completed", [&] { list.SSCommand15_Click(); }},
+        {"picture", [&] { list.Image1_Click(); }},
+        {"Move_Completed", [&] { moveSettledRecords(app); }},
+        {"option ", [&] { list.SSOption1_Click(static_cast<int>(number)); }},
+        {"click ", [&] { list.MList1_Click(number); }},
+        {"mouse ", [&] { list.SSCommand11_Mouse(word == "over"); }},
+        {"saved", [&] { list.entrySaved(); }},
+        {"OK", [&] { answer = platform::Answer::Ok; }},
+        {"Cancel", [&] { answer = platform::Answer::Cancel; }},
+        {"type ", [&] { typed = word; }},
+        {"at ",
+         [&] {
+             const std::string later = word.substr(word.find(' ') + 1);
+             station.time.after(static_cast<std::uint64_t>(number),
+                                [this, later] { happened += press(later); });
+         }},
+        {"fail ",
+         [&] {
+             const std::size_t blank = word.find(' ');
+             station.disk.failOn(word.substr(0, blank), word.substr(blank + 1),
+                                 platform::Outcome::Denied);
+         }},
+        {"tender ",
+         [&] {
+             other = other ? std::move(other) : std::make_unique<Story>(this);
+             const bool stored = addRecord(other->app, kPending, recordOf(word)).stored();
+             happened += stored ? "stored\n" : "refused\n";
+         }},
+        {"lock ",
+         [&] {
+             other = std::make_unique<Story>(this);
+             held = std::make_unique<platform::SlotFile>(other->app.files, word, 500);
+             EXPECT_TRUE(done(held->open(platform::SlotUse::Rewrite)) && done(held->lock()));
+         }},
+        {"erase ", [&] { station.erase(word); }},
+        {"offline", [&] { station.system.connected = false; }},
+        {"role ", [&] { station.system.executable = word; }},
+        {"no Remotedir", [&] { app.values.Remotedir.clear(); }},
+        {"printer ", [&] { printer.select(word); }},
+        {"show ", [&] { happened += show(word); }},
+    };
+    const auto found =
+        std::find_if(std::begin(commands), std::end(commands),
+                     [&](const auto &known) { return command.starts_with(known.first); });
+    EXPECT_NE(found, std::end(commands)) << command;
+    const std::size_t sounds = station.system.played.size();
+    if (found != std::end(commands))
+        found->second();
+    // The ten lines of a load are one here; any other ten stand as they are.
+    static const std::regex load("={46}\r\n-\r\nCurrent Credit Card File Loaded  \r\n"
+                                 "  Tab Total   (.*)\r\n  Tip Total   (.*)\r\n"
+                                 "  Grand Total (.*)\r\n-\r\n"
+                                 "  Total List Count (.*)\r\n-\r\n={46}\r\n");
+    const std::string log = get(kLog);
+    const std::string added = std::regex_replace(log.substr(logSeen), load, "$1 $2 $3, $4\r\n");
+    for (const std::string &line : platform::splitLines(added))
+        happened += "log: " + line + "\n";
+    logSeen = log.size();
+    if (station.system.played.size() > sounds)
+        happened += std::to_string(station.system.played.size() - sounds) + " x " +
+                    station.system.played.back() + "\n";
+    if (const std::uint64_t passed = station.time.milliseconds() - begun; passed >= 1000)
+        happened += std::to_string(passed / 50 * 50) + " ms\n";
+    if (station.run.ending())
+        happened += station.run.failed() ? "FAILED\n" : "ended\n";
+    return std::exchange(happened, "");
+}
+
+std::string Story::show(const std::string &what) const
+{
+    constexpr std::array kColours = {"button", "white", "green", "red"};
+    const PendingFields &f = list.state();
+    std::string text;
+    std::string hidden;
+    if (what == "totals")
+        for (const std::string &part : {f.Label5[0], f.Label5[1], f.Label5[2], f.Label6, f.Label7,
+                                        f.Label16, f.Label17, f.Label18, f.Label19, f.Label20})
+            text += (text.empty() ? "" : " | ") + part;
+    if (what == "rows")
+        for (const ListRow &row : list.rows())
+            text += std::to_string(row.slot) + " " +
+                    kColours[static_cast<std::size_t>(row.colour)] + " " + row.text + "\n";
+    if (what == "colours") {
+        for (const ListRow &row : list.rows())
+            text += kColours[static_cast<std::size_t>(row.colour)] + std::string(" ");
+        text += "Label7 " + f.Label7 + (f.SSCommand[2].enabled ? ", Process" : "") +
+                (f.SSPanel1_0Visible ? ", panel" : "");
+    }
+    if (what == "types")
+        for (const std::string &type : list.types())
+            text += type + "\n";
+    if (what == "slots")
+        text = "option " + std::to_string(f.SSOption1) + ":" + slots();
+    if (what == "enabled") {
+        for (std::size_t n = 1; n < f.SSCommand.size(); ++n) {
+            text += f.SSCommand[n].enabled ? " " + std::to_string(n) : "";
+            hidden += f.SSCommand[n].visible ? "" : " " + std::to_string(n);
+        }
+        text += ", hidden" + hidden;
+    }
+    if (what == "printed")
+        for (const auto &[name, job] : station.printers.collected)
+            text += "on " + name + "\n" + platform::describe(job);
+    if (what == "edit mode")
+        text = app.values.editMode;
+    if (what == "paints")
+        text = std::to_string(paints);
+    if (what.starts_with("CC")) { // a field of all records
+        for (const CardField &field : kCardFields)
+            for (const CardRecord &record : records(kPending))
+                text += field.name == what ? record.text(field) + "|" : "";
+    }
+    if (what == "files") {
+        const std::filesystem::path root = station.drives.root();
+        std::map<std::string, std::uintmax_t> all; // paths and sizes
+        for (const auto &file : std::filesystem::recursive_directory_iterator(root))
+            if (file.is_regular_file() && file.path().string().find("MGRlog") == std::string::npos)
+                all[file.path().lexically_relative(root).generic_string()] = file.file_size();
+        for (const auto &[path, size] : all)
+            text += path + " " + std::to_string(size) + "\n";
+        for (const char *path : {kPending, kMonth, kDeleted})
+            for (const CardRecord &record : records(path)) {
+                text += std::string(path) + ": ";
+                for (const CardField &field : {CCReceipt, CCNumb, CCEncoded, CCTabAmt, CCTip,
+                                               CCAdjStatus, CCAdjAmt, CCstatus, CCtype}) {
+                    const std::string raw = record.raw(field);
+                    text += raw[0] == '\0' ? "NUL|"
+                                           : raw.substr(0, raw.find_last_not_of(' ') + 1) + "|";
+                }
+                text += "\n";
+            }
+    }
+    return text.ends_with('\n') ? text : (text.empty() ? "none" : text) + "\n";
+}
+
+namespace {
+
+TEST(Stories, OfTheListGoAsTheirGoldenFilesTell)
+{
+    for (const char *name : {"rows", "dates", "sorted", "colours", "list", "enabling", "busy",
+                             "printed", "bulk", "emptied", "failures"}) {
+        const std::string golden =
+            support::testFile("golden/pending/" + std::string(name) + ".txt");
+        std::unique_ptr<Story> story;
+        std::string told;
+        for (const std::string &line : platform::splitLines(golden)) {
+            if (line.starts_with("> new")) {
+                story.reset();
+                story = std::make_unique<Story>(nullptr, line == "> new, grey");
+            }
+            if (line.empty() || line[0] == '#' || line[0] == '>')
+                told += line + "\n";
+            if (line.starts_with("> ") && !line.starts_with("> new"))
+                told += story->press(line.substr(2));
+        }
+        EXPECT_EQ(told, golden);
+    }
+}
+
+} // namespace
+} // namespace pending
