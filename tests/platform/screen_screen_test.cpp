@@ -5,6 +5,7 @@
 
 #include "support/qt/qt_station.h"
 
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -129,6 +130,27 @@ TEST(ScreenOnTheProgramsLoop, is_destroyed_as_soon_as_no_handler_of_its_own_runs
         run.yield();
         EXPECT_EQ(Panel::destroyed, 1);
     }
+}
+
+TEST(SecondTap, presses_nothing_in_a_window_that_came_up_meanwhile)
+{
+    QPushButton below;
+    QPushButton above;
+    int pressed = 0;
+    QObject::connect(&below, &QPushButton::clicked, [&] { ++pressed; });
+    const auto tap = [](QPushButton &button, QEvent::Type kind) {
+        for (const QEvent::Type type : {kind, QEvent::MouseButtonRelease}) {
+            const auto held = type == kind ? Qt::LeftButton : Qt::NoButton;
+            QMouseEvent event(type, QPointF(2, 2), QPointF(2, 2), Qt::LeftButton, held, {});
+            QCoreApplication::sendEvent(&button, &event);
+        }
+    };
+    tap(above, QEvent::MouseButtonPress);
+    tap(below, QEvent::MouseButtonDblClick);
+    EXPECT_EQ(pressed, 0);
+    tap(below, QEvent::MouseButtonPress);
+    tap(below, QEvent::MouseButtonDblClick); // a fast finger on one keypad
+    EXPECT_EQ(pressed, 2);
 }
 
 TEST(ProgramsLoop, lets_events_and_timers_in_amid_work_without_resting)

@@ -44,8 +44,34 @@ QPalette colours()
 
 } // namespace
 
+namespace {
+
+/// A finger that taps twice means one window. When the first tap opens or closes one, the second
+/// would press what has come to lie below it: a key of the keypad, the "Done" of a list.
+class SecondTaps : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject *target, QEvent *event) override
+    {
+        if (!target->isWidgetType())
+            return false;
+        const QWidget *window = static_cast<QWidget *>(target)->window();
+        if (event->type() == QEvent::MouseButtonPress)
+            tapped = window;
+        return event->type() == QEvent::MouseButtonDblClick && tapped != window;
+    }
+
+private:
+    const QWidget *tapped = nullptr; // to compare; it may be gone
+};
+
+} // namespace
+
 void applyTheme(QApplication &application)
 {
+    application.installEventFilter(new SecondTaps(&application));
     constexpr double kPlainText = 11; // points
     loadAssets();
     QFont font = QApplication::font();
