@@ -22,6 +22,7 @@ platform::Outcome finishPending(records::App &app, const Progress &progress);
 /// "Completed", whatever their status was. A record with a status and without a date, or a `date`
 /// that is none, ends the program with the system's message; nothing has left the file then, but
 /// the records before it are in the month file already.
+/// Kept: a number that a "Save" has left plain goes there plain, as with "DELETE RED'S".
 platform::Outcome markCompleted(records::App &app, const std::string &date,
                                 const Progress &progress);
 

@@ -56,8 +56,9 @@ public:
     explicit ListBuilder(const platform::DateTime &today);
 
     /// The record of a slot as it stands in the file; a slot that is not listed is passed over.
-    /// Kept: with an approved amount above 0 that amount is listed and totalled as the tab. The
-    /// file keeps the tab, and that is what the bank is sent, until somebody saves the entry.
+    /// Kept: with an approved amount above 0 that amount is listed and totalled as the tab, be it
+    /// less (a partial approval) or more (a tip approved beforehand). The file keeps the tab, and
+    /// that is what the bank is sent, until somebody saves the entry.
     void add(long slot, records::CardRecord copy);
 
     void reserve(std::size_t count);
