@@ -1,5 +1,6 @@
 // TndrMGR for script/screens: the shipped program with a hand at its keyboard.
-//   LUMBRIO_PLAY_PRESS   the command of this name is pressed once it is enabled; more of them behind
+//   LUMBRIO_PLAY_PRESS   the command of this name is pressed once it is enabled; more of them
+//   behind
 //                        semicolons. "Row 1000" opens the row of the list that begins so
 #include "roles/manager_role.h"
 #include "support/qt/hand.h"
