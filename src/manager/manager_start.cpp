@@ -117,8 +117,9 @@ void ManagerStart::Clean_Logs()
 long ManagerStart::deleteOld(const std::string &folder, const std::string &ending, int before)
 {
     long deleted = 0;
+    const std::string inFolder = folder + "\\";
     for (const std::string &name : app.files.list(folder)) {
-        const std::string path = folder + "\\" + name;
+        const std::string path = inFolder + name;
         platform::DateTime when;
         if (toLower(Right(name, ending.size())) == ending && done(app.files.modified(path, when)) &&
             dayNumber(when) < before && done(app.files.remove(path)))
