@@ -14,7 +14,7 @@ namespace {
 using platform::MList;
 using platform::MListColumn;
 using platform::MListModel;
-using platform::MListRow;
+using platform::MListRows;
 using Look = MListColumn::Look;
 
 std::vector<MListColumn> columns()
@@ -32,9 +32,11 @@ std::string cell(const MListModel &list, int row, int column, int role = Qt::Dis
 TEST(MListModel, CutsCellsOutOfRowsAndIsRecolouredWithoutRebuilding)
 {
     MListModel list(columns());
-    list.setRows({{"004|40.00     | Not Adjusted  |more", "17", 0xffffffff}});
-    list.append({std::string("1043||Caf\xE9\0 ", 12), "4", 0xff80ff80});
-    list.append({"7", "", 0xffff0000});
+    MListRows rows;
+    rows.add("004|40.00     | Not Adjusted  |more", "17", 0xffffffff);
+    list.setRows(rows);
+    list.append(std::string_view("1043||Caf\xE9\0 ", 12), "4", 0xff80ff80);
+    list.append("7", "", 0xffff0000);
     std::string shown;
     for (int row = 0; row < list.rowCount(); ++row)
         for (int column = 0; column < 3; ++column)
@@ -54,6 +56,14 @@ TEST(MListModel, CutsCellsOutOfRowsAndIsRecolouredWithoutRebuilding)
     EXPECT_EQ(resets, 0);
 }
 
+MListRows thousand(int receipt, int step)
+{
+    MListRows rows;
+    for (int row = 0; row < 1000; ++row, receipt += step)
+        rows.add(std::to_string(receipt) + "|12.50", std::to_string(receipt), 0xffffffff);
+    return rows;
+}
+
 struct Window : QWidget {
     Window()
     {
@@ -62,11 +72,7 @@ struct Window : QWidget {
         layout->addWidget(&box);
         list.setAccessibleName(QStringLiteral("Entries"));
         list.setColumns(columns());
-        std::vector<MListRow> rows;
-        for (int row = 0; row < 1000; ++row)
-            rows.push_back({std::to_string(1000 + row) + "|12.50|Not Adjusted", std::to_string(row),
-                            0xffffffff});
-        list.setRows(rows);
+        list.setRows(thousand(1000, 1));
         QObject::connect(&list, &MList::rowOpened, [this](long row) { opened.push_back(row); });
         resize(1024, 768);
         show();
@@ -110,9 +116,7 @@ TEST(MListView, OpensByFingerAndKeyboardAndKeepsItsPlace)
     EXPECT_TRUE(window.list.viewport()->rect().intersects(
         window.list.visualRect(window.list.currentIndex())));
 
-    std::vector<MListRow> others = window.list.rows().rows();
-    std::reverse(others.begin(), others.end());
-    window.list.setRows(others);
+    window.list.setRows(thousand(1999, -1));
     EXPECT_EQ(window.list.currentIndex().row(), 543) << "the same entry";
     EXPECT_EQ(window.list.selectionModel()->selectedRows().size(), 1);
     window.list.goToRow(5000);
