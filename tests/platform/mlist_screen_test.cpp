@@ -1,17 +1,10 @@
-// The list control: its rows without a window, and what fingers and keys do on it.
+// The rows of the list control, without a window.
 #include "platform/qt/mlist.h"
-
-#include "support/qt/qt_station.h"
-
-#include <QLineEdit>
-#include <QMouseEvent>
-#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using platform::MList;
 using platform::MListColumn;
 using platform::MListModel;
 using platform::MListRows;
@@ -54,75 +47,6 @@ TEST(MListModel, CutsCellsOutOfRowsAndIsRecolouredWithoutRebuilding)
     list.recolour([](std::size_t row) { return row == 0 ? 0xffff0000 : 0xffffffff; });
     EXPECT_EQ(list.data(list.index(0, 0), Qt::BackgroundRole).value<QColor>(), QColor(Qt::red));
     EXPECT_EQ(resets, 0);
-}
-
-MListRows thousand(int receipt, int step)
-{
-    MListRows rows;
-    for (int row = 0; row < 1000; ++row, receipt += step)
-        rows.add(std::to_string(receipt) + "|12.50", std::to_string(receipt), 0xffffffff);
-    return rows;
-}
-
-struct Window : QWidget {
-    Window()
-    {
-        auto *layout = new QVBoxLayout(this);
-        layout->addWidget(&list);
-        layout->addWidget(&box);
-        list.setAccessibleName(QStringLiteral("Entries"));
-        list.setColumns(columns());
-        list.setRows(thousand(1000, 1));
-        QObject::connect(&list, &MList::rowOpened, [this](long row) { opened.push_back(row); });
-        resize(1024, 768);
-        show();
-        list.setFocus();
-        QApplication::processEvents();
-    }
-
-    void mouse(QEvent::Type what, int row)
-    {
-        const QPointF place = list.visualRect(list.model()->index(row, 1)).center();
-        QMouseEvent event(what, place, list.viewport()->mapToGlobal(place), Qt::LeftButton,
-                          what == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
-                          Qt::NoModifier);
-        QApplication::sendEvent(list.viewport(), &event);
-    }
-    std::vector<long> take() { return std::exchange(opened, {}); }
-    using Rows = std::vector<long>;
-
-    MList list;
-    QLineEdit box;
-    Rows opened;
-};
-
-TEST(MListView, OpensByFingerAndKeyboardAndKeepsItsPlace)
-{
-    Window window;
-    using Rows = Window::Rows;
-    window.mouse(QEvent::MouseButtonPress, 2);
-    window.mouse(QEvent::MouseButtonRelease, 2);
-    EXPECT_EQ(window.take(), Rows{2});
-    window.mouse(QEvent::MouseButtonDblClick, 2);
-    window.mouse(QEvent::MouseButtonRelease, 2);
-    EXPECT_EQ(window.take(), Rows{}) << "the second click of a double one";
-    window.mouse(QEvent::MouseButtonPress, 3);
-    window.mouse(QEvent::MouseButtonRelease, 6);
-    EXPECT_EQ(window.take(), Rows{}) << "the finger left the row";
-
-    support::type(QStringLiteral("1456"));
-    support::press(Qt::Key_Enter);
-    EXPECT_EQ(window.take(), Rows{456});
-    EXPECT_TRUE(window.list.viewport()->rect().intersects(
-        window.list.visualRect(window.list.currentIndex())));
-
-    window.list.setRows(thousand(1999, -1));
-    EXPECT_EQ(window.list.currentIndex().row(), 543) << "the same entry";
-    EXPECT_EQ(window.list.selectionModel()->selectedRows().size(), 1);
-    window.list.goToRow(5000);
-    EXPECT_FALSE(window.list.selectionModel()->hasSelection());
-    support::press(Qt::Key_Tab);
-    EXPECT_TRUE(window.box.hasFocus());
 }
 
 } // namespace
