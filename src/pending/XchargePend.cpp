@@ -157,22 +157,17 @@ void XchargePend::refresh(const PendingFields &fields)
 
 void XchargePend::showTotals(const PendingFields &fields)
 {
-    for (std::size_t item = 0; item < Label5.size(); ++item)
+    const bool wide = fields.Label5[2].size() > kUsualTotal;
+    for (std::size_t item = 0; item < Label5.size(); ++item) {
         putValue(*Label5[item], fields.Label5[item]);
-    if (fields.Label5[2] != "0") // while the list is read nothing moves
-        sizeTotals(fields.Label5[2].size() > kUsualTotal);
+        const bool grand = item == 2;
+        putLook(*Label5[item], "part", grand ? (wide ? "sum" : "large") : (wide ? "value" : "sum"));
+    }
     putValue(*ui->Label16, fields.Label16);
     putValue(*ui->Label17, fields.Label17);
     putValue(*ui->Label18, fields.Label18);
     putValue(*ui->Label19, fields.Label19);
     ui->Label18->setToolTip(toQt(fields.Label6));
-}
-
-void XchargePend::sizeTotals(bool wide)
-{
-    putLook(*Label5[0], "part", wide ? "value" : "sum");
-    putLook(*Label5[1], "part", wide ? "value" : "sum");
-    putLook(*Label5[2], "part", wide ? "sum" : "large");
 }
 
 void XchargePend::showState(const PendingFields &fields)
@@ -216,11 +211,10 @@ void XchargePend::showOptions(const PendingFields &fields)
 
 void XchargePend::showRows(const ListRows &rows)
 {
-    constexpr std::size_t kUsualRow = 160; // bytes
-    platform::MListRows copies;
-    copies.reserve(rows.size(), rows.size() * kUsualRow);
+    std::vector<platform::MListRow> copies;
+    copies.reserve(rows.size());
     for (const ListRow &row : rows)
-        copies.add(row.text, std::to_string(row.slot), colourOf(row.colour));
+        copies.push_back({row.text, std::to_string(row.slot), colourOf(row.colour)});
     ui->MList1->setRows(std::move(copies));
 }
 
