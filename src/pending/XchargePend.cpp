@@ -157,17 +157,22 @@ void XchargePend::refresh(const PendingFields &fields)
 
 void XchargePend::showTotals(const PendingFields &fields)
 {
-    const bool wide = fields.Label5[2].size() > kUsualTotal;
-    for (std::size_t item = 0; item < Label5.size(); ++item) {
+    for (std::size_t item = 0; item < Label5.size(); ++item)
         putValue(*Label5[item], fields.Label5[item]);
-        const bool grand = item == 2;
-        putLook(*Label5[item], "part", grand ? (wide ? "sum" : "large") : (wide ? "value" : "sum"));
-    }
+    if (fields.Label5[2] != "0") // while the list is read nothing moves
+        sizeTotals(fields.Label5[2].size() > kUsualTotal);
     putValue(*ui->Label16, fields.Label16);
     putValue(*ui->Label17, fields.Label17);
     putValue(*ui->Label18, fields.Label18);
     putValue(*ui->Label19, fields.Label19);
     ui->Label18->setToolTip(toQt(fields.Label6));
+}
+
+void XchargePend::sizeTotals(bool wide)
+{
+    putLook(*Label5[0], "part", wide ? "value" : "sum");
+    putLook(*Label5[1], "part", wide ? "value" : "sum");
+    putLook(*Label5[2], "part", wide ? "sum" : "large");
 }
 
 void XchargePend::showState(const PendingFields &fields)
@@ -211,10 +216,11 @@ void XchargePend::showOptions(const PendingFields &fields)
 
 void XchargePend::showRows(const ListRows &rows)
 {
-    std::vector<platform::MListRow> copies;
-    copies.reserve(rows.size());
+    constexpr std::size_t kUsualRow = 160; // bytes
+    platform::MListRows copies;
+    copies.reserve(rows.size(), rows.size() * kUsualRow);
     for (const ListRow &row : rows)
-        copies.push_back({row.text, std::to_string(row.slot), colourOf(row.colour)});
+        copies.add(row.text, std::to_string(row.slot), colourOf(row.colour));
     ui->MList1->setRows(std::move(copies));
 }
 

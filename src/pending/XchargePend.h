@@ -60,6 +60,7 @@ private:
     void showEntry(const std::string &file, long slot) override;
 
     void showTotals(const PendingFields &fields);
+    void sizeTotals(bool wide);
     void showState(const PendingFields &fields);
     void showCommands(const PendingFields &fields);
     void showOptions(const PendingFields &fields);

@@ -3,7 +3,9 @@
 #include "records/card_helpers.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
+#include <cstring>
 #include <utility>
 
 namespace pending {
@@ -12,7 +14,6 @@ using namespace records;
 
 namespace {
 
-constexpr std::size_t kUsualRow = 150;    // bytes
 constexpr std::size_t kMoneysDigits = 14; // of a whole number that Money surely holds
 
 bool beginsWith(const CardRecord &record, const CardField &field, std::string_view beginning)
@@ -33,32 +34,69 @@ std::string receiptValue(std::string_view receipt)
     return digits.size() > kMoneysDigits ? std::string(digits) : plainText(Val(receipt));
 }
 
-void blankNuls(std::string &text)
+/// A row being put together, in one piece of memory.
+class RowText {
+public:
+    RowText &operator+=(std::string_view text)
+    {
+        const std::size_t length = std::min(text.size(), bytes.size() - used);
+        std::copy_n(text.data(), length, bytes.data() + used);
+        used += length;
+        return *this;
+    }
+    /// A length that is known when compiled is copied without a call.
+    void addField(const CardRecord &record, const CardField &field)
+    {
+        if (field.length >= bytes.size() - used)
+            return;
+        bytes[used] = '|';
+        std::memcpy(bytes.data() + used + 1, record.view().data() + field.offset, field.length);
+        used += field.length + 1;
+    }
+    /// A NUL shows as a blank.
+    std::string text() const
+    {
+        std::string all(bytes.data(), used);
+        if (all.find('\0') != std::string::npos) // few have one
+            std::replace(all.begin(), all.end(), '\0', ' ');
+        return all;
+    }
+
+private:
+    std::array<char, 400> bytes; // of any row
+    std::size_t used = 0;
+};
+
+std::string rowText(const CardRecord &copy, Money total)
 {
-    if (text.find('\0') != std::string::npos) // few have one
-        std::replace(text.begin(), text.end(), '\0', ' ');
+    RowText row;
+    row += receiptColumn(copy);
+    row += "|";
+    row += copy.text(CCServer);
+    row.addField(copy, CCTabAmt);
+    row.addField(copy, CCApprovedAmt);
+    row.addField(copy, CCTip);
+    row += "|";
+    row += Format_Money(total);
+    row.addField(copy, CCAdjStatus);
+    row.addField(copy, CApprovalCode);
+    row.addField(copy, CCstatus);
+    row.addField(copy, CCDate);
+    row.addField(copy, CCTime);
+    row.addField(copy, CCStation);
+    return row.text();
 }
 
-Money totalOf(const CardRecord &copy)
-{
-    return copy.value(CCTabAmt) + copy.value(CCTip);
-}
-
-void addField(std::string &row, const CardRecord &record, const CardField &field)
-{
-    row += '|';
-    row += record.view().substr(field.offset, field.length);
-}
-
-std::string typeRow(CardRecord &copy)
+std::string typeText(CardRecord &copy, Money total)
 {
     decodeCardNumber(copy);
-    std::string row = std::to_string(CreditCardType(copy.text(CCNumb)).type);
-    addField(row, copy, CCTabAmt);
-    addField(row, copy, CCTip);
-    (row += '|') += plainText(totalOf(copy));
-    blankNuls(row);
-    return row;
+    RowText row;
+    row += std::to_string(CreditCardType(copy.text(CCNumb)).type);
+    row.addField(copy, CCTabAmt);
+    row.addField(copy, CCTip);
+    row += "|";
+    row += plainText(total);
+    return row.text();
 }
 
 } // namespace
@@ -78,16 +116,7 @@ std::string receiptColumn(const CardRecord &record)
 
 std::string rowOf(const CardRecord &copy)
 {
-    std::string row = receiptColumn(copy);
-    row.reserve(kUsualRow);
-    (row += '|') += copy.text(CCServer);
-    for (const CardField &field : {CCTabAmt, CCApprovedAmt, CCTip})
-        addField(row, copy, field);
-    (row += '|') += Format_Money(totalOf(copy));
-    for (const CardField &field : {CCAdjStatus, CApprovalCode, CCstatus, CCDate, CCTime, CCStation})
-        addField(row, copy, field);
-    blankNuls(row);
-    return row;
+    return rowText(copy, copy.value(CCTabAmt) + copy.value(CCTip));
 }
 
 std::string_view columnOf(std::string_view row, int column)
@@ -121,10 +150,12 @@ void ListBuilder::add(long slot, CardRecord copy)
     sawNotAdjusted = sawNotAdjusted || beginsWith(copy, CCAdjStatus, "Not");
     sawDeleted = sawDeleted || beginsWith(copy, CCstatus, "Del");
     ++listed;
-    rows.push_back({rowOf(copy), slot, RowColour::ButtonFace});
-    types.push_back(typeRow(copy));
-    tabs = tabs + copy.value(CCTabAmt);
-    tips = tips + copy.value(CCTip);
+    const Money tab = copy.value(CCTabAmt);
+    const Money tip = copy.value(CCTip);
+    rows.push_back({rowText(copy, tab + tip), slot, RowColour::ButtonFace});
+    types.push_back(typeText(copy, tab + tip));
+    tabs = tabs + tab;
+    tips = tips + tip;
     takeDate(slot, copy);
 }
 

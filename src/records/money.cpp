@@ -52,6 +52,8 @@ Money Money::rounded(int decimals) const
     std::int64_t step = kScale;
     for (int i = 0; i < decimals && step > 1; ++i)
         step /= 10;
+    if (step == 1)
+        return *this;
     const std::int64_t rest = units % step;
     const int away = rest * 2 >= step ? 1 : (-rest * 2 >= step ? -1 : 0);
     return Money(saturated(Wide(units / step + away) * step));

@@ -61,32 +61,45 @@ bool scanNumber(std::string_view text, std::size_t &at, bool grouped, Money &val
     return digits;
 }
 
-/// A rounded value as digits, each part without what a mask decides.
-struct NumberParts {
+/// A rounded value as digits, each part without what a mask decides. In one piece of memory: a list
+/// writes several a record.
+class NumberParts {
+public:
+    NumberParts(Money value, int decimals);
+
     bool negative = false;
-    std::string whole;    // without leading zeros; empty for 0
-    std::string fraction; // exactly as many digits as decimals were asked for
+    std::string_view whole;    // without leading zeros; empty for 0
+    std::string_view fraction; // exactly as many digits as decimals were asked for
+
+    NumberParts(const NumberParts &) = delete;
+    NumberParts &operator=(const NumberParts &) = delete;
+
+    void cutTrailingZeros(std::size_t keep)
+    {
+        while (fraction.size() > keep && fraction.back() == '0')
+            fraction.remove_suffix(1);
+    }
+
+private:
+    static constexpr std::size_t kDecimals = 4;
+    std::array<char, 24> digits; // the whole ends where the fraction begins
 };
 
-NumberParts split(Money value, int decimals)
+NumberParts::NumberParts(Money value, int decimals)
 {
     const std::int64_t units = value.rounded(decimals).tenThousandths();
-    NumberParts parts;
-    parts.negative = units < 0;
-    const std::int64_t positive = units == std::numeric_limits<std::int64_t>::min()
-                                      ? std::numeric_limits<std::int64_t>::max()
-                                      : (units < 0 ? -units : units);
-    const std::int64_t whole = positive / Money::kScale;
-    parts.whole = whole == 0 ? std::string() : std::to_string(whole);
-    parts.fraction = std::to_string(positive % Money::kScale + Money::kScale).substr(1);
-    parts.fraction.resize(static_cast<std::size_t>(std::min(decimals, 4)));
-    return parts;
-}
-
-void cutTrailingZeros(std::string &digits, std::size_t keep)
-{
-    while (digits.size() > keep && digits.back() == '0')
-        digits.pop_back();
+    negative = units < 0;
+    auto rest = units == std::numeric_limits<std::int64_t>::min()
+                    ? static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max())
+                    : static_cast<std::uint64_t>(negative ? -units : units);
+    char *const end = digits.data() + digits.size();
+    char *at = end;
+    for (; at > end - kDecimals; rest /= 10)
+        *--at = static_cast<char>('0' + rest % 10);
+    fraction = std::string_view(at, std::min(static_cast<std::size_t>(decimals), kDecimals));
+    for (; rest > 0; rest /= 10)
+        *--at = static_cast<char>('0' + rest % 10);
+    whole = std::string_view(at, static_cast<std::size_t>(end - kDecimals - at));
 }
 
 std::size_t mandatoryDigits(std::string_view mask)
@@ -254,15 +267,13 @@ std::string Format(Money value, std::string_view mask)
     const std::size_t point = mask.find('.');
     const bool hasPoint = point != std::string_view::npos;
     const std::string_view decimals = hasPoint ? mask.substr(point + 1) : std::string_view();
-    NumberParts parts = split(value, static_cast<int>(decimals.size()));
-    cutTrailingZeros(parts.fraction, mandatoryDigits(decimals));
+    NumberParts parts(value, static_cast<int>(decimals.size()));
+    parts.cutTrailingZeros(mandatoryDigits(decimals));
     const std::size_t needed = mandatoryDigits(mask.substr(0, point));
-    if (parts.whole.size() < needed)
-        parts.whole.insert(0, needed - parts.whole.size(), '0');
     std::string text = parts.negative ? "-" : "";
-    text += parts.whole;
+    text.append(std::max(needed, parts.whole.size()) - parts.whole.size(), '0').append(parts.whole);
     if (hasPoint)
-        text += "." + parts.fraction;
+        text.append(".").append(parts.fraction);
     return text;
 }
 
@@ -279,14 +290,13 @@ std::string Format(const platform::DateTime &when, std::string_view mask)
 
 std::string Currency(Money value)
 {
-    NumberParts parts = split(value, 2);
-    if (parts.whole.empty())
-        parts.whole = "0";
-    for (std::size_t at = parts.whole.size(); at > 3;) {
+    const NumberParts parts(value, 2);
+    std::string whole(parts.whole.empty() ? "0" : parts.whole);
+    for (std::size_t at = whole.size(); at > 3;) {
         at -= 3;
-        parts.whole.insert(at, 1, ',');
+        whole.insert(at, 1, ',');
     }
-    const std::string text = "$" + parts.whole + "." + parts.fraction;
+    const std::string text = ("$" + whole).append(".").append(parts.fraction);
     return parts.negative ? "(" + text + ")" : text;
 }
 
@@ -300,18 +310,20 @@ std::string Currency(std::string_view text)
 
 std::string Format_Money(Money value)
 {
-    const NumberParts parts = split(value, 2);
+    const NumberParts parts(value, 2);
     std::string text = parts.negative ? "-" : "";
     return text.append(parts.whole).append(".").append(parts.fraction);
 }
 
 std::string plainText(Money value)
 {
-    NumberParts parts = split(value, 4);
-    cutTrailingZeros(parts.fraction, 0);
+    NumberParts parts(value, 4);
+    parts.cutTrailingZeros(0);
     std::string text = parts.negative ? "-" : "";
-    text += parts.whole.empty() ? "0" : parts.whole;
-    return parts.fraction.empty() ? text : text + "." + parts.fraction;
+    text.append(parts.whole.empty() ? "0" : parts.whole);
+    if (!parts.fraction.empty())
+        text.append(".").append(parts.fraction);
+    return text;
 }
 
 std::string Right(std::string_view text, std::size_t count)

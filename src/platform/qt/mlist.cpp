@@ -155,6 +155,28 @@ private:
 
 } // namespace
 
+void MListRows::reserve(std::size_t rows, std::size_t length)
+{
+    all.reserve(rows);
+    bytes.reserve(length);
+}
+
+void MListRows::add(std::string_view text, std::string_view itemData, QRgb back)
+{
+    all.push_back({bytes.size(), bytes.size() + text.size(), back});
+    bytes.append(text).append(itemData);
+}
+
+std::string_view MListRows::text(std::size_t row) const
+{
+    return std::string_view(bytes).substr(all[row].begin, all[row].itemData - all[row].begin);
+}
+
+std::string_view MListRows::itemData(std::size_t row) const
+{
+    return std::string_view(bytes).substr(all[row].itemData, endOf(row) - all[row].itemData);
+}
+
 MListModel::MListModel(std::vector<MListColumn> theColumns, QObject *parent)
     : QAbstractTableModel(parent), all(std::move(theColumns))
 {
@@ -167,35 +189,35 @@ void MListModel::setColumns(std::vector<MListColumn> theColumns)
     endResetModel();
 }
 
-void MListModel::setRows(std::vector<MListRow> theRows)
+void MListModel::setRows(MListRows theRows)
 {
     beginResetModel();
     list = std::move(theRows);
     endResetModel();
 }
 
-void MListModel::append(MListRow row)
+void MListModel::append(std::string_view text, std::string_view itemData, QRgb back)
 {
     beginInsertRows({}, rowCount(), rowCount());
-    list.push_back(std::move(row));
+    list.add(text, itemData, back);
     endInsertRows();
 }
 
 void MListModel::recolour(const std::function<QRgb(std::size_t)> &colourOf)
 {
     for (std::size_t row = 0; row < list.size(); ++row)
-        list[row].back = colourOf(row);
-    if (!list.empty())
+        list.colour(row, colourOf(row));
+    if (list.size() > 0)
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1),
                            {Qt::BackgroundRole, Qt::ForegroundRole});
 }
 
 long MListModel::find(std::string_view itemData) const
 {
-    const auto found = std::find_if(list.begin(), list.end(), [itemData](const MListRow &row) {
-        return row.itemData == itemData;
-    });
-    return found == list.end() ? -1 : static_cast<long>(found - list.begin());
+    std::size_t row = 0;
+    while (row < list.size() && list.itemData(row) != itemData)
+        ++row;
+    return row < list.size() ? static_cast<long>(row) : -1;
 }
 
 int MListModel::rowCount(const QModelIndex &parent) const
@@ -212,15 +234,15 @@ QVariant MListModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const MListRow &row = list[static_cast<std::size_t>(index.row())];
+    const auto row = static_cast<std::size_t>(index.row());
     const MListColumn &column = all[static_cast<std::size_t>(index.column())];
     switch (role) {
-    case Qt::DisplayRole: return toQt(columnOf(row.text, index.column()));
+    case Qt::DisplayRole: return toQt(columnOf(list.text(row), index.column()));
     case Qt::TextAlignmentRole: return static_cast<int>(alignmentOf(column));
-    case Qt::BackgroundRole: return QColor::fromRgb(row.back);
-    case Qt::ForegroundRole: return QColor::fromRgb(textOn(row.back));
+    case Qt::BackgroundRole: return QColor::fromRgb(list.back(row));
+    case Qt::ForegroundRole: return QColor::fromRgb(textOn(list.back(row)));
     case Qt::FontRole: return column.look == Look::Total ? strong(QFont()) : QVariant();
-    case Qt::UserRole: return toQt(row.itemData);
+    case Qt::UserRole: return toQt(list.itemData(row));
     default: return {};
     }
 }
@@ -268,12 +290,13 @@ void MList::setColumns(std::vector<MListColumn> columns)
     shareWidth();
 }
 
-void MList::setRows(std::vector<MListRow> rows)
+void MList::setRows(MListRows rows)
 {
     const QModelIndex chosen = currentIndex();
-    const std::string entry =
-        chosen.isValid() ? list.rows()[static_cast<std::size_t>(chosen.row())].itemData : "";
+    const std::string entry(
+        chosen.isValid() ? list.rows().itemData(static_cast<std::size_t>(chosen.row())) : "");
     list.setRows(std::move(rows));
+    executeDelayedItemsLayout(); // else it is painted now, and laid out and painted again later
     if (chosen.isValid())
         goToRow(list.find(entry));
 }

@@ -18,14 +18,37 @@ struct MListColumn {
     enum class Look { Text, Amount, Total } look = Look::Text; // amounts stand at the right
 };
 
-struct MListRow {
-    std::string text; // Latin-1, as the shared files have it
-    std::string itemData;
-    QRgb back = 0xffffffff;
+/// Rows in their order. All texts lie in one piece of memory: a list of 100,000 rows is copied and
+/// thrown away without a step for each.
+class MListRows {
+public:
+    void reserve(std::size_t rows, std::size_t bytes);
+    /// `text` is Latin-1, as the shared files have it.
+    void add(std::string_view text, std::string_view itemData, QRgb back);
+
+    std::size_t size() const { return all.size(); }
+    std::string_view text(std::size_t row) const;
+    std::string_view itemData(std::size_t row) const;
+    QRgb back(std::size_t row) const { return all[row].back; }
+    void colour(std::size_t row, QRgb back) { all[row].back = back; }
+
+private:
+    struct Row {
+        std::size_t begin; // of the text in `bytes`; the item data follows it
+        std::size_t itemData;
+        QRgb back;
+    };
+    std::size_t endOf(std::size_t row) const
+    {
+        return row + 1 < all.size() ? all[row + 1].begin : bytes.size();
+    }
+
+    std::string bytes;
+    std::vector<Row> all;
 };
 
-/// The rows without a window. Fit for 100,000 of them: a cell is cut out of its row when it is
-/// asked for, and nothing else is kept.
+/// The rows without a window. A cell is cut out of its row when it is asked for, and nothing else
+/// is kept.
 class MListModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -36,11 +59,11 @@ public:
     const std::vector<MListColumn> &columns() const { return all; }
 
     /// Another list, or the same in another order.
-    void setRows(std::vector<MListRow> theRows);
-    void append(MListRow row);
+    void setRows(MListRows theRows);
+    void append(std::string_view text, std::string_view itemData, QRgb back);
     /// Asks for each row's colour anew; the rows stay.
     void recolour(const std::function<QRgb(std::size_t row)> &colourOf);
-    const std::vector<MListRow> &rows() const { return list; }
+    const MListRows &rows() const { return list; }
     /// The first row with this item data; -1 for none.
     long find(std::string_view itemData) const;
 
@@ -53,7 +76,7 @@ public:
 
 private:
     std::vector<MListColumn> all;
-    std::vector<MListRow> list;
+    MListRows list;
 };
 
 /// The window's part. A click or Enter opens a row, letters and digits go to the next row whose
@@ -66,7 +89,7 @@ public:
 
     void setColumns(std::vector<MListColumn> columns);
     /// The chosen entry stays chosen wherever it is now, unless it is gone.
-    void setRows(std::vector<MListRow> rows);
+    void setRows(MListRows rows);
     void recolour(const std::function<QRgb(std::size_t row)> &colourOf);
     /// Chooses a row and brings it into sight; a row that is not there chooses none.
     void goToRow(long row);

@@ -135,8 +135,8 @@ void Screen::paintNow()
 {
     if (!isVisible())
         return;
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // no other event
-    repaint();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // no other events
+    QCoreApplication::sendPostedEvents(this, QEvent::UpdateRequest);
 }
 
 void Screen::Later::operator()(Screen *screen) const
