@@ -12,35 +12,42 @@ using platform::Outcome;
 
 namespace {
 
-Fate fateAtFinish(CardRecord &copy)
+Fate fateAtFinish(const CardRecord &record)
+{
+    if (isSettled(record))
+        return Fate::Moves;
+    return isListed(record) ? Fate::Stays : Fate::Vanishes;
+}
+
+void tidyAndScramble(CardRecord &copy, Fate)
 {
     copy.set(CCAdjStatus, copy.text(CCAdjStatus));
     copy.set(CCNumb, copy.text(CCNumb));
     details::encodePlainNumber(copy);
-    if (isSettled(copy))
-        return Fate::Moves;
-    return isListed(copy) ? Fate::Stays : Fate::Vanishes;
 }
 
-Fate fateOfDay(App &app, const std::string &date, CardRecord &copy)
+Fate fateOfDay(App &app, const std::string &date, const CardRecord &record)
 {
     const int wanted = dayOf(date);
-    const int day = dayOf(copy.raw(CCDate));
+    const int day = dayOf(record.raw(CCDate));
     // Kept: a text that is no date ends the program, a Cancel too, and the batch marker stays.
     if (wanted == 0)
         app.run.fail("This is not a date: \"" + date + "\"");
-    const bool emptySlot = !isListed(copy) && copy.isEmpty(CCDate);
+    const bool emptySlot = !isListed(record) && record.isEmpty(CCDate);
     if (day == 0 && !emptySlot)
-        app.run.fail("The date of a record is not a date: \"" + copy.text(CCDate) + "\"");
-    if (day == 0 || day != wanted)
-        return Fate::Stays;
-    copy.set(CCAdjStatus, "Completed");
-    return Fate::Moves;
+        app.run.fail("The date of a record is not a date: \"" + record.text(CCDate) + "\"");
+    return day != 0 && day == wanted ? Fate::Moves : Fate::Stays;
 }
 
-Fate fateOfDecline(const CardRecord &copy)
+void completeTheMoving(CardRecord &copy, Fate fate)
 {
-    return startsWith(copy.text(CCstatus), "Decl") ? Fate::Moves : Fate::Stays;
+    if (fate == Fate::Moves)
+        copy.set(CCAdjStatus, "Completed");
+}
+
+Fate fateOfDecline(const CardRecord &record)
+{
+    return startsWith(record.text(CCstatus), "Decl") ? Fate::Moves : Fate::Stays;
 }
 
 std::string workFile(const App &app)
@@ -56,19 +63,20 @@ Outcome finishPending(App &app, const Progress &progress)
                                  .target = monthFile(app.values, app.clock.now()),
                                  .workFile = workFile(app),
                                  .fateOf = fateAtFinish,
-                                 .writesBack = true,
+                                 .change = tidyAndScramble,
                                  .worksUnlocked = true,
                                  .progress = progress});
 }
 
 Outcome markCompleted(App &app, const std::string &date, const Progress &progress)
 {
-    return rewriteCardFile(app,
-                           {.file = pendingFile(app.values),
-                            .target = monthFile(app.values, app.clock.now()),
-                            .workFile = workFile(app),
-                            .fateOf = [&](CardRecord &copy) { return fateOfDay(app, date, copy); },
-                            .progress = progress});
+    return rewriteCardFile(
+        app, {.file = pendingFile(app.values),
+              .target = monthFile(app.values, app.clock.now()),
+              .workFile = workFile(app),
+              .fateOf = [&](const CardRecord &record) { return fateOfDay(app, date, record); },
+              .change = completeTheMoving,
+              .progress = progress});
 }
 
 Outcome deleteDeclines(App &app, const Progress &progress)

@@ -12,8 +12,9 @@ namespace pending {
 /// Told the slots of a walk through the locked file; no event may run in it.
 using Progress = std::function<void(long slot)>;
 
-/// "Finish": every number is scrambled in its slot, settled records move to the month file, empty
-/// slots vanish. Called in ErrorsIgnored.
+/// "Finish": settled records move to the month file, empty slots vanish. In all others, moving and
+/// staying, `CCNumb` is scrambled where `CCEncoded` is not "1", which it is then, and `CCAdjStatus`
+/// stands left-justified; tips, amounts and `CCstatus` stay as they are. Called in ErrorsIgnored.
 /// Kept: a refused lock is passed over. Nobody's record is lost by it: what others append comes
 /// along, and when the file was replaced meanwhile it is left alone.
 platform::Outcome finishPending(records::App &app, const Progress &progress);

@@ -40,7 +40,8 @@ private:
     {
         Outcome outcome = app.files.createIfMissing(rewrite.file);
         if (done(outcome))
-            outcome = live.open(rewrite.writesBack ? SlotUse::Rewrite : SlotUse::Read);
+            outcome =
+                live.open(SlotUse::Rewrite); // a file that must not be written to stays as it is
         if (!done(outcome))
             return outcome;
         outcome = live.lock();
@@ -64,45 +65,58 @@ private:
     Outcome decide(long slot, SlotFile &target)
     {
         CardRecord record;
-        Outcome outcome = live.read(slot, record.data());
-        if (!done(outcome))
+        if (const Outcome outcome = live.read(slot, record.data()); !done(outcome))
             return outcome;
-        CardRecord copy = record;
-        fates.push_back(rewrite.fateOf(copy));
+        const Fate fate = rewrite.fateOf(record);
+        fates.push_back(fate);
         if (app.ending())
             return Outcome::Denied;
-        if (rewrite.writesBack && !(copy == record))
-            outcome = live.write(slot, copy.view());
+        const CardRecord copy = changed(record, fate);
+        someoneLeavesOrChanges = someoneLeavesOrChanges || fate != Fate::Stays || !(copy == record);
         long landed = 0;
-        if (done(outcome) && fates.back() == Fate::Moves)
-            outcome = target.append(wholeSlot(copy), landed);
-        return outcome;
+        return fate == Fate::Moves ? target.append(wholeSlot(copy), landed) : Outcome::Done;
+    }
+
+    CardRecord changed(CardRecord copy, Fate fate) const
+    {
+        if (rewrite.change)
+            rewrite.change(copy, fate);
+        return copy;
     }
 
     Outcome replaceLive()
     {
-        const auto count = static_cast<long>(fates.size());
-        const auto staying = std::count(fates.begin(), fates.end(), Fate::Stays);
-        // Nobody leaves. That holds too where a length that cannot be read has counted as none.
-        if (staying == count)
+        if (!someoneLeavesOrChanges)
             return Outcome::Done;
+        const auto count = static_cast<long>(fates.size());
         platform::WorkFile work(app.files, rewrite.workFile, kCardSlotLength);
         Outcome outcome = work.create();
-        std::string bytes(kCardSlotLength, '\0');
         for (long slot = 1; slot <= count && done(outcome); ++slot) {
             if (rewrite.progress)
                 rewrite.progress(slot);
-            outcome = live.read(slot, bytes);
             if (fates[static_cast<std::size_t>(slot - 1)] == Fate::Stays)
-                work.add(bytes);
+                outcome = keep(slot, work);
         }
         return done(outcome) ? work.replace(live, count) : outcome;
+    }
+
+    /// The bytes behind the record stay as they are.
+    Outcome keep(long slot, platform::WorkFile &work)
+    {
+        std::string bytes(kCardSlotLength, '\0');
+        const Outcome outcome = live.read(slot, bytes);
+        CardRecord record;
+        std::copy_n(bytes.begin(), record.data().size(), record.data().begin());
+        const CardRecord copy = changed(record, Fate::Stays);
+        work.add(bytes.replace(0, copy.view().size(), copy.view()));
+        return outcome;
     }
 
     App &app;
     const CardRewrite &rewrite;
     SlotFile live;
     std::vector<Fate> fates; // of the slots from 1 on
+    bool someoneLeavesOrChanges = false;
 };
 
 } // namespace
