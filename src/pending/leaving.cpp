@@ -45,12 +45,18 @@ void Pending::runFinish()
               pendingFile(app.values));
     if (leaving != "EXIT")
         loadList();
-    if (done(outcome))
-        endOfRewrite();
-    else
-        panel("The data file could not be updated (" + std::string(textOf(outcome)) +
-              "). No entry is lost. Please try again.");
+    if (!done(outcome))
+        return tellNotFinished(textOf(outcome));
+    endOfRewrite();
     leaving = kCompleted;
+}
+
+/// "Done" is still waiting then, so that the manager has a minute to read it, and ends all the
+/// same.
+void Pending::tellNotFinished(const std::string &reason)
+{
+    panel("The data file could not be updated (" + reason + "). No entry is lost. Please " +
+          (leaving == "EXIT" ? "start the program again, it ends in a minute." : "try again."));
 }
 
 void Pending::endOfRewrite()

@@ -85,6 +85,7 @@ private:
 
     // leaving.cpp
     void runFinish();
+    void tellNotFinished(const std::string &reason);
     void endOfRewrite();
     void Timer3_Timer();
     std::string markerFile() const;

@@ -110,12 +110,19 @@ std::uint64_t SlotFile::nearestSlot(std::uint64_t bytes) const
 
 long SlotFile::count()
 {
-    if (!done(usable()))
-        return 0;
+    long slots = 0;
+    return done(count(slots)) ? slots : 0;
+}
+
+Outcome SlotFile::count(long &slots)
+{
+    if (const Outcome outcome = usable(); !done(outcome))
+        return outcome;
     std::uint64_t bytes = 0;
-    if (!done(judge("Reading", file->size(bytes))))
-        return 0;
-    return static_cast<long>(nearestSlot(bytes));
+    const Outcome outcome = judge("Reading", file->size(bytes));
+    if (done(outcome))
+        slots = static_cast<long>(nearestSlot(bytes));
+    return outcome;
 }
 
 Outcome SlotFile::read(long slot, std::span<char> into)

@@ -33,8 +33,10 @@ public:
     /// been replaced meanwhile), else opens it again and locks that one.
     Outcome lock();
     /// Length / slot length to the nearest whole number, an exact half to the even one. 0 when
-    /// not open or shut.
+    /// not open, shut or when the length cannot be read.
     long count();
+    /// The same for those to whom none and unknown are not alike.
+    Outcome count(long &slots);
     /// Fills `into` (at most one slot's length) from slot N, from 1. Past the end, and for N < 1,
     /// NUL bytes without an error; a short last slot is filled up with NUL. A read that fails
     /// leaves `into` as it was.

@@ -55,7 +55,9 @@ private:
         Outcome outcome = rewrite.target.empty() ? Outcome::Done : target.open(SlotUse::Append);
         if (target.isOpen() && !done(target.lock()) && !app.run.errorsIgnored())
             return Outcome::Locked;
-        const long count = live.count();
+        long count = 0;
+        if (done(outcome))
+            outcome = live.count(count);
         for (long slot = 1; slot <= count && done(outcome); ++slot)
             outcome = decide(slot, target);
         const Outcome closed = target.close(); // unlocks, then flushes
