@@ -46,6 +46,7 @@ void EntryDetails::unload()
     // What a password has revealed is hidden again.
     fields = {};
     record = {};
+    stored = {};
     view.unload();
 }
 
@@ -78,6 +79,7 @@ void EntryDetails::setStatus(std::string_view status)
 void EntryDetails::Fill_data()
 {
     record = {};
+    stored = {};
     app.files.createIfMissing(fields.Label8);
     platform::SlotFile slots(app.files, fields.Label8, records::kCardSlotLength);
     slots.open(platform::SlotUse::Read);
@@ -87,6 +89,7 @@ void EntryDetails::Fill_data()
     slots.close();
     if (app.ending())
         return;
+    stored = record;
     settleRecord(record);
     fields.Label4_3 = "of " + std::to_string(count);
     fillBoxes(record, fields);

@@ -21,9 +21,10 @@ struct EntryCallbacks {
         forceAllNoTip; // the bulk command of the manager's list, with its question
 };
 
-/// Works on a copy of the record of its own, never on `CCdata`. Outside ErrorsIgnored a file that
-/// cannot be locked, opened or written ends the program with the system's message. A command that
-/// arrives while another one works (the lists' reloading lets events run) is ignored.
+/// Works on a copy of the record of its own, never on `CCdata`. A slot that holds another record by
+/// now than the one read is neither written nor taken out: a message says so. Outside ErrorsIgnored
+/// a file that cannot be locked, opened or written ends the program with the system's message. A
+/// command that arrives while another one works (the lists' reloading lets events run) is ignored.
 class EntryDetails {
 public:
     EntryDetails(records::App &theApp, printing::Printer &thePrinter, EntryView &theView,
@@ -79,15 +80,18 @@ private:
     records::Money tab() const;
     void setTip(const std::string &text);
     void showTabAlone();
+    bool forceNoTip();
 
     // entry_save.cpp
     bool exceedsBalance();
-    void saveAndLeave();
-    bool writeRecord();
+    bool saveAndLeave();
+    bool save(bool scrambled);
+    void tellOtherRecord();
     void reloadPending();
 
     // entry_moves.cpp
     bool moveRecord(const std::string &to, bool locked);
+    bool stillThere();
 
     // entry_slips.cpp
     template <class Slips> void print(Slips slips);
@@ -100,8 +104,9 @@ private:
     platform::Timer Timer1; // once, 500 ms after the load
     EntryFields fields;
     records::CardRecord record;
-    long count = 0;      // of the file, at the last Fill_data
-    bool loaded = false; // the screen is there
+    records::CardRecord stored; // the slot as it was read, or saved since
+    long count = 0;             // of the file, at the last Fill_data
+    bool loaded = false;        // the screen is there
     bool working = false;
 };
 

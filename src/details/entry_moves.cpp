@@ -11,11 +11,25 @@ using namespace records;
 // The record as it was read, not the boxes.
 bool EntryDetails::moveRecord(const std::string &to, bool locked)
 {
-    encodePlainNumber(record);
-    const StoredRecord stored = locked ? addRecord(app, to, record) : addUnlocked(app, to, record);
-    if (done(stored.outcome))
-        removeRecord(app, fields.Label8, fields.Label1_1);
-    return !app.ending();
+    if (!stillThere())
+        return false;
+    CardRecord moved = record;
+    encodePlainNumber(moved);
+    const StoredRecord added = locked ? addRecord(app, to, moved) : addUnlocked(app, to, moved);
+    const bool removed =
+        done(added.outcome) && removeRecord(app, fields.Label8, fields.Label1_1, stored);
+    if (!removed && !app.ending())
+        tellOtherRecord();
+    return removed;
+}
+
+bool EntryDetails::stillThere()
+{
+    app.files.createIfMissing(fields.Label8);
+    const bool there = holdsRecord(app, fields.Label8, fields.Label1_1, stored);
+    if (!there && !app.ending())
+        tellOtherRecord();
+    return there;
 }
 
 void EntryDetails::SSCommand5_Click()

@@ -19,14 +19,33 @@ bool EntryDetails::exceedsBalance()
     return true;
 }
 
-/// False when the program is ending.
-bool EntryDetails::writeRecord()
+/// Nobody's record shall be written over or taken out in place of the one shown.
+void EntryDetails::tellOtherRecord()
 {
+    app.dialogs.message("THE ENTRY HAS CHANGED",
+                        "This entry was changed or moved in its file since it was opened here. The "
+                        "file has been left as it is. Please close this window and open the entry "
+                        "from the list again.");
+}
+
+/// False when nothing is saved: the slot holds another record by now, or the program is ending.
+bool EntryDetails::save(bool scrambled)
+{
+    CardRecord next = record;
+    Save_Fields(fields, next);
+    if (scrambled)
+        encodePlainNumber(next);
     app.files.createIfMissing(fields.Label8);
     // Stepping through an empty file leads to slot 0: there is nothing to write.
-    if (fields.Label1_1 > 0)
-        rewriteRecord(app, fields.Label8, fields.Label1_1, record);
-    return !app.ending();
+    const bool written =
+        fields.Label1_1 < 1 || replaceRecord(app, fields.Label8, fields.Label1_1, stored, next);
+    if (app.ending())
+        return false;
+    if (written)
+        stored = record = next;
+    else
+        tellOtherRecord();
+    return written;
 }
 
 void EntryDetails::reloadPending()
@@ -36,24 +55,23 @@ void EntryDetails::reloadPending()
         callbacks.reloadPending();
 }
 
-void EntryDetails::saveAndLeave()
+/// False, and the screen stays, when nothing is saved.
+bool EntryDetails::saveAndLeave()
 {
+    bool saved = false;
     {
         const Working here(*this);
         if (fields.Text4.empty())
             fields.Text4 = "0";
-        if (exceedsBalance())
-            return show();
-        Save_Fields(fields, record);
-        encodePlainNumber(record);
-        if (!writeRecord())
-            return;
-        reloadPending();
+        saved = !exceedsBalance() && save(true);
+        if (saved)
+            reloadPending();
     }
-    if (app.values.editMode == "KEEP")
+    if (!saved || app.values.editMode == "KEEP")
         show();
     else
         unload();
+    return saved;
 }
 
 void EntryDetails::SSCommand1_Click()
@@ -69,8 +87,7 @@ void EntryDetails::SSCommand10_Click()
     if (working)
         return;
     const Working here(*this);
-    Save_Fields(fields, record);
-    if (writeRecord())
+    if (save(false))
         reloadPending();
     show();
 }

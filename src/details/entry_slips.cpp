@@ -66,10 +66,16 @@ void EntryDetails::SSCommand12_Click()
 {
     if (working)
         return;
-    printing::SlipContext context;
-    context.transRecord = fields.Label1_1;
-    printing::Set_Printer(app, printer);
-    print([&] { printing::Print_Cust2(app, printer, context); });
+    {
+        const Working here(*this);
+        // No void slip for an entry that is not going to be deleted.
+        if (!stillThere())
+            return;
+        printing::SlipContext context;
+        context.transRecord = fields.Label1_1;
+        printing::Set_Printer(app, printer);
+        print([&] { printing::Print_Cust2(app, printer, context); });
+    }
     SSCommand5_Click(); // closes the screen
 }
 

@@ -44,15 +44,19 @@ void EntryDetails::showTabAlone()
 
 void EntryDetails::SSCommand2_Click()
 {
-    if (working)
-        return;
+    if (!working)
+        forceNoTip();
+}
+
+bool EntryDetails::forceNoTip()
+{
     const bool stays = app.values.editMode == "KEEP" && Trim(fields.Text1[19]) == kAdjusted;
     if (!stays) {
         setTip("0");
         showTabAlone();
         fields.Text1[19] = kAdjusted;
     }
-    saveAndLeave();
+    return saveAndLeave();
 }
 
 // Kept: Text4 keeps the tip, so a balance that it exceeds refuses this save too.
@@ -73,10 +77,9 @@ void EntryDetails::SSCommand6_Click(std::size_t index)
 
 void EntryDetails::SSCommand11_Click()
 {
-    if (working)
+    if (working || !forceNoTip())
         return;
-    SSCommand2_Click();
-    if (!app.ending() && callbacks.forceAllNoTip)
+    if (callbacks.forceAllNoTip)
         callbacks.forceAllNoTip();
     unload();
 }

@@ -28,6 +28,12 @@ Outcome openLocked(App &app, SlotFile &file, SlotUse use)
     return done(locked) || app.run.errorsIgnored() ? Outcome::Done : locked;
 }
 
+bool holds(SlotFile &slots, long slot, const CardRecord &record)
+{
+    CardRecord there;
+    return done(slots.read(slot, there.data())) && there == record;
+}
+
 StoredRecord append(SlotFile &slots, const CardRecord &record)
 {
     StoredRecord stored;
@@ -84,28 +90,22 @@ Outcome readRecord(App &app, const std::string &file, long slot, CardRecord &rec
     return done(opened) ? slots.read(slot, record.data()) : opened;
 }
 
-Outcome rewriteRecord(App &app, const std::string &file, long slot, const CardRecord &record)
+bool holdsRecord(App &app, const std::string &file, long slot, const CardRecord &record)
 {
     SlotFile slots(app.files, file, kCardSlotLength);
-    const Outcome opened = openLocked(app, slots, SlotUse::Rewrite);
-    if (!done(opened))
-        return opened;
-    const Outcome written = slots.write(slot, record.view());
-    slots.unlock();
-    const Outcome closed = slots.close();
-    return done(written) ? closed : written;
+    return done(openLocked(app, slots, SlotUse::Read)) && holds(slots, slot, record);
 }
 
-void repeatRecord(App &app, const std::string &file, long slot, const CardRecord &record)
+bool replaceRecord(App &app, const std::string &file, long slot, const CardRecord &before,
+                   const CardRecord &next)
 {
     SlotFile slots(app.files, file, kCardSlotLength);
-    CardRecord there;
-    if (!done(openLocked(app, slots, SlotUse::Rewrite)) || slot < 1 ||
-        !done(slots.read(slot, there.data())) || there.view() != record.view())
-        return;
-    slots.write(slot, record.view());
+    if (slot < 1 || !done(openLocked(app, slots, SlotUse::Rewrite)) || !holds(slots, slot, before))
+        return false;
+    const Outcome written = slots.write(slot, next.view());
     slots.unlock();
-    slots.close();
+    const Outcome closed = slots.close();
+    return done(written) && done(closed);
 }
 
 Outcome setEveryStatus(App &app, const std::string &file, std::string_view status)
@@ -127,16 +127,22 @@ Outcome setEveryStatus(App &app, const std::string &file, std::string_view statu
     return done(outcome) ? closed : outcome;
 }
 
-Outcome removeRecord(App &app, const std::string &file, long slot)
+bool removeRecord(App &app, const std::string &file, long slot, const CardRecord &record)
 {
     long at = 0;
-    const auto fateOf = [&](const CardRecord &) {
-        return ++at == slot ? Fate::Vanishes : Fate::Stays;
+    bool same = true;
+    const auto fateOf = [&](const CardRecord &there) {
+        if (++at != slot)
+            return Fate::Stays;
+        same = there == record;
+        return same ? Fate::Vanishes : Fate::Stays;
     };
-    return rewriteCardFile(app, {.file = file,
-                                 .target = {},
-                                 .workFile = app.values.Remotedir + "CCPending.TMP",
-                                 .fateOf = fateOf});
+    const Outcome outcome =
+        rewriteCardFile(app, {.file = file,
+                              .target = {},
+                              .workFile = app.values.Remotedir + "CCPending.TMP",
+                              .fateOf = fateOf});
+    return same && done(outcome);
 }
 
 long countRecords(App &app, const std::string &file)

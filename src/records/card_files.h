@@ -34,21 +34,24 @@ StoredRecord addUnlocked(App &app, const std::string &file, const CardRecord &re
 /// Reads slot N; a slot that does not exist (0, or beyond the end) gives all NULs.
 platform::Outcome readRecord(App &app, const std::string &file, long slot, CardRecord &record);
 
-/// Rewrites slot N under the lock; the 10 bytes behind the record stay as they are.
-platform::Outcome rewriteRecord(App &app, const std::string &file, long slot,
-                                const CardRecord &record);
+/// Whether slot N, looked at under the lock, holds just this record; one that does not exist holds
+/// all NULs.
+bool holdsRecord(App &app, const std::string &file, long slot, const CardRecord &record);
 
-/// Writes the record at slot N once more, under the lock, when the slot still holds it. Another
-/// station's record that came to lie there meanwhile stays as it is.
-void repeatRecord(App &app, const std::string &file, long slot, const CardRecord &record);
+/// Writes `next` at slot N, under the lock, where the slot still holds `before`; the 10 bytes
+/// behind the record stay as they are. False where it was not written: another's record, which came
+/// to lie there meanwhile, stays.
+bool replaceRecord(App &app, const std::string &file, long slot, const CardRecord &before,
+                   const CardRecord &next);
 
 /// `CCAdjStatus` of every slot, empty ones included, in place under one lock; nothing else of a
 /// record changes. A missing file is created empty.
 platform::Outcome setEveryStatus(App &app, const std::string &file, std::string_view status);
 
 /// Takes slot N out, by rewriteCardFile(). All other slots stay byte for byte in their order. A
-/// slot that does not exist changes nothing; a missing file is created empty.
-platform::Outcome removeRecord(App &app, const std::string &file, long slot);
+/// slot that does not exist changes nothing; a missing file is created empty. False where the slot
+/// holds another record than `record`, and stays.
+bool removeRecord(App &app, const std::string &file, long slot, const CardRecord &record);
 
 /// Number of records: length / 500 to the nearest; 0 without the file.
 long countRecords(App &app, const std::string &file);

@@ -196,7 +196,8 @@ void Tender::judgeAnswer(bool answerRead)
         encodeCardNumber(app.values.CCdata);
     const bool stored = storeRecord(pendingFile(app.values));
     if (stored)
-        repeatRecord(app, pendingFile(app.values), transRecord, app.values.CCdata);
+        replaceRecord(app, pendingFile(app.values), transRecord, app.values.CCdata,
+                      app.values.CCdata);
     if (answerRead)
         deleteLocalFiles();
     if (fields.approved && !stored) {

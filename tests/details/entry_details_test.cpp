@@ -111,6 +111,11 @@ struct Story : details::EntryView, platform::Dialogs {
             {"fill", [&] { entry.Fill_data(); }},
             {"KEEP", [&] { app.values.editMode = "KEEP"; }},
             {"shrink", [&] { station.put(file(), slotOf("1")); }},
+            {"server ", // adds a tip
+             [&] {
+                 station.put(file(), slotOf("1") + slotOf("1043", "CCTip=" + word) +
+                                         std::string(kCardSlotLength, '\0'));
+             }},
             {"locked ",
              [&] {
                  held = std::make_unique<platform::SlotFile>(other.files, kFiles.at(word), 500);

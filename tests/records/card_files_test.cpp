@@ -81,7 +81,10 @@ TEST_F(CardFiles, AreRewrittenInTheSlotAloneAndItsTailStays)
     const std::string file = slotOf(cardRecord("1")) + slotOf(cardRecord("2"), "0123456789");
     station.put(kPending, file);
     const CardRecord two = cardRecord("two", "Completed");
-    ASSERT_TRUE(done(rewriteRecord(app, kPending, 2, two)));
+    EXPECT_FALSE(replaceRecord(app, kPending, 2, cardRecord("1"), two)) << "it is another's";
+    EXPECT_FALSE(removeRecord(app, kPending, 2, cardRecord("1")));
+    EXPECT_EQ(station.get(kPending), file);
+    ASSERT_TRUE(replaceRecord(app, kPending, 2, cardRecord("2"), two));
     EXPECT_EQ(station.get(kPending), slotOf(cardRecord("1")) + slotOf(two, "0123456789"));
     CardRecord record;
     EXPECT_TRUE(done(readRecord(app, kPending, 2, record)) && record == two);
