@@ -56,6 +56,7 @@ public:
     void paintNow() override {}
     void setBusyPointer(bool) override {}
     void showEntry(const std::string &, long) override {}
+    bool closeEntry() override { return true; }
 };
 
 /// What the list does, without a window and without anything to wait for.

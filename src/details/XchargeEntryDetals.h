@@ -29,6 +29,7 @@ public:
     /// Shows slot `slot` of `file`, as EntryDetails::open() says, over the whole display and in
     /// front; also while another one is shown.
     void open(const std::string &file, long slot, const std::string &source);
+    bool closeForRewrite() { return entry.closeForRewrite(); }
 
 protected:
     void closeAsked() override;

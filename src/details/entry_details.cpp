@@ -31,6 +31,26 @@ void EntryDetails::open(const std::string &file, long slot, const std::string &s
     Fill_data();
 }
 
+bool EntryDetails::closeForRewrite()
+{
+    if (working)
+        return false;
+    const bool mayGo =
+        !loaded || fields.Text1 == settled ||
+        app.dialogs.message("ENTRY NOT SAVED",
+                            "The entry that is open has changes that are not saved. They are lost "
+                            "when you go on.",
+                            platform::Buttons::OkCancel) == platform::Answer::Ok;
+    if (mayGo)
+        unload();
+    return mayGo;
+}
+
+bool EntryDetails::busy() const
+{
+    return !loaded || working || (callbacks.listWorks && callbacks.listWorks());
+}
+
 void EntryDetails::load()
 {
     loaded = true;
@@ -47,6 +67,7 @@ void EntryDetails::unload()
     fields = {};
     record = {};
     stored = {};
+    settled = {};
     view.unload();
 }
 
@@ -93,6 +114,7 @@ void EntryDetails::Fill_data()
     settleRecord(record);
     fields.Label4_3 = "of " + std::to_string(count);
     fillBoxes(record, fields);
+    settled = fields.Text1;
     show();
 }
 
@@ -106,13 +128,13 @@ void EntryDetails::Text1_Change(std::size_t index, const std::string &text)
 
 void EntryDetails::SSCommand3_Click()
 {
-    if (!working)
+    if (!busy())
         unload();
 }
 
 void EntryDetails::SSCommand9_Click(std::size_t index)
 {
-    if (working)
+    if (busy())
         return;
     long slot = fields.Label1_1 + (index == 1 ? 1 : -1);
     fields.SSCommand9Enabled = {true, true};
@@ -131,13 +153,13 @@ void EntryDetails::SSCommand9_Click(std::size_t index)
 
 void EntryDetails::SSCommand15_Click()
 {
-    if (!working)
+    if (!busy())
         app.dialogs.message("VOID", "This version cannot void yet. Nothing has been changed.");
 }
 
 void EntryDetails::Command1_Click()
 {
-    if (working || !mayViewTrackLine(app.dialogs))
+    if (busy() || !mayViewTrackLine(app.dialogs))
         return;
     fields.trackLineRevealed = true;
     show();
@@ -145,7 +167,7 @@ void EntryDetails::Command1_Click()
 
 void EntryDetails::Command2_Click()
 {
-    if (working || !mayViewNumber(app.dialogs))
+    if (busy() || !mayViewNumber(app.dialogs))
         return;
     fields.numberRevealed = true;
     show();

@@ -18,13 +18,15 @@ struct EntryCallbacks {
     std::function<void()> reloadPending; // the manager's list reads its file again
     std::function<void()> reloadArchive;
     std::function<void()>
-        forceAllNoTip; // the bulk command of the manager's list, with its question
+        forceAllNoTip;               // the bulk command of the manager's list, with its question
+    std::function<bool()> listWorks; // the manager's list does: commands are ignored
 };
 
 /// Works on a copy of the record of its own, never on `CCdata`. A slot that holds another record by
 /// now than the one read is neither written nor taken out: a message says so. Outside ErrorsIgnored
 /// a file that cannot be locked, opened or written ends the program with the system's message. A
-/// command that arrives while another one works (the lists' reloading lets events run) is ignored.
+/// command that arrives while another one works (the lists' reloading lets events run), or the
+/// manager's list does, is ignored.
 class EntryDetails {
 public:
     EntryDetails(records::App &theApp, printing::Printer &thePrinter, EntryView &theView,
@@ -36,6 +38,10 @@ public:
     /// Reads Label1(1) of Label8 again and fills all boxes; what was typed is dropped. A missing
     /// file is created empty; a slot that does not exist shows an empty record.
     void Fill_data();
+    /// Before the list rewrites the file, in which slots move: closes the screen, and asks first
+    /// where something is not saved. False where it stays open: so the manager wants it, or a
+    /// command works.
+    bool closeForRewrite();
     void setSlot(long slot);                 // Label1(1) alone; Fill_data follows
     void setStatus(std::string_view status); // Text1(19) alone
 
@@ -71,6 +77,7 @@ private:
     class Working;
 
     // entry_details.cpp
+    bool busy() const;
     void load();
     void unload();
     void Timer1_Timer();
@@ -104,9 +111,11 @@ private:
     platform::Timer Timer1; // once, 500 ms after the load
     EntryFields fields;
     records::CardRecord record;
-    records::CardRecord stored; // the slot as it was read, or saved since
-    long count = 0;             // of the file, at the last Fill_data
-    bool loaded = false;        // the screen is there
+    // As they were read, or saved since: the slot, and the boxes.
+    records::CardRecord stored;
+    std::array<std::string, 25> settled;
+    long count = 0;      // of the file, at the last Fill_data
+    bool loaded = false; // the screen is there
     bool working = false;
 };
 

@@ -34,7 +34,7 @@ bool EntryDetails::stillThere()
 
 void EntryDetails::SSCommand5_Click()
 {
-    if (working)
+    if (busy())
         return;
     {
         const Working here(*this);
@@ -47,7 +47,7 @@ void EntryDetails::SSCommand5_Click()
 
 void EntryDetails::SSCommand13_Click()
 {
-    if (working)
+    if (busy())
         return;
     {
         const Working here(*this);

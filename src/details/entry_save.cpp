@@ -41,11 +41,13 @@ bool EntryDetails::save(bool scrambled)
         fields.Label1_1 < 1 || replaceRecord(app, fields.Label8, fields.Label1_1, stored, next);
     if (app.ending())
         return false;
-    if (written)
-        stored = record = next;
-    else
+    if (!written) {
         tellOtherRecord();
-    return written;
+        return false;
+    }
+    stored = record = next;
+    settled = fields.Text1;
+    return true;
 }
 
 void EntryDetails::reloadPending()
@@ -76,7 +78,7 @@ bool EntryDetails::saveAndLeave()
 
 void EntryDetails::SSCommand1_Click()
 {
-    if (!working)
+    if (!busy())
         saveAndLeave();
 }
 
@@ -84,7 +86,7 @@ void EntryDetails::SSCommand1_Click()
 // a deletion or the list's "Finish".
 void EntryDetails::SSCommand10_Click()
 {
-    if (working)
+    if (busy())
         return;
     const Working here(*this);
     if (save(false))
@@ -95,7 +97,7 @@ void EntryDetails::SSCommand10_Click()
 // Kept: without a question, whatever a record held before, completed and empty ones included.
 void EntryDetails::SSCommand16_Click()
 {
-    if (working)
+    if (busy())
         return;
     setStatus(kAdjusted);
     {

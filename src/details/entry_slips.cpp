@@ -23,7 +23,7 @@ template <class Slips> void EntryDetails::print(Slips slips)
 
 void EntryDetails::reprint(bool customer)
 {
-    if (working)
+    if (busy())
         return;
     const Working here(*this);
     printing::SlipContext context;
@@ -64,7 +64,7 @@ void EntryDetails::SSCommand8_Click()
 
 void EntryDetails::SSCommand12_Click()
 {
-    if (working)
+    if (busy())
         return;
     {
         const Working here(*this);

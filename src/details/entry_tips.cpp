@@ -44,7 +44,7 @@ void EntryDetails::showTabAlone()
 
 void EntryDetails::SSCommand2_Click()
 {
-    if (!working)
+    if (!busy())
         forceNoTip();
 }
 
@@ -62,7 +62,7 @@ bool EntryDetails::forceNoTip()
 // Kept: Text4 keeps the tip, so a balance that it exceeds refuses this save too.
 void EntryDetails::SSCommand4_Click()
 {
-    if (working)
+    if (busy())
         return;
     showTabAlone();
     fields.Text1[19] = kNotAdjusted;
@@ -77,7 +77,7 @@ void EntryDetails::SSCommand6_Click(std::size_t index)
 
 void EntryDetails::SSCommand11_Click()
 {
-    if (working || !forceNoTip())
+    if (busy() || !forceNoTip())
         return;
     if (callbacks.forceAllNoTip)
         callbacks.forceAllNoTip();

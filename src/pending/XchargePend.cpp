@@ -53,9 +53,9 @@ QRgb colourOf(RowColour colour)
 
 } // namespace
 
-XchargePend::XchargePend(records::App &theApp, printing::Printer &printer, OpenEntry theOpenEntry,
+XchargePend::XchargePend(records::App &theApp, printing::Printer &printer, EntryWindow theEntry,
                          PendingRoutes routes)
-    : Screen(theApp), app(theApp), openEntry(std::move(theOpenEntry)),
+    : Screen(theApp), app(theApp), entry(std::move(theEntry)),
       ui(std::make_unique<Ui::XchargePend>()), list(theApp, printer, *this, std::move(routes))
 {
     ui->setupUi(this);
@@ -250,7 +250,12 @@ void XchargePend::setBusyPointer(bool on)
 
 void XchargePend::showEntry(const std::string &file, long slot)
 {
-    openEntry(file, slot);
+    entry.open(file, slot);
+}
+
+bool XchargePend::closeEntry()
+{
+    return entry.close();
 }
 
 } // namespace pending

@@ -21,24 +21,25 @@ class XchargePend;
 
 namespace pending {
 
+/// The window of one record at a time.
+struct EntryWindow {
+    std::function<void(const std::string &file, long slot)> open;
+    std::function<bool()> close; // as PendingView::closeEntry()
+};
+
 class XchargePend : public platform::Screen, private PendingView {
     Q_OBJECT
 
 public:
-    /// Brings up the details of one record.
-    using OpenEntry = std::function<void(const std::string &file, long slot)>;
-
     /// `app` and `printer` must outlive the screen.
-    XchargePend(records::App &theApp, printing::Printer &printer, OpenEntry theOpenEntry,
+    XchargePend(records::App &theApp, printing::Printer &printer, EntryWindow theEntry,
                 PendingRoutes routes = {});
     ~XchargePend() override;
 
     /// "Refresh"; on a screen that is just being opened, as the end of its load.
     void fillList();
-    /// An entry of the list was saved by another screen.
-    void entrySaved() { list.entrySaved(); }
-    /// "Force ALL NO TIP", pressed on another screen.
-    void forceAllNoTip() { list.SSCommand11_Click(); }
+    /// For the entry that the list opens; they refer to this screen.
+    details::EntryCallbacks entryCallbacks() { return list.entryCallbacks(); }
 
 protected:
     void Form_Load() override;
@@ -58,6 +59,7 @@ private:
     void paintNow() override;
     void setBusyPointer(bool on) override;
     void showEntry(const std::string &file, long slot) override;
+    bool closeEntry() override;
 
     void showTotals(const PendingFields &fields);
     void sizeTotals(bool wide);
@@ -66,7 +68,7 @@ private:
     void showOptions(const PendingFields &fields);
 
     records::App &app;
-    OpenEntry openEntry;
+    EntryWindow entry;
     std::unique_ptr<Ui::XchargePend> ui;
     std::array<QAbstractButton *, 16> SSCommand{}; // from 1; 6 is SScommand6
     std::array<QRadioButton *, 7> SSOption1{};     // what the list is sorted by

@@ -86,6 +86,8 @@ void Pending::forceAllCompleted(const std::string &question)
 /// the file, and a walk by index would meet one entry twice and miss another.
 void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &step)
 {
+    if (!view.closeEntry())
+        return;
     std::vector<long> slots;
     for (const ListRow &row : MList1)
         slots.push_back(row.slot);
@@ -94,7 +96,6 @@ void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &s
     details::EntryCallbacks callbacks;
     callbacks.reloadPending = [this] { reloadQuietly(); };
     details::EntryDetails entry(app, printer, nobody, callbacks);
-    bulk = true;
     for (const long slot : slots) {
         if (app.ending())
             break;
@@ -103,7 +104,6 @@ void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &s
         showProgress(slot);
         app.glance();
     }
-    bulk = false;
     showQuietlyLoaded();
 }
 

@@ -28,7 +28,7 @@ std::string Pending::markerFile() const
 
 void Pending::SSCommand5_Click()
 {
-    if (const Working here(*this); here)
+    if (const Working here(*this); here && view.closeEntry())
         runFinish();
 }
 
@@ -72,7 +72,7 @@ void Pending::endOfRewrite()
 void Pending::SSCommand1_Click()
 {
     const Working here(*this);
-    if (!here)
+    if (!here || !view.closeEntry())
         return;
     for (const int number : {1, 2, 3, 4, 5, 6})
         enable(number, false);
@@ -105,7 +105,7 @@ void Pending::Timer3_Timer()
 void Pending::SSCommand13_Click()
 {
     const Working here(*this);
-    if (!here)
+    if (!here || !view.closeEntry())
         return;
     const std::string typed = app.dialogs
                                   .input(" enter date ", "Enter the date of transactions to move",
@@ -125,7 +125,7 @@ void Pending::SSCommand13_Click()
 void Pending::SSCommand14_Click()
 {
     const Working here(*this);
-    if (!here)
+    if (!here || !view.closeEntry())
         return;
     panel("Backing up Data File - Just a moment Please");
     backUpPending(app, kBatchBackup);

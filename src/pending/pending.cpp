@@ -45,10 +45,17 @@ void Pending::Form_Load()
 
 void Pending::entrySaved()
 {
-    if (bulk)
-        return reloadQuietly();
     loadAgain = true;
     const Working here(*this); // loads when it is the outermost; else the command under way does
+}
+
+details::EntryCallbacks Pending::entryCallbacks()
+{
+    details::EntryCallbacks callbacks;
+    callbacks.reloadPending = [this] { entrySaved(); };
+    callbacks.forceAllNoTip = [this] { SSCommand11_Click(); };
+    callbacks.listWorks = [this] { return working; };
+    return callbacks;
 }
 
 void Pending::enable(int number, bool on)

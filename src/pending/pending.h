@@ -24,8 +24,9 @@ struct PendingRoutes {
     std::function<void()> totalsByType;
 };
 
-/// While a load, a walk through the file or a question is under way, another command is ignored.
-/// A file is never locked while events run.
+/// While a load, a walk through the file or a question is under way, another command is ignored,
+/// also one of an open entry. What rewrites the file closes that entry first. A file is never
+/// locked while events run.
 class Pending {
 public:
     Pending(records::App &theApp, printing::Printer &thePrinter, PendingView &theView,
@@ -36,6 +37,8 @@ public:
     void Form_Load();
     /// An entry was saved: the list is loaded again, at once or behind the load that is under way.
     void entrySaved();
+    /// What the entry that the list has opened needs of it; they refer to this list.
+    details::EntryCallbacks entryCallbacks();
 
     void SSCommand1_Click();           // "Done", and the window's cross
     void SSCommand2_Click();           // "Process"
@@ -111,7 +114,6 @@ private:
     std::uint64_t paintedAt = 0;
     bool working = false;
     bool loadAgain = false; // an entry was saved during a load
-    bool bulk = false;
 };
 
 } // namespace pending

@@ -26,6 +26,9 @@ public:
     virtual void setBusyPointer(bool on) = 0;
     /// Brings up `XchargeEntryDetals` for one record, opened from "PEND"; returns at once.
     virtual void showEntry(const std::string &file, long slot) = 0;
+    /// Closes it, if it is open, before the file is rewritten. False where it stays: its changes
+    /// are not saved, and shall not be lost.
+    virtual bool closeEntry() = 0;
 };
 
 } // namespace pending

@@ -44,7 +44,9 @@ private:
     void openList()
     {
         list.reset(new pending::XchargePend(
-            app, printer, [this](const std::string &file, long slot) { openEntry(file, slot); }));
+            app, printer,
+            {[this](const std::string &file, long slot) { openEntry(file, slot); },
+             [this] { return !entry || entry->closeForRewrite(); }}));
         open(*list);
         list->fillList();
         start.hide();
@@ -53,12 +55,8 @@ private:
     /// One at a time; an entry that is still open shows the new record.
     void openEntry(const std::string &file, long slot)
     {
-        if (!entry || entry->unloaded()) {
-            details::EntryCallbacks callbacks;
-            callbacks.reloadPending = [this] { list->entrySaved(); };
-            callbacks.forceAllNoTip = [this] { list->forceAllNoTip(); };
-            entry.reset(new details::XchargeEntryDetals(app, printer, std::move(callbacks)));
-        }
+        if (!entry || entry->unloaded())
+            entry.reset(new details::XchargeEntryDetals(app, printer, list->entryCallbacks()));
         entry->open(file, slot, "PEND");
     }
 

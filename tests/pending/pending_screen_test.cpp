@@ -71,9 +71,12 @@ struct ScreenStory : Story {
     std::string takeOpened() { return std::exchange(opened, ""); }
 
     std::string opened;
-    XchargePend screen{app, printer, [this](const std::string &file, long slot) {
-                           opened += file + " " + std::to_string(slot) + "; ";
-                       }};
+    XchargePend screen{app,
+                       printer,
+                       {[this](const std::string &file, long slot) {
+                            opened += file + " " + std::to_string(slot) + "; ";
+                        },
+                        [] { return true; }}};
     platform::MList &list = *screen.findChild<platform::MList *>();
 };
 

@@ -43,6 +43,7 @@ std::string Story::press(const std::string &command)
         {"click ", [&] { list.MList1_Click(number); }},
         {"mouse ", [&] { list.SSCommand11_Mouse(word == "over"); }},
         {"saved", [&] { list.entrySaved(); }},
+        {"entry ", [&] { EXPECT_TRUE(details::pressEntry(entry, word)) << word; }},
         {"OK", [&] { answer = platform::Answer::Ok; }},
         {"Cancel", [&] { answer = platform::Answer::Cancel; }},
         {"type ", [&] { typed = word; }},
@@ -139,6 +140,8 @@ std::string Story::show(const std::string &what) const
     if (what == "printed")
         for (const auto &[name, job] : station.printers.collected)
             text += "on " + name + "\n" + platform::describe(job);
+    if (what == "entry")
+        text = entry.state().Text1[13] + ", tip " + entry.state().Text4;
     if (what == "edit mode")
         text = app.values.editMode;
     if (what == "paints")
@@ -176,7 +179,7 @@ namespace {
 TEST(Stories, OfTheListGoAsTheirGoldenFilesTell)
 {
     for (const char *name : {"rows", "dates", "sorted", "colours", "list", "enabling", "busy",
-                             "printed", "bulk", "emptied", "failures"}) {
+                             "printed", "entry", "bulk", "emptied", "failures"}) {
         const std::string golden =
             support::testFile("golden/pending/" + std::string(name) + ".txt");
         std::unique_ptr<Story> story;

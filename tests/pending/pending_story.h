@@ -2,6 +2,7 @@
 // manager presses and what other stations do, and writes down all that happens.
 #pragma once
 
+#include "details/entry_commands.h"
 #include "pending/pending.h"
 #include "records/card_files.h"
 #include "support/test_station.h"
@@ -41,7 +42,7 @@ inline std::string slotOf(const std::string &text)
                            : std::string(recordOf(text).view()) + std::string(10, '\0');
 }
 
-struct Story : PendingView, platform::Dialogs {
+struct Story : PendingView, details::EntryView, platform::Dialogs {
     /// With `earlier`, another process on its drives. A grey story has none of the later screens.
     explicit Story(const Story *earlier = nullptr, bool grey = false)
         : Dialogs(station.run), station(support::VirtualTime::kDefaultStart,
@@ -106,7 +107,17 @@ struct Story : PendingView, platform::Dialogs {
     void showEntry(const std::string &file, long slot) override
     {
         happened += "entry " + file + " " + std::to_string(slot) + "\n";
+        entry.open(file, slot, "PEND");
     }
+    bool closeEntry() override { return entry.closeForRewrite(); }
+    void refresh(const details::EntryFields &) override {}
+    void focusTip() override {}
+    std::optional<std::string> choosePrinter(const std::vector<std::string> &,
+                                             const std::string &) override
+    {
+        return {};
+    }
+    void unload() override { happened += "entry closed\n"; }
     platform::Answer ask(const std::string &title, const std::string &text,
                          platform::Buttons buttons) override
     {
@@ -139,6 +150,7 @@ struct Story : PendingView, platform::Dialogs {
     std::unique_ptr<Story> other; // another station
     std::unique_ptr<platform::SlotFile> held;
     Pending list;
+    details::EntryDetails entry{app, printer, *this, list.entryCallbacks()};
 };
 
 } // namespace pending
