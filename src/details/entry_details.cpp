@@ -120,10 +120,9 @@ void EntryDetails::Fill_data()
 
 void EntryDetails::Text1_Change(std::size_t index, const std::string &text)
 {
-    if (index >= fields.Text1.size())
-        return;
-    fields.Text1[index] = text;
-    show();
+    if (!working && index < fields.Text1.size())
+        fields.Text1[index] = text;
+    show(); // a box holds what its field does
 }
 
 void EntryDetails::SSCommand3_Click()

@@ -45,7 +45,7 @@ public:
     void setSlot(long slot);                 // Label1(1) alone; Fill_data follows
     void setStatus(std::string_view status); // Text1(19) alone
 
-    // What the manager types.
+    // What the manager types, and no command may lose: while one works, the old text comes back.
     void Text1_Change(std::size_t index, const std::string &text);
     /// Any other text than before makes the record "Adjusted - Pending".
     void Text4_Change(const std::string &text);

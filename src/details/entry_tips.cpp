@@ -14,8 +14,9 @@ Money EntryDetails::tab() const
 
 void EntryDetails::Text4_Change(const std::string &text)
 {
-    if (!fields.Text4Locked)
-        setTip(text);
+    if (working || fields.Text4Locked)
+        return show(); // the box holds the old tip again
+    setTip(text);
 }
 
 // Any change makes the record adjusted, also one to nothing and on a declined record.
@@ -71,7 +72,7 @@ void EntryDetails::SSCommand4_Click()
 
 void EntryDetails::SSCommand6_Click(std::size_t index)
 {
-    if (index < fields.SSCommand6.size())
+    if (!working && index < fields.SSCommand6.size())
         setTip(fields.SSCommand6[index]);
 }
 
@@ -86,17 +87,22 @@ void EntryDetails::SSCommand11_Click()
 
 void EntryDetails::SSCommand14_Click()
 {
-    setStatus(kAdjusted);
+    if (!working)
+        setStatus(kAdjusted);
 }
 
 void EntryDetails::SSCommand17_Click()
 {
+    if (working)
+        return;
     setTip("");
     view.focusTip();
 }
 
 void EntryDetails::Label3_Click()
 {
+    if (working)
+        return;
     fields.SSCommand6 = quickTips(tab());
     show();
 }

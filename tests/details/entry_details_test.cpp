@@ -209,9 +209,12 @@ struct Story : details::EntryView, platform::Dialogs {
     void reload(const char *list)
     {
         happened += list;
-        for (const char *command : {"Done", "Force NO TIP", "Cancel", "Undo", "Delete and Print",
-                                    "Delete", "Customer", "next", "Save", "Force ALL NO TIP",
-                                    "UnDelete", "Force ALL to", "VOID", "View Card", "open 1"})
+        for (const char *command :
+             {"Done",        "Force NO TIP", "Cancel", "Undo",      "Delete and Print",
+              "Delete",      "Customer",     "next",   "Save",      "Force ALL NO TIP",
+              "UnDelete",    "Force ALL to", "VOID",   "View Card", "open 1",
+              "the tab",     "quick 0",      "tip 8",  "Clear",     "Force",
+              "box 2=NOBODY"})
             press(command);
     }
 
