@@ -69,6 +69,8 @@ void EntryDetails::unload()
     stored = {};
     settled = {};
     view.unload();
+    if (callbacks.closed)
+        callbacks.closed();
 }
 
 void EntryDetails::show()

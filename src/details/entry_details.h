@@ -20,6 +20,7 @@ struct EntryCallbacks {
     std::function<void()>
         forceAllNoTip;               // the bulk command of the manager's list, with its question
     std::function<bool()> listWorks; // the manager's list does: commands are ignored
+    std::function<void()> closed;    // the screen has
 };
 
 /// Works on a copy of the record of its own, never on `CCdata`. A slot that holds another record by

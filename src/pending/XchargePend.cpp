@@ -123,6 +123,17 @@ void XchargePend::fillList()
         fillAtLoad = true;
 }
 
+/// The keyboard comes back to the rows: Enter on "Done" would leave.
+details::EntryCallbacks XchargePend::entryCallbacks()
+{
+    details::EntryCallbacks callbacks = list.entryCallbacks();
+    callbacks.closed = [this] {
+        ui->MList1->setFocus();
+        activateWindow();
+    };
+    return callbacks;
+}
+
 void XchargePend::closeAsked()
 {
     ui->SSCommand1->click(); // "Done"; nothing while it is disabled
@@ -196,8 +207,9 @@ void XchargePend::showCommands(const PendingFields &fields)
     for (std::size_t number = 1; number < SSCommand.size(); ++number) {
         QAbstractButton &command = *SSCommand[number];
         const CommandState &state = fields.SSCommand[number];
-        // Qt would hand the keyboard on to the next command, and a second Enter with it.
-        if (command.hasFocus() && !(state.enabled && state.visible))
+        // Qt would hand the keyboard on to the next command, and a second Enter with it; also while
+        // another window is in front.
+        if (focusWidget() == &command && !(state.enabled && state.visible))
             ui->MList1->setFocus();
         command.setEnabled(state.enabled);
         putVisible(command, state.visible);

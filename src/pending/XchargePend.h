@@ -39,7 +39,7 @@ public:
     /// "Refresh"; on a screen that is just being opened, as the end of its load.
     void fillList();
     /// For the entry that the list opens; they refer to this screen.
-    details::EntryCallbacks entryCallbacks() { return list.entryCallbacks(); }
+    details::EntryCallbacks entryCallbacks();
 
 protected:
     void Form_Load() override;

@@ -237,7 +237,7 @@ struct Story : details::EntryView, platform::Dialogs {
                                 {[this] { reload("list "); },
                                  [this] { reload("archive "); },
                                  [this] { happened += "bulk "; },
-                                 {}}};
+                                 {}, {}}};
 };
 
 TEST(Entry, LeavesOnDiskScreenAndPaperWhatTheGoldenTableSays)

@@ -1,6 +1,7 @@
 // The manager's list as its window shows it: rows, colours, totals, and what fingers and keys do.
 #include "pending/XchargePend.h"
 
+#include "details/XchargeEntryDetals.h"
 #include "pending/pending_story.h"
 #include "platform/qt/mlist.h"
 #include "support/qt/qt_station.h"
@@ -130,6 +131,22 @@ TEST(PendingScreen, OpensTheRecordOfARowByFingerAndKeyboardInAnyOrder)
     press(Qt::Key_Return);
     EXPECT_TRUE(story.list.hasFocus());
     EXPECT_EQ(story.rows(), "1043 017r 008 009 ") << "a load loses the order";
+}
+
+TEST(PendingScreen, GetsTheKeyboardBackFromAnEntryOnItsRows)
+{
+    ScreenStory story(kEvening);
+    details::XchargeEntryDetals entry(story.app, story.printer, story.screen.entryCallbacks());
+    controlNamed(QStringLiteral("Refresh"))->setFocus();
+    entry.open(Story::kPending, 1, "PEND");
+    EXPECT_TRUE(click(QStringLiteral("Save")));
+    EXPECT_EQ(story.screen.focusWidget(), &story.list) << "not the command beside a greyed one";
+    story.screen.findChild<QWidget *>(QStringLiteral("SSCommand1"))->setFocus(); // "Done"
+    entry.activateWindow();
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(entry.unloaded());
+    story.station.advance(1);
+    EXPECT_TRUE(story.list.hasFocus());
 }
 
 TEST(PendingScreen, IsLeftByTheCrossAsByDoneAndNotByEscape)
