@@ -10,11 +10,7 @@ namespace {
 using namespace platform;
 using support::press;
 
-class DialogsOnScreen : public testing::Test {
-protected:
-    /// What the person at the screen does half a second from now.
-    void soon(std::function<void()> act) { station.time.after(500, std::move(act)); }
-
+struct DialogsOnScreen : testing::Test {
     support::QtStation station;
     platform::QtDialogs dialogs{station.run};
 };
@@ -38,7 +34,7 @@ TEST_F(DialogsOnScreen, answer_for_finger_enter_escape_and_the_cross)
         {Buttons::YesNo, escape, Answer::No},        {Buttons::YesNo, finger("No"), Answer::No},
     };
     for (const auto &[buttons, act, answer] : cases) {
-        soon(act);
+        station.soon(act);
         EXPECT_EQ(dialogs.message("AUDIT FAILED", "Go on?", buttons), answer);
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     }
@@ -47,7 +43,7 @@ TEST_F(DialogsOnScreen, answer_for_finger_enter_escape_and_the_cross)
 TEST_F(DialogsOnScreen, keep_a_typed_text_on_enter_and_forget_it_on_escape)
 {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
-        soon([key] {
+        station.soon([key] {
             support::type(QStringLiteral("Z\u00fcrich"));
             press(key);
         });
@@ -66,7 +62,7 @@ TEST_F(DialogsOnScreen, let_timers_go_on_and_close_with_the_program)
     timer.setInterval(1000);
     EXPECT_EQ(dialogs.message("A", "B", Buttons::OkCancel), Answer::Cancel);
     EXPECT_EQ(fired, 3);
-    soon([] { EXPECT_TRUE(support::click(QStringLiteral("OK"))); });
+    station.soon([] { EXPECT_TRUE(support::click(QStringLiteral("OK"))); });
     dialogs.systemMessage("write failed: no room on the disk"); // even while the program ends
 }
 

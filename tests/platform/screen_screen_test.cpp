@@ -5,7 +5,6 @@
 
 #include "support/qt/qt_station.h"
 
-#include <QMouseEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -35,10 +34,7 @@ public:
 
 int Panel::destroyed = 0;
 
-class ScreenLife : public testing::Test {
-protected:
-    void soon(std::function<void()> act) { station.time.after(500, std::move(act)); }
-
+struct ScreenLife : testing::Test {
     support::QtStation station;
 };
 
@@ -54,7 +50,7 @@ TEST_F(ScreenLife, a_modal_screen_returns_when_unloaded_and_after_its_handler)
     });
     platform::Timer timer(station.time, panel.whileLoaded([&] { ++fired; }));
     timer.setInterval(400);
-    soon([&] { panel.command.click(); });
+    station.soon([&] { panel.command.click(); });
     panel.runModal();
     panel.runModal(); // unloaded for good: returns at once
     EXPECT_EQ(handled, 1);
@@ -65,10 +61,10 @@ TEST_F(ScreenLife, the_end_of_the_program_closes_nested_screens)
 {
     Panel inner(station.services, [&](Panel &) { station.run.end(); });
     Panel outer(station.services, [&](Panel &) {
-        soon([&] { inner.command.click(); });
+        station.soon([&] { inner.command.click(); });
         inner.runModal();
     });
-    soon([&] { outer.command.click(); });
+    station.soon([&] { outer.command.click(); });
     outer.runModal();
     EXPECT_FALSE(inner.isVisible() || outer.isVisible());
 }
@@ -79,7 +75,7 @@ TEST_F(ScreenLife, stays_on_top_with_what_is_opened_above)
     panel.show();
     panel.SetTopMostWindow(true);
     Panel above(station.services, [](Panel &self) { self.unload(); });
-    soon([&] {
+    station.soon([&] {
         for (const Panel *one : {&panel, &above})
             EXPECT_TRUE(one->isVisible() &&
                         one->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
@@ -139,11 +135,8 @@ TEST(SecondTap, presses_nothing_in_a_window_that_came_up_meanwhile)
     int pressed = 0;
     QObject::connect(&below, &QPushButton::clicked, [&] { ++pressed; });
     const auto tap = [](QPushButton &button, QEvent::Type kind) {
-        for (const QEvent::Type type : {kind, QEvent::MouseButtonRelease}) {
-            const auto held = type == kind ? Qt::LeftButton : Qt::NoButton;
-            QMouseEvent event(type, QPointF(2, 2), QPointF(2, 2), Qt::LeftButton, held, {});
-            QCoreApplication::sendEvent(&button, &event);
-        }
+        support::touch(button, kind);
+        support::touch(button, QEvent::MouseButtonRelease);
     };
     tap(above, QEvent::MouseButtonPress);
     tap(below, QEvent::MouseButtonDblClick);

@@ -33,6 +33,10 @@ protected:
         std::string into(bytes, '?');
         return done(file.read(number, into)) ? into : "unread";
     }
+    std::string slotAt(long number) const
+    {
+        return station.get(kPath).substr(static_cast<std::size_t>(number - 1) * kLength, kLength);
+    }
     bool openLocked(SlotFile &one, SlotUse use) { return done(one.open(use)) && done(one.lock()); }
 
     support::TestStation station;
@@ -97,41 +101,47 @@ TEST_F(SlotFileTest, keeps_a_write_inside_its_slot)
     EXPECT_EQ(station.get(kPath), slotOf(1) + std::string(kLength, '!') + slotOf(3));
 }
 
-TEST_F(SlotFileTest, appends_at_count_plus_one_or_leaves_the_file_as_it_was)
+/// Each operation of the append fails in turn, or is the last one, or comes just behind an append
+/// of another, who takes no lock; and then none.
+TEST_F(SlotFileTest, appends_at_count_plus_one_whatever_else_happens)
 {
     support::expectTable("platform/appends.txt", [&](const std::string &tail) {
         const std::string before = slotsOf(2) + std::string(std::stoul(tail), 't');
-        bool reached = true;
-        for (std::size_t n = 1; reached; ++n) { // each operation fails in turn, and then none
-            SCOPED_TRACE("tail of " + tail + ", operation " + std::to_string(n));
-            support::TestStation mine(&station);
-            station.put(kPath, before);
-            const ErrorsIgnored fromHere(mine.run);
-            SlotFile one(mine.files, kPath, kLength);
-            one.open(SlotUse::Append);
-            EXPECT_TRUE(!tail.ends_with("locked") || done(one.lock()));
-            const std::size_t fault = mine.disk.operations() + n;
-            mine.disk.failAt(fault, Outcome::NoRoom);
-            const Outcome outcome = one.append(slotOf(3), slot);
-            reached = mine.disk.operations() >= fault;
-            EXPECT_TRUE(done(outcome) || (reached && station.get(kPath) == before));
+        for (const std::string event : {"killed", "another", "failed"}) {
+            bool reached = true;
+            for (std::size_t n = 1; reached; ++n) {
+                SCOPED_TRACE(event + " at operation " + std::to_string(n) + ", tail of " + tail);
+                support::TestStation mine(&station);
+                station.put(kPath, before);
+                const ErrorsIgnored fromHere(mine.run);
+                SlotFile one(mine.files, kPath, kLength);
+                one.open(SlotUse::Append);
+                EXPECT_TRUE(!tail.ends_with("locked") || done(one.lock()));
+                const std::size_t then = mine.disk.operations() + n;
+                long theirSlot = 0;
+                const auto appendToo = [&] {
+                    theirs.open(SlotUse::Append);
+                    EXPECT_EQ(theirs.append(slotOf(4), theirSlot), Outcome::Done);
+                };
+                if (event == "killed")
+                    mine.disk.stopAt(then, appendToo, true);
+                else if (event == "failed")
+                    mine.disk.failAt(then, Outcome::NoRoom);
+                else
+                    mine.disk.before = [&](std::size_t now) { now == then ? appendToo() : void(); };
+                const Outcome outcome = one.append(slotOf(3), slot);
+                reached = mine.disk.operations() >= then;
+                const std::string bytes = station.get(kPath);
+                EXPECT_TRUE(bytes.starts_with(slotsOf(2)));
+                EXPECT_TRUE(theirSlot == 0 || slotAt(theirSlot) == slotOf(4));
+                EXPECT_TRUE(done(outcome) ? slotAt(slot) == slotOf(3) : reached);
+                EXPECT_TRUE(event != "failed" || done(outcome) || bytes == before);
+            }
         }
         const std::string bytes = station.get(kPath);
-        EXPECT_TRUE(bytes.starts_with(slotsOf(2))) << tail;
         return std::vector{std::to_string(slot), std::to_string(bytes.find(slotOf(3))),
                            std::to_string(bytes.size())};
     });
-}
-
-TEST_F(SlotFileTest, is_cut_back_only_where_nobody_has_written_behind)
-{
-    station.put(kPath, "0123456789");
-    std::unique_ptr<DiskFile> raw;
-    station.files.open(kPath, OpenMode::Append, raw);
-    EXPECT_EQ(raw->cutBack(9, 2), Outcome::Done);
-    EXPECT_EQ(station.get(kPath), "0123456789");
-    EXPECT_EQ(raw->cutBack(10, 8), Outcome::Done);
-    EXPECT_EQ(station.get(kPath), "01234567");
 }
 
 TEST_F(SlotFileTest, is_flushed_after_the_unlock_and_before_it_is_closed)

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <arpa/inet.h>
+#include <deque>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -56,25 +57,28 @@ TEST_F(SystemTest, killing_ends_only_programs_of_the_drives_folder)
     const std::string folder = station.drives.resolve("c:\\Program Files\\X-charge");
     const std::string outside = fs::path(elsewhere.path()).filename().string() + "/Xcharge.exe";
     station.folder("c:\\Program Files\\X-charge\\link");
-    fs::copy_file("/bin/cat", folder + "/Xcharge.exe");
-    fs::copy_file("/bin/cat", folder + "/Other.exe");
-    fs::copy_file("/bin/cat", elsewhere.path() + "/Xcharge.exe");
-    fs::create_symlink("/bin/cat", folder + "/link/Xcharge.exe");
-    std::vector<std::unique_ptr<support::SecondProcess>> others;
+    // Each shows what comes to the file.
+    std::ofstream heard(elsewhere.path() + "/heard");
+    heard << "there" << std::endl;
+    for (const std::string &copy :
+         {folder + "/Xcharge.exe", folder + "/Other.exe", elsewhere.path() + "/Xcharge.exe"})
+        fs::copy_file("/usr/bin/tail", copy);
+    fs::create_symlink("/usr/bin/tail", folder + "/link/Xcharge.exe");
+    std::deque<support::SecondProcess> others;
     for (const std::string &program :
          {folder + "/Xcharge.exe", folder + "/link/Xcharge.exe", folder + "/Other.exe",
           elsewhere.path() + "/Xcharge.exe", folder + "/../../../../" + outside}) {
-        others.push_back(std::make_unique<support::SecondProcess>(
-            [&](support::Talk &test) { test.become(program); }));
-        others.back()->say("there");
-        EXPECT_EQ(others.back()->hear(), "there") << program;
+        others.emplace_back([&] {
+            ::execl(program.c_str(), program.c_str(), "-f", (elsewhere.path() + "/heard").c_str(),
+                    nullptr);
+        });
+        EXPECT_EQ(others.back().hear(), "there") << program;
     }
     system->killImage("XCHARGE.EXE");
+    heard << "still there" << std::endl;
     std::string alive;
-    for (const auto &other : others) {
-        other->say("still there");
-        alive += other->hear().empty() ? '-' : '+';
-    }
+    for (support::SecondProcess &other : others)
+        alive += other.hear().empty() ? '-' : '+';
     EXPECT_EQ(alive, "--+++");
 }
 

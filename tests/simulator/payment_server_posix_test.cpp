@@ -70,10 +70,11 @@ TEST(PaymentServer, AnswersAloneKeepsNoCardAndEndsWhenItShould)
     support::TestStation station;
     const std::string root = station.drives.root();
     ASSERT_TRUE(makeSandbox(station.files, root, PROGRAMS_DIR "/sim_xcharge"));
-    const auto serve = [&](support::Talk &talk) {
+    const auto serve = [&] {
         ::setenv("LUMBRIO_DRIVES", root.c_str(), 1);
-        talk.say(std::to_string(::getpid()));
-        talk.become(station.drives.resolve(kServerProgram).c_str());
+        const std::string program = station.drives.resolve(kServerProgram);
+        support::SecondProcess::say(std::to_string(::getpid()));
+        ::execl(program.c_str(), program.c_str(), nullptr);
     };
     support::SecondProcess server(serve);
     const int id = std::stoi(server.hear());

@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 
 #include <gtest/gtest.h>
 
@@ -29,6 +30,13 @@ bool click(const QString &accessibleName)
         return false;
     button->click();
     return true;
+}
+
+void touch(QWidget &control, QEvent::Type what, QPointF place)
+{
+    const auto held = what == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(what, place, control.mapToGlobal(place), Qt::LeftButton, held, {});
+    QCoreApplication::sendEvent(&control, &event);
 }
 
 void press(Qt::Key key, const QString &text)

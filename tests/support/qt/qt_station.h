@@ -16,6 +16,8 @@ public:
     {
         time.everyTurn = [] { QCoreApplication::processEvents(); };
     }
+    /// What the person at the screen does half a second from now.
+    void soon(std::function<void()> act) { time.after(500, std::move(act)); }
     ~QtStation() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 };
 
@@ -24,6 +26,8 @@ public:
 QWidget *controlNamed(const QString &accessibleName);
 /// Clicks it as a finger does, when it is enabled; false when it is not, or not there.
 bool click(const QString &accessibleName);
+/// One event of a finger on it; a second tap is a press too (MouseButtonDblClick).
+void touch(QWidget &control, QEvent::Type what, QPointF place = {2, 2});
 /// Types into whatever has the keyboard.
 void press(Qt::Key key, const QString &text = {});
 inline void type(const QString &text)
