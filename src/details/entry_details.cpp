@@ -95,7 +95,8 @@ void EntryDetails::setSlot(long slot)
 
 void EntryDetails::setStatus(std::string_view status)
 {
-    fields.Text1[19] = status;
+    if (!working)
+        fields.Text1[19] = status;
     show();
 }
 

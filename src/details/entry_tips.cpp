@@ -87,8 +87,7 @@ void EntryDetails::SSCommand11_Click()
 
 void EntryDetails::SSCommand14_Click()
 {
-    if (!working)
-        setStatus(kAdjusted);
+    setStatus(kAdjusted);
 }
 
 void EntryDetails::SSCommand17_Click()

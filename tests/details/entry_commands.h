@@ -5,46 +5,59 @@
 #include "records/text.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace details {
+
+using EntryCommands = std::vector<std::pair<std::string, std::function<void()>>>;
+
+/// All that a manager can do, by the beginnings of its names; `word` is what is typed or tapped.
+inline EntryCommands commandsOf(EntryDetails &entry, const std::string &word)
+{
+    const auto number = static_cast<std::size_t>(std::max(records::wholeNumber(word), 0));
+    return {
+        {"Done", [=, &entry] { entry.SSCommand1_Click(); }},
+        {"Force NO TIP", [=, &entry] { entry.SSCommand2_Click(); }},
+        {"Cancel", [=, &entry] { entry.SSCommand3_Click(); }},
+        {"Undo", [=, &entry] { entry.SSCommand4_Click(); }},
+        {"Delete and Print", [=, &entry] { entry.SSCommand12_Click(); }},
+        {"Delete", [=, &entry] { entry.SSCommand5_Click(); }},
+        {"quick ", [=, &entry] { entry.SSCommand6_Click(number); }},
+        {"Customer", [=, &entry] { entry.SSCommand7_Click(); }},
+        {"Merchant", [=, &entry] { entry.SSCommand8_Click(); }},
+        {"previous", [=, &entry] { entry.SSCommand9_Click(0); }},
+        {"next", [=, &entry] { entry.SSCommand9_Click(1); }},
+        {"Save", [=, &entry] { entry.SSCommand10_Click(); }},
+        {"Force ALL NO TIP", [=, &entry] { entry.SSCommand11_Click(); }},
+        {"UnDelete", [=, &entry] { entry.SSCommand13_Click(); }},
+        {"Force ALL to", [=, &entry] { entry.SSCommand16_Click(); }},
+        {"Force", [=, &entry] { entry.SSCommand14_Click(); }},
+        {"VOID", [=, &entry] { entry.SSCommand15_Click(); }},
+        {"Clear", [=, &entry] { entry.SSCommand17_Click(); }},
+        {"the tab", [=, &entry] { entry.Label3_Click(); }},
+        {"View Card", [=, &entry] { entry.Command2_Click(); }},
+        {"View Track", [=, &entry] { entry.Command1_Click(); }},
+        {"tip ", [=, &entry] { entry.Text4_Change(word); }},
+        {"box ", [=, &entry] { entry.Text1_Change(number, word.substr(word.find('=') + 1)); }},
+        {"status ", [=, &entry] { entry.setStatus(word); }},
+    };
+}
 
 /// "Done", "tip 5.00", "box 2=JANE ROE", "quick 10". False for what is none.
 inline bool pressEntry(EntryDetails &entry, const std::string &command)
 {
-    const std::string word = command.substr(command.find(' ') + 1);
-    const auto number = static_cast<std::size_t>(std::max(records::wholeNumber(word), 0));
-    const std::pair<const char *, std::function<void()>> commands[] = {
-        {"Done", [&] { entry.SSCommand1_Click(); }},
-        {"Force NO TIP", [&] { entry.SSCommand2_Click(); }},
-        {"Cancel", [&] { entry.SSCommand3_Click(); }},
-        {"Undo", [&] { entry.SSCommand4_Click(); }},
-        {"Delete and Print", [&] { entry.SSCommand12_Click(); }},
-        {"Delete", [&] { entry.SSCommand5_Click(); }},
-        {"quick ", [&] { entry.SSCommand6_Click(number); }},
-        {"Customer", [&] { entry.SSCommand7_Click(); }},
-        {"Merchant", [&] { entry.SSCommand8_Click(); }},
-        {"previous", [&] { entry.SSCommand9_Click(0); }},
-        {"next", [&] { entry.SSCommand9_Click(1); }},
-        {"Save", [&] { entry.SSCommand10_Click(); }},
-        {"Force ALL NO TIP", [&] { entry.SSCommand11_Click(); }},
-        {"UnDelete", [&] { entry.SSCommand13_Click(); }},
-        {"Force ALL to", [&] { entry.SSCommand16_Click(); }},
-        {"Force", [&] { entry.SSCommand14_Click(); }},
-        {"VOID", [&] { entry.SSCommand15_Click(); }},
-        {"Clear", [&] { entry.SSCommand17_Click(); }},
-        {"the tab", [&] { entry.Label3_Click(); }},
-        {"View Card", [&] { entry.Command2_Click(); }},
-        {"View Track", [&] { entry.Command1_Click(); }},
-        {"tip ", [&] { entry.Text4_Change(word); }},
-        {"box ", [&] { entry.Text1_Change(number, word.substr(word.find('=') + 1)); }},
-        {"status ", [&] { entry.setStatus(word); }},
-    };
-    const auto found =
-        std::find_if(std::begin(commands), std::end(commands),
-                     [&](const auto &known) { return command.starts_with(known.first); });
-    if (found != std::end(commands))
-        found->second();
-    return found != std::end(commands);
+    for (const auto &[name, press] : commandsOf(entry, command.substr(command.find(' ') + 1)))
+        if (command.starts_with(name)) {
+            press();
+            return true;
+        }
+    return false;
+}
+
+inline void pressEverything(EntryDetails &entry)
+{
+    for (const auto &[name, press] : commandsOf(entry, "2=8"))
+        press();
 }
 
 } // namespace details

@@ -1,5 +1,6 @@
 // The screen of one entry as a manager's fingers, keyboard and screen reader use it.
 #include "details/XchargeEntryDetals.h"
+#include "support/card_text.h"
 #include "support/qt/qt_station.h"
 #include "support/qt/screen_checks.h"
 
@@ -17,10 +18,8 @@ using namespace records;
 using namespace support;
 
 constexpr const char *kFile = "F:\\Lumbrio\\CCPending.dat";
-using Fields = std::vector<std::pair<CardField, const char *>>;
-const Fields kSale = {{CCNumb, "4111111111111111"},   {CCName, "WILHELMINA BLACKTHORN-ROWAN"},
-                      {CCDescription, "%B4111^OAK?"}, {CCTabAmt, "48.50"},
-                      {CCAdjStatus, "Not Adjusted"},  {CCTip, "0"}};
+constexpr const char *kNumber = "4111111111111111";
+constexpr const char *kTrack = "%B4111^OAK?";
 
 /// A manager whom support has told the password, and who reads no messages.
 struct Phone : platform::Dialogs {
@@ -35,15 +34,10 @@ protected:
     EntryScreen() { app.values.Remotedir = "F:\\Lumbrio\\"; }
 
     /// Shows the second of three sales.
-    void open(const Fields &changes = {})
+    void open(const std::string &changes = {})
     {
-        CardRecord sale;
-        Clear_CCdata(sale);
-        for (const Fields &fields : {kSale, changes})
-            for (const auto &[field, text] : fields)
-                sale.set(field, text);
-        std::string slot(sale.view());
-        slot.resize(kCardSlotLength);
+        const std::string slot = slotOf(std::string("CCName=WILHELMINA BLACKTHORN-ROWAN;") +
+                                        "CCTabAmt=48.50;CCDescription=" + kTrack + ";" + changes);
         station.put(kFile, slot + slot + slot);
         screen.reset(new details::XchargeEntryDetals(app, printer, {}));
         screen->open(kFile, 2, "PEND");
@@ -57,16 +51,16 @@ protected:
     /// Tip and status of the second sale on the disk.
     std::string saved()
     {
-        const std::string slot = station.get(kFile).substr(kCardSlotLength);
-        return Trim(slot.substr(CCTip.offset, 5)) + " " + Trim(slot.substr(CCAdjStatus.offset, 25));
+        const CardRecord sale = recordsIn(station.get(kFile))[1];
+        return sale.text(CCTip) + " " + sale.text(CCAdjStatus);
     }
-    /// Whether a screen reader finds the field's text, be it in a control that is hidden.
-    bool spoken(std::size_t field)
+    /// Whether a screen reader finds the text, be it in a control that is hidden.
+    bool spoken(const char *text)
     {
         QString all;
         for (auto *one : screen->findChildren<QLineEdit *>())
             all += QAccessible::queryAccessibleInterface(one)->text(QAccessible::Value);
-        return all.contains(QLatin1String(kSale[field].second));
+        return all.contains(QLatin1String(text));
     }
 
     QtStation station;
@@ -108,25 +102,23 @@ TEST_F(EntryScreen, ATipByKeypadKeyboardAndQuickTipIsShownAtOnceAndSavedByEnterA
 TEST_F(EntryScreen, HiddenCardDataIsNowhereUntilItsPasswordIsGivenAndGoesWithTheWindow)
 {
     open();
-    EXPECT_FALSE(spoken(0) || spoken(2));
+    EXPECT_FALSE(spoken(kNumber) || spoken(kTrack));
     EXPECT_TRUE(click(QStringLiteral("View Card #")));
-    EXPECT_TRUE(spoken(0) && !spoken(2) && !named("Text2").isVisible());
+    EXPECT_TRUE(spoken(kNumber) && !spoken(kTrack) && !named("Text2").isVisible());
     named<QTabWidget>("pages").setCurrentIndex(1);
     EXPECT_TRUE(
         click(QStringLiteral("The Track Read Line has been hidden. Please Click Here to view it")));
-    EXPECT_TRUE(spoken(2));
+    EXPECT_TRUE(spoken(kTrack));
     screen->close(); // the cross
-    EXPECT_FALSE(spoken(0) || spoken(2));
+    EXPECT_FALSE(spoken(kNumber) || spoken(kTrack));
     EXPECT_EQ(saved(), "0 Not Adjusted");
 }
 
 TEST_F(EntryScreen, FitsWhateverTheEntryAndEnterPressesNoDangerousCommand)
 {
-    const Fields entries[] = {
-        {{GCbalance, "99999.99"}, {CCtype, "MASTERCARD"}, {CCTip, "1234.56"}},
-        {{CCTabAmt, "12345.67"}, {CCApprovedAmt, "12345.67"}, {CCstatus, "Declined"}},
-        {{CCGiftFlag, "GS"}, {CCaditionalFUNDS, "1248.50"}}}; // a partial approval
-    for (const Fields &entry : entries) {
+    for (const char *entry : {"GCbalance=99999.99;CCtype=MASTERCARD;CCTip=1234.56",
+                              "CCTabAmt=12345.67;CCApprovedAmt=12345.67;CCstatus=Declined",
+                              "CCGiftFlag=GS;CCaditionalFUNDS=1248.50"}) { // a partial approval
         open(entry);
         named<QPushButton>("Label3_0").click();
         for (const int page : {0, 1, 2, 3}) {

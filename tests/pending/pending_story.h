@@ -5,42 +5,15 @@
 #include "details/entry_commands.h"
 #include "pending/pending.h"
 #include "records/card_files.h"
+#include "support/card_text.h"
 #include "support/test_station.h"
 
-#include <algorithm>
 #include <map>
-#include <sstream>
 
 namespace pending {
 
-/// A record from "CCReceipt=1;CCTip=5", on top of an approved one of tonight over 20.00. "\0" is a
-/// NUL, "CCTip=~" the NULs of a field never assigned; "CCEncoded=1" scrambles the number.
-inline records::CardRecord recordOf(const std::string &text)
-{
-    records::CardRecord record;
-    std::istringstream fields(
-        "CCNumb=4111111111111111;CCEncoded=0;CCServer=7;CCTabAmt=20.00;CCApprovedAmt=0;CCTip=0;"
-        "CCReceipt=1;CCAdjStatus=Not Adjusted;CCstatus=Approved;CApprovalCode=004711;"
-        "CCDate=01/15/25;CCTime=01:05 PM;CCStation=FRONT-BAR;" +
-        text + ";");
-    for (std::string name, value; std::getline(fields, name, '=') && getline(fields, value, ';');) {
-        if (const auto nul = value.find("\\0"); nul != value.npos)
-            value.replace(nul, 2, 1, '\0');
-        for (const records::CardField &field : records::kCardFields)
-            if (field.name == name)
-                record.set(field, value == "~" ? std::string(field.length, '\0') : value);
-    }
-    if (record.text(records::CCEncoded) == "1")
-        records::encodeCardNumber(record);
-    return record;
-}
-
-/// "empty" is a slot that was never filled.
-inline std::string slotOf(const std::string &text)
-{
-    return text == "empty" ? std::string(500, '\0')
-                           : std::string(recordOf(text).view()) + std::string(10, '\0');
-}
+using support::recordOf;
+using support::slotOf;
 
 struct Story : PendingView, details::EntryView, platform::Dialogs {
     /// With `earlier`, another process on its drives. A grey story has none of the later screens.
@@ -78,11 +51,7 @@ struct Story : PendingView, details::EntryView, platform::Dialogs {
     }
     std::vector<records::CardRecord> records(const std::string &path) const
     {
-        const std::string bytes = get(path);
-        std::vector<records::CardRecord> all(bytes.size() / 500);
-        for (std::size_t i = 0; i < all.size(); ++i)
-            std::copy_n(bytes.data() + i * 500, 490, all[i].data().data());
-        return all;
+        return support::recordsIn(get(path));
     }
     /// The slots of the rows shown.
     std::string slots() const
