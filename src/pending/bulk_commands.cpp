@@ -26,6 +26,13 @@ public:
     void unload() override {}
 };
 
+/// False for a slot behind the end of a file that has become shorter since it was listed, and for
+/// one that has become empty: a save would make an entry there.
+bool isThere(const details::EntryDetails &entry)
+{
+    return !entry.state().Text1[11].empty();
+}
+
 constexpr const char *kForceCompleted =
     "Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be "
     "batched out.";
@@ -100,32 +107,40 @@ void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &s
         if (app.ending())
             break;
         entry.open(fields.Label6, slot, "PEND");
-        step(entry);
+        if (isThere(entry))
+            step(entry);
+        else
+            loadAgain = true; // so that the manager sees what is left
         showProgress(slot);
         app.glance();
     }
     showQuietlyLoaded();
 }
 
-/// One reload for each save, as the log tells it; the screen shows the last one, at the end.
+/// One reading for each save, as the log tells it; the screen shows the last one, at the end.
 void Pending::reloadQuietly()
 {
-    ListBuilder fresh(app.clock.now());
-    readList(fresh, [] {});
+    if (!saved)
+        saved.emplace();
+    saved->take(readRecords());
     if (app.ending())
         return;
-    takeTotals(fresh);
-    traceList(fresh);
-    quietlyLoaded = std::move(fresh);
+    takeTotals(saved->listed(), saved->tabs(), saved->tips());
+    traceList(saved->listed());
 }
 
 void Pending::showQuietlyLoaded()
 {
-    std::optional<ListBuilder> fresh = std::exchange(quietlyLoaded, std::nullopt);
-    if (!fresh || app.ending())
+    const std::optional<RunningTotals> last = std::exchange(saved, std::nullopt);
+    if (!last || app.ending())
         return;
+    ListBuilder fresh(app.clock.now());
+    long slot = 0;
+    for (const CardRecord &record : last->file())
+        fresh.add(++slot, record);
+    fields.Label4 = fields.Label19 = std::to_string(last->file().size());
     clearList();
-    takeRows(*fresh);
+    takeRows(fresh);
     Enable_Buttons();
     show();
 }

@@ -149,9 +149,9 @@ void Pending::loadList()
     readList(fresh, [this] { app.glance(); });
     if (app.ending())
         return;
-    takeTotals(fresh);
+    takeTotals(fresh.listed, fresh.tabs, fresh.tips);
     takeRows(fresh);
-    traceList(fresh);
+    traceList(fresh.listed);
     Enable_Buttons();
     show();
 }
@@ -196,26 +196,26 @@ std::vector<CardRecord> Pending::readRecords()
         records.emplace_back();
         if (!done(file.read(slot, records.back().data())) && slot > 1)
             records.back() = records[records.size() - 2];
-        if (slot % kLookEvery == 0)
+        if (!saved && slot % kLookEvery == 0) // a bulk command tells its own
             showProgress(slot);
     }
     return records;
 }
 
-void Pending::takeTotals(const ListBuilder &fresh)
+void Pending::takeTotals(long listed, Money tabs, Money tips)
 {
-    fields.Label5[0] = Currency(fresh.tabs);
-    fields.Label5[1] = Currency(fresh.tips);
-    fields.Label5[2] = Currency(fresh.grandTotal());
-    fields.Label16 = fresh.oldest;
-    fields.Label17 = fresh.newest;
-    fields.Label18 = std::to_string(fresh.listed) + " Swipes";
+    fields.Label5[0] = Currency(tabs);
+    fields.Label5[1] = Currency(tips);
+    fields.Label5[2] = Currency(tabs + tips);
+    fields.Label18 = std::to_string(listed) + " Swipes";
 }
 
 void Pending::takeRows(ListBuilder &fresh)
 {
     if (fresh.sawNotAdjusted || fresh.sawDeleted)
         enable(2, false);
+    fields.Label16 = fresh.oldest;
+    fields.Label17 = fresh.newest;
     colours.sawDeleted = fresh.sawDeleted;
     MList1 = std::move(fresh.rows);
     MList2 = std::move(fresh.types);
@@ -240,7 +240,7 @@ void Pending::colourRows()
 }
 
 /// Kept: the count is that of the highest index, one short.
-void Pending::traceList(const ListBuilder &fresh)
+void Pending::traceList(long listed)
 {
     const std::string rule(46, '=');
     app.values.ManagerLogBuffer = {rule,
@@ -250,7 +250,7 @@ void Pending::traceList(const ListBuilder &fresh)
                                    "  Tip Total   " + fields.Label5[1],
                                    "  Grand Total " + fields.Label5[2],
                                    "-",
-                                   "  Total List Count " + std::to_string(fresh.listed - 1),
+                                   "  Total List Count " + std::to_string(listed - 1),
                                    "-",
                                    rule};
     Write_Log(app);

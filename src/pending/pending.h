@@ -5,6 +5,7 @@
 #include "details/entry_details.h"
 #include "pending/pending_list.h"
 #include "pending/pending_view.h"
+#include "pending/running_totals.h"
 #include "platform/clock.h"
 #include "printing/printer.h"
 #include "records/app.h"
@@ -76,10 +77,10 @@ private:
     void clearList();
     void readList(ListBuilder &fresh, const std::function<void()> &atEachRecord);
     std::vector<records::CardRecord> readRecords();
-    void takeTotals(const ListBuilder &fresh);
+    void takeTotals(long listed, records::Money tabs, records::Money tips);
     void takeRows(ListBuilder &fresh);
     void colourRows();
-    void traceList(const ListBuilder &fresh);
+    void traceList(long listed);
     void Sort_Rows(int column);
     void trace(const std::string &line);
     void panel(const std::string &text);
@@ -107,7 +108,7 @@ private:
     ListRows MList1;
     std::vector<std::string> MList2;
     ListState colours;
-    std::optional<ListBuilder> quietlyLoaded; // behind the last save of a bulk command
+    std::optional<RunningTotals> saved; // the file behind the last save of a bulk command
     int sortColumn = 0;
     std::string leaving;    // "EXIT", "Expired", "Operation is completed"
     platform::Timer Timer3; // the longest that "Done" waits

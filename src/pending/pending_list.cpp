@@ -106,6 +106,12 @@ bool isListed(const CardRecord &record)
     return !record.isEmpty(CCstatus) && record.view()[CCstatus.offset] != '\0';
 }
 
+Counted countedAs(CardRecord &copy)
+{
+    takeApprovedAmount(copy);
+    return {isListed(copy), copy.value(CCTabAmt), copy.value(CCTip)};
+}
+
 std::string receiptColumn(const CardRecord &record)
 {
     std::string text = receiptValue(record.text(CCReceipt));
@@ -144,14 +150,12 @@ void ListBuilder::reserve(std::size_t count)
 
 void ListBuilder::add(long slot, CardRecord copy)
 {
-    takeApprovedAmount(copy);
-    if (!isListed(copy))
+    const auto [isOn, tab, tip] = countedAs(copy);
+    if (!isOn)
         return;
     sawNotAdjusted = sawNotAdjusted || beginsWith(copy, CCAdjStatus, "Not");
     sawDeleted = sawDeleted || beginsWith(copy, CCstatus, "Del");
     ++listed;
-    const Money tab = copy.value(CCTabAmt);
-    const Money tip = copy.value(CCTip);
     rows.push_back({rowText(copy, tab + tip), slot, RowColour::ButtonFace});
     types.push_back(typeText(copy, tab + tip));
     tabs = tabs + tab;

@@ -50,6 +50,16 @@ std::string rowOf(const records::CardRecord &copy);
 /// Column N of a row, from 0; one that is not there is empty.
 std::string_view columnOf(std::string_view row, int column);
 
+/// What a record counts for in the totals.
+struct Counted {
+    bool listed = false;
+    records::Money tab;
+    records::Money tip;
+};
+
+/// The approved amount takes the place of the tab in the copy.
+Counted countedAs(records::CardRecord &copy);
+
 /// Takes the records of a file in the order of their slots.
 class ListBuilder {
 public:
@@ -68,7 +78,6 @@ public:
     std::vector<std::string> types; // MList2: "card type|tab|tip|total", in the order of the slots
     records::Money tabs;
     records::Money tips;
-    records::Money grandTotal() const { return tabs + tips; }
     std::string oldest; // today as MM/DD/YYYY, or a record's own date
     std::string newest;
     bool sawNotAdjusted = false; // a `CCAdjStatus` begins with "Not"
