@@ -2,6 +2,7 @@
 
 #include "pending/completing.h"
 #include "records/configuration.h"
+#include "records/delimited.h"
 #include "records/trace.h"
 
 #include <algorithm>
@@ -41,8 +42,16 @@ std::set<std::string> directories(const ProcessValues &values)
 
 void log(App &app, const TraceLines &lines)
 {
+    if (lines.empty())
+        return;
     std::copy(lines.begin(), lines.end(), app.values.ManagerLogBuffer.begin());
     Write_Log(app);
+}
+
+/// A server is entering tips at a station.
+std::string stationMarker(const App &app)
+{
+    return app.values.Remotedir + "StationTips.dat";
 }
 
 } // namespace
@@ -130,15 +139,14 @@ long ManagerStart::deleteOld(const std::string &folder, const std::string &endin
 
 void ManagerStart::backUp(const std::string &choice, const TraceLines &behind)
 {
-    const platform::DateTime now = app.clock.now();
-    const platform::Outcome outcome = pending::backUpPending(app, pending::kBackup);
+    const pending::Backup backup = pending::backUpPending(app, pending::kBackup);
     TraceLines lines = {"-", choice};
-    if (done(outcome)) {
-        lines.push_back("A backup of the data file was made at1  " + Format(now, "HH:MM ampm"));
-        lines.push_back("File Name - " + Format(now, "MMDDYYYYHHMMSS"));
-    } else if (outcome != platform::Outcome::NotThere) {
-        lines.push_back("  BACKUP NOT MADE - " + std::string(textOf(outcome)));
+    if (backup.copies > 0) {
+        lines.push_back("A backup of the data file was made at1  " +
+                        Format(backup.when, "HH:MM ampm"));
+        lines.push_back("File Name - " + backup.stamp);
     }
+    lines.insert(lines.end(), backup.failures.begin(), backup.failures.end());
     lines.emplace_back("-");
     lines.insert(lines.end(), behind.begin(), behind.end());
     log(app, lines);
@@ -159,16 +167,44 @@ void ManagerStart::SSCommand3_Click()
 void ManagerStart::Timer1_Timer()
 {
     Timer1.setInterval(0);
-    bool stationsAreActive = false;
+    bool goOn = false;
     {
         const platform::ErrorsIgnored ignored(app.run);
-        pending::backUpPending(app, pending::kBackup);
-        stationsAreActive = app.files.exists(app.values.Remotedir + "StationTips.dat");
+        log(app, pending::backUpPending(app, pending::kBackup).failures);
+        goOn = !app.files.exists(stationMarker(app)) || overrides();
         if (app.files.exists(app.values.Maindir + "X1009Version.dat"))
             app.values.X1009 = true;
     }
     enableChoices(true);
-    stationsAreActive ? routes.stationsActive() : routes.openList();
+    if (goOn)
+        routes.openList();
+}
+
+/// A station that crashed leaves its marker behind, and only a person can know. The word is typed,
+/// so that nobody goes on by an Enter too many.
+bool ManagerStart::overrides()
+{
+    std::string content;
+    app.files.read(stationMarker(app), content);
+    DelimitedReader values(content);
+    std::string who;
+    for (const char *heading : {"Start Time", "Server Number", "Server Name", "POS Station"})
+        who += std::string(heading) + ": " + values.next() + "\n";
+    const std::string answer =
+        app.dialogs
+            .input("In Use",
+                   "Data File is in Use\n\nA Server is entering their tips to their credit card "
+                   "transactions at this time. Try again later.\n\n" +
+                       who +
+                       "\nIf you are absolutely positive that no other user is using this file you "
+                       "may override this message and continue to the batch out screen: type "
+                       "OVERRIDE.")
+            .value_or("");
+    if (toLower(Trim(answer)) != "override")
+        return false;
+    log(app, {"-", "USER CHOSE OVERRIDE  ", "-"});
+    app.files.removeIfThere(stationMarker(app));
+    return true;
 }
 
 void ManagerStart::SSCommand4_Click()

@@ -35,8 +35,6 @@ public:
 struct ManagerRoutes {
     /// Shows `XchargePend` and fills its list.
     std::function<void()> openList;
-    /// Stations are entering tips ("StationTips.dat" is there): shows `XchargeServerUse`.
-    std::function<void()> stationsActive;
 };
 
 class ManagerStart {
@@ -56,6 +54,7 @@ private:
     long deleteOld(const std::string &folder, const std::string &ending, int before);
     void backUp(const std::string &choice, const std::vector<std::string> &behind);
     void Timer1_Timer();
+    bool overrides();
     void tell(const std::string &status);
     void enableChoices(bool on);
 

@@ -90,19 +90,28 @@ Outcome deleteDeclines(App &app, const Progress &progress)
               .progress = progress});
 }
 
-Outcome backUpPending(App &app, const std::string &name)
+Backup backUpPending(App &app, const std::string &name)
 {
     const ProcessValues &values = app.values;
+    const platform::DateTime now = app.clock.now();
+    Backup backup{now, Format(now, "MMDDYYYYHHMMSS"), 0, {}};
     const std::string source = values.Remotedir + "CCpending.dat";
     if (!app.files.exists(source))
-        return Outcome::NotThere;
-    const std::string copy = "data\\CCdata\\" + Format(app.clock.now(), "MMDDYYYYHHMMSS") + name;
-    Outcome outcome = app.files.copy(source, values.Remotedir + copy);
-    if (values.Maindir != values.Remotedir) {
-        const Outcome second = app.files.copy(source, values.Maindir + copy);
-        outcome = done(outcome) ? second : outcome;
+        return backup;
+    std::vector<std::string> directories = {values.Remotedir};
+    if (values.Maindir != values.Remotedir)
+        directories.push_back(values.Maindir);
+    for (const std::string &directory : directories) {
+        std::string copy = directory + "data\\CCdata\\";
+        copy.append(backup.stamp).append(name);
+        const Outcome outcome = app.files.copy(source, copy);
+        if (done(outcome))
+            ++backup.copies;
+        else
+            backup.failures.push_back("  BACKUP NOT MADE - " + std::string(textOf(outcome)) +
+                                      " - " + copy);
     }
-    return outcome;
+    return backup;
 }
 
 } // namespace pending

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace pending {
 
@@ -31,9 +32,17 @@ platform::Outcome markCompleted(records::App &app, const std::string &date,
 /// Kept: a "Dec" without the "l" shows red and holds up the batch, but stays.
 platform::Outcome deleteDeclines(records::App &app, const Progress &progress);
 
+/// What became of a backup.
+struct Backup {
+    platform::DateTime when;           // the moment that its name tells
+    std::string stamp;                 // MMDDYYYYHHMMSS, the beginning of its name
+    int copies = 0;                    // made; none where there was nothing to copy
+    std::vector<std::string> failures; // a line for the log for each copy that was not made
+};
+
 /// Copies "CCpending.dat" of `Remotedir`, if it is there, to "data\CCdata\" + MMDDYYYYHHMMSS +
 /// `name` in `Remotedir`, and in `Maindir` where that is another directory.
-platform::Outcome backUpPending(records::App &app, const std::string &name);
+Backup backUpPending(records::App &app, const std::string &name);
 
 inline constexpr const char *kBackup = "CCpending.dat";
 inline constexpr const char *kBatchBackup = "CCpendingBatch.dat";

@@ -39,7 +39,8 @@ void Pending::runFinish()
     Disable_Buttons();
     panel(kUpdating);
     const Outcome outcome = finishPending(app, [this](long slot) { showProgress(slot); });
-    backUpPending(app, kBackup);
+    for (const std::string &failure : backUpPending(app, kBackup).failures)
+        trace(failure);
     if (!done(outcome))
         trace("  FINISH NOT DONE - " + std::string(textOf(outcome)) + " - " +
               pendingFile(app.values));

@@ -20,8 +20,7 @@ using platform::Screen;
 class ManagerRole {
 public:
     explicit ManagerRole(platform::Services &services)
-        : app(services), printer(services.printers),
-          start(app, {[this] { openList(); }, [this] { tellStationsActive(); }})
+        : app(services), printer(services.printers), start(app, {[this] { openList(); }})
     {
         open(start);
     }
@@ -58,14 +57,6 @@ private:
         if (!entry || entry->unloaded())
             entry.reset(new details::XchargeEntryDetals(app, printer, list->entryCallbacks()));
         entry->open(file, slot, "PEND");
-    }
-
-    void tellStationsActive()
-    {
-        app.dialogs.message(
-            "Stations are in use",
-            "Stations are entering tips. The notice that lets you go on is not part "
-            "of this version yet. Please wait until they are done.");
     }
 
     records::App app;

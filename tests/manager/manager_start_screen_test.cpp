@@ -20,7 +20,7 @@ struct ScreenStory {
     support::QtStation station;
     records::App app{station.services};
     int opened = 0;
-    manager::TndrMgr screen{app, {[this] { ++opened; }, {}}};
+    manager::TndrMgr screen{app, {[this] { ++opened; }}};
 };
 
 TEST(ManagerScreen, OpensTheListByEnterAndQuitsByTheCross)

@@ -5,14 +5,15 @@
 #include "support/test_station.h"
 
 #include <chrono>
+#include <regex>
 #include <set>
 
 namespace {
 
 using namespace manager;
 
-struct Night : ManagerStartView {
-    Night()
+struct Night : ManagerStartView, platform::Dialogs {
+    Night() : Dialogs(station.run)
     {
         records::LumbrioConfig config;
         config.set(records::kMaindir, "C:\\Lumbrio\\");
@@ -41,10 +42,12 @@ struct Night : ManagerStartView {
             station.time.setNow({2025, 9, 30, 23, 0, 0, 0});
         if (verb == "fail")
             station.disk.failOn("rename", path, platform::Outcome::NoRoom);
+        if (verb == "type")
+            typed = path;
         if (verb == "erase")
             station.erase(path);
         if (verb == "file")
-            station.put(path, "");
+            station.put(path, "\"01:00 PM\",\"7\",\"Ann\",\"BAR\",\" \"\r\n");
         if (verb == "file" && date > 0) { // written to at noon of that day
             const std::chrono::sys_days day =
                 std::chrono::year(date / 10000) / (date / 100 % 100) / (date % 100);
@@ -81,17 +84,27 @@ struct Night : ManagerStartView {
         shown = now;
     }
     void paintNow() override {}
+    platform::Answer ask(const std::string &, const std::string &, platform::Buttons) override
+    {
+        return platform::Answer::Cancel;
+    }
+    std::optional<std::string> askText(const std::string &title, const std::string &text,
+                                       const std::string &, bool) override
+    {
+        happened += "[" + title + "] " + std::regex_replace(text, std::regex("\n+"), " / ") + "\n";
+        return typed;
+    }
 
     support::TestStation station;
-    records::App app{station.services};
+    records::App app{{station.run, station.files, station.time, *this, station.system,
+                      station.printers, station.installation}};
+    std::optional<std::string> typed;
     std::string happened;
     std::string shown = ":";
     std::set<std::string> seen;
     std::size_t told = 0;
-    ManagerStart start{app,
-                       *this,
-                       {[this] { happened += app.values.X1009 ? "list, X1009\n" : "list\n"; },
-                        [this] { happened += "stations active\n"; }}};
+    ManagerStart start{
+        app, *this, {[this] { happened += app.values.X1009 ? "list, X1009\n" : "list\n"; }}};
 };
 
 TEST(ManagerStart, GoesAsItsGoldenStoryTells)
