@@ -139,7 +139,8 @@ TEST(PendingScreen, GetsTheKeyboardBackFromAnEntryOnItsRows)
     details::XchargeEntryDetals entry(story.app, story.printer, story.screen.entryCallbacks());
     controlNamed(QStringLiteral("Refresh"))->setFocus();
     entry.open(Story::kPending, 1, "PEND");
-    EXPECT_TRUE(click(QStringLiteral("Save")));
+    story.station.advance(1);
+    EXPECT_TRUE(entry.isActiveWindow() && click(QStringLiteral("Save")));
     EXPECT_EQ(story.screen.focusWidget(), &story.list) << "not the command beside a greyed one";
     story.screen.findChild<QWidget *>(QStringLiteral("SSCommand1"))->setFocus(); // "Done"
     entry.activateWindow();
