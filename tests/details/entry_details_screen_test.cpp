@@ -1,6 +1,7 @@
 // The screen of one entry as a manager's fingers, keyboard and screen reader use it.
 #include "details/XchargeEntryDetals.h"
 #include "support/card_text.h"
+#include "support/noted_dialogs.h"
 #include "support/qt/qt_station.h"
 #include "support/qt/screen_checks.h"
 
@@ -21,17 +22,13 @@ constexpr const char *kFile = "F:\\Lumbrio\\CCPending.dat";
 constexpr const char *kNumber = "4111111111111111";
 constexpr const char *kTrack = "%B4111^OAK?";
 
-/// A manager whom support has told the password, and who reads no messages.
-struct Phone : platform::Dialogs {
-    using Text = const std::string &;
-    using Dialogs::Dialogs;
-    platform::Answer ask(Text, Text, platform::Buttons) override { return {}; }
-    std::optional<std::string> askText(Text, Text, Text, bool) override { return "marlend"; }
-};
-
 class EntryScreen : public testing::Test {
 protected:
-    EntryScreen() { app.values.Remotedir = "F:\\Lumbrio\\"; }
+    EntryScreen()
+    {
+        app.values.Remotedir = "F:\\Lumbrio\\";
+        dialogs.typed = "marlend";
+    }
 
     /// Shows the second of three sales.
     void open(const std::string &changes = {})
@@ -64,10 +61,9 @@ protected:
     }
 
     QtStation station;
-    Phone phone{station.run};
-    platform::Services services{station.run,    station.files,    station.time,        phone,
-                                station.system, station.printers, station.installation};
-    App app{services};
+    NotedDialogs dialogs{station.run};
+    App app{{station.run, station.files, station.time, dialogs, station.system, station.printers,
+             station.installation}};
     printing::Printer printer{station.printers};
     std::unique_ptr<details::XchargeEntryDetals, platform::Screen::Later> screen;
 };

@@ -4,6 +4,7 @@
 #include "records/card_files.h"
 #include "support/card_text.h"
 #include "support/golden_table.h"
+#include "support/noted_dialogs.h"
 #include "support/test_station.h"
 
 #include <map>
@@ -38,12 +39,13 @@ const std::string kEmpty(kCardSlotLength, '\0');
 
 /// A manager who presses commands by their names, types what is to be typed, and writes down all
 /// that happens.
-struct Story : details::EntryView, platform::Dialogs {
+struct Story : details::EntryView, support::NotedDialogs {
     /// The file of `source` has three slots: another record, the one of the row, and one that was
     /// never filled. "no files": there are none.
     explicit Story(const std::string &sale, const std::string &theSource = "PEND")
-        : Dialogs(station.run), source(theSource)
+        : NotedDialogs(station.run), source(theSource)
     {
+        typed = "Office Laser"; // also for a password
         station.folder("F:\\Lumbrio\\data");
         app.values.Maindir = "C:\\Lumbrio\\";
         app.values.Remotedir = "F:\\Lumbrio\\";
@@ -171,18 +173,6 @@ struct Story : details::EntryView, platform::Dialogs {
         happened += std::to_string(names.size()) + " printers, " + current + " ";
         return typed;
     }
-    platform::Answer ask(const std::string &title, const std::string &text,
-                         platform::Buttons) override
-    {
-        happened += "[" + title + ": " + text + "] ";
-        return platform::Answer::Ok;
-    }
-    std::optional<std::string> askText(const std::string &title, const std::string &text,
-                                       const std::string &initial, bool) override
-    {
-        happened += "[" + title + ": " + text + " " + initial + "] ";
-        return typed;
-    }
     /// Another program does, if it gets the lock: the first record lies where this one was.
     void moveTwoToTheEnd()
     {
@@ -210,9 +200,7 @@ struct Story : details::EntryView, platform::Dialogs {
     printing::Printer printer{station.printers};
     std::string source;
     std::map<std::string, std::string> files; // at the beginning
-    std::optional<std::string> typed = "Office Laser";
     details::EntryFields shown;
-    std::string happened;
     bool open = false;
     int busy = 0;
     support::TestStation other{&station};

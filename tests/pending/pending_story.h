@@ -6,6 +6,7 @@
 #include "pending/pending.h"
 #include "records/card_files.h"
 #include "support/card_text.h"
+#include "support/noted_dialogs.h"
 #include "support/test_station.h"
 
 #include <map>
@@ -15,11 +16,11 @@ namespace pending {
 using support::recordOf;
 using support::slotOf;
 
-struct Story : PendingView, details::EntryView, platform::Dialogs {
+struct Story : PendingView, details::EntryView, support::NotedDialogs {
     /// With `earlier`, another process on its drives. A grey story has none of the later screens.
     explicit Story(const Story *earlier = nullptr, bool grey = false)
-        : Dialogs(station.run), station(support::VirtualTime::kDefaultStart,
-                                        earlier == nullptr ? nullptr : &earlier->station),
+        : NotedDialogs(station.run), station(support::VirtualTime::kDefaultStart,
+                                             earlier == nullptr ? nullptr : &earlier->station),
           list(app, printer, *this, grey ? PendingRoutes() : routes())
     {
         station.system.executable = "TndrMGR";
@@ -87,19 +88,6 @@ struct Story : PendingView, details::EntryView, platform::Dialogs {
         return {};
     }
     void unload() override { happened += "entry closed\n"; }
-    platform::Answer ask(const std::string &title, const std::string &text,
-                         platform::Buttons buttons) override
-    {
-        happened += "[" + title + "] " + text + "\n";
-        app.yield();
-        return buttons == platform::Buttons::Ok ? platform::Answer::Ok : answer;
-    }
-    std::optional<std::string> askText(const std::string &title, const std::string &text,
-                                       const std::string &initial, bool) override
-    {
-        happened += "[" + title + "] " + text + " (" + initial + ")\n";
-        return typed;
-    }
 
     static constexpr const char *kPending = "F:\\Lumbrio\\CCPending.dat";
     static constexpr const char *kMonth = "F:\\Lumbrio\\data\\CCFinal0125.dat";
@@ -110,9 +98,6 @@ struct Story : PendingView, details::EntryView, platform::Dialogs {
     records::App app{{station.run, station.files, station.time, *this, station.system,
                       station.printers, station.installation}};
     printing::Printer printer{station.printers};
-    platform::Answer answer = platform::Answer::Ok;
-    std::optional<std::string> typed;
-    std::string happened;
     std::string panel;
     int paints = 0;
     std::size_t logSeen = 0;
