@@ -16,8 +16,9 @@ using Progress = std::function<void(long slot)>;
 /// "Finish": settled records move to the month file, empty slots vanish. In all others, moving and
 /// staying, `CCNumb` is scrambled where `CCEncoded` is not "1", which it is then, and `CCAdjStatus`
 /// stands left-justified; tips, amounts and `CCstatus` stay as they are. Called in ErrorsIgnored.
-/// Kept: a refused lock is passed over. Nobody's record is lost by it: what others append comes
-/// along, and when the file was replaced meanwhile it is left alone.
+/// Kept: a refused lock is passed over. What others append meanwhile comes along, and a file that
+/// was replaced meanwhile is left alone; what may be lost all the same stands in
+/// docs/file-formats.md.
 platform::Outcome finishPending(records::App &app, const Progress &progress);
 
 /// "Mark Completed": the records of one day, "MM/DD/YYYY" or "MM/DD/YY", move to the month file as

@@ -60,7 +60,7 @@ long countRecords(App &app, const std::string &file);
 bool isSettled(const CardRecord &record);
 
 /// Moves the settled records from "CCPending.dat" to the month file, by rewriteCardFile(). Without
-/// the lock nothing moves.
+/// the lock nothing moves; "Finish" alone goes on without it.
 void moveSettledRecords(App &app);
 
 } // namespace records
