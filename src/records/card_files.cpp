@@ -10,13 +10,6 @@ using platform::Outcome;
 using platform::SlotFile;
 using platform::SlotUse;
 
-std::string wholeSlot(const CardRecord &record)
-{
-    std::string slot(record.view());
-    slot.resize(kCardSlotLength, '\0');
-    return slot;
-}
-
 /// Opens and locks. Inside ErrorsIgnored a refused lock is passed over; outside it the program is
 /// ending already.
 Outcome openLocked(App &app, SlotFile &file, SlotUse use)
@@ -48,6 +41,13 @@ StoredRecord append(SlotFile &slots, const CardRecord &record)
 }
 
 } // namespace
+
+std::string wholeSlot(const CardRecord &record)
+{
+    std::string slot(record.view());
+    slot.resize(kCardSlotLength, '\0');
+    return slot;
+}
 
 std::string pendingFile(const ProcessValues &values)
 {

@@ -16,6 +16,9 @@ std::string monthFile(const ProcessValues &values, const platform::DateTime &whe
 /// `Remotedir` + "\data\" + "MMYY" + "CCdeleted.dat".
 std::string deletedFile(const ProcessValues &values, const platform::DateTime &when);
 
+/// A record as the 500 bytes of a new slot: 10 NULs behind it.
+std::string wholeSlot(const CardRecord &record);
+
 struct StoredRecord {
     platform::Outcome outcome = platform::Outcome::Broken; // of the append and its flush
     long slot = 0; // where the record landed, from 1; 0 when it is not stored

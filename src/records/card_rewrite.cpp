@@ -1,6 +1,7 @@
 #include "records/card_rewrite.h"
 
 #include "platform/work_file.h"
+#include "records/card_files.h"
 
 #include <algorithm>
 #include <vector>
@@ -12,13 +13,6 @@ namespace {
 using platform::Outcome;
 using platform::SlotFile;
 using platform::SlotUse;
-
-std::string wholeSlot(const CardRecord &record)
-{
-    std::string slot(record.view());
-    slot.resize(kCardSlotLength, '\0');
-    return slot;
-}
 
 class Rewriting {
 public:
