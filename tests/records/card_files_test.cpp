@@ -2,7 +2,6 @@
 // in doubt. Slots as such are tested in tests/platform, moves that stop in tests/pending.
 #include "platform/work_file.h"
 #include "records/card_files.h"
-#include "support/test_files.h"
 #include "support/test_station.h"
 
 #include <gtest/gtest.h>
@@ -50,31 +49,6 @@ protected:
     TestStation station;
     App app{station.services};
 };
-
-TEST_F(CardFiles, LieWhereEveryStationLooksForThem)
-{
-    const platform::DateTime when{2024, 9, 30, 23, 59, 59, 0};
-    EXPECT_EQ(pendingFile(app.values), "F:\\Lumbrio\\CCPending.dat");
-    EXPECT_EQ(monthFile(app.values, when), "F:\\Lumbrio\\\\data\\CCFinal0924.dat");
-    EXPECT_EQ(deletedFile(app.values, when), "F:\\Lumbrio\\\\data\\0924CCdeleted.dat");
-    // The doubled separator and the other case lead into the folder that is there.
-    ASSERT_TRUE(addRecord(app, monthFile(app.values, when), cardRecord("1")).stored());
-    EXPECT_EQ(station.get("F:\\Lumbrio\\Data\\CCFinal0924.dat"), slotOf(cardRecord("1")));
-}
-
-TEST_F(CardFiles, GetANewRecordAtTheirEndAlsoBehindATornOne)
-{
-    const std::string old = slotOf(cardRecord("old"));
-    const std::string fresh = slotOf(cardRecord("new"));
-    station.put(kPending, old + std::string(260, 'x'));
-    EXPECT_EQ(addRecord(app, kPending, cardRecord("new")).slot, 3);
-    EXPECT_EQ(station.get(kPending), old + std::string(260, 'x') + std::string(240, '\0') + fresh)
-        << "more than half a slot stays one of its own";
-    station.put(kPending, support::testFile("broken/records/card_file_cut_mid_slot.dat"));
-    EXPECT_EQ(addRecord(app, kPending, cardRecord("new")).slot, 2);
-    EXPECT_EQ(station.get(kPending), support::testFile("golden/records/approval.slot") + fresh)
-        << "less than half a slot is taken over";
-}
 
 TEST_F(CardFiles, AreRewrittenInTheSlotAloneAndItsTailStays)
 {

@@ -4,8 +4,6 @@
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
-#include <sstream>
-
 namespace {
 
 using namespace records;
@@ -113,16 +111,11 @@ TEST_F(Configuration, HasAChargeAtOnceFlagThatCountsOnTheServerAlone)
 
 TEST(FileFormats, TellTheUsedFieldsOfTheConfiguration)
 {
-    std::istringstream rows(support::documentedFields("`LumbrioINI.dat`"));
-    int told = 0;
-    std::size_t offset = 0;
-    std::size_t length = 0;
-    for (int number = 0; rows >> number >> offset >> length; ++told) {
-        EXPECT_EQ(configField(number).offset, offset) << number;
-        EXPECT_EQ(configField(number).length, length) << number;
-        rows.ignore(1000, '\n');
-    }
-    EXPECT_EQ(told, 13);
+    for (const int number : {1, 2, 3, 4, 6, 8, 22, 23, 27, 30, 40, 49, 95})
+        EXPECT_TRUE(support::isDocumented(std::to_string(number) + " | " +
+                                          std::to_string(configField(number).offset) + " | " +
+                                          std::to_string(configField(number).length)))
+            << number;
 }
 
 } // namespace

@@ -19,20 +19,10 @@ inline std::string testFile(const std::string &name)
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-/// The rows "| number | offset | length | name |" of one section of docs/file-formats.md, each as
-/// "number offset length name" with a line feed.
-inline std::string documentedFields(const std::string &heading)
+/// Whether docs/file-formats.md has the row of a field, by its first columns: "4 | 120 | 20".
+inline bool isDocumented(const std::string &row)
 {
-    const std::string document = testFile("../docs/file-formats.md");
-    const std::size_t from = document.find("\n## " + heading + "\n");
-    if (from == std::string::npos)
-        ADD_FAILURE() << "docs/file-formats.md tells nothing of " << heading;
-    const std::string section = document.substr(from, document.find("\n## ", from + 1) - from);
-    const std::regex row(R"(\n\| (\d+) \| (\d+) \| (\d+) \| `?([^|`]+)[`|, ])");
-    std::string fields;
-    for (std::sregex_iterator at(section.begin(), section.end(), row), end; at != end; ++at)
-        fields += at->format("$1 $2 $3 $4\n");
-    return fields;
+    return testFile("../docs/file-formats.md").find("\n| " + row + " |") != std::string::npos;
 }
 
 } // namespace support
