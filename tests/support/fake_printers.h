@@ -19,14 +19,11 @@ public:
     std::vector<std::string> installed = {"Receipt TM-88", "Office Laser"};
     std::string preferred = "Receipt TM-88"; // or the first, where it is not installed
     std::vector<Collected> collected;
-    platform::PrintFont warmed; // the last time
 
     std::vector<std::string> names() override { return installed; }
     std::string defaultName() override
     {
-        if (installed.empty())
-            return {};
-        return has(preferred) ? preferred : installed.front();
+        return has(preferred) ? preferred : installed.empty() ? "" : installed.front();
     }
     platform::Outcome submit(const std::string &printerName, const platform::PrintJob &job) override
     {
@@ -35,7 +32,7 @@ public:
         collected.push_back({printerName, job});
         return platform::Outcome::Done;
     }
-    void warmUp(const platform::PrintFont &font) override { warmed = font; }
+    void warmUp(const platform::PrintFont &) override {}
 
 private:
     bool has(const std::string &name) const

@@ -20,6 +20,7 @@ namespace support {
 class FaultyDisk : public platform::Disk {
 public:
     using Outcome = platform::Outcome;
+    using Path = const std::string &;
 
     /// `theRoot` is left out of the paths in the log.
     explicit FaultyDisk(platform::Disk &theDisk, std::string theRoot = {})
@@ -29,21 +30,19 @@ public:
 
     /// Operation N, and only that one, does nothing and gives `outcome`; when `torn`, a write
     /// leaves the first half of its bytes there.
-    void failAt(std::size_t n, Outcome outcome, bool torn = false) { fault = {n, outcome, torn}; }
+    void failAt(std::size_t n, Outcome outcome, bool torn = false)
+    {
+        fault = {n, outcome, torn, false, {}};
+    }
     /// From operation N on nothing reaches the disk any more, as if the process had been killed;
     /// `onStop` is called once. Locks held are kept until their files are closed.
     void stopAt(std::size_t n, std::function<void()> onStop, bool torn = false)
     {
-        failAt(n, Outcome::Broken, torn);
-        whenStopped = [this, onStop] {
-            dead = true;
-            if (onStop)
-                onStop();
-        };
+        fault = {n, Outcome::Broken, torn, true, std::move(onStop)};
     }
     /// Every operation of that name ("append", "rename") on a path that ends in `pathEnd`, from
     /// now on; for a rename either path. Outcome::Done lifts it.
-    void failOn(const std::string &operation, const std::string &pathEnd, Outcome outcome)
+    void failOn(Path operation, Path pathEnd, Outcome outcome)
     {
         rules[{operation, pathEnd}] = outcome;
     }
@@ -57,27 +56,18 @@ public:
     std::size_t operations() const { return log.size(); }
     /// One line an operation: "12 append c/Lumbrio/Data/CCPending.dat 500 bytes".
     const std::vector<std::string> &operationLog() const { return log; }
-    std::string logText() const
-    {
-        std::string text;
-        for (const std::string &line : log)
-            text.append(line).append("\n");
-        return text;
-    }
+    const std::string &logText() const { return text; }
 
-    Outcome open(const std::string &path, platform::OpenMode mode,
+    Outcome open(Path at, platform::OpenMode mode,
                  std::unique_ptr<platform::DiskFile> &file) override;
-    bool isFile(const std::string &path) override { return !dead && disk.isFile(path); }
-    bool isDirectory(const std::string &path) override { return !dead && disk.isDirectory(path); }
-    Outcome modified(const std::string &path, platform::DateTime &when) override
+    bool isFile(Path at) override { return !dead && disk.isFile(at); }
+    bool isDirectory(Path at) override { return !dead && disk.isDirectory(at); }
+    Outcome modified(Path at, platform::DateTime &when) override
     {
-        return may("modified", path) ? disk.modified(path, when) : given;
+        return may("modified", at) ? disk.modified(at, when) : given;
     }
-    Outcome remove(const std::string &path) override
-    {
-        return may("remove", path) ? disk.remove(path) : given;
-    }
-    Outcome rename(const std::string &from, const std::string &to) override
+    Outcome remove(Path at) override { return may("remove", at) ? disk.remove(at) : given; }
+    Outcome rename(Path from, Path to) override
     {
         if (!may("rename", from, " to " + nameOf(to)))
             return given;
@@ -87,17 +77,17 @@ public:
                   std::filesystem::copy_options::overwrite_existing);
         return disk.remove(from);
     }
-    Outcome makeDirectory(const std::string &path) override
+    Outcome makeDirectory(Path at) override
     {
-        return may("makeDirectory", path) ? disk.makeDirectory(path) : given;
+        return may("makeDirectory", at) ? disk.makeDirectory(at) : given;
     }
-    Outcome list(const std::string &path, std::vector<std::string> &names) override
+    Outcome list(Path at, std::vector<std::string> &names) override
     {
-        return may("list", path) ? disk.list(path, names) : given;
+        return may("list", at) ? disk.list(at, names) : given;
     }
-    Outcome flushDirectory(const std::string &path) override
+    Outcome flushDirectory(Path at) override
     {
-        return may("flushDirectory", path) ? disk.flushDirectory(path) : given;
+        return may("flushDirectory", at) ? disk.flushDirectory(at) : given;
     }
 
 private:
@@ -107,29 +97,30 @@ private:
         std::size_t number = 0; // 0: never
         Outcome outcome = Outcome::Done;
         bool torn = false;
+        bool kills = false;
+        std::function<void()> onStop = {};
     };
 
     /// The path as the log has it, below the root.
-    std::string nameOf(const std::string &path) const
-    {
-        return path.substr(std::min(root.size() + 1, path.size()));
-    }
+    std::string nameOf(Path at) const { return at.substr(std::min(root.size() + 1, at.size())); }
     /// Counts and logs an operation; when it is not to be done, `given` says what it gives.
-    bool may(const std::string &operation, const std::string &path, const std::string &details = {})
+    bool may(Path operation, Path at, Path details = {})
     {
-        const std::string line = operation + ' ' + nameOf(path) + details;
-        log.push_back(std::to_string(log.size() + 1) + ' ' + line);
+        log.push_back(std::to_string(log.size() + 1) + ' ' + operation + ' ' + nameOf(at) +
+                      details);
+        text += log.back() + '\n';
         if (before)
             before(log.size());
         given = Outcome::Done;
         for (const auto &[rule, outcome] : rules)
             if (rule.first == operation &&
-                (path.ends_with(rule.second) || line.ends_with(rule.second)))
+                (at.ends_with(rule.second) || log.back().ends_with(rule.second)))
                 given = outcome;
         if (log.size() == fault.number) {
             given = fault.outcome;
-            if (whenStopped)
-                whenStopped();
+            dead = fault.kills;
+            if (fault.onStop)
+                fault.onStop();
         }
         if (dead)
             given = Outcome::Broken;
@@ -140,8 +131,8 @@ private:
     std::string root;
     std::map<std::pair<std::string, std::string>, Outcome> rules;
     std::vector<std::string> log;
+    std::string text; // the log's lines
     Fault fault;
-    std::function<void()> whenStopped;
     Outcome given = Outcome::Done;
     bool dead = false;
 };
@@ -198,17 +189,17 @@ private:
     std::unique_ptr<platform::DiskFile> file;
 };
 
-inline platform::Outcome FaultyDisk::open(const std::string &path, platform::OpenMode mode,
+inline platform::Outcome FaultyDisk::open(Path at, platform::OpenMode mode,
                                           std::unique_ptr<platform::DiskFile> &file)
 {
     constexpr std::array kModes = {" to read", " to rewrite", " to append", " emptied"};
     file.reset();
-    if (!may("open", path, kModes[static_cast<std::size_t>(mode)]))
+    if (!may("open", at, kModes[static_cast<std::size_t>(mode)]))
         return given;
     std::unique_ptr<platform::DiskFile> opened;
-    const Outcome outcome = disk.open(path, mode, opened);
+    const Outcome outcome = disk.open(at, mode, opened);
     if (done(outcome))
-        file = std::make_unique<FaultyFile>(*this, path, std::move(opened));
+        file = std::make_unique<FaultyFile>(*this, at, std::move(opened));
     return outcome;
 }
 

@@ -19,93 +19,60 @@ class ScriptedDialogs : public platform::Dialogs {
 public:
     using Answer = platform::Answer;
     using Buttons = platform::Buttons;
+    using Text = const std::string &;
     using WhileOpen = std::function<void()>;
 
     explicit ScriptedDialogs(platform::Run &theRun) : Dialogs(theRun), run(theRun) {}
-    ~ScriptedDialogs() override
-    {
-        for (const Expectation &left : expected)
-            ADD_FAILURE() << "never shown: " << (left.box.empty() ? "one more box" : left.box);
-    }
+    ~ScriptedDialogs() override { EXPECT_EQ(expected.size(), 0U) << "boxes that never came up"; }
 
     /// The next box is a message with just this title, text and buttons. An empty title is the
     /// system's own message. `whileOpen` runs while the box is open (let time pass, press Cancel
     /// on the screen behind it); the loop turns once in any case.
-    void expect(const std::string &title, const std::string &text, Buttons buttons, Answer answer,
-                WhileOpen whileOpen = {})
+    void expect(Text title, Text text, Buttons buttons, Answer answer, WhileOpen whileOpen = {})
     {
-        EXPECT_EQ(buttons == Buttons::YesNo, answer == Answer::Yes || answer == Answer::No);
-        expected.push_back({boxOf(title, text, buttons), answer, std::move(whileOpen), {}});
+        expected.push_back({boxOf(title, text, buttons), answer, std::move(whileOpen)});
     }
     /// The next box, whatever it is, gets this answer; `shown` tells afterwards what it was.
     void answerNext(Answer answer, WhileOpen whileOpen = {})
     {
-        expected.push_back({{}, answer, std::move(whileOpen), {}});
+        expected.push_back({{}, answer, std::move(whileOpen)});
     }
     std::vector<std::string> shown;
 
-    /// The next box is one to type into, with `initial` in it; no `typed` is a Cancel.
-    void expectInput(const std::string &title, const std::string &text, const std::string &initial,
-                     std::optional<std::string> typed)
-    {
-        const Answer answer = typed ? Answer::Ok : Answer::Cancel;
-        expected.push_back({boxOf(title, text, initial), answer, {}, typed.value_or("")});
-    }
-
 protected:
-    Answer ask(const std::string &title, const std::string &text, Buttons buttons) override
+    Answer ask(Text title, Text text, Buttons buttons) override
     {
         const Answer harmless = buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
-        const auto answered = take(boxOf(title, text, buttons));
-        return answered ? answered->answer : harmless;
+        shown.push_back(boxOf(title, text, buttons));
+        EXPECT_FALSE(expected.empty()) << shown.back();
+        if (expected.empty())
+            return harmless;
+        const Expectation next = std::move(expected.front());
+        expected.pop_front(); // before the loop turns: a timer may bring up the next box
+        EXPECT_EQ(next.box.empty() ? shown.back() : next.box, shown.back());
+        const bool wasEnding = run.ending();
+        run.yield();
+        if (next.whileOpen)
+            next.whileOpen();
+        return run.ending() && !wasEnding ? harmless : next.answer;
     }
-    std::optional<std::string> askText(const std::string &title, const std::string &text,
-                                       const std::string &initial, bool) override
+    std::optional<std::string> askText(Text title, Text text, Text, bool) override
     {
-        const auto answered = take(boxOf(title, text, initial));
-        if (!answered || answered->answer == Answer::Cancel)
-            return std::nullopt;
-        return answered->typed;
+        ADD_FAILURE() << "nobody types into [" << title << "] " << text;
+        return std::nullopt;
     }
 
 private:
     struct Expectation {
         std::string box; // everything that is seen of it, in words
-        Answer answer = Answer::Cancel;
+        Answer answer;
         WhileOpen whileOpen;
-        std::string typed;
     };
 
-    static std::string boxOf(const std::string &title, const std::string &text, Buttons buttons)
+    static std::string boxOf(Text title, Text text, Buttons buttons)
     {
         constexpr std::array kCaptions = {" (Ok)", " (Ok, Cancel)", " (Yes, No)"};
         return "[" + title + "] " + text + kCaptions[static_cast<std::size_t>(buttons)];
-    }
-
-    static std::string boxOf(const std::string &title, const std::string &text,
-                             const std::string &initial)
-    {
-        return "[" + title + "] " + text + " (typed: " + initial + ")";
-    }
-
-    /// The answer to the box, or nothing when it was not expected or the program ended behind it.
-    std::optional<Expectation> take(const std::string &box)
-    {
-        shown.push_back(box);
-        if (!expected.empty() && expected.front().box.empty())
-            expected.front().box = box;
-        EXPECT_EQ(expected.empty() ? "no box" : expected.front().box, box);
-        if (expected.empty())
-            return std::nullopt;
-        const Expectation answered = std::move(expected.front());
-        expected.pop_front(); // before the loop turns: a timer may bring up the next box
-        const bool wasEnding = run.ending();
-        run.yield();
-        if (answered.whileOpen)
-            answered.whileOpen();
-        if (answered.box != box || (run.ending() && !wasEnding))
-            return std::nullopt;
-        return answered;
     }
 
     platform::Run &run;

@@ -15,7 +15,7 @@ std::string approvedResult()
 TenderStory::TenderStory()
 {
     station.folder("F:\\Lumbrio\\data");
-    station.installXcharge();
+    station.put(TestStation::kXcharge, "program");
     station.put(kModeFlag, "");
     station.put("C:\\Lumbrio\\CCard.dat",
                 "\"Xcharge.exe\"\r\n\"c:\\Program Files\\X-Charge\\\"\r\n\"-1\"\r\n\"-1\"\r\n"
@@ -98,13 +98,6 @@ void TenderStory::type(const tender::TypedCard &card)
     station.time.at(500, [this] { tender.SSCommand3_Click(); });
 }
 
-std::vector<std::string> TenderStory::left() const
-{
-    std::vector<std::string> names;
-    realDisk->list(station.drives.resolve(kLocalTran), names);
-    return names;
-}
-
 void TenderStory::run(std::uint64_t limit)
 {
     tender.Form_Load();
@@ -123,9 +116,7 @@ void TenderStory::run(std::uint64_t limit)
 std::vector<records::CardRecord> TenderStory::records(const std::string &path) const
 {
     std::vector<records::CardRecord> list;
-    if (!station.has(path))
-        return list;
-    const std::string bytes = station.get(path);
+    const std::string bytes = station.has(path) ? station.get(path) : "";
     for (std::size_t at = 0; at + records::kCardSlotLength <= bytes.size();
          at += records::kCardSlotLength) {
         records::CardRecord record;

@@ -94,7 +94,7 @@ public:
     /// "Enter Manually".
     void type(const tender::TypedCard &card);
     /// Files of the exchange with the server that lie there.
-    std::vector<std::string> left() const;
+    std::vector<std::string> left() const { return TestStation(&station).files.list(kLocalTran); }
     std::optional<std::string> reply = "\"YA12345\"\r\n";
     std::uint64_t replyAfter = 2000;   // ms
     std::vector<std::string> requests; // as the server took them
@@ -108,7 +108,6 @@ public:
     std::string answer() const { return station.get("C:\\Lumbrio\\Xsend.ans"); }
     bool answered() const { return station.has("C:\\Lumbrio\\Xsend.ans"); }
     std::string processTrace() const { return station.get("C:\\Lumbrio\\CCLastProcess.dat"); }
-    std::string traceLog() const { return station.get("C:\\Lumbrio\\TRACELOG.TXT"); }
     /// Records of a file; none when it is not there.
     std::vector<records::CardRecord> records(const std::string &path) const;
     std::vector<records::CardRecord> pending() const { return records(kPending); }
@@ -134,7 +133,6 @@ public:
 private:
     void serve();
 
-    std::unique_ptr<platform::Disk> realDisk = platform::systemDisk();
     bool running = false;
     records::LumbrioConfig config;
 };

@@ -23,7 +23,6 @@ TestStation::TestStation(const platform::DateTime &start, const TestStation *oth
       disk(*realDisk, drives.root())
 {
     run.reportFailure = [this](const std::string &text) { dialogs.systemMessage(text); };
-    time.onRunAway = [this] { run.end(); };
     folder("c:\\Lumbrio\\Data");
     folder("c:\\Program Files\\X-charge");
 }

@@ -47,8 +47,6 @@ public:
     void folder(const std::string &path) { create_directories(realPath(path)); }
     /// Removes the file or the whole folder.
     void erase(const std::string &path) { remove_all(realPath(path)); }
-    /// Puts the payment application's program in its place.
-    void installXcharge() { put(kXcharge, "program"); }
 
     /// Lets time pass as a wait of the program does.
     void advance(std::uint64_t milliseconds);
