@@ -98,9 +98,10 @@ TEST(PaymentServer, AnswersAloneKeepsNoCardAndEndsWhenItShould)
 
     ::kill(id, SIGTERM);
     EXPECT_EQ(server.hear(), "sim_server: ends");
+    EXPECT_EQ(server.hear(), "") << "gone, and its lock with it";
     support::SecondProcess next(serve);
     next.hear();
-    EXPECT_NE(next.hear().find("answers in "), std::string::npos) << "the lock is free again";
+    EXPECT_NE(next.hear().find(": answers in "), std::string::npos) << "the lock is free again";
     station.erase(kFolder);
     EXPECT_EQ(next.hear(), "sim_server: ends");
 }
