@@ -8,7 +8,6 @@
 #include "support/qt/screen_checks.h"
 
 #include <QLabel>
-#include <QMouseEvent>
 #include <QRadioButton>
 
 #include <gtest/gtest.h>
@@ -56,13 +55,12 @@ struct ScreenStory : Story {
             all += option->isChecked() ? option->text().toStdString() : "";
         return all;
     }
-    void mouse(QEvent::Type what, int row)
+    /// A tap that begins on one row and ends on another.
+    void tap(QEvent::Type what, int from, int to)
     {
-        const QPointF place = list.visualRect(list.model()->index(row, 1)).center();
-        QMouseEvent event(what, place, list.viewport()->mapToGlobal(place), Qt::LeftButton,
-                          what == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
-                          Qt::NoModifier);
-        QApplication::sendEvent(list.viewport(), &event);
+        for (const auto &[kind, row] : {std::pair(what, from), {QEvent::MouseButtonRelease, to}})
+            support::touch(*list.viewport(), kind,
+                           list.visualRect(list.model()->index(row, 1)).center());
     }
     void hover(QEvent::Type what)
     {
@@ -102,13 +100,10 @@ TEST(PendingScreen, OpensTheRecordOfARowByFingerAndKeyboardInAnyOrder)
     EXPECT_FALSE(story.enabled("Process") || story.enabled("Archive"));
     EXPECT_TRUE(story.enabled("Done") && story.enabled("Print"));
 
-    story.mouse(QEvent::MouseButtonPress, 1);
-    story.mouse(QEvent::MouseButtonRelease, 1);
+    story.tap(QEvent::MouseButtonPress, 1, 1);
     EXPECT_EQ(story.takeOpened(), "F:\\Lumbrio\\CCPending.dat 3; ");
-    story.mouse(QEvent::MouseButtonDblClick, 1);
-    story.mouse(QEvent::MouseButtonRelease, 1);
-    story.mouse(QEvent::MouseButtonPress, 0);
-    story.mouse(QEvent::MouseButtonRelease, 2);
+    story.tap(QEvent::MouseButtonDblClick, 1, 1);
+    story.tap(QEvent::MouseButtonPress, 0, 2);
     EXPECT_EQ(story.takeOpened(), "") << "a second click, and a finger that left the row";
 
     EXPECT_TRUE(click(QStringLiteral("Sort by Receipt Number")));

@@ -1,4 +1,6 @@
-// Texts without a file: command lines without quotes, and print jobs in plain text.
+// Texts without a file: command lines without quotes, print jobs in plain text, and
+// installation.ini as people really write it.
+#include "platform/installation.h"
 #include "platform/print_job.h"
 #include "platform/program_search.h"
 #include "support/golden_table.h"
@@ -37,6 +39,34 @@ TEST(PrintJobs, show_their_lines_as_printed_in_plain_text)
                                      {Kind::Picture, "Picture9"}})
         job.operations.push_back({kind, text, {}});
     EXPECT_EQ(plainText(job), support::testFile("golden/platform/plain_text.txt"));
+}
+
+/// Everything that was read, one line a printer and one for the rest.
+std::string read(std::string_view text)
+{
+    const Installation all = parseInstallation(text);
+    std::ostringstream told;
+    for (const SpoolPrinter &one : all.spoolPrinters)
+        told << one.name << ", " << one.widthMm << " x " << one.heightMm << ", " << one.folder
+             << (one.isDefault ? ", default\n" : "\n");
+    for (const char byte : all.cutBytes)
+        told << static_cast<int>(byte) << ' ';
+    for (const std::string &word : {all.xchargeUserId, all.xchargePassword, all.connectionTest,
+                                    all.suppliesPage, all.helpPage, all.editorCommand})
+        told << '|' << word;
+    told << '|' << all.browserCommand;
+    return told.str();
+}
+
+TEST(Installation, is_read_with_its_comments_and_without_its_nonsense)
+{
+    EXPECT_EQ(read(support::testFile("golden/platform/installation.ini")),
+              support::testFile("golden/platform/installation.txt"));
+    const std::string defaults = "29 86 66 0 |pos|trelva|||||";
+    EXPECT_EQ(read(""), defaults);
+    EXPECT_EQ(read(support::testFile("broken/platform/installation.ini")),
+              "Printer 3, 80 x 0, spool/3\n" + defaults);
+    EXPECT_EQ(read("[printer.real]\ncut =   ; the knife is broken\n"), "|pos|trelva|||||");
 }
 
 } // namespace

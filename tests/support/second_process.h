@@ -5,6 +5,7 @@
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
+#include <fstream>
 #include <functional>
 #include <string>
 #include <sys/wait.h>
@@ -25,14 +26,11 @@ public:
             work();
             ::_exit(0); // not exit(): the test's own endings are the parent's
         }
-        ::close(ends[1]);
-        output = ::fdopen(ends[0], "r");
+        output.open("/dev/fd/" + std::to_string(ends[0]));
+        for (const int end : ends)
+            ::close(end);
     }
-    ~SecondProcess()
-    {
-        kill();
-        std::fclose(output);
-    }
+    ~SecondProcess() { kill(); }
     SecondProcess(const SecondProcess &) = delete;
     SecondProcess &operator=(const SecondProcess &) = delete;
 
@@ -42,8 +40,7 @@ public:
     std::string hear()
     {
         std::string line;
-        for (int c = 0; (c = std::fgetc(output)) != EOF && c != '\n';)
-            line += static_cast<char>(c);
+        std::getline(output, line);
         return line;
     }
     /// Kills it as a power cut would, and returns when it is gone. What it said can still be heard.
@@ -58,7 +55,7 @@ public:
 
 private:
     int id = 0;
-    std::FILE *output = nullptr;
+    std::ifstream output;
 };
 
 } // namespace support

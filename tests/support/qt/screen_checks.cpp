@@ -53,15 +53,10 @@ QString accessibleNameOf(QWidget &control)
     return seen == nullptr ? QString() : seen->text(QAccessible::Name);
 }
 
-void resizeTo(QWidget &window, QSize size)
-{
-    window.resize(size);
-    QApplication::processEvents();
-}
-
 std::string clippedControls(QWidget &window, QSize size)
 {
-    resizeTo(window, size);
+    window.resize(size);
+    QApplication::processEvents(); // the layouts follow
     QStringList found;
     if (window.width() > size.width() || window.height() > size.height())
         found << described(&window);

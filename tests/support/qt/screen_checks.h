@@ -14,8 +14,6 @@ inline constexpr std::array<QSize, 2> kScreenSizes = {QSize(1024, 768), QSize(12
 
 /// What a screen reader calls the control.
 QString accessibleNameOf(QWidget &control);
-/// Gives the window the size and its layouts the time to follow.
-void resizeTo(QWidget &window, QSize size);
 /// Visible controls that are smaller than what they show, reach out of their parent, or lie on
 /// one another; and the window itself when it could not become as small as it was asked to.
 /// Labels that end in dots are not among them. Each check gives one line per finding, so nothing
