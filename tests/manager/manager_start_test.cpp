@@ -1,19 +1,20 @@
 // The manager's first screen, told in a golden story: a copy of the data before every choice, the
 // log of it, and what is cleaned up before the list opens.
 #include "manager/manager_start.h"
-#include "support/test_files.h"
+#include "support/golden_table.h"
+#include "support/noted_dialogs.h"
 #include "support/test_station.h"
 
 #include <chrono>
-#include <regex>
+#include <map>
 #include <set>
 
 namespace {
 
 using namespace manager;
 
-struct Night : ManagerStartView, platform::Dialogs {
-    Night() : Dialogs(station.run)
+struct Night : ManagerStartView, support::NotedDialogs {
+    Night() : NotedDialogs(station.run)
     {
         records::LumbrioConfig config;
         config.set(records::kMaindir, "C:\\Lumbrio\\");
@@ -23,37 +24,39 @@ struct Night : ManagerStartView, platform::Dialogs {
         station.put("F:\\Lumbrio\\CCPending.dat", "the night's records");
     }
 
-    void press(const std::string &command)
+    /// A marker of a station, or whatever has to be there; on request written to at noon of a day.
+    void put(const std::string &path, int date) // YYYYMMDD
+    {
+        station.put(path, "\"01:00 PM\",\"7\",\"Ann\",\"BAR\",\" \"\r\n");
+        const std::chrono::sys_days day =
+            std::chrono::year(date / 10000) / (date / 100 % 100) / (date % 100);
+        if (date > 0)
+            last_write_time(std::filesystem::path(station.drives.resolve(path)),
+                            std::chrono::file_clock::from_sys(day + std::chrono::seconds(43200)));
+    }
+    std::string press(const std::string &command)
     {
         std::istringstream words(command);
         std::string verb;
-        std::string path;
-        int date = 0; // YYYYMMDD
-        words >> verb >> path >> date;
-        if (verb == "Form_Load")
-            start.Form_Load();
-        if (verb == "NEXT")
-            start.SSCommand3_Click();
-        if (verb == "QUIT")
-            start.SSCommand4_Click();
-        if (verb == "wait")
-            station.advance(static_cast<std::uint64_t>(records::wholeNumber(path)));
-        if (verb == "February")
-            station.time.setNow({2025, 9, 30, 23, 0, 0, 0});
-        if (verb == "fail")
-            station.disk.failOn("rename", path, platform::Outcome::NoRoom);
-        if (verb == "type")
-            typed = path;
-        if (verb == "erase")
-            station.erase(path);
-        if (verb == "file")
-            station.put(path, "\"01:00 PM\",\"7\",\"Ann\",\"BAR\",\" \"\r\n");
-        if (verb == "file" && date > 0) { // written to at noon of that day
-            const std::chrono::sys_days day =
-                std::chrono::year(date / 10000) / (date / 100 % 100) / (date % 100);
-            last_write_time(std::filesystem::path(station.drives.resolve(path)),
-                            std::chrono::file_clock::from_sys(day + std::chrono::seconds(43200)));
-        }
+        std::string word;
+        int date = 0;
+        words >> verb >> word >> date;
+        const std::map<std::string, std::function<void()>> verbs = {
+            {"Form_Load", [&] { start.Form_Load(); }},
+            {"NEXT", [&] { start.SSCommand3_Click(); }},
+            {"QUIT", [&] { start.SSCommand4_Click(); }},
+            {"wait", [&] { station.advance(static_cast<std::uint64_t>(std::stoi(word))); }},
+            {"September",
+             [&] {
+                 station.time.setNow({2025, 9, 30, 23, 0, 0, 0});
+             }},
+            {"fail", [&] { station.disk.failOn("rename", word, platform::Outcome::NoRoom); }},
+            {"type", [&] { typed = word; }},
+            {"erase", [&] { station.erase(word); }},
+            {"file", [&] { put(word, date); }},
+        };
+        verbs.at(verb)();
+        return lookAround();
     }
     /// Everything on the drives but the log, which is told by its new lines.
     std::string lookAround()
@@ -73,7 +76,8 @@ struct Night : ManagerStartView, platform::Dialogs {
             happened += "log: " + (line == records::kProgramVersion ? "(version)" : line) + "\n";
         told = log.size();
         happened += station.run.ending() ? "ended\n" : "";
-        return std::exchange(happened, "");
+        // The paragraphs of a box stand closer together.
+        return std::regex_replace(std::exchange(happened, ""), std::regex("\n+"), "\n");
     }
     void refresh(const ManagerStartFields &fields) override
     {
@@ -84,22 +88,10 @@ struct Night : ManagerStartView, platform::Dialogs {
         shown = now;
     }
     void paintNow() override {}
-    platform::Answer ask(const std::string &, const std::string &, platform::Buttons) override
-    {
-        return platform::Answer::Cancel;
-    }
-    std::optional<std::string> askText(const std::string &title, const std::string &text,
-                                       const std::string &, bool) override
-    {
-        happened += "[" + title + "] " + std::regex_replace(text, std::regex("\n+"), " / ") + "\n";
-        return typed;
-    }
 
     support::TestStation station;
     records::App app{{station.run, station.files, station.time, *this, station.system,
                       station.printers, station.installation}};
-    std::optional<std::string> typed;
-    std::string happened;
     std::string shown = ":";
     std::set<std::string> seen;
     std::size_t told = 0;
@@ -109,21 +101,14 @@ struct Night : ManagerStartView, platform::Dialogs {
 
 TEST(ManagerStart, GoesAsItsGoldenStoryTells)
 {
-    const std::string golden = support::testFile("golden/manager/start.txt");
     std::unique_ptr<Night> night;
-    std::string told;
-    for (const std::string &line : platform::splitLines(golden)) {
-        if (line.empty() || line[0] == '#' || line[0] == '>')
-            told += line + "\n";
-        if (line == "> new") {
-            night = std::make_unique<Night>();
-            night->lookAround();
-        } else if (line.starts_with("> ")) {
-            night->press(line.substr(2));
-            told += night->lookAround();
-        }
-    }
-    EXPECT_EQ(told, golden);
+    support::expectStory("manager/start.txt", [&](const std::string &command) {
+        if (command != "new")
+            return night->press(command);
+        night = std::make_unique<Night>();
+        night->lookAround();
+        return std::string();
+    });
 }
 
 } // namespace

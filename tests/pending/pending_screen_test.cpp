@@ -4,6 +4,7 @@
 #include "details/XchargeEntryDetals.h"
 #include "pending/pending_story.h"
 #include "platform/qt/mlist.h"
+#include "platform/qt/print_painter.h"
 #include "support/qt/qt_station.h"
 #include "support/qt/screen_checks.h"
 
@@ -185,6 +186,24 @@ TEST(PendingScreen, FitsBothSizesWithItsWidestTexts)
         EXPECT_EQ(support::badlyNamedControls(story.screen), "");
         story.hover(QEvent::Leave);
         EXPECT_TRUE(story.screen.findChild<QWidget *>(QStringLiteral("hintBand"))->isVisible());
+    }
+}
+
+/// Fifty rows, their headings and the mark of a page are one page of paper.
+TEST(PrintedListOnPaper, NeedsNoMorePagesThanItHasMarks)
+{
+    Story story;
+    std::string pending;
+    for (int i = 0; i < 101; ++i)
+        pending += slotOf("CCTip=12.50");
+    story.station.put(Story::kPending, pending);
+    story.list.SSCommand3_Click();
+    story.list.SSCommand4_Click();
+    const platform::PrintJob job = story.station.printers.collected.back().job;
+    platform::Banners banners;
+    for (const auto &[width, height] : {std::pair(216, 279), {210, 297}}) {
+        const QByteArray pdf = platform::paintPdf(job, banners, width, height);
+        EXPECT_EQ(pdf.count("/Type /Page\n"), 3) << width;
     }
 }
 

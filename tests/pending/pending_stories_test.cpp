@@ -1,7 +1,7 @@
 // The manager's list, told in golden stories: a line "> command" is done, and what happened or is
 // to be shown then follows it.
 #include "pending/pending_story.h"
-#include "support/test_files.h"
+#include "support/golden_table.h"
 
 namespace pending {
 
@@ -38,11 +38,11 @@ std::string Story::press(const std::string &command)
         {"DELETE RED'S", [&] { list.SSCommand14_Click(); }},
         {"Mark all completed", [&] { list.SSCommand15_Click(); }},
         {"picture", [&] { list.Image1_Click(); }},
+        {"saved", [&] { list.entrySaved(); }},
         {"Move_Completed", [&] { moveSettledRecords(app); }},
         {"option ", [&] { list.SSOption1_Click(static_cast<int>(number)); }},
         {"click ", [&] { list.MList1_Click(number); }},
         {"mouse ", [&] { list.SSCommand11_Mouse(word == "over"); }},
-        {"saved", [&] { list.entrySaved(); }},
         {"entry ", [&] { EXPECT_TRUE(details::pressEntry(entry, word)) << word; }},
         {"OK", [&] { answer = platform::Answer::Ok; }},
         {"Cancel", [&] { answer = platform::Answer::Cancel; }},
@@ -180,21 +180,15 @@ TEST(Stories, OfTheListGoAsTheirGoldenFilesTell)
 {
     for (const char *name : {"rows", "dates", "sorted", "colours", "list", "enabling", "busy",
                              "printed", "entry", "bulk", "emptied", "failures"}) {
-        const std::string golden =
-            support::testFile("golden/pending/" + std::string(name) + ".txt");
         std::unique_ptr<Story> story;
-        std::string told;
-        for (const std::string &line : platform::splitLines(golden)) {
-            if (line.starts_with("> new")) {
-                story.reset();
-                story = std::make_unique<Story>(nullptr, line == "> new, grey");
-            }
-            if (line.empty() || line[0] == '#' || line[0] == '>')
-                told += line + "\n";
-            if (line.starts_with("> ") && !line.starts_with("> new"))
-                told += story->press(line.substr(2));
-        }
-        EXPECT_EQ(told, golden);
+        support::expectStory("pending/" + std::string(name) + ".txt",
+                             [&](const std::string &command) {
+                                 if (!command.starts_with("new"))
+                                     return story->press(command);
+                                 story.reset();
+                                 story = std::make_unique<Story>(nullptr, command == "new, grey");
+                                 return std::string();
+                             });
     }
 }
 

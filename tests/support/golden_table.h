@@ -1,5 +1,6 @@
 // Golden tables: files of rows "input|output|output" below a line of headings, below tests/golden/.
-// \r and \n in a row stand for those bytes.
+// \r and \n in a row stand for those bytes. Golden stories: lines "> command", each followed by
+// what happened then; # begins a line for the reader.
 #pragma once
 
 #include "platform/files.h"
@@ -28,6 +29,20 @@ template <class Outputs> void expectTable(const std::string &name, Outputs outpu
         table += "\n";
     }
     EXPECT_EQ(table, golden);
+}
+
+/// Does all commands anew, `press` telling for each what happened; the same story must come out.
+template <class Press> void expectStory(const std::string &name, Press press)
+{
+    const std::string golden = testFile("golden/" + name);
+    std::string told;
+    for (const std::string &line : platform::splitLines(golden)) {
+        if (line.empty() || line[0] == '#' || line[0] == '>')
+            told += line + "\n";
+        if (line.starts_with("> "))
+            told += std::string(press(line.substr(2)));
+    }
+    EXPECT_EQ(told, golden);
 }
 
 } // namespace support
