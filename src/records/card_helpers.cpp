@@ -48,6 +48,20 @@ constexpr std::array kPrefixRules = {
     PrefixRule{"4", "4", {"Visa", 2}},
 };
 
+bool isSeparator(char c)
+{
+    return c == ' ' || c == '-';
+}
+
+/// Digits and the separators between them that `text` begins with.
+std::string_view digitRun(std::string_view text)
+{
+    if (text.empty() || isSeparator(text.front()))
+        return {};
+    const std::string_view run = text.substr(0, text.find_first_not_of("0123456789 -"));
+    return run.substr(0, run.find_last_not_of(" -") + 1);
+}
+
 std::string twoDigits(int number)
 {
     return (number < 10 ? "0" : "") + std::to_string(number);
@@ -68,7 +82,7 @@ std::string StrDecode(std::string_view text)
 CardBrand CreditCardType(std::string_view number)
 {
     std::string digits = Trim(number);
-    std::erase_if(digits, [](char c) { return c == ' ' || c == '-'; });
+    std::erase_if(digits, isSeparator);
     const bool numeric = digits.find_first_not_of("0123456789") == std::string::npos;
     if (!numeric || digits.size() < 14)
         return kUnknown;
@@ -83,6 +97,23 @@ CardBrand CreditCardType(std::string_view number)
 std::string maskedNumber(std::string_view number)
 {
     return "XXXX XXXX XXXX " + Right(Trim(number), 4);
+}
+
+std::string withoutCardNumbers(std::string_view text)
+{
+    constexpr std::size_t kShortestCard = 13; // digits
+    std::string result;
+    while (!text.empty()) {
+        const std::string_view run = digitRun(text);
+        std::string digits(run);
+        std::erase_if(digits, isSeparator);
+        if (digits.size() >= kShortestCard)
+            result += maskedNumber(digits);
+        else
+            result += text.substr(0, std::max<std::size_t>(run.size(), 1));
+        text.remove_prefix(std::max<std::size_t>(run.size(), 1));
+    }
+    return result;
 }
 
 std::string turnedExpiry(std::string_view expiry)

@@ -29,6 +29,10 @@ CardBrand CreditCardType(std::string_view number);
 /// "XXXX XXXX XXXX " and the last 4 characters of the trimmed number.
 std::string maskedNumber(std::string_view number);
 
+/// The text with each run of 13 digits or more, blanks and hyphens between them or not, as a
+/// masked number: what a card number and anything written right behind it would be.
+std::string withoutCardNumbers(std::string_view text);
+
 /// A 4-digit expiry turned round, "YYMM" to "MMYY" and back; any other text stays.
 std::string turnedExpiry(std::string_view expiry);
 

@@ -1,5 +1,6 @@
 #include "tender/local_request.h"
 
+#include "records/card_helpers.h"
 #include "records/delimited.h"
 
 namespace tender {
@@ -58,7 +59,7 @@ std::string localAmount(std::string_view amount)
 
 std::string answerText(std::string_view content)
 {
-    return DelimitedReader(content).next();
+    return withoutCardNumbers(DelimitedReader(content).next());
 }
 
 std::string outcomeWord(std::string_view answer)

@@ -50,7 +50,8 @@ std::string requestLine(const LocalRequest &request);
 /// The amount as the request sends it: mask "#######.##", a value of 0 becomes "1.00".
 std::string localAmount(std::string_view amount);
 
-/// The one value of an answer file; empty when there is none.
+/// The one value of an answer file; empty when there is none. It goes into traces, the record and
+/// the answer for the point of sale, so a card number that a server repeats in it arrives masked.
 std::string answerText(std::string_view content);
 
 /// "Approved" for an answer that begins with "Y", else "Declined"; capitals count.
