@@ -20,12 +20,6 @@ std::unique_ptr<platform::Disk> chosenDisk(const ProgramOptions &options)
     return options.wrapDisk ? options.wrapDisk(std::move(disk)) : std::move(disk);
 }
 
-std::unique_ptr<platform::System> chosenSystem(const ProgramOptions &options,
-                                               std::unique_ptr<platform::System> system)
-{
-    return options.wrapSystem ? options.wrapSystem(std::move(system)) : std::move(system);
-}
-
 platform::Installation readInstallation(platform::Disk &disk, const std::string &folder)
 {
     std::unique_ptr<platform::DiskFile> file;
@@ -64,7 +58,7 @@ Program::Parts::Parts(const ProgramOptions &options)
     : disk(chosenDisk(options)), drives(*disk, platform::Drives::defaultRoot()),
       installation(readInstallation(*disk, drives.root())), clock(options.clockScale), loop(clock),
       run(loop), files(*disk, drives, run), dialogs(run),
-      system(chosenSystem(options, platform::runningSystem(drives, installation))),
+      system(platform::runningSystem(drives, installation)),
       printers(installation, drives.root()), services{run,     files,    clock,       dialogs,
                                                       *system, printers, installation}
 {

@@ -15,7 +15,6 @@ namespace roles {
 struct ProgramOptions {
     double clockScale = 1.0; // milliseconds that pass in the program for one of the wall's
     std::function<std::unique_ptr<platform::Disk>(std::unique_ptr<platform::Disk>)> wrapDisk;
-    std::function<std::unique_ptr<platform::System>(std::unique_ptr<platform::System>)> wrapSystem;
 };
 
 class Program {

@@ -1,14 +1,12 @@
 // The stand-in for the payment server must answer what its table says, whole requests alone, and
-// never tell or keep a card.
+// never tell a card.
 #include "records/delimited.h"
 #include "simulator/payment_server.h"
-#include "simulator/pos.h"
 #include "simulator/sandbox.h"
+#include "support/golden_table.h"
 #include "support/second_process.h"
 #include "support/test_station.h"
 #include "tender/local_request.h"
-
-#include <gtest/gtest.h>
 
 #include <csignal>
 #include <unistd.h>
@@ -19,53 +17,39 @@ namespace {
 
 const std::string kFolder = "c:\\Program Files\\X-charge\\LocalTran\\";
 
-std::string typed(const std::string &amount, const std::string &receipt = "1043")
-{
-    return tender::requestLine(
-        {true, "7", receipt, "4111111111111111", "1232", amount, "98765", true});
-}
-
 } // namespace
 
-TEST(PaymentServer, AnswersWholeLinesAsTheirRowsSay)
+// A row is an amount and a receipt, or a whole line; what a tender makes of the answer then.
+TEST(PaymentServer, AnswersWholeLinesAsTheGoldenTableSaysAndTellsNoCard)
 {
-    const struct {
-        std::string content;
-        char atOnce; // of the word that a tender makes of the answer; '-' while there is none
-        std::uint64_t after = 60000; // ms
-        char finally = atOnce;
-        // clang-format off
-    } cases[] = {{typed("48.50"), 'A'}, {typed("31"), 'A'}, {typed("31.01"), 'D'}, {typed("31.02"), 'D'},
-                 {typed("31.07"), '-'}, {typed("31.08"), 'D'}, {typed("31.09"), 'D'}, {typed("31.11"), 'A'},
-                 {typed("31.12"), '-', 12000, 'A'}, {typed("31.13"), 'D'}, {typed("31.14"), 'D'},
-                 {typed("31.16"), 'D', 400, 'A'}, {typed("31.18"), 'A'}, {typed("31.68"), '-', 8000, 'A'},
-                 {typed("-5.00"), 'D'}, {typed("x"), 'D'}, {typed("48.50", "4111111111111111"), 'A'},
-                 {"\"C1\",\"4111111111111111\"\r\n", 'D'}};
-    // clang-format on
-    support::TestStation station;
-    std::string told;
-    PaymentServer server(station.files, station.run, kFolder, [&](auto &text) { told += text; });
-    const std::string answer = kFolder + "BAR.ans";
-    const auto word = [&] {
-        const std::string content = station.has(answer) ? station.get(answer) : "none";
-        records::DelimitedReader reader(content);
-        return content == "none" ? '-' : tender::outcomeWord(reader.next()).front();
-    };
-    std::uint64_t now = 0;
-    for (const auto &each : cases) {
-        station.put(kFolder + "BAR.req", each.content);
-        server.turn(++now);
-        EXPECT_FALSE(station.has(kFolder + "BAR.req")) << each.content;
-        server.turn(now + each.after - 1);
-        EXPECT_EQ(word(), each.atOnce) << each.content;
-        server.turn(now += each.after);
-        EXPECT_EQ(word(), each.finally) << each.content;
-        station.erase(answer);
-    }
-    EXPECT_EQ(told.find("4111"), std::string::npos) << told;
+    support::expectTable("simulator/server.txt", [](const std::string &input) {
+        support::TestStation station;
+        std::string told;
+        PaymentServer server(station.files, station.run, kFolder,
+                             [&](auto &text) { told += text; });
+        const std::size_t blank = input.find(' ');
+        station.put(
+            kFolder + "BAR.req",
+            input.starts_with('"')
+                ? input
+                : tender::requestLine({true, "7", input.substr(blank + 1), "4111111111111111",
+                                       "1232", input.substr(0, blank), "98765", true}));
+        std::vector<std::string> words;
+        for (const std::uint64_t now : {1U, 400U, 401U, 8000U, 8001U, 12000U, 12001U, 60000U}) {
+            server.turn(now);
+            const std::string answer = kFolder + "BAR.ans";
+            words.push_back(!station.has(answer)
+                                ? ""
+                                : tender::outcomeWord(tender::answerText(station.get(answer))));
+        }
+        words.emplace_back(station.has(kFolder + "BAR.req") ? "not taken" : "taken");
+        for (const char *secret : {"4111", "98765"})
+            EXPECT_EQ(told.find(secret), std::string::npos) << told;
+        return words;
+    });
 }
 
-TEST(PaymentServer, AnswersAloneKeepsNoCardAndEndsWhenItShould)
+TEST(PaymentServer, AnswersAloneAndEndsWhenItIsToldOrItsFolderIsGone)
 {
     support::TestStation station;
     const std::string root = station.drives.root();
@@ -76,32 +60,21 @@ TEST(PaymentServer, AnswersAloneKeepsNoCardAndEndsWhenItShould)
         support::SecondProcess::say(std::to_string(::getpid()));
         ::execl(program.c_str(), program.c_str(), nullptr);
     };
+    const auto begins = [](support::SecondProcess &server) {
+        const int id = std::stoi(server.hear());
+        EXPECT_NE(server.hear().find(": answers in "), std::string::npos) << "the lock is free";
+        return id;
+    };
     support::SecondProcess server(serve);
-    const int id = std::stoi(server.hear());
-    EXPECT_NE(server.hear().find("answers in "), std::string::npos);
-    ChildProcess second = startServer(placeOf(station.files), root);
-    EXPECT_TRUE(second.waitForEnd(20000)) << "two would answer the same requests";
-    second.kill();
-
-    station.put(kFolder + "A.req", typed("48.50").substr(0, 40));
-    station.put(kFolder + "B.new", typed("48.50"));
-    station.disk.rename(station.drives.resolve(kFolder + "B.new"),
-                        station.drives.resolve(kFolder) + "/B.req");
-    EXPECT_NE(server.hear().find("XXXX XXXX XXXX 1111: approved"), std::string::npos);
-    EXPECT_EQ(station.get(kFolder + "B.ans").substr(0, 2), "\"Y");
-    EXPECT_FALSE(station.has(kFolder + "A.ans")) << "half a request";
-    station.erase(kFolder + "A.req");
-    for (const std::string &folder : {kFolder, kFolder + "..\\"})
-        for (const std::string &name : station.files.list(folder))
-            for (const char *secret : {"11111111", "98765"})
-                EXPECT_EQ(station.get(folder + name).find(secret), std::string::npos) << name;
-
+    const int id = begins(server);
+    support::SecondProcess second(serve);
+    second.hear();
+    EXPECT_NE(second.hear().find(": another one answers in "), std::string::npos);
     ::kill(id, SIGTERM);
     EXPECT_EQ(server.hear(), "sim_server: ends");
     EXPECT_EQ(server.hear(), "") << "gone, and its lock with it";
     support::SecondProcess next(serve);
-    next.hear();
-    EXPECT_NE(next.hear().find(": answers in "), std::string::npos) << "the lock is free again";
+    begins(next);
     station.erase(kFolder);
     EXPECT_EQ(next.hear(), "sim_server: ends");
 }

@@ -1,5 +1,5 @@
 // Hand: a hand at the keyboard of a program under test, on its own clock. What it does stands in
-// the environment, as tests/programs/TndrCC_played_main.cpp tells.
+// the environment, as tests/programs/played_main.cpp tells.
 #pragma once
 
 #include "platform/clock.h"
