@@ -1,71 +1,64 @@
-// The slips word for word, and what decides which of them are printed, cut and closed.
+// The slips word for word, and what decides which of them are printed, where, cut and closed. One
+// golden file a story: above its "----" what happens, a verb and its words a line; below it the
+// paper of every printer.
+#include "printing/printer_choice.h"
 #include "printing/slip.h"
 #include "records/card_helpers.h"
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
+#include <sstream>
+
 namespace {
 
 using namespace printing;
 using namespace records;
+using platform::splitLines;
 
 /// A station with a configured receipt printer and an approved payment in hand.
-struct Payment {
+class Payment {
+public:
     Payment()
     {
         station.folder("c:\\Lumbrio\\Data");
         app.values.Maindir = "C:\\Lumbrio\\";
         app.values.EmployeeShortName = "Maria ";
         app.values.PrintTipLine = true;
-        const std::pair<ConfigField, const char *> configuration[] = {
-            {kBusinessName, "The Copper Kettle"},
-            {kAddressLine1, "14 Harbour Street"},
-            {kAddressLine2, "Portsmouth NH 03801"},
-            {kSlipFontFamily, "Receipt Sans"},
-            {kSlipFontSize, "9"}};
-        for (const auto &[field, text] : configuration)
-            app.values.config.set(field, text);
-        const std::pair<CardField, const char *> record[] = {{CCNumb, "4111111111111111"},
-                                                             {HiddenNumb, "XXXX XXXX XXXX 8765"},
-                                                             {CCName, "JOHN Q PUBLIC"},
-                                                             {CCDate, "01/15/25"},
-                                                             {CCTime, "01:05 PM"},
-                                                             {CCReceipt, "1043"},
-                                                             {CCServer, "7"},
-                                                             {CCTable, "12"},
-                                                             {CCSaleAmt, "1248.50"},
-                                                             {CCTabAmt, "1248.50"},
-                                                             {CCApprovedAmt, "1200.00"},
-                                                             {CCaditionalFUNDS, "48.50"},
-                                                             {CApprovalCode, "A12345"},
-                                                             {CCStation, "BAR1"}};
-        for (const auto &[field, text] : record)
-            set(field, text);
         context.requestText = "12";
         context.seconds = " 4 ";
         context.transRecord = 17;
-        printer.setFamily("Left by another job");
-        printer.setBold(true);
-        printer.setItalic(true);
+        tell(support::testFile("golden/slips/payment.txt"));
     }
 
-    void set(const CardField &field, const char *text) { app.values.CCdata.set(field, text); }
+    void tell(const std::string &script)
+    {
+        for (const std::string &line : splitLines(script)) {
+            const std::size_t blank = std::min(line.find(' '), line.size());
+            const auto verb = verbs.find(line.substr(0, blank));
+            ASSERT_NE(verb, verbs.end()) << line;
+            verb->second(line.substr(std::min(blank + 1, line.size())));
+        }
+    }
 
-    template <class... Slips> void print(Slips... slips) { (slips(app, printer, context), ...); }
-
-    /// Pictures and cuts of what has been printed since the last time, each job in brackets.
-    std::string outline()
+    std::string paper() const
     {
         std::string text;
-        for (const auto &collected : std::exchange(station.printers.collected, {})) {
-            std::string inside;
-            for (const platform::PrintOperation &operation : collected.job.operations) {
-                if (operation.kind == platform::PrintOperation::Kind::Picture)
-                    inside += " " + operation.text;
-                if (operation.kind == platform::PrintOperation::Kind::Cut)
-                    inside += " cut";
-            }
-            text += "[" + inside + " ]";
+        for (const auto &[name, job] : station.printers.collected)
+            text += "on " + name + "\n" + platform::describe(job);
+        return text;
+    }
+
+    /// Pictures and cuts of what that prints, each job in brackets.
+    std::string outline(const std::string &script)
+    {
+        station.printers.collected.clear();
+        tell(script);
+        std::string text;
+        for (const auto &collected : station.printers.collected) {
+            text += "[";
+            for (const std::string &line : splitLines(platform::describe(collected.job)))
+                text += line.starts_with("picture ") ? line.substr(7) : line == "cut" ? " cut" : "";
+            text += " ]";
         }
         return text;
     }
@@ -73,127 +66,127 @@ struct Payment {
     support::TestStation station;
     App app{station.services};
     Printer printer{station.printers};
+
+private:
+    void record(const std::string &words)
+    {
+        for (const CardField &field : kCardFields)
+            if (words.starts_with(field.name + std::string(" ")))
+                app.values.CCdata.set(field, words.substr(words.find(' ') + 1));
+    }
+
+    using Words = const std::string &;
     SlipContext context;
+    const std::map<std::string, std::function<void(Words)>> verbs = {
+        {"record", [&](Words words) { record(words); }},
+        {"empty-record", [&](Words) { app.values.CCdata = {}; }},
+        {"scrambled", [&](Words text) { app.values.CCdata.set(CCNumb, StrEncode(text)); }},
+        {"configure",
+         [&](Words text) {
+             const int field = std::stoi(text);
+             app.values.config.set(configField(field), text.substr(text.find(' ') + 1));
+         }},
+        {"put", [&](Words name) { station.put("c:\\Lumbrio\\" + name, ""); }},
+        {"request", [&](Words text) { context.requestText = text; }},
+        {"no-customer-copy", [&](Words) { context.noCustomerCopy = true; }},
+        {"no-cut", [&](Words) { app.values.NoCut2Flag = -1; }},
+        {"no-tip-line", [&](Words) { app.values.PrintTipLine = false; }},
+        {"command-line", [&](Words) { app.values.X1009 = true; }},
+        {"reprint", [&](Words) { context.reprint = true; }},
+        {"gift", [&](Words) { context.giftMarker = true; }},
+        {"tip-before",
+         [&](Words tipAndTotal) {
+             context.tipPreApproved = true;
+             context.preApprovedTip = Val(tipAndTotal);
+             context.totalWithTip = Val(tipAndTotal.substr(tipAndTotal.find(' ')));
+         }},
+        {"Print_Merch", [&](Words) { Print_Merch(app, printer, context); }},
+        {"Print_Cust", [&](Words) { Print_Cust(app, printer, context); }},
+        {"PrintPartial_Merch", [&](Words) { PrintPartial_Merch(app, printer, context); }},
+        {"PrintPartial_Cust", [&](Words) { PrintPartial_Cust(app, printer, context); }},
+        {"Att_Server", [&](Words) { Att_Server(app, printer); }},
+        {"Reprint_Merch", [&](Words) { Reprint_Merch(app, printer, context); }},
+        {"Reprint_Cust", [&](Words) { Reprint_Cust(app, printer, context); }},
+        {"Print_Cust2", [&](Words) { Print_Cust2(app, printer, context); }},
+        {"balance-page", [&](Words) { printGiftBalancePage(app, printer); }},
+        {"choose",
+         [&](Words name) {
+             app.values.ReceiptPrinterName = name;
+             Set_Printer(app, printer);
+         }},
+        {"choose-vendor", [&](Words) { Set_PrinterVendor(printer); }},
+        {"family", [&](Words name) { printer.setFamily(name); }},
+        {"size", [&](Words points) { printer.setSize(std::stoi(points)); }},
+        {"bold", [&](Words) { printer.setBold(true); }},
+        {"italic", [&](Words) { printer.setItalic(true); }},
+        {"line", [&](Words text) { printer.line(text); }},
+        {"tabs", [&](Words columns) { printer.tabs(columns); }},
+        {"cut", [&](Words) { printer.cut(); }},
+        {"new-page", [&](Words) { printer.newPage(); }},
+        {"close", [&](Words) { printer.closeJob(); }},
+    };
 };
 
 TEST(Slips, AreThoseOfTheirGoldenFiles)
 {
-    const std::pair<const char *, void (*)(Payment &)> slips[] = {
-        {"merchant", [](Payment &p) { p.print(Print_Merch); }},
-        {"customer", [](Payment &p) { p.print(Print_Cust); }},
-        {"partial_merchant", [](Payment &p) { p.print(PrintPartial_Merch); }},
-        {"partial_customer", [](Payment &p) { p.print(PrintPartial_Cust); }},
-        {"attention", [](Payment &p) { Att_Server(p.app, p.printer); }},
-        {"void", [](Payment &p) { p.print(Print_Cust2); }},
-        {"reprints",
-         [](Payment &p) {
-             p.context.reprint = true;
-             p.context.tipPreApproved = true; // a reprint leaves the tip open
-             p.print(Reprint_Merch, Reprint_Cust);
-         }},
-        {"gift_balance",
-         [](Payment &p) {
-             p.set(GCbalance, "25.5");
-             p.context.giftMarker = true;
-             p.print(Print_Merch, Print_Cust, Reprint_Cust);
-             printGiftBalancePage(p.app, p.printer);
-         }},
-        {"negative_balance_is_on_marked_reprints_alone",
-         [](Payment &p) {
-             p.set(GCbalance, "-3");
-             p.print(Print_Merch, Print_Cust, Reprint_Cust);
-             p.context.giftMarker = true;
-             p.print(Reprint_Cust);
-         }},
-        {"offline_approval_in_command_line_mode",
-         [](Payment &p) {
-             p.app.values.X1009 = true; // the number as the processor gave it
-             p.set(CCTroutID, "OFFLINE ");
-             p.print(Print_Merch, Print_Cust);
-         }},
-        {"tip_chosen_before",
-         [](Payment &p) {
-             p.context.tipPreApproved = true;
-             p.context.preApprovedTip = Money::fromCents(22473);
-             p.context.totalWithTip = Money::fromCents(147323);
-             p.print(Print_Merch, Print_Cust);
-         }},
-        {"no_tip_line",
-         [](Payment &p) {
-             p.app.values.PrintTipLine = false;
-             p.print(Print_Merch, Print_Cust);
-         }},
-        {"void_of_a_plain_number_and_a_sale_amount",
-         [](Payment &p) {
-             p.set(HiddenNumb, "");
-             p.set(CCTabAmt, "0.00");
-             p.set(CCApprovedAmt, "");
-             p.set(CCSaleAmt, "$7.25");
-             p.print(Print_Cust2);
-         }},
-        {"partial_without_a_balance",
-         [](Payment &p) {
-             p.set(CCaditionalFUNDS, "0.00");
-             p.print(PrintPartial_Merch);
-             EXPECT_EQ(p.app.values.CCdata.text(CCaditionalFUNDS), "5");
-         }},
-        {"empty_record_and_no_font_size",
-         [](Payment &p) {
-             p.app.values.CCdata = {}; // its name is printed as it stands: NULs
-             p.app.values.config.set(kSlipFontSize, "");
-             p.print(Print_Merch, Print_Cust2);
-         }},
-    };
-    for (const auto &[name, slip] : slips) {
+    std::size_t told = 0;
+    for (const auto &entry :
+         std::filesystem::directory_iterator(TESTS_DIR "/golden/slips/stories")) {
+        const std::string name = entry.path().filename().string();
+        SCOPED_TRACE(name);
+        const std::string golden = support::testFile("golden/slips/stories/" + name);
+        const std::string script = golden.substr(0, golden.find("----\n"));
         Payment payment;
-        slip(payment);
-        EXPECT_FALSE(payment.printer.jobOpen()) << name;
-        std::string paper;
-        for (const auto &[printer, job] : payment.station.printers.collected)
-            paper += "on " + printer + "\n" + platform::describe(job);
-        EXPECT_EQ(paper, support::testFile("golden/slips/" + std::string(name) + ".txt")) << name;
+        payment.tell(script);
+        EXPECT_FALSE(payment.printer.jobOpen());
+        EXPECT_EQ(script + "----\n" + payment.paper(), golden);
+        ++told;
     }
+    EXPECT_EQ(told, 16U);
 }
 
-TEST(Slips, AreCutAndClosedByTheSwitchesOfTheGoldenTable)
+/// Verbs of a row stand behind semicolons; each column is what those of its heading print.
+void expectOutlines(const std::string &table, const std::vector<std::string> &scripts)
 {
-    support::expectTable("slips/cuts.txt", [](const std::string &switches) {
+    const auto lines = [](const std::string &verbs) {
+        return std::regex_replace(verbs, std::regex("; "), "\n");
+    };
+    support::expectTable(table, [&](const std::string &verbs) {
         Payment payment;
-        payment.app.values.config.set(kReceiptAutocut, switches.starts_with("-1") ? "-1" : "0");
-        payment.app.values.NoCut2Flag = switches.find("NoCut2") == switches.npos ? 0 : -1;
-        if (switches.find("CCardCut.dat") != switches.npos)
-            payment.station.put("c:\\Lumbrio\\Data\\CCardCut.dat", "");
+        payment.tell(lines(verbs));
         std::vector<std::string> outlines;
-        payment.print(Print_Merch, Print_Cust);
-        outlines.push_back(payment.outline());
-        payment.printer.closeJob();
-        outlines.push_back(payment.outline());
-        payment.print(PrintPartial_Merch, PrintPartial_Cust);
-        Att_Server(payment.app, payment.printer);
-        outlines.push_back(payment.outline());
-        payment.print(Reprint_Merch, Reprint_Cust, Print_Cust2);
-        outlines.push_back(payment.outline());
+        for (const std::string &script : scripts)
+            outlines.push_back(payment.outline(lines(script)));
+        const std::string approval = "c:\\Lumbrio\\CreditApproval.dat";
+        outlines.push_back(payment.station.has(approval) ? payment.station.get(approval) : "");
         return outlines;
     });
 }
 
-// The copies of a deleted prepayment and those that nobody wants; the reference that the customer's
-// leaves behind is scrambled.
-TEST(Slips, ArePrintedForTheRequestsAndSwitchesOfTheGoldenTable)
+// The reference that the customer's copy leaves behind, when it is not printed, is scrambled.
+TEST(Slips, AreCutClosedAndLeftOutAsTheGoldenTablesSay)
 {
-    support::expectTable("slips/copies.txt", [](const std::string &input) {
+    expectOutlines("slips/cuts.txt", {"Print_Merch; Print_Cust", "close",
+                                      "PrintPartial_Merch; PrintPartial_Cust; Att_Server",
+                                      "Reprint_Merch; Reprint_Cust; Print_Cust2"});
+    expectOutlines("slips/copies.txt",
+                   {"Print_Merch; Print_Cust", "PrintPartial_Merch; PrintPartial_Cust"});
+}
+
+TEST(Slips, GoToTheLastPrinterThatFits)
+{
+    support::expectTable("slips/printers.txt", [](const std::string &input) {
         Payment payment;
-        payment.set(CCNumb, StrEncode("4111111111111111").c_str());
-        payment.context.requestText = input.substr(0, input.find(" + "));
-        payment.context.noCustomerCopy = input.find("box") != input.npos;
-        if (input.find("CCnoPrint.dat") != input.npos)
-            payment.station.put("c:\\Lumbrio\\CCnoPrint.dat", "");
-        payment.print(Print_Merch, Print_Cust);
-        const std::string normal = payment.outline();
-        payment.print(PrintPartial_Merch, PrintPartial_Cust);
-        const std::string approval = "c:\\Lumbrio\\CreditApproval.dat";
-        return std::vector{normal, payment.outline(),
-                           payment.station.has(approval) ? payment.station.get(approval) : ""};
+        const std::size_t of = input.find(" of ");
+        std::istringstream names(input.substr(of + 4));
+        payment.station.printers.installed.clear();
+        for (std::string name; std::getline(names, name, ',');)
+            payment.station.printers.installed.push_back(name);
+        payment.tell("choose " + input.substr(0, of));
+        const std::string selected = payment.printer.selectedName();
+        const std::string vendor = payment.printer.vendorPrinterPresent() ? "vendor" : "";
+        payment.tell("choose-vendor");
+        return std::vector{selected, vendor, payment.printer.selectedName()};
     });
 }
 
