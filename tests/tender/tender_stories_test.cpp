@@ -1,19 +1,11 @@
 // Whole tenders, and all that each leaves behind: how it ended, what the operator was told, the
-// answer, the records, the slips, the traces. One golden file a story: above its "----" what
-// happens, a line each of moment (ms, "first", or an event), verb and words ("*" stands for an
-// approved result); below it what is left.
-#include "support/tender_story.h"
-#include "support/test_files.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <map>
+// answer, the records, the slips, the traces.
+#include "telling.h"
+#include "tender/wait_rules.h"
 
 namespace {
 
 using namespace records;
-using platform::Answer;
 using support::TenderStory;
 
 std::string leftBehind(const TenderStory &story)
@@ -48,7 +40,7 @@ std::string leftBehind(const TenderStory &story)
                     text += std::string(field.name) + " " + record.text(field) + "\n";
     }
     for (const std::string &file :
-         {values.Maindir + "Xsend.ans", values.Maindir + "XAudit.DAT",
+         {std::string("C:\\Xsend.ans"), values.Maindir + "Xsend.ans", values.Maindir + "XAudit.DAT",
           values.Maindir + "CCnoPrint.dat", values.Maindir + "CreditApproval.dat",
           values.Maindir + "CCLastProcess.dat", values.Maindir + "TRACELOG.TXT",
           values.Remotedir + "BadSwipe.dat"}) {
@@ -59,176 +51,99 @@ std::string leftBehind(const TenderStory &story)
     return text + "== slips\n" + story.slips();
 }
 
-class Telling {
+class TenderTelling : public support::Telling {
 public:
-    std::string tell(const std::string &script)
+    TenderTelling()
     {
+        verbs.insert({
+            {"swipe", [&](W) { story.swipe(); }},
+            {"first-track", [&](W w) { tender.Text2_Change(w.all); }},
+            {"second-track", [&](W w) { tender.Text5_Change(w.all); }},
+            {"type",
+             [&](W w) {
+                 story.type({w.all.substr(0, 16), w.all.substr(17, 4), w.all.substr(22)});
+             }},
+            {"look", [&](W) { look(); }},
+            {"watch", [&](W) { watch(); }},
+            {"offline-panel", [&](W) { story.tender.offlinePanel = true; }},
+            {"stop-waiting", [&](W) { story.app.values.StopWaiting = 65535; }},
+            {"check-mode", [&](W w) { story.app.values.managerCheckMode = w.all; }},
+            {"no-cut", [&](W) { story.app.values.NoCut2Flag = -1; }},
+            {"month-ends", [&](W) { story.station.time.setNow(kLastSeconds); }},
+            {"prefer", [&](W w) { story.station.printers.preferred = w.all; }},
+            {"no-printers", [&](W) { story.station.printers.installed.clear(); }},
+            {"role", [&](W w) { story.station.system.executable = w.all; }},
+            {"Cancel", [&](W) { tender.SSCommand1_Click(); }},
+            {"Enter-Manually", [&](W) { tender.SSCommand3_Click(); }},
+            {"CONFIG", [&](W) { tender.SSCommand5_Click(); }},
+            {"gratuity", [&](W) { tender.SSCommand7_Click(); }},
+            {"YES", [&](W) { tender.SSCommand8_Click(); }},
+            {"NO", [&](W) { tender.SSCommand9_Click(); }},
+            {"warning", [&](W) { tender.SSPanel4_Click(); }},
+            {"Start-Xcharge", [&](W) { tender.Command3_Click(); }},
+            {"no-receipt", [&](W) { tender.SSCheck1_Click(true); }},
+            {"picture", [&](W) { tender.deleteBatchMarker(); }},
+        });
         story.view.onManager = [this] { happen("manager"); };
         story.view.onBusy = [this] { happen("busy"); };
         story.station.system.onKill = [this](const std::string &) { happen("kill"); };
-        for (const std::string &line : platform::splitLines(script)) {
-            const std::size_t blank = line.find(' ');
-            const std::string moment = line.substr(0, blank);
-            const std::string rest = line.substr(blank + 1);
-            if (moment == "first")
-                act(rest);
-            else if (std::isdigit(moment[0]) != 0)
-                story.station.time.at(std::stoull(moment), [this, rest] { act(rest); });
-            else
-                events.emplace(moment, rest);
-        }
+        story.view.onRefresh = [this](const tender::TenderFields &fields) {
+            if (fields.Text3 == "Approved Printing Receipt")
+                happen("printing");
+        };
+    }
+
+    std::string tell(const std::string &script) override
+    {
+        listen(script);
         story.run(100'000);
         return leftBehind(story) + seen;
     }
 
 private:
-    void happen(const std::string &event)
+    static constexpr platform::DateTime kLastSeconds{2025, 1, 31, 23, 59, 58, 0};
+
+    void look()
     {
-        for (auto [at, end] = events.equal_range(event); at != end; ++at)
-            act(at->second);
-    }
-    void act(const std::string &line)
-    {
-        const std::size_t blank = std::min(line.find(' '), line.size());
-        const auto verb = verbs.find(line.substr(0, blank));
-        ASSERT_NE(verb, verbs.end()) << line;
-        std::string words = line.substr(std::min(blank + 1, line.size()));
-        for (const auto &[what, by] : {std::pair(R"(\\r)", std::string("\r")),
-                                       {R"(\\n)", "\n"},
-                                       {R"(\\0)", std::string(1, '\0')}})
-            words = std::regex_replace(words, std::regex(what), by);
-        verb->second(words.starts_with('*') ? support::approvedResult() + words.substr(1) : words);
-    }
-    void look(const std::string &)
-    {
-        seen += "seen " + (story.answered() ? story.answer().substr(0, 22) : "no answer") +
+        seen += "seen " + (story.answered() ? story.answer().substr(0, 22) : "no answer") + ", " +
+                std::to_string(story.pending().size()) + " records, " +
+                std::to_string(story.station.printers.collected.size()) + " slips" +
                 (story.station.has(TenderStory::kMarker) ? ", marker" : "") +
                 (story.view.hidden ? ", hidden" : "") +
-                (story.tender.state().SSPanel5Visible ? ", offline panel" : "") + ", mode " +
+                (tender.state().SSPanel5Visible ? ", offline panel" : "") + ", mode " +
                 story.app.values.managerCheckMode + "\n";
     }
 
-    using Words = const std::string &;
-    TenderStory story;
-    std::multimap<std::string, std::string> events; // of one event in order of entry
-    std::string seen;
+    /// Tells of each change of what an operator who waits sees, and when it came.
+    void watch()
+    {
+        story.station.time.maxStep = 10;
+        story.view.onRefresh = [this](const tender::TenderFields &fields) {
+            const std::string now = std::string(fields.SSCommand1.enabled ? " Cancel" : "") +
+                                    (fields.SSPanel2Visible ? " panel" : "") +
+                                    (fields.SSPanel4Visible ? " warning" : "") +
+                                    (fields.SSPanel4Red ? " red" : "") +
+                                    (fields.SSRibbonsVisible ? " ribbons" : "") +
+                                    (fields.Label7Visible ? " counting" : "") + ", " +
+                                    std::to_string(story.station.system.started.size()) +
+                                    " starts, " + fields.Text3 + "\n";
+            if (std::exchange(watched, now) != now)
+                seen += std::to_string(story.station.time.milliseconds()) + now;
+        };
+    }
+
+    std::string watched;
     tender::Tender &tender = story.tender;
-    const std::map<std::string, std::function<void(Words)>> verbs = {
-        {"put",
-         [&](Words text) {
-             const std::size_t bar = text.find('|');
-             story.station.put(text.substr(0, bar), text.substr(bar + 1));
-         }},
-        {"erase", [&](Words path) { story.station.erase(path); }},
-        {"configure",
-         [&](Words text) { story.configure(std::stoi(text), text.substr(text.find(' ') + 1)); }},
-        {"refuse",
-         [&](Words text) {
-             const std::size_t blank = text.find(' ');
-             story.station.disk.failOn(text.substr(0, blank), text.substr(blank + 1),
-                                       platform::Outcome::Denied);
-         }},
-        {"payment", [&](Words result) { story.paymentAnswers(result); }},
-        {"late-payment", [&](Words result) { story.paymentAnswers(result, story.replyAfter); }},
-        {"second-payment",
-         [&](Words result) {
-             story.station.system.onStart = [this, result](const support::FakeSystem::Started &) {
-                 if (story.station.system.started.size() == 2)
-                     story.station.time.after(
-                         2500, [this, result] { story.station.put(TenderStory::kResult, result); });
-             };
-         }},
-        {"put-result", [&](Words result) { story.station.put(TenderStory::kResult, result); }},
-        {"take-cards-here", [&](Words) { story.takeCardsHere(); }},
-        {"reply", [&](Words text) { story.reply = text; }},
-        {"long-reply", [&](Words) { story.reply = std::string(100'000, 'Z'); }},
-        {"reply-after", [&](Words text) { story.replyAfter = std::stoull(text); }},
-        {"silent",
-         [&](Words) {
-             story.reply = std::nullopt;
-             story.paymentKeepsSilent();
-         }},
-        {"answer",
-         [&](Words text) {
-             story.station.put(TenderStory::kLocalTran + Left(story.left().at(0), 22) + "ans",
-                               text);
-         }},
-        {"swipe", [&](Words) { story.swipe(); }},
-        {"first-track", [&](Words text) { tender.Text2_Change(text); }},
-        {"second-track", [&](Words text) { tender.Text5_Change(text); }},
-        {"type",
-         [&](Words text) {
-             story.type({text.substr(0, 16), text.substr(17, 4), text.substr(22)});
-         }},
-        {"dialog",
-         [&](Words text) {
-             story.station.dialogs.answerNext(text == "Ok" ? Answer::Ok : Answer::Cancel,
-                                              [this] { happen("dialog"); });
-         }},
-        {"approve", [&](Words name) { story.app.values.managerResult = name; }},
-        {"approve-the-second-time",
-         [&](Words) {
-             const std::string name = story.app.values.ManagerTable[0].name;
-             story.app.values.managerResult = story.view.asked.size() == 1 ? "NO" : name;
-         }},
-        {"pass", [&](Words text) { story.pass(std::stoull(text)); }},
-        {"look", [&](Words) { look({}); }},
-        {"offline-panel", [&](Words) { story.tender.offlinePanel = true; }},
-        {"stop-waiting", [&](Words) { story.app.values.StopWaiting = 65535; }},
-        {"check-mode", [&](Words text) { story.app.values.managerCheckMode = text; }},
-        {"no-cut", [&](Words) { story.app.values.NoCut2Flag = -1; }},
-        {"month-ends",
-         [&](Words) {
-             story.station.time.setNow({2025, 1, 31, 23, 59, 58, 0});
-         }},
-        {"prefer", [&](Words name) { story.station.printers.preferred = name; }},
-        {"no-printers", [&](Words) { story.station.printers.installed.clear(); }},
-        {"role", [&](Words name) { story.station.system.executable = name; }},
-        {"end", [&](Words) { story.station.run.end(); }},
-        {"Cancel", [&](Words) { tender.SSCommand1_Click(); }},
-        {"Enter-Manually", [&](Words) { tender.SSCommand3_Click(); }},
-        {"CONFIG",
-         [&](Words times) {
-             for (int n = std::stoi(times); n > 0; --n)
-                 tender.SSCommand5_Click();
-         }},
-        {"gratuity", [&](Words) { tender.SSCommand7_Click(); }},
-        {"YES", [&](Words) { tender.SSCommand8_Click(); }},
-        {"NO", [&](Words) { tender.SSCommand9_Click(); }},
-        {"warning", [&](Words) { tender.SSPanel4_Click(); }},
-        {"Start-Xcharge", [&](Words) { tender.Command3_Click(); }},
-        {"no-receipt", [&](Words) { tender.SSCheck1_Click(true); }},
-        {"picture", [&](Words) { tender.deleteBatchMarker(); }},
-    };
 };
 
 TEST(Story, LeavesBehindWhatItsGoldenFileSays)
 {
-    std::size_t told = 0;
-    for (const auto &entry :
-         std::filesystem::directory_iterator(TESTS_DIR "/golden/tender/stories")) {
-        const std::string name = entry.path().filename().string();
-        SCOPED_TRACE(name);
-        const std::string golden = support::testFile("golden/tender/stories/" + name);
-        const std::string script = golden.substr(0, golden.find("----\n"));
-        EXPECT_EQ(script + "----\n" + Telling().tell(script), golden);
-        ++told;
-    }
-    EXPECT_GE(told, 60U);
+    support::expectStories<TenderTelling>("tender/stories", 75);
 }
 
-TEST(Story, OfAnApprovalStoresBeforeItPrintsAndPrintsBeforeItAnswers)
+TEST(Count, GoesOnWhenTheSystemsClockWraps)
 {
-    TenderStory story;
-    std::string seen;
-    story.view.onRefresh = [&](const tender::TenderFields &fields) {
-        if (fields.Text3 == "Approved Printing Receipt")
-            seen = std::to_string(story.pending().size()) + " record, " +
-                   std::to_string(story.station.printers.collected.size()) + " slips, " +
-                   (story.answered() ? "answered" : "no answer");
-    };
-    story.run();
-    EXPECT_EQ(seen, "1 record, 0 slips, no answer");
+    EXPECT_EQ(tender::countSince(4'294'967'000U, 664), 1) << "296 ms before";
 }
 
 } // namespace

@@ -12,11 +12,13 @@ namespace support {
 
 QWidget *controlNamed(const QString &accessibleName)
 {
+    const QWidget *modal = QApplication::activeModalWidget(); // no finger reaches behind it
     for (QWidget *control : QApplication::allWidgets()) {
         // A caption has the name of the control that it belongs to.
         const auto *label = qobject_cast<QLabel *>(control);
         const bool isCaption = label != nullptr && label->buddy() != nullptr;
         if (control->isVisible() && !control->isWindow() && !isCaption &&
+            (modal == nullptr || control->window() == modal) &&
             accessibleNameOf(*control) == accessibleName)
             return control;
     }

@@ -21,8 +21,8 @@ public:
     ~QtStation() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 };
 
-/// The visible control of that accessible name (a button's caption, where it has no other) in any
-/// open window; null when there is none.
+/// The visible control of that accessible name (a button's caption, where it has no other) in the
+/// modal window, or in any open one while there is none; null when it is not there.
 QWidget *controlNamed(const QString &accessibleName);
 /// Clicks it as a finger does, when it is enabled; false when it is not, or not there.
 bool click(const QString &accessibleName);
