@@ -2,6 +2,7 @@
 // in doubt. Slots as such are tested in tests/platform, moves that stop in tests/pending.
 #include "platform/work_file.h"
 #include "records/card_files.h"
+#include "support/card_text.h"
 #include "support/test_station.h"
 
 #include <gtest/gtest.h>
@@ -11,18 +12,11 @@ namespace {
 using namespace records;
 using platform::ErrorsIgnored;
 using platform::Outcome;
+using support::recordOf;
 using support::TestStation;
 
 constexpr const char *kPending = "F:\\Lumbrio\\CCPending.dat";
 constexpr const char *kMonth = "F:\\Lumbrio\\data\\CCFinal0125.dat";
-
-CardRecord cardRecord(const std::string &receipt, const std::string &status = "Not Adjusted")
-{
-    CardRecord record;
-    record.set(CCReceipt, receipt);
-    record.set(CCAdjStatus, status);
-    return record;
-}
 
 std::string slotOf(const CardRecord &record, const std::string &tail = std::string(10, '\0'))
 {
@@ -33,8 +27,8 @@ std::string slotOf(const CardRecord &record, const std::string &tail = std::stri
 std::string receipts(const std::string &bytes)
 {
     std::string list;
-    for (std::size_t at = CCReceipt.offset; at < bytes.size(); at += kCardSlotLength)
-        list += Trim(std::string_view(bytes).substr(at, CCReceipt.length)) + " ";
+    for (const CardRecord &record : support::recordsIn(bytes))
+        list += record.text(CCReceipt) + " ";
     return list;
 }
 
@@ -52,14 +46,16 @@ protected:
 
 TEST_F(CardFiles, AreRewrittenInTheSlotAloneAndItsTailStays)
 {
-    const std::string file = slotOf(cardRecord("1")) + slotOf(cardRecord("2"), "0123456789");
+    const std::string file =
+        slotOf(recordOf("CCReceipt=1")) + slotOf(recordOf("CCReceipt=2"), "0123456789");
     station.put(kPending, file);
-    const CardRecord two = cardRecord("two", "Completed");
-    EXPECT_FALSE(replaceRecord(app, kPending, 2, cardRecord("1"), two)) << "it is another's";
-    EXPECT_FALSE(removeRecord(app, kPending, 2, cardRecord("1")));
+    const CardRecord two = recordOf("CCReceipt=two;CCAdjStatus=Completed");
+    EXPECT_FALSE(replaceRecord(app, kPending, 2, recordOf("CCReceipt=1"), two))
+        << "it is another's";
+    EXPECT_FALSE(removeRecord(app, kPending, 2, recordOf("CCReceipt=1")));
     EXPECT_EQ(station.get(kPending), file);
-    ASSERT_TRUE(replaceRecord(app, kPending, 2, cardRecord("2"), two));
-    EXPECT_EQ(station.get(kPending), slotOf(cardRecord("1")) + slotOf(two, "0123456789"));
+    ASSERT_TRUE(replaceRecord(app, kPending, 2, recordOf("CCReceipt=2"), two));
+    EXPECT_EQ(station.get(kPending), slotOf(recordOf("CCReceipt=1")) + slotOf(two, "0123456789"));
     CardRecord record;
     EXPECT_TRUE(done(readRecord(app, kPending, 2, record)) && record == two);
     EXPECT_TRUE(done(readRecord(app, kPending, 3, record)) && record == CardRecord());
@@ -69,9 +65,9 @@ TEST_F(CardFiles, ReportARecordThatFoundNoRoomOrIsNotOnTheDisk)
 {
     const ErrorsIgnored ignored(station.run);
     for (const auto &[operation, slot] : {std::pair("append", 0), {"flush", 2}}) {
-        station.put(kPending, slotOf(cardRecord("1")));
+        station.put(kPending, slotOf(recordOf("CCReceipt=1")));
         station.disk.failOn(operation, "CCPending.dat", Outcome::NoRoom);
-        const StoredRecord stored = addRecord(app, kPending, cardRecord("2"));
+        const StoredRecord stored = addRecord(app, kPending, recordOf("CCReceipt=2"));
         EXPECT_TRUE(stored.outcome == Outcome::NoRoom && stored.slot == slot) << operation;
         EXPECT_EQ(receipts(station.get(kPending)), slot == 2 ? "1 2 " : "1 ") << operation;
         station.disk.failOn(operation, "CCPending.dat", Outcome::Done);
@@ -81,13 +77,10 @@ TEST_F(CardFiles, ReportARecordThatFoundNoRoomOrIsNotOnTheDisk)
 TEST_F(CardFiles, KeepTheirOrderWhenTheSettledOnesMoveOnceAndNothingMovesInDoubt)
 {
     std::string pending;
-    for (const auto &[receipt, status] : {std::pair("1", "Completed"),
-                                          {"2", "Not Adjusted"},
-                                          {"3", "completed"},
-                                          {"4", "  Com"},
-                                          {"5", "Adjusted - Pending"},
-                                          {"6", "Co"}})
-        pending += slotOf(cardRecord(receipt, status), receipt + std::string(9, '.'));
+    for (const std::string text :
+         {"1;CCAdjStatus=Completed", "2", "3;CCAdjStatus=completed", "4;CCAdjStatus=  Com",
+          "5;CCAdjStatus=Adjusted - Pending", "6;CCAdjStatus=Co"})
+        pending += slotOf(recordOf("CCReceipt=" + text), text[0] + std::string(9, '.'));
     pending += slotOf(CardRecord()); // never filled: it is a slot all the same
     station.put(kPending, pending);
     {
@@ -101,7 +94,7 @@ TEST_F(CardFiles, KeepTheirOrderWhenTheSettledOnesMoveOnceAndNothingMovesInDoubt
             station.disk.failOn(operation, file, Outcome::Done);
         }
     }
-    station.put(kMonth, slotOf(cardRecord("0", "Completed")));
+    station.put(kMonth, slotOf(recordOf("CCReceipt=0;CCAdjStatus=Completed")));
     station.put("F:\\Lumbrio\\ccpending.tmp", std::string(3000, 'x')); // left over
     for (int moves = 0; moves < 2; ++moves) {
         moveSettledRecords(app);
@@ -113,19 +106,19 @@ TEST_F(CardFiles, KeepTheirOrderWhenTheSettledOnesMoveOnceAndNothingMovesInDoubt
 
 TEST_F(CardFiles, AreNotRewrittenThroughAWorkFileThatSomebodyElseHasInHand)
 {
-    const std::string before = slotOf(cardRecord("1", "Completed"));
+    const std::string before = slotOf(recordOf("CCReceipt=1;CCAdjStatus=Completed"));
     station.put(kPending, before);
     TestStation other(&station);
     platform::WorkFile theirs(other.files, "F:\\Lumbrio\\CCPending.Tmp", kCardSlotLength);
     ASSERT_TRUE(done(theirs.create()));
-    theirs.add(slotOf(cardRecord("9")));
+    theirs.add(slotOf(recordOf("CCReceipt=9")));
     const ErrorsIgnored ignored(station.run);
     moveSettledRecords(app);
     EXPECT_EQ(station.get(kPending), before);
     platform::SlotFile live(other.files, kPending, kCardSlotLength);
     ASSERT_TRUE(done(live.open(platform::SlotUse::Read)));
     EXPECT_TRUE(done(theirs.replace(live, 1))) << "theirs is untouched";
-    EXPECT_EQ(station.get(kPending), slotOf(cardRecord("9")));
+    EXPECT_EQ(station.get(kPending), slotOf(recordOf("CCReceipt=9")));
 }
 
 } // namespace

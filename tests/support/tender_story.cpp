@@ -113,20 +113,6 @@ void TenderStory::run(std::uint64_t limit)
     running = false;
 }
 
-std::vector<records::CardRecord> TenderStory::records(const std::string &path) const
-{
-    std::vector<records::CardRecord> list;
-    const std::string bytes = station.has(path) ? station.get(path) : "";
-    for (std::size_t at = 0; at + records::kCardSlotLength <= bytes.size();
-         at += records::kCardSlotLength) {
-        records::CardRecord record;
-        std::copy_n(bytes.begin() + static_cast<std::ptrdiff_t>(at), record.data().size(),
-                    record.data().begin());
-        list.push_back(record);
-    }
-    return list;
-}
-
 std::string TenderStory::slips() const
 {
     std::string text;

@@ -4,6 +4,7 @@
 
 #include "printing/printer.h"
 #include "records/app.h"
+#include "support/card_text.h"
 #include "support/test_station.h"
 #include "tender/tender.h"
 
@@ -109,7 +110,10 @@ public:
     bool answered() const { return station.has("C:\\Lumbrio\\Xsend.ans"); }
     std::string processTrace() const { return station.get("C:\\Lumbrio\\CCLastProcess.dat"); }
     /// Records of a file; none when it is not there.
-    std::vector<records::CardRecord> records(const std::string &path) const;
+    std::vector<records::CardRecord> records(const std::string &path) const
+    {
+        return recordsIn(station.has(path) ? station.get(path) : "");
+    }
     std::vector<records::CardRecord> pending() const { return records(kPending); }
     /// All slips as plain text, in their order.
     std::string slips() const;
