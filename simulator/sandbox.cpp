@@ -139,6 +139,8 @@ std::string installationFile()
            "width_mm = 216\r\n"
            "height_mm = 279\r\n"
            "folder = spool/letter\r\n"
+           "[connection]\r\n"
+           "test =  ; nothing here needs the internet\r\n"
            "[xcharge]\r\n"
            "userid = pos\r\n"
            "password = trelva\r\n";

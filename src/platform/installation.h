@@ -25,7 +25,7 @@ struct Installation {
     std::string cutBytes = std::string("\x1D\x56\x42\x00", 4); // [printer.real] cut, raw
     std::string xchargeUserId = "pos";
     std::string xchargePassword = "trelva";
-    std::string connectionTest; // host:port; empty: the test is passed without a look
+    std::string connectionTest = "www.example.com:80"; // host:port; empty: passed without a look
     std::string suppliesPage;
     std::string helpPage;
     std::string editorCommand;  // %1 is the file; empty: the system's own

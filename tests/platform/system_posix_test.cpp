@@ -92,6 +92,7 @@ TEST_F(SystemTest, connection_test_is_answered_by_a_listener_alone)
     auto *const any = reinterpret_cast<sockaddr *>(&address);
     ASSERT_EQ(::bind(listener, any, length) + ::getsockname(listener, any, &length), 0);
 
+    station.installation.connectionTest = "";
     EXPECT_TRUE(system->connectionTest()) << "no address: nothing to test";
     station.installation.connectionTest = "127.0.0.1:" + std::to_string(ntohs(address.sin_port));
     EXPECT_FALSE(system->connectionTest()) << "bound, but nobody listens";

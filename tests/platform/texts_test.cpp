@@ -62,11 +62,12 @@ TEST(Installation, is_read_with_its_comments_and_without_its_nonsense)
 {
     EXPECT_EQ(read(support::testFile("golden/platform/installation.ini")),
               support::testFile("golden/platform/installation.txt"));
-    const std::string defaults = "29 86 66 0 |pos|trelva|||||";
+    const std::string defaults = "29 86 66 0 |pos|trelva|www.example.com:80||||";
     EXPECT_EQ(read(""), defaults);
     EXPECT_EQ(read(support::testFile("broken/platform/installation.ini")),
               "Printer 3, 80 x 0, spool/3\n" + defaults);
-    EXPECT_EQ(read("[printer.real]\ncut =   ; the knife is broken\n"), "|pos|trelva|||||");
+    EXPECT_EQ(read("[printer.real]\ncut =   ; the knife is broken\n"),
+              "|pos|trelva|www.example.com:80||||");
 }
 
 } // namespace
