@@ -206,7 +206,10 @@ Outcome SlotFile::place(std::string_view bytes, std::uint64_t &landedAt)
 {
     std::uint64_t claim = 0;
     const Outcome outcome = file->append(bytes, claim);
-    landedAt = nearestSlot(claim) * length;
+    // Nearest, and a half always down: of two who append behind half a slot, one would round up to
+    // where the other rounds down.
+    const std::uint64_t behind = claim % length;
+    landedAt = claim - behind + (2 * behind > length ? length : 0);
     if (!done(outcome) || landedAt == claim)
         return outcome;
     // Behind a torn tail. What the record covers now is its claim: whoever else appends, locked or
@@ -217,7 +220,7 @@ Outcome SlotFile::place(std::string_view bytes, std::uint64_t &landedAt)
     else if (landedAt < claim && locked)
         file->cutBack(claim + length, landedAt + length);
     // Without the lock what is left of the claim stays, since somebody may be just behind it. It
-    // is less than half a slot and does not count.
+    // is half a slot at most; the next append takes its place.
     return moved;
 }
 
