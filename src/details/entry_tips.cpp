@@ -49,6 +49,8 @@ void EntryDetails::SSCommand2_Click()
         forceNoTip();
 }
 
+// Kept: any other status than "Adjusted - Pending" is taken for one without a tip, "Completed" and
+// a void too: the tip goes, and the record waits for the bank again.
 bool EntryDetails::forceNoTip()
 {
     const bool stays = app.values.editMode == "KEEP" && Trim(fields.Text1[19]) == kAdjusted;
