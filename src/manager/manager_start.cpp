@@ -116,6 +116,7 @@ void ManagerStart::Clean_Logs()
     const std::string &payment = app.values.paymentDirectory;
     if (payment.empty())
         return;
+    // Kept: answers come in "LocalTran", so that none of them is ever cleaned.
     tell(std::to_string(deleteOld(payment + "LocalTrans", ".xca", answersBefore)) +
          " CC OLD ANSWER Files");
     tell(std::to_string(deleteOld(payment + "History", ".bak", answersBefore)) +
