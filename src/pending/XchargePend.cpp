@@ -193,7 +193,10 @@ void XchargePend::showState(const PendingFields &fields)
             fields.Label20.empty() ? "" : (fields.connected ? "connected" : "offline"));
     const bool missing = !fields.Label7.empty() && fields.Label7 != "0";
     const bool empty = ui->MList1->rows().rowCount() == 0;
-    putValue(*ui->Label7, std::string(empty ? "" : missing ? "Some to adjust" : "All adjusted"));
+    const std::string some = fields.notAdjusted > 0
+                                 ? std::to_string(fields.notAdjusted) + " to adjust"
+                                 : "Some to look at";
+    putValue(*ui->Label7, empty ? "" : missing ? some : "All adjusted");
     putLook(*ui->Label7, "state", empty ? "" : missing ? "attention" : "approved");
     ui->SSPanel1_0_text->setText(toQt(fields.SSPanel1_0));
     // In one place: rows must not jump under a finger.

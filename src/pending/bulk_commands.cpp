@@ -46,11 +46,15 @@ void Pending::SSCommand11_Click()
     const Working here(*this);
     if (!here)
         return;
+    // The mouse leaves for the question, where nobody hears of it.
+    if (fields.SSPanel1_0 == kNoTipHint)
+        fields.SSPanel1_0Visible = false;
+    show();
     const platform::Answer answer = app.dialogs.message(
         "FORCE ALL NO TIP",
         "Are you sure, All entries will be marked no tip and be ready to finiliaze",
         platform::Buttons::OkCancel);
-    if (answer == platform::Answer::Ok) {
+    if (answer == platform::Answer::Ok && view.closeEntry()) {
         trace("     ***  USER CLICKED FORCE ALL NO TIPS  ***");
         driveEntries([](details::EntryDetails &entry) { entry.SSCommand2_Click(); });
     }
@@ -80,7 +84,7 @@ void Pending::forceAllCompleted(const std::string &question)
     trace("     ***  USER CLICKED FORCE ALL COMPLETED ***");
     const platform::Answer answer =
         app.dialogs.message("FORCE ALL COMPLETED", question, platform::Buttons::OkCancel);
-    if (answer != platform::Answer::Ok)
+    if (answer != platform::Answer::Ok || !view.closeEntry())
         return trace("     ***  USER CLICKED CANCEL  ***");
     trace("     ***  USER CLICKED OK DO IT  ***");
     driveEntries([](details::EntryDetails &entry) {
@@ -93,8 +97,6 @@ void Pending::forceAllCompleted(const std::string &question)
 /// the file, and a walk by index would meet one entry twice and miss another.
 void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &step)
 {
-    if (!view.closeEntry())
-        return;
     std::vector<long> slots;
     for (const ListRow &row : MList1)
         slots.push_back(row.slot);

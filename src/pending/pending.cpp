@@ -135,6 +135,8 @@ void Pending::loadList()
 {
     loadAgain = false;
     Disable_Buttons();
+    show();
+    view.paintNow(); // without a connection the test takes its time
     check_Connection();
     ListBuilder fresh(app.clock.now());
     fields.Label16 = fresh.oldest;
@@ -234,6 +236,7 @@ void Pending::colourRows()
     Color_Not_Adjusted(MList1, colours);
     Color_Declines(MList1, colours);
     fields.Label7 = std::to_string(colours.Label7);
+    fields.notAdjusted = colours.white;
     fields.SSPanel1_0 = colours.notice;
     fields.SSPanel1_0Visible = colours.noticeVisible;
     enable(2, colours.processEnabled);
@@ -308,7 +311,7 @@ void Pending::SSCommand11_Mouse(bool over)
         return;
     fields.SSPanel1_0Visible = over;
     if (over)
-        fields.SSPanel1_0 = "All entries with no tip will be forced no tip and marked adjusted";
+        fields.SSPanel1_0 = kNoTipHint;
     show();
 }
 

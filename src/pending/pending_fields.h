@@ -7,6 +7,10 @@
 
 namespace pending {
 
+/// On the status panel while the mouse is over "Force ALL NO TIP".
+inline constexpr const char *kNoTipHint =
+    "All entries with no tip will be forced no tip and marked adjusted";
+
 struct CommandState {
     bool enabled = true;
     bool visible = true;
@@ -21,13 +25,14 @@ struct PendingFields {
 
     std::string Label4; // the record being read, as Label19
     bool Label4Visible = false;
-    std::string Label6;  // the file's path
-    std::string Label7;  // above 0: rows still need a tip
-    std::string Label16; // "From Dater": oldest date on the list
-    std::string Label17; // "To Date": newest
-    std::string Label18; // rows, and " Swipes"
-    std::string Label19; // the record being read
-    std::string Label20; // the connection in words
+    std::string Label6;   // the file's path
+    std::string Label7;   // above 0: rows still need a tip
+    long notAdjusted = 0; // so many of them are white
+    std::string Label16;  // "From Dater": oldest date on the list
+    std::string Label17;  // "To Date": newest
+    std::string Label18;  // rows, and " Swipes"
+    std::string Label19;  // the record being read
+    std::string Label20;  // the connection in words
     bool connected = false;
     long Label8 = 0; // index of the row last clicked; 0 selects none
 

@@ -215,12 +215,14 @@ int sortColumnOf(int option)
 void Color_Not_Adjusted(ListRows &rows, ListState &state)
 {
     state.Label7 = 0;
+    state.white = 0;
     for (ListRow &row : rows) {
         const std::string_view status = columnOf(row.text, 6);
         row.colour = RowColour::ButtonFace;
         if (startsWith(status, "Not")) {
             row.colour = RowColour::White;
             ++state.Label7;
+            ++state.white;
         }
         if (startsWith(status, "N")) // Kept: so a "Not" counts twice
             ++state.Label7;

@@ -104,6 +104,7 @@ int sortColumnOf(int option);
 /// What the colour passes find and decide.
 struct ListState {
     int Label7 = 0;              // above 0: somebody still has to adjust a row
+    long white = 0;              // rows "Not Adjusted"
     bool sawDeleted = false;     // by the loader
     bool processEnabled = false; // SSCommand2, "Process"
     bool noticeVisible = false;  // SSPanel1(0)

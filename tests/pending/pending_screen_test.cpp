@@ -97,7 +97,7 @@ TEST(PendingScreen, OpensTheRecordOfARowByFingerAndKeyboardInAnyOrder)
                               "Label19", "Label20", "Label7"})
         labels += story.text(label) + "|";
     EXPECT_EQ(labels, "$118.50|$8.50|$127.00|01/14/25|01/15/25|4 Swipes|5|"
-                      "Internet connection detected!!|Some to adjust|");
+                      "Internet connection detected!!|1 to adjust|");
     EXPECT_FALSE(story.enabled("Process") || story.enabled("Archive"));
     EXPECT_TRUE(story.enabled("Done") && story.enabled("Print"));
 
