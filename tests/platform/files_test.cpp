@@ -84,7 +84,7 @@ TEST(Files, are_on_the_disk_in_an_order_that_survives_a_power_cut)
     TestStation station;
     station.files.writeFlushed(kFile, "1");
     station.files.createIfMissing(kOther); // never emptied: another may just have written to it
-    station.files.replaceWhole("C:\\lumbrio\\data\\A.dat", "new");
+    station.files.replaceWhole(kFile, "new");
     const std::regex unique(R"(\.[\w-]+\.new)");
     EXPECT_EQ(std::regex_replace(station.disk.logText(), unique, ".new"),
               support::testFile("golden/platform/flushed_files.txt"));

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <map>
 #include <memory>
@@ -73,8 +73,7 @@ public:
             return given;
         if (!copiesOver)
             return disk.rename(from, to);
-        copy_file(std::filesystem::path(from), to,
-                  std::filesystem::copy_options::overwrite_existing);
+        std::ofstream(to, std::ios::binary) << std::ifstream(from, std::ios::binary).rdbuf();
         return disk.remove(from);
     }
     Outcome makeDirectory(Path at) override
