@@ -1,7 +1,6 @@
 // The screen of one entry as a manager's fingers, keyboard and screen reader use it.
 #include "details/XchargeEntryDetals.h"
 #include "support/card_text.h"
-#include "support/noted_dialogs.h"
 #include "support/qt/qt_station.h"
 #include "support/qt/screen_checks.h"
 
@@ -27,8 +26,10 @@ protected:
     EntryScreen()
     {
         app.values.Remotedir = "F:\\Lumbrio\\";
-        dialogs.typed = "marlend";
+        station.dialogs.noted = &boxes;
+        station.dialogs.typed = "marlend";
     }
+    ~EntryScreen() override { EXPECT_FALSE(station.run.failed()) << boxes; }
 
     /// Shows the second of three sales.
     void open(const std::string &changes = {})
@@ -60,10 +61,9 @@ protected:
         return all.contains(QLatin1String(text));
     }
 
+    std::string boxes;
     QtStation station;
-    NotedDialogs dialogs{station.run};
-    App app{{station.run, station.files, station.time, dialogs, station.system, station.printers,
-             station.installation}};
+    App app{station.services};
     printing::Printer printer{station.printers};
     std::unique_ptr<details::XchargeEntryDetals, platform::Screen::Later> screen;
 };

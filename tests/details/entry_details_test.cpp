@@ -4,7 +4,6 @@
 #include "records/card_files.h"
 #include "support/card_text.h"
 #include "support/golden_table.h"
-#include "support/noted_dialogs.h"
 #include "support/test_station.h"
 
 #include <map>
@@ -39,13 +38,14 @@ const std::string kEmpty(kCardSlotLength, '\0');
 
 /// A manager who presses commands by their names, types what is to be typed, and writes down all
 /// that happens.
-struct Story : details::EntryView, support::NotedDialogs {
+struct Story : details::EntryView {
     /// The file of `source` has three slots: another record, the one of the row, and one that was
     /// never filled. "no files": there are none.
     explicit Story(const std::string &sale, const std::string &theSource = "PEND")
-        : NotedDialogs(station.run), source(theSource)
+        : source(theSource)
     {
-        typed = "Office Laser"; // also for a password
+        station.dialogs.noted = &happened;
+        station.dialogs.typed = "Office Laser"; // also for a password
         station.folder("F:\\Lumbrio\\data");
         app.values.Maindir = "C:\\Lumbrio\\";
         app.values.Remotedir = "F:\\Lumbrio\\";
@@ -75,8 +75,8 @@ struct Story : details::EntryView, support::NotedDialogs {
                  EXPECT_TRUE(done(held->open(platform::SlotUse::Rewrite)) && done(held->lock()));
              }},
             {"wait", [&] { station.advance(500); }},
-            {"type ", [&] { typed = word; }},
-            {"no answer", [&] { typed.reset(); }},
+            {"type ", [&] { station.dialogs.typed = word; }},
+            {"no answer", [&] { station.dialogs.typed.reset(); }},
         };
         for (const auto &[name, does] : commands)
             if (command.starts_with(name))
@@ -171,7 +171,7 @@ struct Story : details::EntryView, support::NotedDialogs {
                                              const std::string &current) override
     {
         happened += std::to_string(names.size()) + " printers, " + current + " ";
-        return typed;
+        return station.dialogs.typed;
     }
     /// Another program does, if it gets the lock: the first record lies where this one was.
     void moveTwoToTheEnd()
@@ -194,9 +194,9 @@ struct Story : details::EntryView, support::NotedDialogs {
         entry.open(file(), 1, "PEND");
     }
 
+    std::string happened;
     support::TestStation station;
-    App app{{station.run, station.files, station.time, *this, station.system, station.printers,
-             station.installation}};
+    App app{station.services};
     printing::Printer printer{station.printers};
     std::string source;
     std::map<std::string, std::string> files; // at the beginning
@@ -222,9 +222,6 @@ TEST(Entry, LeavesOnDiskScreenAndPaperWhatTheGoldenTableSays)
         const std::size_t at = std::min(row.find('@'), colon);
         Story story(Trim(row.substr(0, at)),
                     at < colon ? row.substr(at + 1, colon - at - 1) : "PEND");
-        story.station.run.reportFailure = [&](const std::string &text) {
-            story.systemMessage(text);
-        };
         story.press("open 2");
         for (std::size_t from = colon + 2, end = colon; end != row.npos; from = end + 2) {
             end = row.find(", ", from);
@@ -292,6 +289,7 @@ TEST(Entry, OfEveryByteKeepsTheScreenAliveAndItsNeighboursWhole)
             story.station.put(story.file(), file);
             for (const std::string &each : {std::string("open 2"), std::string("the tab"), command})
                 story.press(each);
+            EXPECT_FALSE(story.station.run.failed()) << story.happened;
             const std::string now = story.now(story.file());
             EXPECT_EQ(now.substr(0, 500), file.substr(0, 500)) << command << seed;
             EXPECT_EQ(now.size(), command == "Delete" ? 1000 : 1500) << command << seed;

@@ -2,7 +2,6 @@
 // log of it, and what is cleaned up before the list opens.
 #include "manager/manager_start.h"
 #include "support/golden_table.h"
-#include "support/noted_dialogs.h"
 #include "support/test_station.h"
 
 #include <chrono>
@@ -13,9 +12,10 @@ namespace {
 
 using namespace manager;
 
-struct Night : ManagerStartView, support::NotedDialogs {
-    Night() : NotedDialogs(station.run)
+struct Night : ManagerStartView {
+    Night()
     {
+        station.dialogs.noted = &happened;
         records::LumbrioConfig config;
         config.set(records::kMaindir, "C:\\Lumbrio\\");
         config.set(records::kRemotedir, "F:\\Lumbrio\\");
@@ -51,7 +51,7 @@ struct Night : ManagerStartView, support::NotedDialogs {
                  station.time.setNow({2025, 9, 30, 23, 0, 0, 0});
              }},
             {"fail", [&] { station.disk.failOn("rename", word, platform::Outcome::NoRoom); }},
-            {"type", [&] { typed = word; }},
+            {"type", [&] { station.dialogs.typed = word; }},
             {"erase", [&] { station.erase(word); }},
             {"file", [&] { put(word, date); }},
         };
@@ -89,9 +89,9 @@ struct Night : ManagerStartView, support::NotedDialogs {
     }
     void paintNow() override {}
 
+    std::string happened;
     support::TestStation station;
-    records::App app{{station.run, station.files, station.time, *this, station.system,
-                      station.printers, station.installation}};
+    records::App app{station.services};
     std::string shown = ":";
     std::set<std::string> seen;
     std::size_t told = 0;

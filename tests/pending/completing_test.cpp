@@ -23,7 +23,7 @@ std::string evening()
 struct Evening : Story {
     explicit Evening(const Story *earlier = nullptr) : Story(earlier)
     {
-        typed = "01/14/2025";
+        station.dialogs.typed = "01/14/2025";
         if (earlier == nullptr)
             station.put(kPending, evening());
     }

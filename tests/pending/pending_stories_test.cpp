@@ -44,9 +44,9 @@ std::string Story::press(const std::string &command)
         {"click ", [&] { list.MList1_Click(number); }},
         {"mouse ", [&] { list.SSCommand11_Mouse(word == "over"); }},
         {"entry ", [&] { EXPECT_TRUE(details::pressEntry(entry, word)) << word; }},
-        {"OK", [&] { answer = platform::Answer::Ok; }},
-        {"Cancel", [&] { answer = platform::Answer::Cancel; }},
-        {"type ", [&] { typed = word; }},
+        {"OK", [&] { station.dialogs.choice = platform::Answer::Ok; }},
+        {"Cancel", [&] { station.dialogs.choice = platform::Answer::Cancel; }},
+        {"type ", [&] { station.dialogs.typed = word; }},
         {"at ",
          [&] {
              const std::string later = word.substr(word.find(' ') + 1);

@@ -6,7 +6,6 @@
 #include "pending/pending.h"
 #include "records/card_files.h"
 #include "support/card_text.h"
-#include "support/noted_dialogs.h"
 #include "support/test_station.h"
 
 #include <map>
@@ -16,15 +15,15 @@ namespace pending {
 using support::recordOf;
 using support::slotOf;
 
-struct Story : PendingView, details::EntryView, support::NotedDialogs {
+struct Story : PendingView, details::EntryView {
     /// With `earlier`, another process on its drives. A grey story has none of the later screens.
     explicit Story(const Story *earlier = nullptr, bool grey = false)
-        : NotedDialogs(station.run), station(support::VirtualTime::kDefaultStart,
-                                             earlier == nullptr ? nullptr : &earlier->station),
+        : station(support::VirtualTime::kDefaultStart,
+                  earlier == nullptr ? nullptr : &earlier->station),
           list(app, printer, *this, grey ? PendingRoutes() : routes())
     {
         station.system.executable = "TndrMGR";
-        station.run.reportFailure = [this](const std::string &text) { systemMessage(text); };
+        station.dialogs.noted = &happened;
         for (const char *folder : {"F:\\Lumbrio\\data\\CCdata", "C:\\Lumbrio\\Data\\CCmgrLOGS",
                                    "C:\\Lumbrio\\data\\CCdata"})
             station.folder(folder);
@@ -94,9 +93,9 @@ struct Story : PendingView, details::EntryView, support::NotedDialogs {
     static constexpr const char *kDeleted = "F:\\Lumbrio\\data\\0125CCdeleted.dat";
     static constexpr const char *kLog = "C:\\Lumbrio\\Data\\CCmgrLOGS\\012025MGRlog.txt";
 
+    std::string happened;
     support::TestStation station;
-    records::App app{{station.run, station.files, station.time, *this, station.system,
-                      station.printers, station.installation}};
+    records::App app{station.services};
     printing::Printer printer{station.printers};
     std::string panel;
     int paints = 0;

@@ -1,5 +1,6 @@
 // ScriptedDialogs: the user of the tests. Every box must have been expected, with its title, text
-// and buttons, in the order of the expectations; none may be left over.
+// and buttons, in the order of the expectations; none may be left over. Or, for stories that tell
+// what was shown, every box is written down and answered alike.
 #pragma once
 
 #include "platform/dialogs.h"
@@ -39,11 +40,20 @@ public:
     }
     std::vector<std::string> shown;
 
+    std::string *noted = nullptr; // the story: then no box has to be expected
+    Answer choice = Answer::Ok;   // in a story, where there is one
+    std::optional<std::string> typed;
+
 protected:
     Answer ask(Text title, Text text, Buttons buttons) override
     {
         const Answer harmless = buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
         shown.push_back(boxOf(title, text, buttons));
+        if (noted != nullptr) {
+            *noted += "[" + title + "] " + text + "\n";
+            run.yield();
+            return buttons == Buttons::Ok ? Answer::Ok : choice;
+        }
         EXPECT_FALSE(expected.empty()) << shown.back();
         if (expected.empty())
             return harmless;
@@ -56,10 +66,12 @@ protected:
             next.whileOpen();
         return run.ending() && !wasEnding ? harmless : next.answer;
     }
-    std::optional<std::string> askText(Text title, Text text, Text, bool) override
+    std::optional<std::string> askText(Text title, Text text, Text initial, bool) override
     {
-        ADD_FAILURE() << "nobody types into [" << title << "] " << text;
-        return std::nullopt;
+        EXPECT_NE(noted, nullptr) << "nobody types into [" << title << "] " << text;
+        if (noted != nullptr)
+            *noted += "[" + title + "] " + text + " (" + initial + ")\n";
+        return typed;
     }
 
 private:
