@@ -4,9 +4,6 @@
 #include "details/entry_details.h"
 #include "records/text.h"
 
-#include <algorithm>
-#include <vector>
-
 namespace details {
 
 using EntryCommands = std::vector<std::pair<std::string, std::function<void()>>>;

@@ -10,8 +10,6 @@
 #include <QPushButton>
 #include <QTabWidget>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace records;
@@ -21,8 +19,7 @@ constexpr const char *kFile = "F:\\Lumbrio\\CCPending.dat";
 constexpr const char *kNumber = "4111111111111111";
 constexpr const char *kTrack = "%B4111^OAK?";
 
-class EntryScreen : public testing::Test {
-protected:
+struct EntryScreen : testing::Test {
     EntryScreen()
     {
         app.values.Remotedir = "F:\\Lumbrio\\";

@@ -6,8 +6,6 @@
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
-#include <map>
-
 namespace {
 
 using namespace records;

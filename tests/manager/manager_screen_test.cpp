@@ -8,8 +8,6 @@
 
 #include <QLineEdit>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 TEST(ManagerScreen, OpensTheListByEnterAndQuitsByTheCross)

@@ -4,13 +4,13 @@
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
-#include <chrono>
-#include <map>
 #include <set>
 
 namespace {
 
 using namespace manager;
+
+constexpr platform::DateTime kSeptember{2025, 9, 30, 23, 0, 0, 0};
 
 struct Night : ManagerStartView {
     Night()
@@ -46,10 +46,7 @@ struct Night : ManagerStartView {
             {"NEXT", [&] { start.SSCommand3_Click(); }},
             {"QUIT", [&] { start.SSCommand4_Click(); }},
             {"wait", [&] { station.advance(static_cast<std::uint64_t>(std::stoi(word))); }},
-            {"September",
-             [&] {
-                 station.time.setNow({2025, 9, 30, 23, 0, 0, 0});
-             }},
+            {"September", [&] { station.time.setNow(kSeptember); }},
             {"fail", [&] { station.disk.failOn("rename", word, platform::Outcome::NoRoom); }},
             {"type", [&] { station.dialogs.typed = word; }},
             {"erase", [&] { station.erase(word); }},

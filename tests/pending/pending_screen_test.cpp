@@ -11,14 +11,10 @@
 #include <QLabel>
 #include <QRadioButton>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace pending;
-using support::click;
-using support::controlNamed;
-using support::press;
+using namespace support;
 
 struct ScreenStory : Story {
     explicit ScreenStory(const std::vector<std::string> &pending)
@@ -60,8 +56,7 @@ struct ScreenStory : Story {
     void tap(QEvent::Type what, int from, int to)
     {
         for (const auto &[kind, row] : {std::pair(what, from), {QEvent::MouseButtonRelease, to}})
-            support::touch(*list.viewport(), kind,
-                           list.visualRect(list.model()->index(row, 1)).center());
+            touch(*list.viewport(), kind, list.visualRect(list.model()->index(row, 1)).center());
     }
     void hover(QEvent::Type what)
     {
@@ -116,7 +111,7 @@ TEST(PendingScreen, OpensTheRecordOfARowByFingerAndKeyboardInAnyOrder)
         press(Qt::Key_Return);
         EXPECT_TRUE(story.takeOpened().ends_with(slot));
     }
-    support::type(QStringLiteral("009"));
+    type(QStringLiteral("009"));
     press(Qt::Key_Enter);
     EXPECT_TRUE(story.takeOpened().ends_with("5; "));
     press(Qt::Key_Tab);
@@ -170,14 +165,14 @@ TEST(PendingScreen, FitsBothSizesWithItsWidestTexts)
         story.hover(QEvent::Enter); // the longest notice
         EXPECT_TRUE(story.screen.findChild<QWidget *>(QStringLiteral("SSPanel1_0"))->isVisible());
         EXPECT_EQ(story.list.y(), top) << "rows must not jump";
-        for (const QSize size : support::kScreenSizes) {
-            EXPECT_EQ(support::clippedControls(story.screen, size), "") << size.width();
-            EXPECT_EQ(support::elidedLabels(story.screen), "") << size.width();
+        for (const QSize size : kScreenSizes) {
+            EXPECT_EQ(clippedControls(story.screen, size), "") << size.width();
+            EXPECT_EQ(elidedLabels(story.screen), "") << size.width();
             for (int column = 0; column < 12; ++column)
                 EXPECT_GE(story.list.columnWidth(column), story.list.sizeHintForColumn(column))
                     << column << " at " << size.width();
         }
-        EXPECT_EQ(support::badlyNamedControls(story.screen), "");
+        EXPECT_EQ(badlyNamedControls(story.screen), "");
         story.hover(QEvent::Leave);
         EXPECT_TRUE(story.screen.findChild<QWidget *>(QStringLiteral("hintBand"))->isVisible());
     }

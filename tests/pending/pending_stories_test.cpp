@@ -174,8 +174,6 @@ std::string Story::show(const std::string &what) const
     return text.ends_with('\n') ? text : (text.empty() ? "none" : text) + "\n";
 }
 
-namespace {
-
 TEST(Stories, OfTheListGoAsTheirGoldenFilesTell)
 {
     for (const char *name : {"rows", "dates", "sorted", "colours", "list", "enabling", "busy",
@@ -192,5 +190,4 @@ TEST(Stories, OfTheListGoAsTheirGoldenFilesTell)
     }
 }
 
-} // namespace
 } // namespace pending

@@ -8,8 +8,6 @@
 #include "support/card_text.h"
 #include "support/test_station.h"
 
-#include <map>
-
 namespace pending {
 
 using support::recordOf;

@@ -3,8 +3,6 @@
 
 #include "support/qt/qt_station.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace platform;

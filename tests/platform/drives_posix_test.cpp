@@ -2,14 +2,11 @@
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 namespace fs = std::filesystem;
 
-class DrivesTest : public testing::Test {
-protected:
+struct DrivesTest : testing::Test {
     /// Puts an empty file there, below the drives folder.
     void file(const std::string &path)
     {

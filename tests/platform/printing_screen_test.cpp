@@ -4,12 +4,9 @@
 #include "platform/qt/qt_printers.h"
 
 #include "support/second_process.h"
+#include "support/test_files.h"
 #include "support/test_station.h"
 
-#include <gtest/gtest.h>
-
-#include <deque>
-#include <map>
 #include <regex>
 #include <set>
 
@@ -67,10 +64,8 @@ TEST(PartsBetweenCuts, keep_fonts_and_lose_nothing)
 std::map<std::string, std::string> filesIn(const std::string &folder)
 {
     std::map<std::string, std::string> found;
-    for (const auto &entry : std::filesystem::directory_iterator(folder)) {
-        std::ifstream file(entry.path(), std::ios::binary);
-        found[entry.path().filename().string()] = {std::istreambuf_iterator<char>(file), {}};
-    }
+    for (const auto &entry : std::filesystem::directory_iterator(folder))
+        found[entry.path().filename().string()] = support::contentOf(entry.path());
     return found;
 }
 

@@ -1,8 +1,6 @@
 // Timers and Run in virtual time: what every wait and every screen relies on.
 #include "support/test_station.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace platform;

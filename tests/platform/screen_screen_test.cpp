@@ -9,8 +9,6 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using platform::Screen;

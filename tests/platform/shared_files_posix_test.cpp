@@ -3,8 +3,6 @@
 #include "support/second_process.h"
 #include "support/test_station.h"
 
-#include <gtest/gtest.h>
-
 #include <sys/resource.h>
 #include <sys/stat.h>
 

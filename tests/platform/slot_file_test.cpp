@@ -2,8 +2,6 @@
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
 
 namespace {
@@ -25,8 +23,7 @@ std::string slotsOf(long count)
     return count == 0 ? std::string() : slotsOf(count - 1) + slotOf(count);
 }
 
-class SlotFileTest : public testing::Test {
-protected:
+struct SlotFileTest : testing::Test {
     /// The bytes of a slot, "unread" when the read failed.
     std::string read(long number, std::size_t bytes = kLength)
     {

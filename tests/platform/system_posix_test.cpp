@@ -2,13 +2,10 @@
 // nothing here waits by the clock.
 #include "platform/system.h"
 #include "support/second_process.h"
+#include "support/test_files.h"
 #include "support/test_station.h"
 
-#include <gtest/gtest.h>
-
 #include <arpa/inet.h>
-#include <deque>
-#include <fcntl.h>
 #include <sys/stat.h>
 
 namespace {
@@ -17,8 +14,7 @@ using namespace platform;
 
 namespace fs = std::filesystem;
 
-class SystemTest : public testing::Test {
-protected:
+struct SystemTest : testing::Test {
     /// What this shell script writes, started as the payment application.
     std::string told(const std::string &commands, const std::string &arguments = {})
     {
@@ -27,8 +23,7 @@ protected:
         station.put(kXcharge, "#!/bin/sh\nexec >'" + fifo + "'\n" + commands + "\n");
         fs::permissions(station.drives.resolve(kXcharge), fs::perms::owner_all);
         EXPECT_EQ(system->start(kXcharge + arguments, WindowStyle::Normal), Outcome::Done);
-        std::ifstream file(fifo); // waits for the other side
-        return {std::istreambuf_iterator<char>(file), {}};
+        return support::contentOf(fifo); // waits for the other side
     }
 
     const std::string kXcharge = support::TestStation::kXcharge;

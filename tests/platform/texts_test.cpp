@@ -5,8 +5,6 @@
 #include "platform/program_search.h"
 #include "support/golden_table.h"
 
-#include <gtest/gtest.h>
-
 #include <set>
 
 namespace {

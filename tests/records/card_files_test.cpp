@@ -5,8 +5,6 @@
 #include "support/card_text.h"
 #include "support/test_station.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace records;
@@ -32,8 +30,7 @@ std::string receipts(const std::string &bytes)
     return list;
 }
 
-class CardFiles : public testing::Test {
-protected:
+struct CardFiles : testing::Test {
     CardFiles()
     {
         station.folder("F:\\Lumbrio\\Data");

@@ -4,8 +4,6 @@
 #include "support/tender_story.h"
 #include "support/test_files.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace records;

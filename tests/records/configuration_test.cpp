@@ -31,8 +31,7 @@ std::string configuration(const std::string &change)
     return std::string(config.view());
 }
 
-class Configuration : public testing::Test {
-protected:
+struct Configuration : testing::Test {
     support::TestStation station;
     App app{station.services};
     ProcessValues &values = app.values;

@@ -14,8 +14,7 @@ constexpr const char *kEmployees = "F:\\Clock\\Data\\Zemployee.dat";
 constexpr const char *kManagerTrace = "F:\\Lumbrio\\data\\AsstTrace0125.dat";
 constexpr const char *kManagers = "F:\\Lumbrio\\ini\\3\\ButtonAM.dat";
 
-class ManagerAndEmployees : public testing::Test {
-protected:
+struct ManagerAndEmployees : testing::Test {
     ManagerAndEmployees()
     {
         app.values.Remotedir = "F:\\Lumbrio\\";

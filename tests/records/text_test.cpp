@@ -3,8 +3,6 @@
 #include "records/text.h"
 #include "support/golden_table.h"
 
-#include <map>
-
 namespace {
 
 using namespace records;

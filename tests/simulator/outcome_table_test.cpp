@@ -6,8 +6,6 @@
 #include "simulator/server_table.h"
 #include "support/golden_table.h"
 
-#include <fstream>
-#include <iterator>
 #include <tuple>
 
 using namespace simulator;
@@ -54,8 +52,7 @@ TEST(OutcomeTable, EverydayAmountsApproveAndTheOthersEndAsTheGoldenTableSays)
 // Who plays a demo looks there for the amount to type.
 TEST(OutcomeTable, IsToldInItsDocument)
 {
-    std::ifstream file(PROJECT_DIR "/docs/simulator.md");
-    const std::string document{std::istreambuf_iterator<char>(file), {}};
+    const std::string document = support::testFile("../docs/simulator.md");
     const std::size_t servers = document.find("## The payment server");
     for (const auto &[rows, from, to] : {std::tuple(outcomeRows(), std::size_t{0}, servers),
                                          std::tuple(serverRows(), servers, document.size())})

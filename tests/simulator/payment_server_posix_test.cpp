@@ -8,16 +8,9 @@
 #include "support/test_station.h"
 #include "tender/local_request.h"
 
-#include <csignal>
-#include <unistd.h>
-
 using namespace simulator;
 
-namespace {
-
 const std::string kFolder = "c:\\Program Files\\X-charge\\LocalTran\\";
-
-} // namespace
 
 // A row is an amount and a receipt, or a whole line; what a tender makes of the answer then.
 TEST(PaymentServer, AnswersWholeLinesAsTheGoldenTableSaysAndTellsNoCard)

@@ -6,8 +6,6 @@
 #include "simulator/pending_table.h"
 #include "support/test_station.h"
 
-#include <gtest/gtest.h>
-
 #include <set>
 
 using namespace simulator;

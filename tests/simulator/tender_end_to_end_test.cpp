@@ -9,7 +9,6 @@
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
-#include <fstream>
 #include <set>
 
 using namespace simulator;
@@ -23,17 +22,9 @@ namespace {
 constexpr int kPatience = 60000; // ms; a tender takes 0.7 s, twenty on a busy machine more
 const std::string kLocalTran = "c:\\Program Files\\X-charge\\LocalTran\\";
 
-std::string contentOf(const fs::path &path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 /// One station with its own drives folder.
 struct Restaurant {
     Restaurant() { EXPECT_TRUE(makeSandbox(station.files, root, PROGRAMS_DIR "/sim_xcharge")); }
-    Restaurant(const Restaurant &) = delete;
-    Restaurant &operator=(const Restaurant &) = delete;
     ~Restaurant()
     {
         if (server)

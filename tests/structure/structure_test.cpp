@@ -5,9 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <map>
 #include <set>
-#include <vector>
 
 namespace {
 

@@ -4,10 +4,7 @@
 #include "records/card_helpers.h"
 #include "records/card_record.h"
 
-#include <algorithm>
 #include <sstream>
-#include <string>
-#include <vector>
 
 namespace support {
 

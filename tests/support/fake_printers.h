@@ -4,8 +4,6 @@
 #include "platform/printers.h"
 
 #include <algorithm>
-#include <string>
-#include <vector>
 
 namespace support {
 

@@ -5,10 +5,6 @@
 #include "platform/program_search.h"
 #include "platform/system.h"
 
-#include <functional>
-#include <string>
-#include <vector>
-
 namespace support {
 
 class FakeSystem : public platform::System {

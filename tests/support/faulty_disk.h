@@ -7,13 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <fstream>
-#include <functional>
 #include <map>
-#include <memory>
-#include <string>
-#include <string_view>
 #include <utility>
-#include <vector>
 
 namespace support {
 

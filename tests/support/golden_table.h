@@ -6,9 +6,6 @@
 #include "platform/files.h"
 #include "support/test_files.h"
 
-#include <string>
-#include <vector>
-
 namespace support {
 
 /// Makes each row anew, `outputs` giving the other columns for an input; the same table must come

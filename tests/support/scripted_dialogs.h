@@ -9,8 +9,6 @@
 
 #include <array>
 #include <deque>
-#include <functional>
-#include <string>
 #include <utility>
 #include <vector>
 

@@ -31,8 +31,6 @@ public:
             ::close(end);
     }
     ~SecondProcess() { kill(); }
-    SecondProcess(const SecondProcess &) = delete;
-    SecondProcess &operator=(const SecondProcess &) = delete;
 
     /// In the process itself.
     static void say(const std::string &line) { ::dprintf(STDOUT_FILENO, "%s\n", line.c_str()); }

@@ -8,11 +8,6 @@
 #include "support/test_station.h"
 #include "tender/tender.h"
 
-#include <functional>
-#include <optional>
-#include <string>
-#include <vector>
-
 namespace support {
 
 /// The view of a tender whose window is a list of what was asked of it.

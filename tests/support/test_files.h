@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <regex>
@@ -10,13 +11,19 @@
 
 namespace support {
 
+/// The bytes of a file of this system; none when it cannot be read.
+inline std::string contentOf(const std::filesystem::path &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 /// The bytes of a file below tests/, such as "golden/records/approved.slot".
 inline std::string testFile(const std::string &name)
 {
-    std::ifstream file(std::string(TESTS_DIR "/") + name, std::ios::binary);
-    if (!file.is_open())
-        ADD_FAILURE() << "there is no tests/" << name;
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    const std::filesystem::path path = TESTS_DIR "/" + name;
+    EXPECT_TRUE(is_regular_file(path)) << "there is no tests/" << name;
+    return contentOf(path);
 }
 
 /// Whether docs/file-formats.md has the row of a field, by its first columns: "4 | 120 | 20".

@@ -1,7 +1,7 @@
 #include "support/test_station.h"
 
-#include <fstream>
-#include <iterator>
+#include "support/test_files.h"
+
 #include <random>
 
 namespace support {
@@ -37,9 +37,8 @@ void TestStation::put(const std::string &path, const std::string &bytes)
 
 std::string TestStation::get(const std::string &path) const
 {
-    std::ifstream file(realPath(path), std::ios::binary);
-    EXPECT_TRUE(file.is_open()) << "there is no " << path;
-    return {std::istreambuf_iterator<char>(file), {}};
+    EXPECT_TRUE(has(path)) << "there is no " << path;
+    return contentOf(realPath(path));
 }
 
 void TestStation::advance(std::uint64_t milliseconds)

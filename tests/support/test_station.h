@@ -10,9 +10,6 @@
 #include "support/virtual_time.h"
 
 #include <filesystem>
-#include <fstream>
-#include <memory>
-#include <string>
 
 namespace support {
 

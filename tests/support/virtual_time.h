@@ -7,9 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdint>
 #include <cstdlib>
-#include <functional>
 #include <map>
 #include <utility>
 

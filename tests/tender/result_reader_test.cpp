@@ -23,8 +23,7 @@ TEST(ResultLine, SetsTheFieldOfItsKeyAndNoOtherAsTheGoldenTableSays)
     });
 }
 
-class ResultFile : public testing::Test {
-protected:
+struct ResultFile : testing::Test {
     /// The record after reading a file of these bytes.
     const CardRecord &read(const std::string &content)
     {

@@ -5,11 +5,6 @@
 #include "support/tender_story.h"
 #include "support/test_files.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <map>
-
 namespace support {
 
 class Telling {

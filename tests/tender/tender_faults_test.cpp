@@ -2,8 +2,6 @@
 // else's record is touched, and the point of sale is told nothing that is not on the disk.
 #include "support/tender_story.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace records;

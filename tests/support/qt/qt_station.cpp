@@ -6,8 +6,6 @@
 #include <QLabel>
 #include <QMouseEvent>
 
-#include <gtest/gtest.h>
-
 namespace support {
 
 QWidget *controlNamed(const QString &accessibleName)

@@ -6,7 +6,6 @@
 #include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QApplication>
-#include <QLabel>
 #include <QLineEdit>
 
 namespace support {
