@@ -6,10 +6,10 @@
 
 namespace details {
 
-using EntryCommands = std::vector<std::pair<std::string, std::function<void()>>>;
+using Commands = std::vector<std::pair<std::string, std::function<void()>>>;
 
 /// All that a manager can do, by the beginnings of its names; `word` is what is typed or tapped.
-inline EntryCommands commandsOf(EntryDetails &entry, const std::string &word)
+inline Commands commandsOf(EntryDetails &entry, const std::string &word)
 {
     const auto number = static_cast<std::size_t>(std::max(records::wholeNumber(word), 0));
     return {
@@ -40,15 +40,21 @@ inline EntryCommands commandsOf(EntryDetails &entry, const std::string &word)
     };
 }
 
-/// "Done", "tip 5.00", "box 2=JANE ROE", "quick 10". False for what is none.
-inline bool pressEntry(EntryDetails &entry, const std::string &command)
+/// Does the first of those commands with whose name this one begins. False when there is none.
+inline bool doFirst(const Commands &commands, const std::string &command)
 {
-    for (const auto &[name, press] : commandsOf(entry, command.substr(command.find(' ') + 1)))
+    for (const auto &[name, does] : commands)
         if (command.starts_with(name)) {
-            press();
+            does();
             return true;
         }
     return false;
+}
+
+/// "Done", "tip 5.00", "box 2=JANE ROE", "quick 10".
+inline bool pressEntry(EntryDetails &entry, const std::string &command)
+{
+    return doFirst(commandsOf(entry, command.substr(command.find(' ') + 1)), command);
 }
 
 inline void pressEverything(EntryDetails &entry)

@@ -60,7 +60,7 @@ struct Story : details::EntryView {
     void press(const std::string &command)
     {
         const std::string word = command.substr(command.find(' ') + 1);
-        const std::pair<const char *, std::function<void()>> commands[] = {
+        const details::Commands commands = {
             {"open ", [&] { entry.open(file(), wholeNumber(word), source.substr(0, 4)); }},
             {"fill", [&] { entry.Fill_data(); }},
             {"KEEP", [&] { app.values.editMode = "KEEP"; }},
@@ -76,17 +76,11 @@ struct Story : details::EntryView {
             {"type ", [&] { station.dialogs.typed = word; }},
             {"no answer", [&] { station.dialogs.typed.reset(); }},
         };
-        for (const auto &[name, does] : commands)
-            if (command.starts_with(name))
-                return does();
-        EXPECT_TRUE(details::pressEntry(entry, command)) << "there is no command " << command;
+        EXPECT_TRUE(details::doFirst(commands, command) || details::pressEntry(entry, command))
+            << "there is no command " << command;
     }
 
     const std::string &file() const { return kFiles.at(source); }
-    std::string now(const std::string &name) const
-    {
-        return station.has(name) ? station.get(name) : std::string();
-    }
 
     /// Each file that is no longer as at the beginning: its receipts in order, with the fields that
     /// are not as they were in the record of that receipt.
@@ -94,10 +88,10 @@ struct Story : details::EntryView {
     {
         std::string text;
         for (const auto &[of, name] : kFiles) {
-            if (now(name) == (files.contains(name) ? files.at(name) : ""))
+            if (station.getIfThere(name) == (files.contains(name) ? files.at(name) : ""))
                 continue;
             text += of + ":";
-            for (const CardRecord &record : support::recordsIn(now(name)))
+            for (const CardRecord &record : support::recordsIn(station.getIfThere(name)))
                 text += " " + toldOf(record);
             text += ". ";
         }
@@ -264,7 +258,7 @@ TEST(Entry, IsNeverLostWhereverACommandStopsAndWhateverFails)
                 operations = disk.operations() - before;
             std::string all;
             for (const auto &[of, name] : kFiles)
-                for (const CardRecord &record : support::recordsIn(story.now(name)))
+                for (const CardRecord &record : support::recordsIn(story.station.getIfThere(name)))
                     all += record.text(CCReceipt) + " " + record.text(CCName) + ",";
             for (const char *record :
                  {"1 JOHN Q PUBLIC,", "7 JOHN Q PUBLIC,", "1043 JOHN Q PUBLIC,"})
@@ -288,7 +282,7 @@ TEST(Entry, OfEveryByteKeepsTheScreenAliveAndItsNeighboursWhole)
             for (const std::string &each : {std::string("open 2"), std::string("the tab"), command})
                 story.press(each);
             EXPECT_FALSE(story.station.run.failed()) << story.happened;
-            const std::string now = story.now(story.file());
+            const std::string now = story.station.get(story.file());
             EXPECT_EQ(now.substr(0, 500), file.substr(0, 500)) << command << seed;
             EXPECT_EQ(now.size(), command == "Delete" ? 1000 : 1500) << command << seed;
         }

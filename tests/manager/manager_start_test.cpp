@@ -67,8 +67,8 @@ struct Night : ManagerStartView {
         for (const std::string &file : seen)
             happened += files.contains(file) ? "" : "gone " + file + "\n";
         seen = files;
-        const std::string path = "C:\\Lumbrio\\Data\\CCmgrLOGS\\012025MGRlog.txt";
-        const std::string log = station.has(path) ? station.get(path) : "";
+        const std::string log =
+            station.getIfThere("C:\\Lumbrio\\Data\\CCmgrLOGS\\012025MGRlog.txt");
         for (const std::string &line : platform::splitLines(log.substr(std::min(told, log.size()))))
             happened += "log: " + (line == records::kProgramVersion ? "(version)" : line) + "\n";
         told = log.size();

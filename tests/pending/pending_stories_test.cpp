@@ -12,7 +12,7 @@ std::string Story::press(const std::string &command)
     const std::string word = command.substr(command.find(' ') + 1);
     const long number = wholeNumber(word);
     const std::uint64_t begun = station.time.milliseconds();
-    const std::pair<const char *, std::function<void()>> commands[] = {
+    const details::Commands commands = {
         {"file", [&] { station.put(kPending, ""); }},
         {"+ ",
          [&] { // "+ 50 * fields" for many
@@ -78,13 +78,8 @@ std::string Story::press(const std::string &command)
         {"printer ", [&] { printer.select(word); }},
         {"show ", [&] { happened += show(word); }},
     };
-    const auto found =
-        std::find_if(std::begin(commands), std::end(commands),
-                     [&](const auto &known) { return command.starts_with(known.first); });
-    EXPECT_NE(found, std::end(commands)) << command;
     const std::size_t sounds = station.system.played.size();
-    if (found != std::end(commands))
-        found->second();
+    EXPECT_TRUE(details::doFirst(commands, command)) << command;
     // The ten lines of a load are one here; any other ten stand as they are.
     static const std::regex load("={46}\r\n-\r\nCurrent Credit Card File Loaded  \r\n"
                                  "  Tab Total   (.*)\r\n  Tip Total   (.*)\r\n"

@@ -43,10 +43,7 @@ struct Story : PendingView, details::EntryView {
     std::string press(const std::string &command);
     std::string show(const std::string &what) const;
 
-    std::string get(const std::string &path) const
-    {
-        return station.has(path) ? station.get(path) : std::string();
-    }
+    std::string get(const std::string &path) const { return station.getIfThere(path); }
     std::vector<records::CardRecord> records(const std::string &path) const
     {
         return support::recordsIn(get(path));

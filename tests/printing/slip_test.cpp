@@ -157,8 +157,7 @@ void expectOutlines(const std::string &table, const std::vector<std::string> &sc
         std::vector<std::string> outlines;
         for (const std::string &script : scripts)
             outlines.push_back(payment.outline(lines(script)));
-        const std::string approval = "c:\\Lumbrio\\CreditApproval.dat";
-        outlines.push_back(payment.station.has(approval) ? payment.station.get(approval) : "");
+        outlines.push_back(payment.station.getIfThere("c:\\Lumbrio\\CreditApproval.dat"));
         return outlines;
     });
 }

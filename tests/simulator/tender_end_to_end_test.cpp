@@ -58,8 +58,7 @@ struct Restaurant {
     std::string records()
     {
         std::string text;
-        const std::string backup = "C:\\Lumbrio\\ResponseBACKUP.txt";
-        const std::string result = station.has(backup) ? station.get(backup) : "";
+        const std::string result = station.getIfThere("C:\\Lumbrio\\ResponseBACKUP.txt");
         for (const std::string &folder : {place.Remotedir, place.Remotedir + "data\\"})
             for (const std::string &name : station.files.list(folder)) {
                 const std::size_t kind = name.find("CC"); // the month may stand before it
@@ -125,8 +124,8 @@ TEST(EndToEnd, EveryTenderLeavesWhatTheGoldenTableSays)
         EXPECT_EQ(tender.exitCode(), 0);
         const std::vector<std::string> answer = readAnswer(restaurant.place);
         EXPECT_EQ(station.has("C:\\Lumbrio\\XAudit.DAT"), answer.empty()) << input;
-        const std::string log = "c:\\Program Files\\X-charge\\sim_xcharge.log";
-        const std::string payments = station.has(log) ? station.get(log) : "";
+        const std::string payments =
+            station.getIfThere("c:\\Program Files\\X-charge\\sim_xcharge.log");
         const auto slips = restaurant.files("/spool/receipt", ".pdf", "");
         EXPECT_EQ(restaurant.files("/spool/receipt", ".txt", ""), slips);
         return std::vector{answer.empty() ? "none" : answer.front() + " / " + answer.back(),

@@ -107,7 +107,7 @@ public:
     /// Records of a file; none when it is not there.
     std::vector<records::CardRecord> records(const std::string &path) const
     {
-        return recordsIn(station.has(path) ? station.get(path) : "");
+        return recordsIn(station.getIfThere(path));
     }
     std::vector<records::CardRecord> pending() const { return records(kPending); }
     /// All slips as plain text, in their order.

@@ -39,6 +39,8 @@ public:
     void put(const std::string &path, const std::string &bytes);
     /// The exact bytes; a missing file is a test failure.
     std::string get(const std::string &path) const;
+    /// Nothing for a missing file.
+    std::string getIfThere(const std::string &path) const { return has(path) ? get(path) : ""; }
     bool has(const std::string &path) const { return is_regular_file(realPath(path)); }
     /// Makes the folder, and those to it.
     void folder(const std::string &path) { create_directories(realPath(path)); }

@@ -44,7 +44,7 @@ std::string leftBehind(const TenderStory &story)
           values.Maindir + "CCnoPrint.dat", values.Maindir + "CreditApproval.dat",
           values.Maindir + "CCLastProcess.dat", values.Maindir + "TRACELOG.TXT",
           values.Remotedir + "BadSwipe.dat"}) {
-        const std::string content = station.has(file) ? station.get(file) : "";
+        const std::string content = station.getIfThere(file);
         text += station.has(file) ? "== " + file + "\n" + content : "";
         EXPECT_TRUE(file.ends_with("BadSwipe.dat") || content.find("411111111111") == content.npos);
     }
