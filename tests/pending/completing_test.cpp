@@ -90,6 +90,16 @@ TEST(Rewrites, LoseNobodyWhereverTheyStopAndWhateverFails)
     }
 }
 
+/// Not every system can replace a file that somebody has open: it copies over it.
+bool systemCopiesOver()
+{
+    Evening story;
+    platform::SlotFile live(story.station.files, Story::kPending, records::kCardSlotLength);
+    live.open(platform::SlotUse::Read);
+    story.station.files.replaceWhole(Story::kPending, "");
+    return live.isStillThere();
+}
+
 /// Another station comes right before operation N: with a tender, which insists where errors are
 /// ignored. False behind the last operation.
 bool tenderIsKept(const std::string &name, std::size_t n, bool insists, bool copiesOver)
@@ -123,11 +133,12 @@ bool tenderIsKept(const std::string &name, std::size_t n, bool insists, bool cop
 
 TEST(Rewrites, KeepTheTenderThatComesAtAnyMomentOrItWasRefused)
 {
+    const bool copiesOver = systemCopiesOver();
     for (const std::string name : kRewrites) {
         SCOPED_TRACE(name);
-        for (std::size_t n = 1; tenderIsKept(name, n, true, false); ++n)
+        for (std::size_t n = 1; tenderIsKept(name, n, true, copiesOver); ++n)
             if (n % 5 == 0)
-                tenderIsKept(name, n, false, false);
+                tenderIsKept(name, n, false, copiesOver);
     }
     for (std::size_t n = 1; tenderIsKept("DELETE RED'S", n, true, true);)
         ++n;
@@ -135,6 +146,8 @@ TEST(Rewrites, KeepTheTenderThatComesAtAnyMomentOrItWasRefused)
 
 TEST(Finish, WithoutTheLockLeavesAFileAloneThatAnotherHasReplacedMeanwhile)
 {
+    if (systemCopiesOver())
+        GTEST_SKIP() << "it is the same file then, and nobody can tell";
     Evening late;
     Evening faster(&late);
     late.station.disk.before = [&](std::size_t n) {
