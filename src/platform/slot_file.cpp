@@ -206,21 +206,23 @@ Outcome SlotFile::place(std::string_view bytes, std::uint64_t &landedAt)
 {
     std::uint64_t claim = 0;
     const Outcome outcome = file->append(bytes, claim);
-    // Nearest, and a half always down: of two who append behind half a slot, one would round up to
-    // where the other rounds down.
+    // Nearest, and a half always up: of two who append behind half a slot, one would round up to
+    // where the other rounds down. Down, a rewrite that has walked the half would not look there.
     const std::uint64_t behind = claim % length;
-    landedAt = claim - behind + (2 * behind > length ? length : 0);
+    landedAt = claim - behind + (2 * behind >= length ? length : 0);
     if (!done(outcome) || landedAt == claim)
         return outcome;
     // Behind a torn tail. What the record covers now is its claim: whoever else appends, locked or
     // not, claims the next 500 bytes, so that no two move to the same slot.
-    const Outcome moved = rewriteAt(landedAt, bytes);
+    // The head of it must not stand in the slot that the tail belongs to.
+    const std::string gap(landedAt > claim ? landedAt - claim : 0, '\0');
+    const Outcome moved = rewriteAt(std::min(claim, landedAt), gap + std::string(bytes));
     if (!done(moved))
         giveUp(claim, std::max(claim, landedAt) + length);
     else if (landedAt < claim && locked)
         file->cutBack(claim + length, landedAt + length);
     // Without the lock what is left of the claim stays, since somebody may be just behind it. It
-    // is half a slot at most; the next append takes its place.
+    // is less than half a slot and does not count.
     return moved;
 }
 

@@ -45,7 +45,8 @@ public:
     Outcome write(long slot, std::string_view bytes);
     /// `bytes` must be one whole slot. The system places it at the end, so that it never
     /// overwrites what another process wrote, lock or no lock; `slot` is where it landed. Only
-    /// when the file's length is not a multiple of the slot length is it put at count + 1.
+    /// when the file's length is not a multiple of the slot length is it put into the next whole
+    /// slot, over a tail of less than half of one.
     /// After a failure the file is as it was. Flushed to the disk before close() returns.
     Outcome append(std::string_view bytes, long &slot);
     Outcome unlock();

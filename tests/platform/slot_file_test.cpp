@@ -137,7 +137,8 @@ TEST_F(SlotFileTest, appends_at_count_plus_one_whatever_else_happens)
         }
         const std::string bytes = station.get(kPath);
         return std::vector{std::to_string(slot), std::to_string(bytes.find(slotOf(3))),
-                           std::to_string(bytes.size())};
+                           std::to_string(bytes.size()),
+                           std::to_string(std::count(bytes.begin(), bytes.end(), '\0'))};
     });
 }
 
