@@ -18,11 +18,13 @@ bool EntryDetails::moveRecord(const std::string &to, bool locked)
     const StoredRecord added = locked ? addRecord(app, to, moved) : addUnlocked(app, to, moved);
     const bool removed =
         done(added.outcome) && removeRecord(app, fields.Label8, fields.Label1_1, stored);
-    if (!removed && !app.ending())
+    if (!removed && !app.ending()) {
+        reloadPending();
         app.dialogs.message("THE ENTRY HAS CHANGED",
                             "This entry was moved in its file by another program just now. It is "
                             "in " +
                                 to + " already, and in the old file too. Please look at both.");
+    }
     return removed;
 }
 

@@ -24,7 +24,8 @@ Outcome openLocked(App &app, SlotFile &file, SlotUse use)
 bool holds(SlotFile &slots, long slot, const CardRecord &record)
 {
     CardRecord there;
-    return done(slots.read(slot, there.data())) && there == record;
+    return slot >= 1 && slot <= slots.count() && done(slots.read(slot, there.data())) &&
+           there == record;
 }
 
 StoredRecord append(SlotFile &slots, const CardRecord &record)

@@ -38,7 +38,7 @@ StoredRecord addUnlocked(App &app, const std::string &file, const CardRecord &re
 platform::Outcome readRecord(App &app, const std::string &file, long slot, CardRecord &record);
 
 /// Whether slot N, looked at under the lock, holds just this record; one that does not exist holds
-/// all NULs.
+/// none.
 bool holdsRecord(App &app, const std::string &file, long slot, const CardRecord &record);
 
 /// Writes `next` at slot N, under the lock, where the slot still holds `before`; the 10 bytes
