@@ -51,9 +51,11 @@ private:
         start.hide();
     }
 
-    /// One at a time; an entry that is still open shows the new record.
+    /// One at a time; one that is still open is closed, unless the manager keeps what he typed.
     void openEntry(const std::string &file, long slot)
     {
+        if (entry && !entry->closeForRewrite())
+            return;
         if (!entry || entry->unloaded())
             entry.reset(new details::XchargeEntryDetals(app, printer, list->entryCallbacks()));
         entry->open(file, slot, "PEND");
