@@ -3,6 +3,7 @@
 // bytes; and how long another order of the rows takes to be seen.
 #include "bench/headless.h"
 #include "bench/measure.h"
+#include "bench/no_view.h"
 #include "pending/XchargePend.h"
 #include "platform/qt/mlist.h"
 #include "platform/qt/screen.h"
@@ -45,19 +46,6 @@ std::size_t readPlainly(const std::string &path, std::size_t piece)
     std::fclose(file);
     return got;
 }
-
-/// Nobody looks.
-class NoView : public pending::PendingView {
-public:
-    void refresh(const pending::PendingFields &) override {}
-    void showRows(const pending::ListRows &) override {}
-    void rowsColoured() override {}
-    void selectRow(long) override {}
-    void paintNow() override {}
-    void setBusyPointer(bool) override {}
-    void showEntry(const std::string &, long) override {}
-    bool closeEntry() override { return true; }
-};
 
 /// What the list does, without a window and without anything to wait for.
 class Blind {

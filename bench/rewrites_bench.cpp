@@ -2,8 +2,8 @@
 // file of 10,000 records, with how long another station's append could miss the new file.
 #include "bench/headless.h"
 #include "bench/measure.h"
+#include "bench/no_view.h"
 #include "pending/completing.h"
-#include "pending/pending.h"
 #include "records/card_files.h"
 #include "simulator/records_generator.h"
 #include "simulator/sandbox.h"
@@ -18,19 +18,7 @@ using namespace bench;
 constexpr long kEntries = 3'000;
 constexpr long kRecords = 10'000;
 
-/// Nobody looks, and every question is agreed to.
-class NoView : public pending::PendingView {
-public:
-    void refresh(const pending::PendingFields &) override {}
-    void showRows(const pending::ListRows &) override {}
-    void rowsColoured() override {}
-    void selectRow(long) override {}
-    void paintNow() override {}
-    void setBusyPointer(bool) override {}
-    void showEntry(const std::string &, long) override {}
-    bool closeEntry() override { return true; }
-};
-
+/// Every question is agreed to.
 class Agreeing : public NoDialogs {
 public:
     using NoDialogs::NoDialogs;

@@ -1,0 +1,20 @@
+// NoView: the manager's list without anybody who looks at it.
+#pragma once
+
+#include "pending/pending.h"
+
+namespace bench {
+
+class NoView : public pending::PendingView {
+public:
+    void refresh(const pending::PendingFields &) override {}
+    void showRows(const pending::ListRows &) override {}
+    void rowsColoured() override {}
+    void selectRow(long) override {}
+    void paintNow() override {}
+    void setBusyPointer(bool) override {}
+    void showEntry(const std::string &, long) override {}
+    bool closeEntry() override { return true; }
+};
+
+} // namespace bench
