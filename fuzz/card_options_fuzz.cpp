@@ -2,6 +2,8 @@
 #include "memory_station.h"
 #include "records/configuration.h"
 
+#include <algorithm>
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const std::string content = fuzz::textOf(data, size);
@@ -13,8 +15,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const char last = values.paymentDirectory.back();
     fuzz::require(last == '\\' || last == '/');
     fuzz::require(values.TndrNOpreAUTH == 0);
-    if (content.find("-1") == std::string::npos && content.find("-01") == std::string::npos &&
-        content.find("-0") == std::string::npos)
+    std::string unquoted = content; // a quote may stand anywhere in a value
+    unquoted.erase(std::remove(unquoted.begin(), unquoted.end(), '"'), unquoted.end());
+    if (unquoted.find("-1") == std::string::npos && unquoted.find("-0") == std::string::npos)
         fuzz::require(!values.PrintTipLine && !values.PreApproveTip);
     return 0;
 }
