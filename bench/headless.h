@@ -64,7 +64,7 @@ struct Headless {
     NoLoop loop;
     NoClock clock;
     NoPrinters printers;
-    platform::Run run{loop};
+    platform::Run run{loop, clock};
     platform::Files files{*disk, drives, run};
     NoDialogs dialogs{run};
     std::unique_ptr<platform::System> system = platform::runningSystem(drives, installation);

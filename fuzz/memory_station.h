@@ -167,7 +167,7 @@ public:
 
     MemoryDisk disk;
     StoppedTime time;
-    platform::Run run{time};
+    platform::Run run{time, time};
     platform::Drives drives{disk, "/drives", platform::Drives::Paths::BelowRoot};
     platform::Files files{disk, drives, run};
     Nobody nobody{run};

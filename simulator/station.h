@@ -16,15 +16,17 @@ public:
 
 private:
     /// A turn that never comes: nothing here waits through the file layer.
-    class NoLoop : public platform::EventLoop {
+    class NoTime : public platform::EventLoop, public platform::Clock {
     public:
         void turn() override {}
+        platform::DateTime now() const override { return {}; }
+        std::uint64_t milliseconds() const override { return 0; }
     };
-    NoLoop loop;
+    NoTime time;
 
 public:
     const std::string drivesFolder;
-    platform::Run run{loop};
+    platform::Run run{time, time};
     std::unique_ptr<platform::Disk> disk = platform::systemDisk();
     platform::Drives drives{*disk, drivesFolder};
     platform::Files files{*disk, drives, run};

@@ -71,6 +71,7 @@ public:
     bool shut() const { return run.ending(); }
     std::string realPath(std::string_view path) const { return drives.resolve(path); }
     Disk &rawDisk() { return disk; }
+    Run &theRun() { return run; }
 
     static constexpr std::size_t kReadLimit = 64U << 20U;
 

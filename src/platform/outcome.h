@@ -8,6 +8,7 @@ enum class Outcome {
     Done,
     NotThere, // the file, the folder or the program does not exist
     Locked,   // another process holds it
+    Leased,   // another computer has been given it, and is being asked to give it back
     NoRoom,   // the disk is full
     Denied,   // read-only, no rights, or the file layer is shut
     Broken,   // anything else: hardware, network, not a file

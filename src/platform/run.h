@@ -2,6 +2,7 @@
 // now, and the one way to let the event loop turn during a wait.
 #pragma once
 
+#include "platform/clock.h"
 #include "platform/outcome.h"
 
 #include <functional>
@@ -19,11 +20,14 @@ public:
     /// The same without the rest, for work that goes on at once. It may be called a hundred
     /// thousand times: a loop for which a turn costs something makes one every few milliseconds.
     virtual void glance() { turn(); }
+    /// Lets so much time pass and repaints the windows; no input, timer or handler runs. Nothing
+    /// passes where nobody waits.
+    virtual void rest(std::uint32_t) {}
 };
 
 class Run {
 public:
-    explicit Run(EventLoop &eventLoop) : loop(eventLoop) {}
+    Run(EventLoop &eventLoop, const Clock &theClock) : loop(eventLoop), clock(theClock) {}
     Run(const Run &) = delete;
     Run &operator=(const Run &) = delete;
 
@@ -32,6 +36,9 @@ public:
     void yield();
     /// The same in the midst of work, by EventLoop::glance(): at every record of a list.
     void glance();
+    /// For patiently() alone: so much time passes, painted, and nothing else happens.
+    void rest(std::uint32_t milliseconds) { loop.rest(milliseconds); }
+    std::uint64_t milliseconds() const { return clock.milliseconds(); }
 
     /// Asks for the end of the program. From here on the file layer is shut and every dialog
     /// answers Cancel; every loop tests ending(). What must still happen happens before.
@@ -53,6 +60,7 @@ public:
 private:
     friend class ErrorsIgnored;
     EventLoop &loop;
+    const Clock &clock;
     int ignoring = 0;
     bool over = false;
     bool failure = false;

@@ -57,7 +57,7 @@ struct Program::Parts {
 Program::Parts::Parts(const ProgramOptions &options)
     : disk(chosenDisk(options)), drives(*disk, platform::Drives::defaultRoot()),
       installation(readInstallation(*disk, drives.root())), clock(options.clockScale), loop(clock),
-      run(loop), files(*disk, drives, run), dialogs(run),
+      run(loop, clock), files(*disk, drives, run), dialogs(run),
       system(platform::runningSystem(drives, installation)),
       printers(installation, drives.root()), services{run,     files,    clock,       dialogs,
                                                       *system, printers, installation}

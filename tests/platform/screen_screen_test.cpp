@@ -91,7 +91,7 @@ TEST(ScreenOnTheProgramsLoop, is_destroyed_as_soon_as_no_handler_of_its_own_runs
         support::TestStation station;
         platform::QtClock clock(50);
         platform::QtEventLoop loop(clock);
-        platform::Run run(loop);
+        platform::Run run(loop, clock);
         bool handled = false;
         std::unique_ptr<Panel, Screen::Later> panel;
         const auto turn = [&run] {
@@ -148,7 +148,7 @@ TEST(ProgramsLoop, lets_events_and_timers_in_amid_work_without_resting)
 {
     platform::QtClock clock;
     platform::QtEventLoop loop(clock);
-    platform::Run run(loop);
+    platform::Run run(loop, clock);
     bool arrived = false;
     bool fired = false;
     QMetaObject::invokeMethod(

@@ -60,7 +60,7 @@ private:
 
 public:
     VirtualTime time;
-    platform::Run run{time};
+    platform::Run run{time, time};
     ScriptedDialogs dialogs{run};
     platform::Drives drives; // over the real disk: finding a name is no operation that fails
     FaultyDisk disk;

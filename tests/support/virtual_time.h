@@ -42,6 +42,12 @@ public:
     void turn() override { turnBy(maxStep); }
     /// A turn of 1 ms at most.
     void glance() override { turnBy(1); }
+    /// What the other side does happens; timers wait for the next turn.
+    void rest(std::uint32_t milliseconds) override
+    {
+        for (const std::uint64_t until = elapsed + milliseconds; elapsed < until;)
+            pass(until);
+    }
     void turnBy(std::uint64_t step)
     {
         if (everyTurn)
@@ -49,15 +55,7 @@ public:
         std::uint64_t next = elapsed + step;
         if (const auto due = nextDue())
             next = std::min(next, *due);
-        if (!events.empty())
-            next = std::min(next, events.begin()->first);
-        elapsed = std::max(elapsed, next);
-        if (elapsed > limit)
-            std::abort();
-        while (!events.empty() && events.begin()->first <= elapsed) {
-            const auto event = events.extract(events.begin()); // it may turn the loop itself
-            event.mapped()();
-        }
+        pass(next);
         fireDueTimers();
     }
     /// Sets the calendar alone, as when somebody corrects the computer's clock; timers go on.
@@ -86,6 +84,20 @@ public:
     std::function<void()> everyTurn;
 
 private:
+    /// To `next`, or to the scripted events before it.
+    void pass(std::uint64_t next)
+    {
+        if (!events.empty())
+            next = std::min(next, events.begin()->first);
+        elapsed = std::max(elapsed, next);
+        if (elapsed > limit)
+            std::abort();
+        while (!events.empty() && events.begin()->first <= elapsed) {
+            const auto event = events.extract(events.begin()); // it may turn the loop itself
+            event.mapped()();
+        }
+    }
+
     std::chrono::sys_time<std::chrono::milliseconds> calendarStart; // local, at elapsed 0
     std::uint64_t elapsed = 0;
     std::multimap<std::uint64_t, std::function<void()>> events;

@@ -1,7 +1,9 @@
 #include "platform/qt/qt_event_loop.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
+#include <QThread>
+#include <QWidget>
 
 #include <algorithm>
 #include <cmath>
@@ -41,6 +43,11 @@ int QtClock::wallTimeToNextTimer(int longest) const
     return static_cast<int>(std::min(wall, static_cast<double>(longest)));
 }
 
+unsigned long QtClock::wallTime(std::uint32_t milliseconds) const
+{
+    return static_cast<unsigned long>(std::max(1.0, milliseconds / factor));
+}
+
 QtEventLoop::QtEventLoop(QtClock &theClock) : clock(theClock)
 {
     alarm.setSingleShot(true);
@@ -61,6 +68,18 @@ void QtEventLoop::glance()
         return;
     deliver(depth++ == 0);
     --depth;
+}
+
+/// Straight to the windows, whole: an event loop would bring input and timers along.
+void QtEventLoop::rest(std::uint32_t milliseconds)
+{
+    if (!sinceRepaint.isValid() || sinceRepaint.elapsed() >= kRepaintEvery) {
+        for (QWidget *window : QApplication::topLevelWidgets())
+            if (window->isVisible())
+                window->repaint();
+        sinceRepaint.restart();
+    }
+    QThread::msleep(clock.wallTime(milliseconds));
 }
 
 void QtEventLoop::deliver(bool outermost)

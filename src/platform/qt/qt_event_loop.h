@@ -22,6 +22,8 @@ public:
 
     /// Milliseconds of the wall until the next timer is due, at most `longest`.
     int wallTimeToNextTimer(int longest) const;
+    /// Milliseconds of the wall for so many of the program, at least 1.
+    unsigned long wallTime(std::uint32_t milliseconds) const;
 
 private:
     double factor;
@@ -43,6 +45,9 @@ public:
     static constexpr int kGlanceEvery = 5;
     void turn() override;
     void glance() override;
+    /// Repainted at most this often, in milliseconds.
+    static constexpr int kRepaintEvery = 50;
+    void rest(std::uint32_t milliseconds) override;
 
 protected:
     bool event(QEvent *event) override;
@@ -54,6 +59,7 @@ private:
     QtClock &clock;
     QTimer alarm;
     QElapsedTimer sinceDelivery;
+    QElapsedTimer sinceRepaint;
     int depth = 0;
 };
 

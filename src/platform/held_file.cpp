@@ -1,0 +1,27 @@
+#include "platform/held_file.h"
+
+#include <utility>
+
+namespace platform {
+
+Outcome HeldFile::take(std::string_view path, std::string_view text)
+{
+    if (held())
+        return Outcome::Done;
+    const ErrorsIgnored ignored(files.theRun());
+    std::unique_ptr<DiskFile> opened;
+    Outcome outcome = files.open(path, OpenMode::Append, opened);
+    if (done(outcome))
+        outcome = files.lock(path, OpenMode::Append, opened);
+    if (!done(outcome))
+        return outcome;
+    // The lock is what counts: a text that cannot be written is merely not there.
+    std::uint64_t size = 0;
+    std::uint64_t landedAt = 0;
+    if (done(opened->size(size)) && done(opened->cutBack(size, 0)) && !text.empty())
+        opened->append(text, landedAt);
+    file = std::move(opened);
+    return Outcome::Done;
+}
+
+} // namespace platform
