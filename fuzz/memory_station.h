@@ -122,7 +122,8 @@ public:
     std::string executableName() override { return "TndrCC"; }
     Outcome openEditor(const std::string &) override { std::abort(); }
     Outcome openBrowser(const std::string &) override { std::abort(); }
-    bool connectionTest() override { std::abort(); }
+    void startConnectionTest() override { std::abort(); }
+    std::optional<bool> connectionTested() const override { std::abort(); }
     void playSound(const std::string &) override { std::abort(); }
     std::vector<std::string> names() override { return {}; }
     std::string defaultName() override { return {}; }

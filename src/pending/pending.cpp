@@ -15,7 +15,9 @@ using namespace records;
 
 namespace {
 
-constexpr std::uint64_t kPaintEvery = 50; // ms
+constexpr std::uint64_t kPaintEvery = 50;          // ms
+constexpr std::uint64_t kConnectionLasts = 30'000; // ms
+constexpr std::uint32_t kConnectionLook = 100;     // ms
 constexpr long kLookEvery = 16; // records; a look at the clock costs as much as a fifth of one
 
 } // namespace
@@ -23,9 +25,11 @@ constexpr long kLookEvery = 16; // records; a look at the clock costs as much as
 Pending::Pending(App &theApp, printing::Printer &thePrinter, PendingView &theView,
                  PendingRoutes theRoutes)
     : app(theApp), printer(thePrinter), view(theView), routes(std::move(theRoutes)),
-      Timer3(app.clock, [this] { Timer3_Timer(); })
+      Timer3(app.clock, [this] { Timer3_Timer(); }),
+      connectionTimer(app.clock, [this] { showConnection(); })
 {
     fields.SSCommand[5].visible = false;
+    enable(8, false);
     for (const int number : {6, 7, 10, 12})
         enable(number, true);
 }
@@ -66,12 +70,30 @@ void Pending::enable(int number, bool on)
     fields.SSCommand[static_cast<std::size_t>(number)].enabled = on && served;
 }
 
+/// Every save reloads the list, and none may wait for a line that is down: the last answer stays
+/// until the next one comes.
 void Pending::check_Connection()
 {
-    fields.connected = app.system.connectionTest();
+    const std::uint64_t now = app.clock.milliseconds();
+    if (connectionBegun && now - *connectionBegun <= kConnectionLasts)
+        return;
+    connectionBegun = now;
+    app.system.startConnectionTest();
+    connectionTimer.setInterval(kConnectionLook);
+    showConnection();
+}
+
+void Pending::showConnection()
+{
+    const std::optional<bool> tested = app.system.connectionTested();
+    if (!tested)
+        return;
+    connectionTimer.setInterval(0);
+    fields.connected = *tested;
     fields.Label20 =
         fields.connected ? "Internet connection detected!!" : "No internet connection detected...";
     enable(8, fields.connected);
+    show();
 }
 
 void Pending::Make_Sound()
@@ -135,8 +157,6 @@ void Pending::loadList()
 {
     loadAgain = false;
     Disable_Buttons();
-    show();
-    view.paintNow(); // without a connection the test takes its time
     check_Connection();
     ListBuilder fresh(app.clock.now());
     fields.Label16 = fresh.oldest;

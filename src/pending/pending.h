@@ -70,6 +70,7 @@ private:
     // pending.cpp
     void enable(int number, bool on);
     void check_Connection();
+    void showConnection();
     void Disable_Buttons();
     void Enable_Buttons();
     void Make_Sound();
@@ -110,8 +111,10 @@ private:
     ListState colours;
     std::optional<RunningTotals> saved; // the file behind the last save of a bulk command
     int sortColumn = 0;
-    std::string leaving;    // "EXIT", "Expired", "Operation is completed"
-    platform::Timer Timer3; // the longest that "Done" waits
+    std::string leaving;                          // "EXIT", "Expired", "Operation is completed"
+    platform::Timer Timer3;                       // the longest that "Done" waits
+    platform::Timer connectionTimer;              // looks whether the test has an answer
+    std::optional<std::uint64_t> connectionBegun; // when it was begun, ms
     std::uint64_t paintedAt = 0;
     bool working = false;
     bool loadAgain = false; // an entry was saved during a load

@@ -12,9 +12,7 @@
 #endif
 
 #include <algorithm>
-#include <condition_variable>
-#include <memory>
-#include <mutex>
+#include <atomic>
 #include <thread>
 
 namespace platform {
@@ -134,12 +132,7 @@ bool connectsUntil(const HostAndPort &server, steady_clock::time_point end)
     return connected;
 }
 
-struct Attempt {
-    std::mutex mutex;
-    std::condition_variable finished;
-    bool done = false;
-    bool answered = false;
-};
+enum class Answer { None, Yes, No };
 
 } // namespace
 
@@ -156,22 +149,37 @@ std::optional<HostAndPort> parseHostAndPort(std::string_view text)
     return HostAndPort{std::string(host), std::string(text.substr(colon + 1))};
 }
 
-bool serverAnswers(const HostAndPort &server, milliseconds limit)
-{
-    const auto end = steady_clock::now() + limit;
-    const auto attempt = std::make_shared<Attempt>();
-    // A thread, because nothing bounds the time that a name look-up takes.
-    std::thread([server, end, attempt] {
-        const bool answered = connectsUntil(server, end);
-        const std::lock_guard<std::mutex> guard(attempt->mutex);
-        attempt->answered = answered;
-        attempt->done = true;
-        attempt->finished.notify_one();
-    }).detach();
+struct ConnectionTest::Attempt {
+    explicit Attempt(steady_clock::time_point theEnd) : end(theEnd) {}
 
-    std::unique_lock<std::mutex> guard(attempt->mutex);
-    attempt->finished.wait_until(guard, end, [&] { return attempt->done; });
-    return attempt->answered;
+    const steady_clock::time_point end;
+    std::atomic<Answer> answer{Answer::None};
+};
+
+void ConnectionTest::start(std::string_view address)
+{
+    if (last && !result())
+        return;
+    last = std::make_shared<Attempt>(steady_clock::now() + limit);
+    const auto server = parseHostAndPort(address);
+    if (!server) {
+        last->answer = address.empty() ? Answer::Yes : Answer::No;
+        return;
+    }
+    // A thread, because nothing bounds the time that a name look-up takes.
+    std::thread([server = *server, attempt = last] {
+        attempt->answer = connectsUntil(server, attempt->end) ? Answer::Yes : Answer::No;
+    }).detach();
+}
+
+std::optional<bool> ConnectionTest::result() const
+{
+    if (!last)
+        return std::nullopt;
+    const Answer answer = last->answer;
+    if (answer == Answer::None && steady_clock::now() < last->end)
+        return std::nullopt;
+    return answer == Answer::Yes;
 }
 
 } // namespace platform

@@ -1,7 +1,8 @@
-// Whether a server answers: the look at the network behind System::connectionTest().
+// Whether a server answers: the look at the network behind System::startConnectionTest().
 #pragma once
 
 #include <chrono>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,8 +17,24 @@ struct HostAndPort {
 /// "host:port" or "[address]:port"; nothing when a part is missing.
 std::optional<HostAndPort> parseHostAndPort(std::string_view text);
 
-/// True when the server accepts a connection within `limit`, the look-up of its name included.
-/// What is still under way by then is left to itself.
-bool serverAnswers(const HostAndPort &server, std::chrono::milliseconds limit);
+/// Tries a server beside the program: nobody waits for it, neither a screen nor the program's end.
+class ConnectionTest {
+public:
+    /// `limit`: the longest that a server may take to accept, the look-up of its name included.
+    explicit ConnectionTest(std::chrono::milliseconds longest) : limit(longest) {}
+
+    /// Begins anew with an address as parseHostAndPort() takes it; an empty one passes without a
+    /// look, another text fails. Nothing while one is under way.
+    void start(std::string_view address);
+    /// Of the last one begun; nothing while it is under way, and before the first. What is still
+    /// under way at its limit has failed, and is left to itself.
+    std::optional<bool> result() const;
+
+private:
+    struct Attempt;
+
+    std::chrono::milliseconds limit;
+    std::shared_ptr<Attempt> last; // shared with its thread, which may outlive the test
+};
 
 } // namespace platform

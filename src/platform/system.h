@@ -4,6 +4,7 @@
 #include "platform/outcome.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace platform {
@@ -31,8 +32,11 @@ public:
     virtual std::string executableName() = 0;
     virtual Outcome openEditor(const std::string &path) = 0;
     virtual Outcome openBrowser(const std::string &address) = 0;
-    /// True when the address of the installation's connection test answers within 2 s.
-    virtual bool connectionTest() = 0;
+    /// Begins to try the address of the installation's connection test, which has 2 s to answer;
+    /// nothing while one is under way. It goes on beside the program, and nobody is called.
+    virtual void startConnectionTest() = 0;
+    /// Whether it answered the last one begun; nothing while that is under way.
+    virtual std::optional<bool> connectionTested() const = 0;
     /// A sound file; silent when there is none or nothing to play it.
     virtual void playSound(const std::string &path) = 0;
 };

@@ -180,13 +180,8 @@ public:
         return address.empty() ? Outcome::NotThere : open(installation.browserCommand, address);
     }
 
-    bool connectionTest() override
-    {
-        if (installation.connectionTest.empty())
-            return true;
-        const auto server = parseHostAndPort(installation.connectionTest);
-        return server && serverAnswers(*server, kConnectionLimit);
-    }
+    void startConnectionTest() override { connection.start(installation.connectionTest); }
+    std::optional<bool> connectionTested() const override { return connection.result(); }
 
     void playSound(const std::string &path) override
     {
@@ -257,10 +252,9 @@ private:
         return pids;
     }
 
-    static constexpr std::chrono::milliseconds kConnectionLimit{2000};
-
     const Drives &drives;
     const Installation &installation;
+    ConnectionTest connection{std::chrono::seconds(2)};
     std::vector<pid_t> children;
 };
 

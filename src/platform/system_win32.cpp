@@ -131,13 +131,8 @@ public:
         return address.empty() ? Outcome::NotThere : open(installation.browserCommand, address, {});
     }
 
-    bool connectionTest() override
-    {
-        if (installation.connectionTest.empty())
-            return true;
-        const auto server = parseHostAndPort(installation.connectionTest);
-        return server && serverAnswers(*server, kConnectionLimit);
-    }
+    void startConnectionTest() override { connection.start(installation.connectionTest); }
+    std::optional<bool> connectionTested() const override { return connection.result(); }
 
     void playSound(const std::string &path) override
     {
@@ -159,10 +154,9 @@ private:
         return create(wideText(line), WindowStyle::Normal);
     }
 
-    static constexpr std::chrono::milliseconds kConnectionLimit{2000};
-
     const Drives &drives;
     const Installation &installation;
+    ConnectionTest connection{std::chrono::seconds(2)};
 };
 
 } // namespace

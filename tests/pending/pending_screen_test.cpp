@@ -159,6 +159,7 @@ TEST(PendingScreen, FitsBothSizesWithItsWidestTexts)
             records, "CCTabAmt=9999.99;CCTip=999.99;CCReceipt=10432;CCServer=120;"
                      "CCAdjStatus=Adjusted - Pending;CCTime=11:45 PM"));
         story.station.system.connected = false;
+        story.station.advance(30'000); // till the last answer is old
         EXPECT_TRUE(click(QStringLiteral("Refresh")));
         EXPECT_EQ(story.text("Label5_2"), records == 9 ? "$98,999.82" : "$1,429,997.40");
         const int top = story.list.y();

@@ -185,4 +185,37 @@ TEST(Stories, OfTheListGoAsTheirGoldenFilesTell)
     }
 }
 
+/// Forty slips at midnight do not wait for a line that is down, and its state is no guess.
+TEST(InternetOfTheList, IsTriedBesideTheScreenAndNotAtEachSave)
+{
+    Story story;
+    story.station.put(Story::kPending, slotOf("CCReceipt=1"));
+    const auto label = [&] {
+        return std::to_string(story.station.system.connectionTests) + ": " +
+               story.list.state().Label20 +
+               (story.list.state().SSCommand[8].enabled ? " Continue" : "");
+    };
+    const std::uint64_t begun = story.station.time.milliseconds();
+    story.station.system.connected.reset();
+    for (int save = 0; save < 40; ++save)
+        story.list.entrySaved();
+    EXPECT_LE(story.station.time.milliseconds() - begun, 40U) << "one turn for each record";
+    EXPECT_EQ(story.list.state().Label18, "1 Swipes");
+    EXPECT_EQ(label(), "1: ");
+    story.station.system.connected = false;
+    story.station.advance(100);
+    EXPECT_EQ(label(), "1: No internet connection detected...");
+
+    story.station.system.connected.reset();
+    story.station.advance(29'000);
+    story.list.entrySaved();
+    EXPECT_EQ(label(), "1: No internet connection detected...") << "it is not old yet";
+    story.station.advance(1'000);
+    story.list.entrySaved();
+    EXPECT_EQ(label(), "2: No internet connection detected...") << "until the next answer";
+    story.station.system.connected = true;
+    story.station.advance(100);
+    EXPECT_EQ(label(), "2: Internet connection detected!! Continue");
+}
+
 } // namespace pending

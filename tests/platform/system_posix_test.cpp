@@ -1,5 +1,6 @@
 // Programs really started and ended. The other process tells what it sees through a FIFO, so that
 // nothing here waits by the clock.
+#include "platform/connection.h"
 #include "platform/system.h"
 #include "support/second_process.h"
 #include "support/test_files.h"
@@ -7,6 +8,8 @@
 
 #include <arpa/inet.h>
 #include <sys/stat.h>
+
+#include <thread>
 
 namespace {
 
@@ -77,23 +80,54 @@ TEST_F(SystemTest, killing_ends_only_programs_of_the_drives_folder)
     EXPECT_EQ(alive, "--+++");
 }
 
-TEST_F(SystemTest, connection_test_is_answered_by_a_listener_alone)
-{
+struct ConnectionOfSystem : SystemTest {
+    ConnectionOfSystem()
+    {
+        auto *const any = reinterpret_cast<sockaddr *>(&address);
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t length = sizeof address;
+        EXPECT_EQ(::bind(listener, any, length) + ::getsockname(listener, any, &length), 0);
+    }
+    ~ConnectionOfSystem() override { ::close(listener); }
+
+    std::string server() const { return "127.0.0.1:" + std::to_string(ntohs(address.sin_port)); }
+    bool test(const std::string &where)
+    {
+        station.installation.connectionTest = where;
+        system->startConnectionTest();
+        while (!system->connectionTested()) // 2 s at most, that is what is promised
+            std::this_thread::yield();
+        return *system->connectionTested();
+    }
+
     const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t length = sizeof address;
-    auto *const any = reinterpret_cast<sockaddr *>(&address);
-    ASSERT_EQ(::bind(listener, any, length) + ::getsockname(listener, any, &length), 0);
+};
 
-    station.installation.connectionTest = "";
-    EXPECT_TRUE(system->connectionTest()) << "no address: nothing to test";
-    station.installation.connectionTest = "127.0.0.1:" + std::to_string(ntohs(address.sin_port));
-    EXPECT_FALSE(system->connectionTest()) << "bound, but nobody listens";
+TEST_F(ConnectionOfSystem, is_there_when_somebody_listens)
+{
+    EXPECT_FALSE(system->connectionTested()) << "nothing was tried yet";
+    EXPECT_TRUE(test("")) << "no address: nothing to test";
+    EXPECT_FALSE(test("no port"));
+    EXPECT_FALSE(test(server())) << "bound, but nobody listens";
     ASSERT_EQ(::listen(listener, 0), 0);
-    EXPECT_TRUE(system->connectionTest());
-    ::close(listener);
+    EXPECT_TRUE(test(server()));
+}
+
+TEST_F(ConnectionOfSystem, is_tried_beside_the_program_when_nothing_comes_back)
+{
+    ASSERT_EQ(::listen(listener, 0), 0);
+    EXPECT_TRUE(test(server())); // nobody takes it, so that the next one is swallowed
+    system->startConnectionTest();
+    EXPECT_FALSE(system->connectionTested()) << "under way";
+    station.installation.connectionTest = "";
+    system->startConnectionTest();
+    EXPECT_FALSE(system->connectionTested()) << "still the same";
+    ConnectionTest hasty(std::chrono::milliseconds(0));
+    hasty.start(server());
+    EXPECT_EQ(hasty.result(), false) << "too late is a no, whatever the thread still does";
+    system.reset(); // the program's end waits for none of it
 }
 
 } // namespace

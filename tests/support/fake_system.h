@@ -23,7 +23,8 @@ public:
     }
 
     std::string executable = "TndrCC";
-    bool connected = true;
+    std::optional<bool> connected = true; // nothing: the test is under way
+    int connectionTests = 0;
     std::function<void(const Started &)> onStart;
     std::function<void(const std::string &imageName)> onKill;
 
@@ -48,7 +49,8 @@ public:
     std::string executableName() override { return executable; }
     Outcome openEditor(const std::string &) override { return Outcome::Done; }
     Outcome openBrowser(const std::string &) override { return Outcome::Done; }
-    bool connectionTest() override { return connected; }
+    void startConnectionTest() override { ++connectionTests; }
+    std::optional<bool> connectionTested() const override { return connected; }
     void playSound(const std::string &path) override { played.push_back(path); }
 
 private:
