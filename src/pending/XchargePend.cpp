@@ -6,6 +6,7 @@
 
 #include <QButtonGroup>
 #include <QKeyEvent>
+#include <QSignalBlocker>
 
 namespace pending {
 
@@ -99,8 +100,10 @@ void XchargePend::connectCommands()
     click(ui->SSCommand15, &Pending::SSCommand15_Click); // "Mark all completed"
     click(ui->Image1, &Pending::Image1_Click);           // the picture in the corner
     for (std::size_t option = 0; option < SSOption1.size(); ++option)
-        connect(SSOption1[option], &QAbstractButton::clicked, this,
-                [this, option] { list.SSOption1_Click(static_cast<int>(option)); });
+        connect(SSOption1[option], &QAbstractButton::toggled, this, [this, option](bool on) {
+            if (on)
+                list.SSOption1_Click(static_cast<int>(option));
+        });
     connect(ui->MList1, &platform::MList::rowOpened, this,
             [this](long row) { list.MList1_Click(row); });
     ui->SSCommand11->installEventFilter(this);
@@ -223,7 +226,8 @@ void XchargePend::showOptions(const PendingFields &fields)
 {
     for (std::size_t option = 0; option < SSOption1.size(); ++option) {
         QRadioButton &button = *SSOption1[option];
-        button.setAutoExclusive(false); // else one would always stay chosen
+        const QSignalBlocker quiet(&button); // what the list decides is no choice of anybody
+        button.setAutoExclusive(false);      // else one would always stay chosen
         button.setChecked(static_cast<int>(option) == fields.SSOption1);
         button.setAutoExclusive(true);
     }

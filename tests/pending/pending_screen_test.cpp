@@ -8,6 +8,7 @@
 #include "support/qt/qt_station.h"
 #include "support/qt/screen_checks.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QRadioButton>
 
@@ -122,6 +123,24 @@ TEST(PendingScreen, OpensTheRecordOfARowByFingerAndKeyboardInAnyOrder)
     press(Qt::Key_Return);
     EXPECT_TRUE(story.list.hasFocus());
     EXPECT_EQ(story.rows(), "1043 017r 008 009 ") << "a load loses the order";
+}
+
+TEST(PendingScreen, IsSortedByTheActionOfAScreenReaderAsByATap)
+{
+    ScreenStory story(kEvening);
+    const auto toggle = [](const char *option) {
+        QAccessible::queryAccessibleInterface(controlNamed(QString::fromLatin1(option)))
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::toggleAction());
+    };
+    toggle("Sort by Receipt Number");
+    EXPECT_EQ(story.rows(), "008 009 017r 1043 Receipt Number");
+    toggle("Sort by Receipt Number");
+    EXPECT_EQ(story.rows(), "008 009 017r 1043 Receipt Number") << "one is always chosen";
+    toggle("Sort by Tab Amount");
+    EXPECT_EQ(story.rows(), "008 009 017r 1043 Tab Amount");
+    EXPECT_TRUE(click(QStringLiteral("Refresh")));
+    EXPECT_EQ(story.rows(), "1043 017r 008 009 ") << "the load takes the choice back";
 }
 
 TEST(PendingScreen, GetsTheKeyboardBackFromAnEntryOnItsRows)
