@@ -83,6 +83,7 @@ void PrintPartial_Merch(App &app, Printer &printer, const SlipContext &context)
     if (merchantCopySuppressed(context))
         return;
     const platform::ErrorsIgnored errorsIgnored(app.run);
+    printer.beginSlip(kMerchantSlip);
     printCopy(app, printer, "Picture4", 0);
 }
 
@@ -93,6 +94,7 @@ void PrintPartial_Cust(App &app, Printer &printer, const SlipContext &context)
         writeCreditApproval(app);
         return;
     }
+    printer.beginSlip(kCustomerSlip);
     printCopy(app, printer, "Picture3", 1);
 }
 
@@ -109,6 +111,7 @@ void Att_Server(const App &app, Printer &printer)
         "Split Tender, Put in the parial amount and the ",
         "balance in the approiate box.",
     };
+    printer.beginSlip("server's notice");
     useSlipFont(app, printer);
     for (const char *text : kNotice)
         printer.line(text);

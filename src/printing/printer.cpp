@@ -177,7 +177,21 @@ void Printer::useFont()
 void Printer::submitTo(const std::string &name)
 {
     open = false;
-    printers.submit(name, std::exchange(job, {}));
+    const std::vector<std::string> named = std::exchange(slips, {});
+    const platform::Outcome outcome = printers.submit(name, std::exchange(job, {}));
+    if (!platform::done(outcome) && !named.empty())
+        lost(name, outcome, named);
+}
+
+// Both copies on the same dead printer are one message.
+void Printer::lost(const std::string &name, platform::Outcome outcome,
+                   const std::vector<std::string> &of)
+{
+    if (unprinted.empty() || unprinted.back().printer != name ||
+        unprinted.back().outcome != outcome)
+        unprinted.push_back({{}, name, outcome});
+    std::vector<std::string> &all = unprinted.back().slips;
+    all.insert(all.end(), of.begin(), of.end());
 }
 
 } // namespace printing

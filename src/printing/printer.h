@@ -6,9 +6,17 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace printing {
+
+/// What one printer did not take of what was written.
+struct Unprinted {
+    std::vector<std::string> slips; // their names as beginSlip() had them
+    std::string printer;            // empty: there is none at all
+    platform::Outcome outcome = platform::Outcome::Broken;
+};
 
 class Printer {
 public:
@@ -45,6 +53,9 @@ public:
     // What is written begins a job where none is open. The job belongs to the printer that is
     // selected then: selecting another one closes it.
 
+    /// What follows is the slip of this name, "merchant's slip": people read it where the job is
+    /// not printed. A job may hold several, and they share its fate.
+    void beginSlip(std::string_view name) { slips.emplace_back(name); }
     /// One printed line; a NUL prints as a blank.
     void line(std::string_view text);
     void blankLines(int count = 1);
@@ -60,9 +71,12 @@ public:
     void setLandscape(bool on);
 
     bool jobOpen() const { return open; }
-    /// Hands the job to its printer; a printer that is not there loses it. Without an open job
-    /// nothing is printed.
+    /// Hands the job to its printer. One that the printer does not take is lost, and its slips are
+    /// kept for takeUnprinted(). Without an open job nothing is printed.
     void closeJob();
+    /// The slips that were not printed since the last call, in their order; forgets them. A job
+    /// without a slip (the knife alone) is not told.
+    std::vector<Unprinted> takeUnprinted() { return std::exchange(unprinted, {}); }
 
     /// Loads printer list and fonts while the program waits anyway.
     void warmUp(const platform::PrintFont &likely);
@@ -81,6 +95,8 @@ private:
     void add(platform::PrintOperation::Kind kind, std::string_view text = {});
     void useFont();
     void submitTo(const std::string &name);
+    void lost(const std::string &name, platform::Outcome outcome,
+              const std::vector<std::string> &of);
 
     platform::Printers &printers;
     std::vector<Choice> requested; // not looked up yet, in their order
@@ -92,6 +108,8 @@ private:
     bool fontWritten = false;
     bool landscape = false;
     platform::PrintJob job;
+    std::vector<std::string> slips; // of the open job
+    std::vector<Unprinted> unprinted;
     bool open = false;
 };
 

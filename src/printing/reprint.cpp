@@ -86,6 +86,7 @@ void printVoidedCopy(const App &app, Printer &printer, std::string_view banner,
 
 void Reprint_Merch(const App &app, Printer &printer, const SlipContext &context)
 {
+    printer.beginSlip(kMerchantSlip);
     printBanner(printer, "Picture2", 12, 3);
     printHeader(app, printer, saleLine(app), reprintedCard(app) + transRecordText(context));
     printBoldLine(app, printer, approvalLine(app));
@@ -95,6 +96,7 @@ void Reprint_Merch(const App &app, Printer &printer, const SlipContext &context)
 
 void Reprint_Cust(const App &app, Printer &printer, const SlipContext &context)
 {
+    printer.beginSlip(kCustomerSlip);
     printBanner(printer, "Picture1", 12, 3);
     printHeader(app, printer, saleLine(app), reprintedCard(app));
     printBoldLine(app, printer, terminalLine(app));
@@ -104,7 +106,9 @@ void Reprint_Cust(const App &app, Printer &printer, const SlipContext &context)
 
 void Print_Cust2(const App &app, Printer &printer, const SlipContext &context)
 {
+    printer.beginSlip("customer's void slip");
     printVoidedCopy(app, printer, "Picture1", voidedCard(app));
+    printer.beginSlip("merchant's void slip");
     printVoidedCopy(app, printer, "Picture2", voidedCard(app) + transRecordText(context));
     printer.closeJob();
 }

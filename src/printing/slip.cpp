@@ -32,6 +32,7 @@ void Print_Merch(App &app, Printer &printer, const SlipContext &context)
     if (merchantCopySuppressed(context))
         return;
     const platform::ErrorsIgnored errorsIgnored(app.run);
+    printer.beginSlip(kMerchantSlip);
     printBanner(printer, "Picture2", 12, 3);
     printHeader(app, printer, saleLine(app) + " - " + records::Trim(context.seconds),
                 cardText(app, fieldText(app, records::HiddenNumb)) + transRecordText(context));
@@ -58,6 +59,7 @@ void Print_Cust(App &app, Printer &printer, const SlipContext &context)
         writeCreditApproval(app);
         return;
     }
+    printer.beginSlip(kCustomerSlip);
     printBanner(printer, "Picture1", 12, 3);
     printHeader(app, printer, saleLine(app), cardText(app, fieldText(app, records::HiddenNumb)));
     printBoldLine(app, printer, terminalLine(app));
@@ -87,6 +89,7 @@ void print_balance(const App &app, Printer &printer)
 
 void printGiftBalancePage(const App &app, Printer &printer)
 {
+    printer.beginSlip("gift card's balance");
     printBanner(printer, "Picture1", 24, 2);
     print_balance(app, printer);
     printer.blankLines(15);

@@ -9,6 +9,10 @@
 
 namespace printing {
 
+// Their names where they could not be printed.
+inline constexpr const char *kMerchantSlip = "merchant's slip";
+inline constexpr const char *kCustomerSlip = "customer's slip";
+
 /// Font family and sizes of the slips, from fields 22 and 23 of the configuration. A size of 0 is
 /// none: the current one stays.
 struct SlipFont {

@@ -2,6 +2,7 @@
 #include "printing/slip.h"
 #include "records/card_files.h"
 #include "records/trace.h"
+#include "tender/notices.h"
 #include "tender/request.h"
 #include "tender/tender.h"
 
@@ -182,13 +183,15 @@ void Tender::finish()
     endTender();
 }
 
-/// An open print job is closed, and so printed, before the end is asked for.
+/// An open print job is closed, and so printed, before the end is asked for. Record and answer are
+/// written by then, so that nothing waits for whoever reads the notice.
 void Tender::endTender()
 {
     Timer1.setInterval(0);
     Timer2.setInterval(0);
     Timer5.setInterval(0);
     printer.closeJob();
+    tellUnprinted(app, printer.takeUnprinted());
     app.end();
 }
 

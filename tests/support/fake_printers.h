@@ -4,6 +4,7 @@
 #include "platform/printers.h"
 
 #include <algorithm>
+#include <deque>
 
 namespace support {
 
@@ -17,6 +18,7 @@ public:
     std::vector<std::string> installed = {"Receipt TM-88", "Office Laser"};
     std::string preferred = "Receipt TM-88"; // or the first, where it is not installed
     std::vector<Collected> collected;
+    std::deque<platform::Outcome> failures; // of the next jobs; Done prints one
 
     std::vector<std::string> names() override { return installed; }
     std::string defaultName() override
@@ -27,6 +29,12 @@ public:
     {
         if (!has(printerName))
             return platform::Outcome::NotThere;
+        if (!failures.empty()) {
+            const platform::Outcome outcome = failures.front();
+            failures.pop_front();
+            if (!done(outcome))
+                return outcome;
+        }
         collected.push_back({printerName, job});
         return platform::Outcome::Done;
     }

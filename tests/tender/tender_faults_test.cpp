@@ -1,5 +1,6 @@
 // A tender whose file operations fail or stop, one after the other: whatever happens, nobody
 // else's record is touched, and the point of sale is told nothing that is not on the disk.
+#include "records/trace.h"
 #include "support/tender_story.h"
 
 namespace {
@@ -100,5 +101,74 @@ TEST(FailingTender, EitherEndsOrSaysInItsTraceThatARecordIsMissing)
         }
     }
 }
+
+/// A night on which the printer takes only some of a tender's jobs.
+struct BadPaper {
+    const char *name;
+    std::deque<Outcome> jobs;
+    const char *told;
+    bool local = false;
+    bool partial = false;
+    bool leftOpen = false; // the customer's copy, until the end
+};
+
+class UnprintedSlips : public testing::TestWithParam<BadPaper> {};
+
+TEST_P(UnprintedSlips, AreToldByNameBehindRecordAndAnswerUntilSomebodyPressesOk)
+{
+    const BadPaper &row = GetParam();
+    Disturbed story(row.local);
+    story.station.printers.failures = row.jobs;
+    story.app.values.NoCut2Flag = row.leftOpen ? -1 : 0;
+    if (row.partial)
+        story.paymentAnswers(support::approvedResult() + "ADDITIONALFUNDSREQUIRED=20.00\r\n");
+    bool whileOpen = false;
+    story.station.dialogs.answerNext(platform::Answer::Ok, [&] {
+        whileOpen = story.stored() && !story.station.run.ending() &&
+                    story.answer().starts_with(row.partial ? "\"DECLINE but" : "\"Approved");
+        story.tender.SSCommand1_Click(); // neither hurries it away
+        story.tender.SSCommand2_Click();
+    });
+    story.run();
+    EXPECT_TRUE(whileOpen && story.station.run.ending());
+    const std::string words = row.told;
+    EXPECT_EQ(story.station.dialogs.shown,
+              std::vector{"[NOT PRINTED] " + words +
+                          " The card is approved: do not run it again. Reprint from the manager's "
+                          "list (receipt 1043). (Ok)"});
+    for (const std::string &trace : {story.processTrace(), story.station.get(kTraceLogFile)})
+        for (const char *slip : {"merchant's slip", "customer's slip", "server's notice"})
+            EXPECT_EQ(trace.find(std::string("  NOT PRINTED - ") + slip) != trace.npos,
+                      words.find(slip) != words.npos)
+                << slip;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , UnprintedSlips,
+    testing::Values(
+        BadPaper{"merchant",
+                 {Outcome::NoRoom},
+                 "The merchant's slip was not printed on Receipt TM-88: no room on the disk."},
+        BadPaper{"customer",
+                 {Outcome::Done, Outcome::NotThere},
+                 "The customer's slip was not printed on Receipt TM-88: the printer is not there."},
+        BadPaper{"both",
+                 {Outcome::Broken, Outcome::Broken},
+                 "The merchant's slip and the customer's slip were not printed on Receipt TM-88: "
+                 "device or network error.",
+                 true},
+        BadPaper{"leftOpen",
+                 {Outcome::Done, Outcome::NoRoom},
+                 "The customer's slip was not printed on Receipt TM-88: no room on the disk.",
+                 false,
+                 false,
+                 true},
+        BadPaper{"partialInOneJob",
+                 {Outcome::Broken},
+                 "The merchant's slip, the customer's slip and the server's notice were not "
+                 "printed on Receipt TM-88: device or network error.",
+                 false,
+                 true}),
+    [](const auto &row) { return std::string(row.param.name); });
 
 } // namespace

@@ -1,0 +1,18 @@
+// Slips that no printer took: in words for the people who wait for them, and for the trace.
+#pragma once
+
+#include "printing/printer.h"
+
+#include <string>
+#include <vector>
+
+namespace printing {
+
+/// "The merchant's slip and the customer's slip were not printed on Receipt: no room on the disk."
+/// One sentence for each printer and reason.
+std::string unprintedWords(const std::vector<Unprinted> &unprinted);
+
+/// "  NOT PRINTED - merchant's slip - no room on the disk - Receipt", a line for each slip.
+std::vector<std::string> unprintedLines(const std::vector<Unprinted> &unprinted);
+
+} // namespace printing
