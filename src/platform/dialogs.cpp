@@ -17,4 +17,18 @@ std::optional<std::string> Dialogs::input(const std::string &title, const std::s
     return askText(title, text, initial, hidden);
 }
 
+void Dialogs::notice(const Notice &notice)
+{
+    if (!run.ending())
+        show(notice);
+}
+
+void Dialogs::show(const Notice &notice)
+{
+    std::string text = notice.text;
+    for (const auto &[name, value] : notice.facts)
+        text.append("\n").append(name).append(": ").append(value);
+    ask(notice.title, notice.file.empty() ? text : text + "\n" + notice.file, Buttons::Ok);
+}
+
 } // namespace platform

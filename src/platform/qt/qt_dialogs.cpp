@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -27,6 +28,9 @@ public:
     static constexpr int kHarmless = QDialog::Rejected;
 
     Box(const QString &title, const QString &text);
+    /// In large letters.
+    void addFacts(const std::vector<std::pair<std::string, std::string>> &facts);
+    void addFile(const QString &path);
     void addField(QWidget &field) { content->addWidget(&field); }
     void addButton(const QString &caption, int result, bool isDefault);
     /// Waits for the answer. A box opened before the end was asked for closes with it.
@@ -69,6 +73,35 @@ Box::Box(const QString &title, const QString &text)
     all->addWidget(heading);
     all->addLayout(content, 1);
     all->addLayout(commands);
+}
+
+void Box::addFacts(const std::vector<std::pair<std::string, std::string>> &facts)
+{
+    setProperty("look", QStringLiteral("notice"));
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(24);
+    grid->setColumnStretch(1, 1);
+    for (const auto &[name, text] : facts) {
+        const int row = grid->rowCount();
+        auto *label = new QLabel(toQt(name));
+        auto *value = new QLabel(toQt(text));
+        label->setProperty("part", QStringLiteral("hint"));
+        value->setProperty("part", QStringLiteral("amount"));
+        value->setTextFormat(Qt::PlainText);
+        value->setAccessibleName(toQt(name + " " + text));
+        grid->addWidget(label, row, 0);
+        grid->addWidget(value, row, 1);
+    }
+    content->addLayout(grid);
+}
+
+void Box::addFile(const QString &path)
+{
+    auto *file = new QLabel(path);
+    file->setProperty("part", QStringLiteral("foot"));
+    file->setTextFormat(Qt::PlainText);
+    file->setWordWrap(true);
+    content->addWidget(file);
 }
 
 void Box::addButton(const QString &caption, int result, bool isDefault)
@@ -121,6 +154,16 @@ Answer QtDialogs::ask(const std::string &title, const std::string &text, Buttons
     const int result = box.wait(run);
     return result == Box::kHarmless ? harmless
                                     : static_cast<Answer>(result - QDialog::Accepted - 1);
+}
+
+void QtDialogs::show(const Notice &notice)
+{
+    Box box(titleOf(notice.title), toQt(notice.text));
+    box.addFacts(notice.facts);
+    if (!notice.file.empty())
+        box.addFile(toQt(notice.file));
+    box.addButton(QStringLiteral("OK"), resultOf(Answer::Ok), true);
+    box.wait(run);
 }
 
 std::optional<std::string> QtDialogs::askText(const std::string &title, const std::string &text,

@@ -11,6 +11,7 @@ public:
     explicit QtDialogs(Run &theRun) : Dialogs(theRun), run(theRun) {}
 
 protected:
+    void show(const Notice &notice) override;
     Answer ask(const std::string &title, const std::string &text, Buttons buttons) override;
     std::optional<std::string> askText(const std::string &title, const std::string &text,
                                        const std::string &initial, bool hidden) override;
