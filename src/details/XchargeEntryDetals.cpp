@@ -3,10 +3,10 @@
 #include "details/PrinterChoice.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/qt_text.h"
+#include "records/typed_amount.h"
 #include "ui_XchargeEntryDetals.h"
 
 #include <QKeyEvent>
-#include <QRegularExpressionValidator>
 #include <QScreen>
 #include <QSignalBlocker>
 
@@ -30,8 +30,9 @@ void put(QLineEdit &box, const std::string &value)
     if (box.text() == text)
         return;
     const QSignalBlocker quiet(&box);
+    const int typedUpTo = box.hasFocus() ? box.cursorPosition() : 0;
     box.setText(text);
-    box.setCursorPosition(0);
+    box.setCursorPosition(typedUpTo);
 }
 
 const char *stateOf(const std::string &status)
@@ -69,6 +70,11 @@ void XchargeEntryDetals::gatherArrays()
                   ui->SSCommand6_12, ui->SSCommand6_13, ui->SSCommand6_14};
     for (std::size_t item = 0; item < SSCommand6.size(); ++item)
         quickNames[item] = SSCommand6[item]->accessibleName();
+    amountCaptions = {ui->caption_Text1_4, ui->caption_Text1_7, ui->caption_Text1_8,
+                      ui->caption_Text1_12, ui->caption_Text1_22};
+    for (std::size_t item = 0; item < amountCaptions.size(); ++item)
+        amountNames[item] = amountCaptions[item]->text();
+    ui->tipFault->setText(QStringLiteral("Not an amount. ") + toQt(records::kAmountRule));
 }
 
 void XchargeEntryDetals::connectCommands()
@@ -109,8 +115,6 @@ void XchargeEntryDetals::connectCommands()
 
 void XchargeEntryDetals::connectTip()
 {
-    static const QRegularExpression amount(QStringLiteral("[0-9]*\\.?[0-9]*"));
-    ui->Text4->setValidator(new QRegularExpressionValidator(amount, ui->Text4));
     connect(ui->Text4, &QLineEdit::textChanged, this,
             [this](const QString &text) { entry.Text4_Change(fromQt(text)); });
     for (std::size_t item = 0; item < SSCommand6.size(); ++item)
@@ -197,13 +201,30 @@ void XchargeEntryDetals::showEntry(const EntryFields &fields)
     ui->Label4_3->setText(toQt(fields.Label4_3));
     ui->Label8->setText(toQt(fields.Label8));
     ui->Label10->setText(toQt(fields.Label10));
+    showAmounts(fields);
+}
+
+void XchargeEntryDetals::showAmounts(const EntryFields &fields)
+{
+    for (std::size_t item = 0; item < amountCaptions.size(); ++item) {
+        const bool wrong = fields.Text1Wrong[kAmountBoxes[item].first];
+        QLineEdit &box = *Text1[kAmountBoxes[item].first];
+        putLook(box, "state", wrong ? "wrong" : "");
+        putLook(*amountCaptions[item], "state", wrong ? "declined" : "");
+        amountCaptions[item]->setText(wrong ? QStringLiteral("Not an amount") : amountNames[item]);
+        box.setAccessibleDescription(wrong ? ui->tipFault->text() : QString());
+    }
 }
 
 void XchargeEntryDetals::showTip(const EntryFields &fields)
 {
     put(*ui->Text4, fields.Text4);
     ui->Text4->setReadOnly(fields.Text4Locked);
-    putLook(*ui->Text4, "state", fields.Text4Locked ? "locked" : "");
+    putLook(*ui->Text4, "state",
+            fields.Text4Wrong ? "wrong" : (fields.Text4Locked ? "locked" : ""));
+    ui->Text4->setAccessibleDescription(fields.Text4Wrong ? ui->tipFault->text() : QString());
+    putVisible(*ui->tipFault, fields.Text4Wrong);
+    putVisible(*ui->Label3_1, !fields.Text4Wrong);
     ui->keypad->setDisabled(fields.Text4Locked);
     ui->Label3_0->setText(toQt(fields.Label3_0));
     ui->Label3_0->setAccessibleName(toQt("Tab: " + fields.Label3_0));

@@ -9,6 +9,7 @@
 #include <memory>
 
 class QAbstractButton;
+class QLabel;
 class QLineEdit;
 namespace Ui {
 class XchargeEntryDetals;
@@ -52,6 +53,7 @@ private:
     void unload() override;
 
     void showEntry(const EntryFields &fields);
+    void showAmounts(const EntryFields &fields);
     void showTip(const EntryFields &fields);
     void showCardData(const EntryFields &fields);
     void showNotices(const EntryFields &fields);
@@ -60,6 +62,8 @@ private:
     records::App &app;
     std::unique_ptr<Ui::XchargeEntryDetals> ui;
     std::array<QLineEdit *, 25> Text1{};
+    std::array<QLabel *, 5> amountCaptions{}; // of kAmountBoxes
+    std::array<QString, 5> amountNames;       // what they say
     std::array<QAbstractButton *, 15> SSCommand6{};
     std::array<QString, 15> quickNames; // of SSCommand6, without their amounts
     EntryDetails entry;                 // last: it refers to this view until it is gone

@@ -4,10 +4,22 @@
 #include "details/entry_working.h"
 #include "details/hidden_card_data.h"
 #include "records/card_files.h"
+#include "records/typed_amount.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace details {
+
+namespace {
+
+bool takesAmount(std::size_t box)
+{
+    return std::any_of(kAmountBoxes.begin(), kAmountBoxes.end(),
+                       [box](const auto &amount) { return amount.first == box; });
+}
+
+} // namespace
 
 EntryDetails::EntryDetails(records::App &theApp, printing::Printer &thePrinter, EntryView &theView,
                            EntryCallbacks theCallbacks)
@@ -36,7 +48,7 @@ bool EntryDetails::closeForRewrite()
     if (working)
         return false;
     const bool mayGo =
-        !loaded || fields.Text1 == settled ||
+        !loaded || (fields.Text1 == settled && !fields.Text4Wrong) ||
         app.dialogs.message("ENTRY NOT SAVED",
                             "The entry that is open has changes that are not saved. They are lost "
                             "when you go on.",
@@ -123,8 +135,12 @@ void EntryDetails::Fill_data()
 
 void EntryDetails::Text1_Change(std::size_t index, const std::string &text)
 {
-    if (!working && index < fields.Text1.size())
+    if (!working && index < fields.Text1.size()) {
         fields.Text1[index] = text;
+        // What the file holds may be no amount, and is not refused.
+        fields.Text1Wrong[index] =
+            takesAmount(index) && text != settled[index] && !records::typedAmount(text);
+    }
     show(); // a box holds what its field does
 }
 

@@ -46,9 +46,10 @@ public:
     void setSlot(long slot);                 // Label1(1) alone; Fill_data follows
     void setStatus(std::string_view status); // Text1(19) alone
 
-    // What the manager types, and no command may lose: while one works, the old text comes back.
+    // What the manager types, and no command may lose: while one works, the old text comes back. A
+    // text that is not an amount (records/typed_amount.h) is not saved, nor is a part of it.
     void Text1_Change(std::size_t index, const std::string &text);
-    /// Any other text than before makes the record "Adjusted - Pending".
+    /// Any other amount than before makes the record "Adjusted - Pending".
     void Text4_Change(const std::string &text);
 
     void SSCommand1_Click();                  // "Done"
@@ -86,11 +87,14 @@ private:
 
     // entry_tips.cpp
     records::Money tab() const;
+    records::Money tip() const;
     void setTip(const std::string &text);
+    void setWrongTip(const std::string &text);
     void showTabAlone();
     bool forceNoTip();
 
     // entry_save.cpp
+    bool takeAmounts();
     bool exceedsBalance();
     bool saveAndLeave();
     bool save(bool scrambled);

@@ -4,8 +4,17 @@
 
 #include <array>
 #include <string>
+#include <utility>
 
 namespace details {
+
+/// The boxes of Text1 that take an amount, and what people call it.
+inline constexpr std::array<std::pair<std::size_t, const char *>, 5> kAmountBoxes = {
+    {{4, "sale amount"},
+     {7, "tab amount"},
+     {8, "approved amount"},
+     {12, "tip"},
+     {22, "balance of the card"}}};
 
 struct EntryFields {
     // Text1: 0 number, 1 expiry, 2 name, 3 track read line, 4 sale, 5 server, 6 table, 7 tab,
@@ -18,6 +27,9 @@ struct EntryFields {
     std::string Text3; // the number as slips show it
     std::string Text4; // the tip being edited
     bool Text4Locked = false;
+    // Typed, and not an amount: nothing is saved until it is one. There is no new total then.
+    bool Text4Wrong = false;
+    std::array<bool, 25> Text1Wrong{};
 
     long Label1_1 = 0;    // slot, from 1
     std::string Label3_0; // tab

@@ -35,6 +35,7 @@ void fillTip(const CardRecord &record, EntryFields &fields)
     const Money tab = record.value(CCTabAmt);
     const Money tip = record.value(CCTip);
     fields.Text4 = plainText(tip);
+    fields.Text4Wrong = false;
     fields.Label3_0 = Currency(tab);
     fields.Label3_1 = Currency(tab + tip);
     // Yesterday's guest must not be tipped by the captions of today's.
@@ -70,6 +71,7 @@ void fillBoxes(const CardRecord &record, EntryFields &fields)
 {
     for (const auto &[box, field] : kSavedBoxes)
         fields.Text1[box] = boxText(record, field);
+    fields.Text1Wrong.fill(false);
     fields.Text1[0] = record.text(CCNumb);
     fields.Text1[13] = Trim(fields.Text1[13]);
     fields.Text1[20] = Format(boxText(record, CCAdjAmt), kTotalMask);

@@ -2,15 +2,39 @@
 #include "details/entry_record.h"
 #include "details/entry_working.h"
 #include "records/card_files.h"
+#include "records/typed_amount.h"
 
 namespace details {
 
 using namespace records;
 
+namespace {
+
+constexpr std::size_t kTipBox = 12;
+constexpr const char *kNothingSaved = " is not an amount. Nothing has been saved. ";
+
+} // namespace
+
+/// Commas become the point of the card files. False, and said, where a box holds no amount.
+bool EntryDetails::takeAmounts()
+{
+    for (const auto &[box, name] : kAmountBoxes) {
+        std::string &text = fields.Text1[box];
+        if (fields.Text1Wrong[box] || (box == kTipBox && fields.Text4Wrong)) {
+            app.dialogs.message("NOT AN AMOUNT",
+                                std::string("The ") + name + kNothingSaved + kAmountRule + ".");
+            return false;
+        }
+        if (text != settled[box])
+            text = typedAmount(text).value_or(text);
+    }
+    return true;
+}
+
 bool EntryDetails::exceedsBalance()
 {
     const Money balance = Val(fields.Text1[22]);
-    if (balance.isZero() || Val(fields.Text4) <= balance)
+    if (balance.isZero() || tip() <= balance)
         return false;
     app.dialogs.message("YOU HAVE EXCEEDED THE CRD VALUE",
                         "Tip Exceeeds the balance of the card. This is either a gift card or debit "
@@ -65,7 +89,7 @@ bool EntryDetails::saveAndLeave()
         const Working here(*this);
         if (fields.Text4.empty())
             fields.Text4 = "0";
-        saved = !exceedsBalance() && save(true);
+        saved = takeAmounts() && !exceedsBalance() && save(true);
         if (saved)
             reloadPending();
     }
@@ -89,7 +113,7 @@ void EntryDetails::SSCommand10_Click()
     if (busy())
         return;
     const Working here(*this);
-    if (save(false))
+    if (takeAmounts() && save(false))
         reloadPending();
     show();
 }

@@ -2,6 +2,9 @@
 #include "details/entry_details.h"
 #include "details/entry_record.h"
 #include "details/quick_tips.h"
+#include "records/typed_amount.h"
+
+#include <utility>
 
 namespace details {
 
@@ -16,19 +19,38 @@ void EntryDetails::Text4_Change(const std::string &text)
 {
     if (working || fields.Text4Locked)
         return show(); // the box holds the old tip again
-    setTip(text);
+    if (typedAmount(text))
+        setTip(text);
+    else
+        setWrongTip(text);
+}
+
+Money EntryDetails::tip() const
+{
+    return Val(typedAmount(fields.Text4).value_or(fields.Text4));
+}
+
+/// The tip and the total of what was right before it are gone: they would pass for this one's.
+void EntryDetails::setWrongTip(const std::string &text)
+{
+    fields.Text4 = text;
+    fields.Text4Wrong = true;
+    for (std::string *of : {&fields.Label3_1, &fields.Text1[12], &fields.Text1[20]})
+        of->clear();
+    record.set(CCAdjAmt, stored.raw(CCAdjAmt));
+    show();
 }
 
 // Any change makes the record adjusted, also one to nothing and on a declined record.
 void EntryDetails::setTip(const std::string &text)
 {
-    if (text == fields.Text4)
+    if (text == fields.Text4 && !fields.Text4Wrong)
         return;
     fields.Text4 = text;
-    const Money tip = Val(text);
-    const Money total = tab() + tip;
+    fields.Text4Wrong = fields.Text1Wrong[12] = false;
+    const Money total = tab() + tip();
     fields.Label3_1 = Currency(total);
-    fields.Text1[12] = plainText(tip);
+    fields.Text1[12] = plainText(tip());
     fields.Text1[20] = totalText(total);
     fields.Text1[19] = kAdjusted;
     // Kept: the sign goes as the first character, so a total below zero leaves "$1.50)".
@@ -40,6 +62,7 @@ void EntryDetails::showTabAlone()
 {
     fields.Label3_1 = Currency(tab());
     fields.Text1[12] = "0";
+    fields.Text1Wrong[12] = false;
     fields.Text1[20] = totalText(tab());
 }
 
@@ -67,6 +90,8 @@ void EntryDetails::SSCommand4_Click()
 {
     if (busy())
         return;
+    if (std::exchange(fields.Text4Wrong, false))
+        fields.Text4 = "0"; // taken back, whatever it was to be
     showTabAlone();
     fields.Text1[19] = kNotAdjusted;
     saveAndLeave();

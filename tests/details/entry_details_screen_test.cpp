@@ -5,6 +5,7 @@
 #include "support/qt/screen_checks.h"
 
 #include <QAccessible>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -68,8 +69,12 @@ struct EntryScreen : testing::Test {
 TEST_F(EntryScreen, ATipByKeypadKeyboardAndQuickTipIsShownAtOnceAndSavedByEnterAlone)
 {
     open();
-    type(QStringLiteral("9,x")); // over the 0; a tip has digits and a point
-    for (const char *key : {"Point", "Digit 5", "Digit 0", "Backspace"})
+    type(QStringLiteral("9,x")); // over the 0
+    EXPECT_EQ(shown("Text4"), "9,x");
+    EXPECT_TRUE(named<QLabel>("tipFault").isVisible() && !named<QLabel>("Label3_1").isVisible());
+    EXPECT_TRUE(click(QStringLiteral("Done")) && !screen->unloaded()) << boxes;
+    EXPECT_EQ(clippedControls(*screen, kScreenSizes[0]), "");
+    for (const char *key : {"Backspace", "Digit 5", "Digit 0", "Backspace"})
         EXPECT_TRUE(click(QString::fromLatin1(key)));
     EXPECT_NE(controlNamed(QStringLiteral("New Total: $58.00")), nullptr);
     EXPECT_EQ(shown("Text1_12") + " " + shown("Text1_19"), "9.5 Adjusted - Pending");

@@ -225,6 +225,26 @@ TEST(Entry, LeavesOnDiskScreenAndPaperWhatTheGoldenTableSays)
     });
 }
 
+TEST(Entry, StoresNoPartOfAnAmountThatWasMistyped)
+{
+    for (const char *typed : {"tip -5", "tip 1e3", "tip 12345678", "box 4=1.234", "box 7=48,500",
+                              "box 8=$5", "box 12=5 50", "box 22=9.9.9"})
+        for (const char *command : {"Done", "Save"}) {
+            Story story("CCTip=3");
+            for (const char *each : {"open 2", "tip 5", typed})
+                story.press(each);
+            story.press(command);
+            EXPECT_EQ(story.disk(), "") << typed << command;
+            EXPECT_EQ(story.happened.rfind("[NOT AN AMOUNT] The ", 0), 0U) << story.happened;
+            EXPECT_TRUE(story.open);
+        }
+    Story story("CCTip=");
+    story.station.dialogs.choice = platform::Answer::Cancel;
+    story.press("open 2");
+    story.press("tip 5x");
+    EXPECT_FALSE(story.entry.closeForRewrite()) << "not before somebody has been asked";
+}
+
 // A record is one of its receipt and name; what a command changes may be torn by a power cut.
 TEST(Entry, IsNeverLostWhereverACommandStopsAndWhateverFails)
 {

@@ -1,6 +1,7 @@
 // Texts, numbers and money: what a mask, a list or a slip makes of an amount. A digit lost here is
 // lost on every receipt.
 #include "records/text.h"
+#include "records/typed_amount.h"
 #include "support/golden_table.h"
 
 namespace {
@@ -38,6 +39,21 @@ TEST(Amounts, AreReadAndPrintedInEveryMaskAsTheGoldenTableSays)
                            Format_Money(Val(text)),
                            plainText(Val(text))};
     });
+}
+
+TEST(Amounts, AreTakenAsTypedOrNotAtAll)
+{
+    const std::map<std::string, std::string> amounts = {
+        {"", ""},       {"  ", ""},           {"5", "5"},
+        {"5.5", "5.5"}, {"5,50", "5.50"},     {",5", ".5"},
+        {"5,", "5."},   {" 12.34 ", "12.34"}, {"9999999.99", "9999999.99"}};
+    for (const auto &[typed, taken] : amounts)
+        EXPECT_EQ(typedAmount(typed), taken) << typed;
+    for (const char *typed :
+         {"-5",    "+5",    "1e3",   "5.5.5", "5,5.5",    "5 50",     "$5",       "5$",
+          "5.505", "5.50-", "1,234", "1.234", "1,234.50", "1.234,50", "12345678", "12345678.25",
+          "0x10",  "5..",   ".",     ",",     "- ",       "5\t",      "\xB2"})
+        EXPECT_EQ(typedAmount(typed), std::nullopt) << typed;
 }
 
 TEST(Dates, ArePrintedInEveryMaskAsTheGoldenTableSays)
