@@ -35,8 +35,11 @@ public:
 
     Outcome open(const std::string &path, platform::OpenMode mode,
                  std::unique_ptr<platform::DiskFile> &file) override;
-    bool isFile(const std::string &path) override { return content.count(path) > 0; }
-    bool isDirectory(const std::string &path) override { return !isFile(path); }
+    Outcome look(const std::string &path, platform::Found &found) override
+    {
+        found = content.count(path) > 0 ? platform::Found::File : platform::Found::Folder;
+        return Outcome::Done;
+    }
     Outcome modified(const std::string &, platform::DateTime &) override { return Outcome::Broken; }
     Outcome remove(const std::string &path) override
     {
@@ -101,7 +104,7 @@ inline platform::Outcome MemoryDisk::open(const std::string &path, platform::Ope
 {
     const bool creates =
         mode == platform::OpenMode::Append || mode == platform::OpenMode::CreateEmpty;
-    if (!creates && !isFile(path))
+    if (!creates && content.count(path) == 0)
         return Outcome::NotThere;
     std::string &bytes = content[path];
     if (mode == platform::OpenMode::CreateEmpty)

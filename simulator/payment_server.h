@@ -23,7 +23,11 @@ public:
     /// request or an answer that a tender takes back meanwhile is passed over. `now`: milliseconds
     /// of a clock that never goes back.
     void turn(std::uint64_t now);
-    bool folderIsThere() { return files.rawDisk().isDirectory(realFolder); }
+    bool folderIsThere()
+    {
+        const platform::ErrorsIgnored ignored(run);
+        return files.folderExists(folder);
+    }
 
 private:
     enum class Form { Whole, InPlace, Rest, None };

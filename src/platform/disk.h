@@ -22,6 +22,14 @@ enum class OpenMode {
     CreateEmpty, // created when missing, emptied when there; for writing
 };
 
+/// What stands at a path.
+enum class Found {
+    Nothing,
+    File,
+    Folder,
+    Other, // a device, a pipe
+};
+
 /// One open file. Closing (destruction) releases a lock held through it. No descriptor is ever
 /// inherited by a started program.
 class DiskFile {
@@ -59,8 +67,9 @@ public:
     /// `file` is empty after a failure. Only plain files open; anything else is Broken.
     virtual Outcome open(const std::string &path, OpenMode mode,
                          std::unique_ptr<DiskFile> &file) = 0;
-    virtual bool isFile(const std::string &path) = 0;
-    virtual bool isDirectory(const std::string &path) = 0;
+    /// Nothing is found only where the system is certain of it. Whatever else goes wrong is a
+    /// failure, and says nothing of what is there.
+    virtual Outcome look(const std::string &path, Found &found) = 0;
     /// When a file was last written to, in local time.
     virtual Outcome modified(const std::string &path, DateTime &when) = 0;
     virtual Outcome remove(const std::string &path) = 0;

@@ -197,17 +197,10 @@ bool PosixFile::isStillAt(const std::string &path)
            mine.st_dev == there.st_dev && mine.st_ino == there.st_ino;
 }
 
-bool hasType(const std::string &path, mode_t type)
-{
-    struct stat found = {};
-    return ::stat(path.c_str(), &found) == 0 && (found.st_mode & S_IFMT) == type;
-}
-
 class PosixDisk final : public Disk {
 public:
     Outcome open(const std::string &path, OpenMode mode, std::unique_ptr<DiskFile> &file) override;
-    bool isFile(const std::string &path) override { return hasType(path, S_IFREG); }
-    bool isDirectory(const std::string &path) override { return hasType(path, S_IFDIR); }
+    Outcome look(const std::string &path, Found &found) override;
     Outcome modified(const std::string &path, DateTime &when) override;
     Outcome remove(const std::string &path) override;
     Outcome rename(const std::string &from, const std::string &to) override;
@@ -231,6 +224,19 @@ Outcome PosixDisk::open(const std::string &path, OpenMode mode, std::unique_ptr<
         return Outcome::Broken;
     }
     file = std::make_unique<PosixFile>(descriptor, mode);
+    return Outcome::Done;
+}
+
+Outcome PosixDisk::look(const std::string &path, Found &found)
+{
+    found = Found::Nothing;
+    struct stat there = {};
+    if (::stat(path.c_str(), &there) != 0) {
+        const Outcome outcome = outcomeOf(errno);
+        return outcome == Outcome::NotThere ? Outcome::Done : outcome;
+    }
+    const bool file = S_ISREG(there.st_mode);
+    found = file ? Found::File : S_ISDIR(there.st_mode) ? Found::Folder : Found::Other;
     return Outcome::Done;
 }
 

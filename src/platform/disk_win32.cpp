@@ -294,16 +294,10 @@ Outcome copyOver(const std::string &from, const std::string &to)
     return outcomeOfCall(whole);
 }
 
-DWORD attributesOf(const std::string &path)
-{
-    return GetFileAttributesW(wideText(path).c_str());
-}
-
 class Win32Disk final : public Disk {
 public:
     Outcome open(const std::string &path, OpenMode mode, std::unique_ptr<DiskFile> &file) override;
-    bool isFile(const std::string &path) override;
-    bool isDirectory(const std::string &path) override;
+    Outcome look(const std::string &path, Found &found) override;
     Outcome modified(const std::string &path, DateTime &when) override;
     Outcome remove(const std::string &path) override;
     Outcome rename(const std::string &from, const std::string &to) override;
@@ -324,16 +318,16 @@ Outcome Win32Disk::open(const std::string &path, OpenMode mode, std::unique_ptr<
     return Outcome::Done;
 }
 
-bool Win32Disk::isFile(const std::string &path)
+Outcome Win32Disk::look(const std::string &path, Found &found)
 {
-    const DWORD attributes = attributesOf(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-}
-
-bool Win32Disk::isDirectory(const std::string &path)
-{
-    const DWORD attributes = attributesOf(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    found = Found::Nothing;
+    const DWORD attributes = GetFileAttributesW(wideText(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        const Outcome outcome = outcomeOf(GetLastError());
+        return outcome == Outcome::NotThere ? Outcome::Done : outcome;
+    }
+    found = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? Found::Folder : Found::File;
+    return Outcome::Done;
 }
 
 Outcome Win32Disk::modified(const std::string &path, DateTime &when)
@@ -362,7 +356,8 @@ Outcome Win32Disk::rename(const std::string &from, const std::string &to)
         outcomeOfCall(MoveFileExW(wideText(from).c_str(), wideText(to).c_str(),
                                   MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
     const bool isOpen = outcome == Outcome::Denied || outcome == Outcome::Locked;
-    if (isOpen && isFile(from) && isFile(to)) {
+    Found there = Found::Nothing;
+    if (isOpen && done(look(to, there)) && there == Found::File) {
         outcome = copyOver(from, to);
         if (done(outcome))
             remove(from);

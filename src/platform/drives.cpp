@@ -1,6 +1,7 @@
 #include "platform/drives.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace platform {
@@ -67,66 +68,104 @@ Drives::Drives(Disk &theDisk, std::string root, Paths paths)
         folder.pop_back();
 }
 
+std::string Drives::driveOf(std::string_view &path) const
+{
+    return folder + "/" + takeDrive(path);
+}
+
 std::string Drives::resolve(std::string_view path) const
 {
+    std::string real;
+    resolve(path, real);
+    return real;
+}
+
+Outcome Drives::resolve(std::string_view path, std::string &real) const
+{
     path = path.substr(0, path.find('\0')); // where every system call would end it too
+    real = path;
     if (kind == Paths::AsTheyStand)
-        return std::string(path);
-    const std::string drive = folder + "/" + takeDrive(path);
+        return Outcome::Done;
+    const std::string drive = driveOf(path);
     const std::vector<std::string> names = namesOf(path);
-
-    std::string asSpelled = drive;
+    real = drive;
     for (const std::string &name : names)
-        asSpelled.append("/").append(name);
-    if (disk.isFile(asSpelled) || disk.isDirectory(asSpelled))
-        return asSpelled;
-
+        real.append("/").append(name);
+    bool there = false;
+    Outcome outcome = fits(real, true, there);
+    if (!done(outcome) || there || names.empty())
+        return outcome;
     // The usual path that is not there yet: its folder is, as spelled.
-    std::string at = drive;
-    std::size_t next = 0;
-    if (!names.empty()) {
-        std::string parent = asSpelled.substr(0, asSpelled.size() - names.back().size() - 1);
-        if (disk.isDirectory(parent)) {
-            at = std::move(parent);
-            next = names.size() - 1;
-        }
-    }
+    const std::string parent = real.substr(0, real.size() - names.back().size() - 1);
+    outcome = fits(parent, false, there);
+    if (!done(outcome))
+        return outcome;
+    return there ? walk(parent, names, names.size() - 1, real) : walk(drive, names, 0, real);
+}
+
+/// Matches one name after the other from `next` on, below the folder `at`.
+Outcome Drives::walk(std::string at, const std::vector<std::string> &names, std::size_t next,
+                     std::string &real) const
+{
+    bool there = true;
     for (; next < names.size(); ++next) {
-        const std::string name = match(at, names[next], next + 1 == names.size());
+        std::string name = names[next];
+        if (there) { // behind a name that is not there nothing is
+            const Outcome outcome = match(at, next + 1 == names.size(), name, there);
+            if (!done(outcome))
+                return outcome;
+        }
         at.append("/").append(name);
     }
-    return at;
+    real = std::move(at);
+    return Outcome::Done;
+}
+
+/// All but the last name of a path must be folders.
+Outcome Drives::fits(const std::string &path, bool last, bool &there) const
+{
+    Found found = Found::Nothing;
+    const Outcome outcome = disk.look(path, found);
+    there = found == Found::Folder || (last && found == Found::File);
+    return outcome;
 }
 
 /// The name in the folder that `name` means: as spelled, else the first in another case, else
-/// `name` itself. All but the last name of a path must be folders.
-std::string Drives::match(const std::string &parent, const std::string &name, bool last) const
+/// `name` itself, which is not there.
+Outcome Drives::match(const std::string &parent, bool last, std::string &name, bool &there) const
 {
-    const auto fits = [&](const std::string &candidate) {
-        const std::string path = parent + "/" + candidate;
-        return disk.isDirectory(path) || (last && disk.isFile(path));
-    };
-    if (fits(name))
-        return name;
+    Outcome outcome = fits(parent + "/" + name, last, there);
+    if (!done(outcome) || there)
+        return outcome;
+    std::vector<std::string> *names = nullptr;
+    if (outcome = namesIn(parent, names); !done(outcome))
+        return outcome;
     std::vector<std::string> others;
-    for (const std::string &there : namesIn(parent)) {
-        if (sameName(there, name))
-            others.push_back(there);
-    }
+    std::copy_if(names->begin(), names->end(), std::back_inserter(others),
+                 [&](const std::string &other) { return sameName(other, name); });
     std::sort(others.begin(), others.end());
-    const auto found = std::find_if(others.begin(), others.end(), fits);
-    return found == others.end() ? name : *found;
+    for (const std::string &other : others) {
+        outcome = fits(parent + "/" + other, last, there);
+        if (there)
+            name = other;
+        if (!done(outcome) || there)
+            return outcome;
+    }
+    return Outcome::Done;
 }
 
-const std::vector<std::string> &Drives::namesIn(const std::string &directory) const
+Outcome Drives::namesIn(const std::string &directory, std::vector<std::string> *&names) const
 {
     const std::uint64_t stamp = disk.changeStamp(directory);
     Listing &listing = listings[directory];
-    if (stamp == 0 || stamp != listing.stamp) {
-        disk.list(directory, listing.names);
-        listing.stamp = stamp;
-    }
-    return listing.names;
+    names = &listing.names;
+    if (stamp != 0 && stamp == listing.stamp)
+        return Outcome::Done;
+    Outcome outcome = disk.list(directory, listing.names);
+    if (outcome == Outcome::NotThere) // no folder, no names
+        outcome = Outcome::Done;
+    listing.stamp = done(outcome) ? stamp : 0;
+    return outcome;
 }
 
 } // namespace platform

@@ -25,8 +25,11 @@ public:
     /// BelowRoot elsewhere; a test may keep its files below a folder on Windows too.
     Drives(Disk &theDisk, std::string root, Paths paths = systemPaths());
 
-    /// The real path; never fails, a path that leads nowhere is simply not there. "." and ".." are
+    /// The real path. One that leads nowhere is no failure; that a folder on the way cannot be
+    /// looked at or listed is, for the file may be there in another spelling. "." and ".." are
     /// worked out in the text, and ".." never leads above the drive.
+    Outcome resolve(std::string_view path, std::string &real) const;
+    /// For those who create nothing: as spelled where it cannot be found out.
     std::string resolve(std::string_view path) const;
     const std::string &root() const { return folder; }
 
@@ -41,8 +44,12 @@ private:
         std::vector<std::string> names;
     };
 
-    std::string match(const std::string &parent, const std::string &name, bool last) const;
-    const std::vector<std::string> &namesIn(const std::string &directory) const;
+    std::string driveOf(std::string_view &path) const;
+    Outcome walk(std::string at, const std::vector<std::string> &names, std::size_t next,
+                 std::string &real) const;
+    Outcome fits(const std::string &path, bool last, bool &there) const;
+    Outcome match(const std::string &parent, bool last, std::string &name, bool &there) const;
+    Outcome namesIn(const std::string &directory, std::vector<std::string> *&names) const;
 
     Disk &disk;
     std::string folder;

@@ -70,86 +70,137 @@ Outcome Files::judge(std::string_view operation, std::string_view path, Outcome 
     return outcome;
 }
 
+/// Finds the real path and makes the call on it, by the rules of a failure.
+template <typename Call>
+Outcome Files::perform(std::string_view operation, std::string_view path, Call call)
+{
+    if (shut())
+        return Outcome::Denied;
+    std::string real;
+    const Outcome outcome = realPath(path, real);
+    return judge(operation, path, done(outcome) ? call(real) : outcome);
+}
+
+Outcome Files::look(std::string_view path, Found &found)
+{
+    return perform("Looking at", path,
+                   [&](const std::string &real) { return disk.look(real, found); });
+}
+
 bool Files::exists(std::string_view path)
 {
-    return !shut() && !endsInSeparator(path) && disk.isFile(realPath(path));
+    bool there = false;
+    exists(path, there);
+    return there;
+}
+
+Outcome Files::exists(std::string_view path, bool &there)
+{
+    Found found = Found::Nothing;
+    const Outcome outcome = endsInSeparator(path) ? Outcome::Done : look(path, found);
+    there = found == Found::File;
+    return outcome;
 }
 
 bool Files::folderExists(std::string_view path)
 {
-    return !shut() && !path.empty() && disk.isDirectory(realPath(path));
+    Found found = Found::Nothing;
+    return !path.empty() && done(look(path, found)) && found == Found::Folder;
 }
 
 Outcome Files::modified(std::string_view path, DateTime &when)
 {
-    if (shut())
-        return Outcome::Denied;
-    return judge("Looking at", path, disk.modified(realPath(path), when));
+    return perform("Looking at", path,
+                   [&](const std::string &real) { return disk.modified(real, when); });
 }
 
 Outcome Files::remove(std::string_view path)
 {
-    if (shut())
-        return Outcome::Denied;
-    return judge("Deleting", path, disk.remove(realPath(path)));
+    return perform("Deleting", path, [&](const std::string &real) { return disk.remove(real); });
 }
 
 Outcome Files::removeIfThere(std::string_view path)
 {
-    if (shut())
-        return Outcome::Denied;
-    const Outcome outcome = disk.remove(realPath(path));
-    return outcome == Outcome::NotThere ? outcome : judge("Deleting", path, outcome);
+    bool missing = false;
+    const Outcome outcome = perform("Deleting", path, [&](const std::string &real) {
+        const Outcome removed = disk.remove(real);
+        missing = removed == Outcome::NotThere;
+        return missing ? Outcome::Done : removed;
+    });
+    return missing ? Outcome::NotThere : outcome;
 }
 
 Outcome Files::copy(std::string_view from, std::string_view to)
 {
-    if (shut())
-        return Outcome::Denied;
     std::unique_ptr<DiskFile> source;
-    const Outcome outcome = disk.open(realPath(from), OpenMode::Read, source);
+    const Outcome outcome = perform("Copying", from, [&](const std::string &real) {
+        return disk.open(real, OpenMode::Read, source);
+    });
     if (!done(outcome))
-        return judge("Copying", from, outcome);
-    return judge("Copying", to, replaceFile(disk, realPath(to), [&](DiskFile &target) {
-                     return copyBytes(*source, target);
-                 }));
+        return outcome;
+    return perform("Copying", to, [&](const std::string &real) {
+        return replaceFile(disk, real,
+                           [&](DiskFile &target) { return copyBytes(*source, target); });
+    });
 }
 
 Outcome Files::makeFolder(std::string_view path)
 {
-    if (shut())
-        return Outcome::Denied;
-    const std::string real = realPath(path);
-    Outcome outcome = Outcome::Done;
-    if (!disk.isDirectory(real))
-        outcome = disk.makeDirectory(real);
-    if (!done(outcome) && disk.isDirectory(real)) // another station was faster
-        outcome = Outcome::Done;
-    return judge("Making the folder", path, outcome);
+    return perform("Making the folder", path, [&](const std::string &real) {
+        Found found = Found::Nothing;
+        Outcome outcome = disk.look(real, found);
+        if (done(outcome) && found != Found::Folder)
+            outcome = disk.makeDirectory(real);
+        if (!done(outcome) && done(disk.look(real, found)) && found == Found::Folder)
+            outcome = Outcome::Done; // another station was faster
+        return outcome;
+    });
 }
 
 std::vector<std::string> Files::list(std::string_view folder)
 {
     std::vector<std::string> names;
-    if (shut())
-        return names;
-    const std::string real = realPath(folder);
-    disk.list(real, names);
-    std::erase_if(names, [&](const std::string &name) { return !disk.isFile(real + "/" + name); });
-    std::sort(names.begin(), names.end());
+    list(folder, names);
     return names;
+}
+
+Outcome Files::list(std::string_view folder, std::vector<std::string> &names)
+{
+    names.clear();
+    const Outcome outcome =
+        perform("Listing", folder, [&](const std::string &real) { return listFiles(real, names); });
+    if (!done(outcome))
+        names.clear();
+    return outcome;
+}
+
+Outcome Files::listFiles(const std::string &real, std::vector<std::string> &names)
+{
+    std::vector<std::string> all;
+    Outcome outcome = disk.list(real, all);
+    if (outcome == Outcome::NotThere)
+        return Outcome::Done;
+    std::sort(all.begin(), all.end());
+    for (std::size_t i = 0; i < all.size() && done(outcome); ++i) {
+        Found found = Found::Nothing;
+        outcome = disk.look(real + "/" + all[i], found);
+        if (found == Found::File)
+            names.push_back(std::move(all[i]));
+    }
+    return outcome;
 }
 
 Outcome Files::createIfMissing(std::string_view path)
 {
-    if (shut())
-        return Outcome::Denied;
-    const std::string real = realPath(path);
-    if (disk.isFile(real))
-        return Outcome::Done;
-    // Append, because another station may create it and write to it at this very moment.
-    std::unique_ptr<DiskFile> file;
-    return judge("Creating", path, disk.open(real, OpenMode::Append, file));
+    return perform("Creating", path, [&](const std::string &real) {
+        Found found = Found::Nothing;
+        const Outcome outcome = disk.look(real, found);
+        if (!done(outcome) || found == Found::File)
+            return outcome;
+        // Append, because another station may create it and write to it at this very moment.
+        std::unique_ptr<DiskFile> file;
+        return disk.open(real, OpenMode::Append, file);
+    });
 }
 
 Outcome Files::read(std::string_view path, std::string &content, std::size_t limit)
@@ -176,19 +227,20 @@ Outcome Files::read(std::string_view path, std::string &content, std::size_t lim
 
 Outcome Files::writeInPlace(std::string_view path, std::string_view content, bool flushed)
 {
-    if (shut())
-        return Outcome::Denied;
-    const std::string real = realPath(path);
-    const bool fresh = flushed && !disk.isFile(real);
-    std::unique_ptr<DiskFile> file;
-    Outcome outcome = disk.open(real, OpenMode::CreateEmpty, file);
-    if (done(outcome))
-        outcome = file->writeAt(0, content);
-    if (done(outcome) && flushed)
-        outcome = file->flush();
-    if (done(outcome) && fresh)
-        outcome = disk.flushDirectory(parentOf(real));
-    return judge("Writing", path, outcome);
+    return perform("Writing", path, [&](const std::string &real) {
+        Found found = Found::File;
+        std::unique_ptr<DiskFile> file;
+        Outcome outcome = flushed ? disk.look(real, found) : Outcome::Done;
+        if (done(outcome))
+            outcome = disk.open(real, OpenMode::CreateEmpty, file);
+        if (done(outcome))
+            outcome = file->writeAt(0, content);
+        if (done(outcome) && flushed)
+            outcome = file->flush();
+        if (done(outcome) && found == Found::Nothing)
+            outcome = disk.flushDirectory(parentOf(real));
+        return outcome;
+    });
 }
 
 Outcome Files::write(std::string_view path, std::string_view content)
@@ -226,24 +278,34 @@ Outcome Files::appendLocked(std::string_view path, std::string_view content)
     return appendTo(*file, path, content);
 }
 
+Outcome Files::tryOpen(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file)
+{
+    file.reset();
+    std::string real;
+    const Outcome outcome = realPath(path, real);
+    return done(outcome) ? disk.open(real, mode, file) : outcome;
+}
+
 Outcome Files::open(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file)
 {
     file.reset();
     if (shut())
         return Outcome::Denied;
-    return judge("Opening", path, disk.open(realPath(path), mode, file));
+    return judge("Opening", path, tryOpen(path, mode, file));
 }
 
 Outcome Files::lock(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file)
 {
     if (shut())
         return Outcome::Denied;
-    const std::string real = realPath(path);
+    std::string real;
+    if (const Outcome outcome = realPath(path, real); !done(outcome))
+        return judge("Locking", path, outcome);
     for (int attempt = 0; attempt < kLockAttempts; ++attempt) {
         Outcome outcome = file->tryLock();
         if (!done(outcome) || file->isStillAt(real))
             return judge("Locking", path, outcome);
-        outcome = disk.open(real, mode, file);
+        outcome = tryOpen(path, mode, file);
         if (!done(outcome))
             return judge("Opening", path, outcome);
     }
@@ -252,19 +314,19 @@ Outcome Files::lock(std::string_view path, OpenMode mode, std::unique_ptr<DiskFi
 
 Outcome Files::replaceWhole(std::string_view path, std::string_view content)
 {
-    if (shut())
-        return Outcome::Denied;
-    const std::string real = realPath(path);
-    Outcome outcome =
-        replaceFile(disk, real, [&](DiskFile &file) { return file.writeAt(0, content); });
-    if (done(outcome))
-        outcome = disk.flushDirectory(parentOf(real));
-    return judge("Replacing", path, outcome);
+    return perform("Replacing", path, [&](const std::string &real) {
+        const Outcome outcome =
+            replaceFile(disk, real, [&](DiskFile &file) { return file.writeAt(0, content); });
+        return done(outcome) ? disk.flushDirectory(parentOf(real)) : outcome;
+    });
 }
 
 Outcome Files::flushFolderOf(std::string_view path)
 {
-    return judge("Writing", path, disk.flushDirectory(parentOf(realPath(path))));
+    // Shut or not: it belongs to what was written before.
+    std::string real;
+    const Outcome outcome = realPath(path, real);
+    return judge("Writing", path, done(outcome) ? disk.flushDirectory(parentOf(real)) : outcome);
 }
 
 std::vector<std::string> splitLines(std::string_view content)

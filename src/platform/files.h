@@ -17,7 +17,7 @@
 namespace platform {
 
 /// Every call returns its outcome for whoever wants to trace it. A failure (other than a missing
-/// file in exists(), remove() or an optional read) outside ErrorsIgnored has already ended the
+/// file in exists(), removeIfThere() or list()) outside ErrorsIgnored has already ended the
 /// program through Run::fail when the call returns. Shut (Run::ending()), nothing exists, reads
 /// give nothing and writes are dropped: Denied, without a message.
 class Files {
@@ -25,9 +25,11 @@ public:
     Files(Disk &theDisk, const Drives &theDrives, Run &theRun);
 
     /// True for a file (not a folder) at the path. An empty path, or one that ends in a
-    /// separator, is no file.
+    /// separator, is no file. False also where the look fails, by the rules above.
     bool exists(std::string_view path);
     bool folderExists(std::string_view path);
+    /// The same for those to whom not there and unknown are not alike.
+    Outcome exists(std::string_view path, bool &there);
     /// When the file was last written to, in local time.
     Outcome modified(std::string_view path, DateTime &when);
     /// Removing what is not there is a failure (NotThere); callers test first where it may be.
@@ -38,10 +40,12 @@ public:
     Outcome copy(std::string_view from, std::string_view to);
     /// Done when the folder is there already; its parent must exist.
     Outcome makeFolder(std::string_view path);
-    /// File names in a folder, sorted; empty when there is none.
+    /// File names in a folder, sorted; empty when there is none, and where the listing fails.
     std::vector<std::string> list(std::string_view folder);
+    /// The same for those to whom none and unknown are not alike.
+    Outcome list(std::string_view folder, std::vector<std::string> &names);
 
-    /// "Create if missing": opened for output and closed when it does not exist.
+    /// "Create if missing": opened for output and closed when it is certain not to exist.
     Outcome createIfMissing(std::string_view path);
     /// The whole content; `limit` bytes at most (the rest is left out). Empty after a failure.
     Outcome read(std::string_view path, std::string &content, std::size_t limit = kReadLimit);
@@ -60,6 +64,8 @@ public:
 
     /// For SlotFile: the raw file behind a path, under the same rules.
     Outcome open(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file);
+    /// The same without judging the outcome, even when shut.
+    Outcome tryOpen(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file);
     /// Takes the lock through `file`, which was opened at `path` in `mode`. A file that was
     /// replaced meanwhile is opened again, until the locked one is the one at the path.
     Outcome lock(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file);
@@ -69,6 +75,11 @@ public:
     /// Reports a failed operation by the rules above; returns `outcome`.
     Outcome judge(std::string_view operation, std::string_view path, Outcome outcome);
     bool shut() const { return run.ending(); }
+    Outcome realPath(std::string_view path, std::string &real) const
+    {
+        return drives.resolve(path, real);
+    }
+    /// For those who create nothing: as spelled where it cannot be found out.
     std::string realPath(std::string_view path) const { return drives.resolve(path); }
     Disk &rawDisk() { return disk; }
     Run &theRun() { return run; }
@@ -76,6 +87,10 @@ public:
     static constexpr std::size_t kReadLimit = 64U << 20U;
 
 private:
+    template <typename Call>
+    Outcome perform(std::string_view operation, std::string_view path, Call call);
+    Outcome look(std::string_view path, Found &found);
+    Outcome listFiles(const std::string &real, std::vector<std::string> &names);
     Outcome writeInPlace(std::string_view path, std::string_view content, bool flushed);
     Outcome appendTo(DiskFile &file, std::string_view path, std::string_view content);
 

@@ -56,14 +56,12 @@ bool SlotFile::isStillThere() const
 
 Outcome SlotFile::attach()
 {
-    Disk &disk = files.rawDisk();
-    const std::string real = files.realPath(name);
     mode = openedFor == SlotUse::Append ? OpenMode::Append : OpenMode::ReadWrite;
-    Outcome outcome = disk.open(real, mode, file);
+    Outcome outcome = files.tryOpen(name, mode, file);
     // A reader too asks for writing first: an exclusive lock needs it on some systems.
     if (outcome == Outcome::Denied && openedFor == SlotUse::Read) {
         mode = OpenMode::Read;
-        outcome = disk.open(real, mode, file);
+        outcome = files.tryOpen(name, mode, file);
     }
     return outcome;
 }
@@ -238,12 +236,11 @@ void SlotFile::giveUp(std::uint64_t claim, std::uint64_t end)
 Outcome SlotFile::rewriteAt(std::uint64_t offset, std::string_view bytes)
 {
     std::unique_ptr<DiskFile> rewriting;
-    const std::string real = files.realPath(name);
-    const Outcome outcome = files.rawDisk().open(real, OpenMode::ReadWrite, rewriting);
+    const Outcome outcome = files.tryOpen(name, OpenMode::ReadWrite, rewriting);
     if (!done(outcome))
         return outcome;
     // Replaced by another just now: it is not the file that the record was appended to.
-    return file->isStillAt(real) ? rewriting->writeAt(offset, bytes) : Outcome::NotThere;
+    return isStillThere() ? rewriting->writeAt(offset, bytes) : Outcome::NotThere;
 }
 
 } // namespace platform

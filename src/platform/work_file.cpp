@@ -86,9 +86,13 @@ Outcome WorkFile::comeUpWith(SlotFile &live, long &walked)
 
 Outcome WorkFile::replace(SlotFile &live, long walked)
 {
-    const std::string from = files.realPath(name);
-    const std::string to = files.realPath(live.path());
+    std::string from;
+    std::string to;
     Outcome outcome = comeUpWith(live, walked);
+    if (done(outcome))
+        outcome = files.realPath(name, from);
+    if (done(outcome))
+        outcome = files.realPath(live.path(), to);
     if (done(outcome))
         outcome = files.rawDisk().rename(from, to);
     if (!done(outcome))

@@ -93,11 +93,15 @@ bool Tender::placeRequest(const LocalRequest &request)
         requestNotPlaced(outcome);
         return false;
     }
+    bool there = false;
     outcome = app.files.write(local.work, requestLine(request));
-    if (done(outcome))
+    if (done(outcome)) {
         outcome = app.files.copy(local.work, local.request);
+        // One of which nobody knows may be charged: its answer is waited for.
+        there = !done(app.files.exists(local.request, there)) || there;
+    }
     app.files.removeIfThere(local.work);
-    if (done(outcome) || app.files.exists(local.request))
+    if (there)
         return true;
     requestNotPlaced(outcome);
     return false;
@@ -238,10 +242,11 @@ void Tender::deleteLeftOvers()
             app.files.removeIfThere(folder + name);
 }
 
-/// Whether a file that had to go still lies there; the trace tells.
+/// Whether a file that had to go still lies there, or may lie there; the trace tells.
 bool Tender::stillThere(const std::string &file, platform::Outcome removed)
 {
-    if (!app.files.exists(file))
+    bool there = true;
+    if (done(removed) || (done(app.files.exists(file, there)) && !there))
         return false;
     traceProcess(app, {"  NOT DELETED - " + std::string(platform::textOf(removed)) + " - " + file});
     return true;

@@ -21,6 +21,7 @@ bool processAllowed(std::string_view number, std::string_view expiry)
 
 EntryFont entryFont(records::App &app)
 {
+    const platform::ErrorsIgnored ignored(app.run); // no card waits for its size of letters
     return app.files.exists(fontFile(app)) ? EntryFont::Small : EntryFont::Large;
 }
 

@@ -81,10 +81,13 @@ bool Tender::cardIsKnown() const
     return app.values.X1009 || (!isBlank(CCdata.text(CCNumb)) && !isBlank(CCdata.text(CCExpDate)));
 }
 
-/// The bank's word lies there, and the wait has not looked since.
+/// The bank's word lies there, or may lie there, and the wait has not looked since.
 bool Tender::answerHasCome()
 {
-    return waiting && app.files.exists(app.values.X1009 ? std::string(kResultFile) : local.answer);
+    const platform::ErrorsIgnored ignored(app.run); // a card may be being charged
+    bool there = false;
+    const std::string file = app.values.X1009 ? kResultFile : local.answer;
+    return waiting && (!done(app.files.exists(file, there)) || there);
 }
 
 /// "YES". A card that was answered while the manager made up his mind takes the normal way on, and

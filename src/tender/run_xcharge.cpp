@@ -95,7 +95,8 @@ bool Tender::auditRefused(bool localPath)
 {
     const std::string path = auditFile(app.values);
     std::string content;
-    if (!app.files.exists(path))
+    bool there = false;
+    if (done(app.files.exists(path, there)) && !there)
         return false;
     app.files.read(path, content); // one that cannot be read agrees with no amount
     const std::string audit = auditAmount(content);
@@ -142,7 +143,8 @@ void Tender::startWait()
 /// An old result that cannot be deleted would be taken for this card's: nothing is charged then.
 bool Tender::oldResultRemains()
 {
-    if (!app.files.exists(kResultFile))
+    bool there = false;
+    if (done(app.files.exists(kResultFile, there)) && !there)
         return false;
     traceProcess(app, {std::string("  OLD RESULT CANNOT BE DELETED - ") + kResultFile});
     app.values.TndrRESULT = "Declined";

@@ -1,5 +1,6 @@
 // FaultyDisk: a disk that fails or stops at the Nth operation. Every operation of Disk and
-// DiskFile counts from 1, but for isFile, isDirectory and isStillAt. Closing a file is none.
+// DiskFile counts from 1, but for isStillAt; looking and listing count where a test wants it, and
+// fail by a rule at any time. Closing a file is none.
 #pragma once
 
 #include "platform/disk.h"
@@ -42,6 +43,8 @@ public:
         rules[{operation, pathEnd}] = outcome;
     }
 
+    /// look and list count and are logged, and so can be the Nth.
+    bool looksCount = false;
     /// As some systems do it to a file that somebody has open: the same file gets other bytes.
     bool copiesOver = false;
     /// Called before each operation, with its number: the moment at which another process acts.
@@ -55,8 +58,11 @@ public:
 
     Outcome open(Path at, platform::OpenMode mode,
                  std::unique_ptr<platform::DiskFile> &file) override;
-    bool isFile(Path at) override { return !dead && disk.isFile(at); }
-    bool isDirectory(Path at) override { return !dead && disk.isDirectory(at); }
+    Outcome look(Path at, platform::Found &found) override
+    {
+        found = platform::Found::Nothing;
+        return mayLook("look", at) ? disk.look(at, found) : given;
+    }
     Outcome modified(Path at, platform::DateTime &when) override
     {
         return may("modified", at) ? disk.modified(at, when) : given;
@@ -77,7 +83,11 @@ public:
     }
     Outcome list(Path at, std::vector<std::string> &names) override
     {
-        return may("list", at) ? disk.list(at, names) : given;
+        return mayLook("list", at) ? disk.list(at, names) : given;
+    }
+    std::uint64_t changeStamp(Path at) override
+    {
+        return rules.empty() && !looksCount ? disk.changeStamp(at) : 0; // each listing is made
     }
     Outcome flushDirectory(Path at) override
     {
@@ -97,6 +107,23 @@ private:
 
     /// The path as the log has it, below the root.
     std::string nameOf(Path at) const { return at.substr(std::min(root.size() + 1, at.size())); }
+    /// What the rules say of an operation; the last of them holds.
+    Outcome ruled(Path operation, Path at, Path line) const
+    {
+        Outcome said = Outcome::Done;
+        for (const auto &[rule, outcome] : rules)
+            if (rule.first == operation &&
+                (at.ends_with(rule.second) || line.ends_with(rule.second)))
+                said = outcome;
+        return said;
+    }
+    bool mayLook(Path operation, Path at)
+    {
+        if (looksCount)
+            return may(operation, at);
+        given = dead ? Outcome::Broken : ruled(operation, at, at);
+        return done(given);
+    }
     /// Counts and logs an operation; when it is not to be done, `given` says what it gives.
     bool may(Path operation, Path at, Path details = {})
     {
@@ -105,11 +132,7 @@ private:
         text += log.back() + '\n';
         if (before)
             before(log.size());
-        given = Outcome::Done;
-        for (const auto &[rule, outcome] : rules)
-            if (rule.first == operation &&
-                (at.ends_with(rule.second) || log.back().ends_with(rule.second)))
-                given = outcome;
+        given = ruled(operation, at, log.back());
         if (log.size() == fault.number) {
             given = fault.outcome;
             dead = fault.kills;

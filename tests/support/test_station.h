@@ -62,9 +62,10 @@ public:
     VirtualTime time;
     platform::Run run{time, time};
     ScriptedDialogs dialogs{run};
-    platform::Drives drives; // over the real disk: finding a name is no operation that fails
+    platform::Drives drives; // over the real disk, for the test
     FaultyDisk disk;
-    platform::Files files{disk, drives, run};
+    platform::Drives ownNames{disk, drives.root(), platform::Drives::Paths::BelowRoot};
+    platform::Files files{disk, ownNames, run};
     FakeSystem system{[this](const std::string &path) { return has(path); }};
     FakePrinters printers;
     platform::Installation installation;

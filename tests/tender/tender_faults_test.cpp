@@ -171,4 +171,28 @@ INSTANTIATE_TEST_SUITE_P(
                  true}),
     [](const auto &row) { return std::string(row.param.name); });
 
+/// The answer lies there while the manager says yes to "OFFLINE", and nobody can look at it: the
+/// guest would be charged by the bank and once more by the offline record.
+TEST(UnknownAnswer, IsNeverTakenForNoneWhenTheManagerApprovesOffline)
+{
+    for (const bool local : {false, true}) {
+        Disturbed story(local);
+        const std::string ending = local ? ".ans" : "xResultFile.txt";
+        story.tender.offlinePanel = true;
+        story.view.onManager = [&] {
+            story.app.values.managerResult = "Rosalind";
+            story.station.disk.failOn("look", ending, Outcome::Broken);
+        };
+        story.replyAfter = 60'000;
+        story.paymentAnswers(support::approvedResult(), 60'000);
+        story.station.time.at(50'000, [&] { story.tender.SSCommand8_Click(); });
+        story.station.time.at(70'000,
+                              [&] { story.station.disk.failOn("look", ending, Outcome::Done); });
+        story.run(100'000);
+        EXPECT_FALSE(story.station.run.failed()) << "in the midst of a charge";
+        ASSERT_TRUE(story.stored());
+        EXPECT_EQ(story.pending()[3].text(CApprovalCode).substr(0, 6), local ? "A12345" : "012345");
+    }
+}
+
 } // namespace
