@@ -46,6 +46,7 @@ public:
     {
         return platform::Outcome::NotThere;
     }
+    int paperWidth(const std::string &) override { return 0; }
     void warmUp(const platform::PrintFont &) override {}
 };
 

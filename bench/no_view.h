@@ -15,6 +15,11 @@ public:
     void setBusyPointer(bool) override {}
     void showEntry(const std::string &, long) override {}
     bool closeEntry() override { return true; }
+    std::optional<std::string> choosePrinter(const std::vector<std::string> &,
+                                             const std::string &) override
+    {
+        return std::nullopt;
+    }
 };
 
 } // namespace bench

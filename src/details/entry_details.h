@@ -108,6 +108,7 @@ private:
     // entry_slips.cpp
     template <class Slips> void print(Slips slips);
     void reprint(bool customer);
+    bool voidSlipSettled();
 
     records::App &app;
     printing::Printer &printer;

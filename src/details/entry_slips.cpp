@@ -3,6 +3,7 @@
 #include "details/entry_working.h"
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
+#include "printing/unprinted.h"
 
 #include <optional>
 #include <utility>
@@ -48,6 +49,9 @@ void EntryDetails::reprint(bool customer)
             else
                 printing::Reprint_Merch(app, printer, context);
         });
+        printing::tellUnprinted(app.dialogs, printer,
+                                "Please see to the printer, or choose another one, and print it "
+                                "again.");
     }
     printer.selectExactly(selected);
 }
@@ -60,6 +64,15 @@ void EntryDetails::SSCommand7_Click()
 void EntryDetails::SSCommand8_Click()
 {
     reprint(false);
+}
+
+/// A deleted entry has no void slip any more: where it was not printed, the manager decides.
+bool EntryDetails::voidSlipSettled()
+{
+    return printing::tellUnprinted(app.dialogs, printer,
+                                   "Press OK to delete the entry without its slip, or Cancel to "
+                                   "keep it until the printer works.",
+                                   platform::Buttons::OkCancel) == platform::Answer::Ok;
 }
 
 void EntryDetails::SSCommand12_Click()
@@ -75,6 +88,8 @@ void EntryDetails::SSCommand12_Click()
         context.transRecord = fields.Label1_1;
         printing::Set_Printer(app, printer);
         print([&] { printing::Print_Cust2(app, printer, context); });
+        if (!voidSlipSettled())
+            return;
     }
     SSCommand5_Click(); // closes the screen
 }

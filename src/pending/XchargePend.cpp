@@ -1,5 +1,6 @@
 #include "pending/XchargePend.h"
 
+#include "details/PrinterChoice.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/qt_text.h"
 #include "ui_XchargePend.h"
@@ -275,6 +276,14 @@ void XchargePend::showEntry(const std::string &file, long slot)
 bool XchargePend::closeEntry()
 {
     return entry.close();
+}
+
+std::optional<std::string> XchargePend::choosePrinter(const std::vector<std::string> &names,
+                                                      const std::string &proposed)
+{
+    details::PrinterChoice choice(app, names, proposed);
+    choice.runModal();
+    return choice.chosen();
 }
 
 } // namespace pending

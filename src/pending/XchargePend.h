@@ -60,6 +60,8 @@ private:
     void setBusyPointer(bool on) override;
     void showEntry(const std::string &file, long slot) override;
     bool closeEntry() override;
+    std::optional<std::string> choosePrinter(const std::vector<std::string> &names,
+                                             const std::string &proposed) override;
 
     void showTotals(const PendingFields &fields);
     void sizeTotals(bool wide);

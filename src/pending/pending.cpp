@@ -2,6 +2,7 @@
 
 #include "pending/pending_working.h"
 #include "pending/printed_list.h"
+#include "printing/unprinted.h"
 #include "records/card_files.h"
 #include "records/delimited.h"
 #include "records/trace.h"
@@ -322,7 +323,29 @@ void Pending::SSCommand4_Click()
     if (!here)
         return;
     trace("     ***  USER CLICKED PRINT  ***");
+    if (!choosePaper())
+        return;
     printList(app, printer, MList1, fields);
+    printing::tellUnprinted(
+        app.dialogs, printer,
+        "Please see to the printer, or choose another one, and print it again.");
+}
+
+/// Nobody could read the list on a receipt roll: where the next job would go to one, the manager
+/// chooses. False for "Cancel".
+bool Pending::choosePaper()
+{
+    if (!isRoll(app.printers, printer.selectedName()))
+        return true;
+    const std::vector<std::string> names = app.printers.names();
+    const auto page = std::find_if_not(names.begin(), names.end(), [this](const std::string &name) {
+        return isRoll(app.printers, name);
+    });
+    const std::optional<std::string> chosen =
+        view.choosePrinter(names, page == names.end() ? printer.selectedName() : *page);
+    if (chosen)
+        printer.selectExactly(*chosen);
+    return chosen.has_value();
 }
 
 void Pending::SSCommand11_Mouse(bool over)

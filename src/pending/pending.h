@@ -83,6 +83,7 @@ private:
     void colourRows();
     void traceList(long listed);
     void Sort_Rows(int column);
+    bool choosePaper();
     void trace(const std::string &line);
     void panel(const std::string &text);
     void showProgress(long record);

@@ -4,7 +4,9 @@
 #include "pending/pending_fields.h"
 #include "pending/pending_list.h"
 
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace pending {
 
@@ -29,6 +31,9 @@ public:
     /// Closes it, if it is open, before the file is rewritten. False where it stays: its changes
     /// are not saved, and shall not be lost.
     virtual bool closeEntry() = 0;
+    /// The print dialog: the chosen one of `names`, `proposed` at first; nothing for "Cancel".
+    virtual std::optional<std::string> choosePrinter(const std::vector<std::string> &names,
+                                                     const std::string &proposed) = 0;
 };
 
 } // namespace pending

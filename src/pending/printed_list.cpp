@@ -10,6 +10,7 @@ using namespace records;
 namespace {
 
 constexpr int kRowsOnAPage = 50;
+constexpr int kNarrowestPage = 150;                                         // mm
 constexpr const char *kTabStops = "14,30,48,66,84,102,148,170,192,214,236"; // mm
 constexpr int kRowSize = 7; // points; so that 50 rows and the marks fit a page across
 
@@ -76,9 +77,16 @@ private:
 
 } // namespace
 
+bool isRoll(platform::Printers &printers, const std::string &printerName)
+{
+    const int width = printers.paperWidth(printerName);
+    return width > 0 && width < kNarrowestPage;
+}
+
 void printList(App &app, printing::Printer &printer, const ListRows &rows,
                const PendingFields &fields)
 {
+    printer.beginSlip("list");
     printer.setLandscape(true);
     PrintedList list(app, printer);
     list.header();

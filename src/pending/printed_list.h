@@ -8,6 +8,9 @@
 
 namespace pending {
 
+/// Paper on which the rows would come out in letters of a millimetre.
+bool isRoll(platform::Printers &printers, const std::string &printerName);
+
 /// Prints the records of `rows`, in that order, on the selected printer; then the receipt printer
 /// is selected. Each record is read anew from the file (`Label6`), and a slot that is no longer
 /// there is passed over. A missing file leaves the headings alone.

@@ -16,6 +16,8 @@ public:
     virtual std::vector<std::string> names() = 0;
     /// The spool printer marked as default, else the system's, else the first; empty: none.
     virtual std::string defaultName() = 0;
+    /// Width of its paper in whole millimetres; 0 where that is not known.
+    virtual int paperWidth(const std::string &printerName) = 0;
     /// Prints a closed job. A printer that is not there gives NotThere; nothing is shown.
     virtual Outcome submit(const std::string &printerName, const PrintJob &job) = 0;
     /// Loads fonts and printer lists while the program waits anyway; may do nothing.

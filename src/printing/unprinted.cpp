@@ -48,4 +48,13 @@ std::vector<std::string> unprintedLines(const std::vector<Unprinted> &unprinted)
     return lines;
 }
 
+platform::Answer tellUnprinted(platform::Dialogs &dialogs, Printer &printer,
+                               const std::string &whatNow, platform::Buttons buttons)
+{
+    const std::vector<Unprinted> unprinted = printer.takeUnprinted();
+    if (unprinted.empty())
+        return platform::Answer::Ok;
+    return dialogs.message("NOT PRINTED", unprintedWords(unprinted) + " " + whatNow, buttons);
+}
+
 } // namespace printing

@@ -1,6 +1,7 @@
 // Slips that no printer took: in words for the people who wait for them, and for the trace.
 #pragma once
 
+#include "platform/dialogs.h"
 #include "printing/printer.h"
 
 #include <string>
@@ -14,5 +15,10 @@ std::string unprintedWords(const std::vector<Unprinted> &unprinted);
 
 /// "  NOT PRINTED - merchant's slip - no room on the disk - Receipt", a line for each slip.
 std::vector<std::string> unprintedLines(const std::vector<Unprinted> &unprinted);
+
+/// Tells what `printer` has not printed, and `whatNow` behind it. Ok where nothing is to be told.
+platform::Answer tellUnprinted(platform::Dialogs &dialogs, Printer &printer,
+                               const std::string &whatNow,
+                               platform::Buttons buttons = platform::Buttons::Ok);
 
 } // namespace printing

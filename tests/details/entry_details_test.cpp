@@ -72,6 +72,11 @@ struct Story : details::EntryView {
                  held = std::make_unique<platform::SlotFile>(other.files, kFiles.at(word), 500);
                  EXPECT_TRUE(done(held->open(platform::SlotUse::Rewrite)) && done(held->lock()));
              }},
+            {"jam",
+             [&] {
+                 station.printers.failures = {2, platform::Outcome::NoRoom};
+             }},
+            {"refuse", [&] { station.dialogs.choice = platform::Answer::Cancel; }},
             {"wait", [&] { station.advance(500); }},
             {"type ", [&] { station.dialogs.typed = word; }},
             {"no answer", [&] { station.dialogs.typed.reset(); }},

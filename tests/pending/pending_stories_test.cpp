@@ -76,6 +76,7 @@ std::string Story::press(const std::string &command)
         {"role ", [&] { station.system.executable = word; }},
         {"no Remotedir", [&] { app.values.Remotedir.clear(); }},
         {"printer ", [&] { printer.select(word); }},
+        {"jam", [&] { station.printers.failures = {platform::Outcome::NoRoom}; }},
         {"show ", [&] { happened += show(word); }},
     };
     const std::size_t sounds = station.system.played.size();

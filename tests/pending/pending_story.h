@@ -76,10 +76,11 @@ struct Story : PendingView, details::EntryView {
     bool closeEntry() override { return entry.closeForRewrite(); }
     void refresh(const details::EntryFields &) override {}
     void focusTip() override {}
-    std::optional<std::string> choosePrinter(const std::vector<std::string> &,
-                                             const std::string &) override
+    std::optional<std::string> choosePrinter(const std::vector<std::string> &names,
+                                             const std::string &proposed) override
     {
-        return {};
+        happened += std::to_string(names.size()) + " printers, " + proposed + "\n";
+        return station.dialogs.typed;
     }
     void unload() override { happened += "entry closed\n"; }
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <map>
 
 namespace support {
 
@@ -17,6 +18,7 @@ public:
 
     std::vector<std::string> installed = {"Receipt TM-88", "Office Laser"};
     std::string preferred = "Receipt TM-88"; // or the first, where it is not installed
+    std::map<std::string, int> widths = {{"Receipt TM-88", 80}, {"Office Laser", 216}};
     std::vector<Collected> collected;
     std::deque<platform::Outcome> failures; // of the next jobs; Done prints one
 
@@ -25,6 +27,7 @@ public:
     {
         return has(preferred) ? preferred : installed.empty() ? "" : installed.front();
     }
+    int paperWidth(const std::string &name) override { return has(name) ? widths[name] : 0; }
     platform::Outcome submit(const std::string &printerName, const platform::PrintJob &job) override
     {
         if (!has(printerName))

@@ -129,6 +129,16 @@ std::string QtPrinters::defaultName()
     return all.empty() ? std::string() : all.front();
 }
 
+int QtPrinters::paperWidth(const std::string &printerName)
+{
+    for (const Spool &spool : spools) {
+        if (spool.printer.name == printerName)
+            return qRound(spool.printer.widthMm);
+    }
+    const QPageSize paper = QPrinterInfo::printerInfo(toQt(printerName)).defaultPageSize();
+    return paper.isValid() ? qRound(paper.size(QPageSize::Millimeter).width()) : 0;
+}
+
 Outcome QtPrinters::submit(const std::string &printerName, const PrintJob &job)
 {
     for (Spool &spool : spools) {

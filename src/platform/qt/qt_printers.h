@@ -22,6 +22,7 @@ public:
 
     std::vector<std::string> names() override;
     std::string defaultName() override;
+    int paperWidth(const std::string &printerName) override;
     Outcome submit(const std::string &printerName, const PrintJob &job) override;
     void warmUp(const PrintFont &font) override;
 
