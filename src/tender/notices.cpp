@@ -9,9 +9,11 @@ using namespace records;
 
 namespace {
 
-void tellOperator(App &app, const std::string &title, const std::string &text)
+/// A card that the local payment server approved has no amount but the tab's.
+std::string approvedAmount(const CardRecord &CCdata)
 {
-    app.dialogs.message(title, text);
+    const Money approved = CCdata.value(CCApprovedAmt);
+    return Currency(approved.isZero() ? CCdata.value(CCTabAmt) : approved);
 }
 
 } // namespace
@@ -23,11 +25,15 @@ void tellUnprinted(App &app, const std::vector<printing::Unprinted> &unprinted)
     const TraceLines lines = printing::unprintedLines(unprinted);
     traceProcess(app, lines);
     traceLog(app, lines);
-    tellOperator(app, "NOT PRINTED",
-                 printing::unprintedWords(unprinted) +
-                     " The card is approved: do not run it again. Reprint from the manager's list "
-                     "(receipt " +
-                     app.values.CCdata.text(CCReceipt) + ").");
+    const CardRecord &CCdata = app.values.CCdata;
+    app.dialogs.notice({"NOT PRINTED",
+                        printing::unprintedWords(unprinted) +
+                            " The card is approved: do not run it again. Reprint from the "
+                            "manager's list.",
+                        {{"Receipt", CCdata.text(CCReceipt)},
+                         {"Amount", approvedAmount(CCdata)},
+                         {"Approval code", CCdata.text(CApprovalCode)}},
+                        {}});
 }
 
 } // namespace tender

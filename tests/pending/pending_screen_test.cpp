@@ -207,6 +207,7 @@ TEST(PrintedListOnPaper, NeedsNoMorePagesThanItHasMarks)
         pending += slotOf("CCTip=12.50");
     story.station.put(Story::kPending, pending);
     story.list.SSCommand3_Click();
+    story.printer.select("Office");
     story.list.SSCommand4_Click();
     const platform::PrintJob job = story.station.printers.collected.back().job;
     platform::Banners banners;

@@ -135,7 +135,8 @@ TEST_P(UnprintedSlips, AreToldByNameBehindRecordAndAnswerUntilSomebodyPressesOk)
     EXPECT_EQ(story.station.dialogs.shown,
               std::vector{"[NOT PRINTED] " + words +
                           " The card is approved: do not run it again. Reprint from the manager's "
-                          "list (receipt 1043). (Ok)"});
+                          "list.\nReceipt: 1043\nAmount: $48.50\nApproval code: " +
+                          (row.local ? "A12345 (Ok)" : "012345 (Ok)")});
     for (const std::string &trace : {story.processTrace(), story.station.get(kTraceLogFile)})
         for (const char *slip : {"merchant's slip", "customer's slip", "server's notice"})
             EXPECT_EQ(trace.find(std::string("  NOT PRINTED - ") + slip) != trace.npos,
