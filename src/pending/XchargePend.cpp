@@ -11,6 +11,7 @@
 
 namespace pending {
 
+using platform::fromQt;
 using platform::MListColumn;
 using platform::putLook;
 using platform::putValue;
@@ -79,6 +80,7 @@ void XchargePend::gatherArrays()
     SSOption1 = {ui->SSOption1_0, ui->SSOption1_1, ui->SSOption1_2, ui->SSOption1_3,
                  ui->SSOption1_4, ui->SSOption1_5, ui->SSOption1_6};
     Label5 = {ui->Label5_0, ui->Label5_1, ui->Label5_2};
+    usualHint = ui->hint->text();
 }
 
 void XchargePend::connectCommands()
@@ -105,9 +107,19 @@ void XchargePend::connectCommands()
             if (on)
                 list.SSOption1_Click(static_cast<int>(option));
         });
-    connect(ui->MList1, &platform::MList::rowOpened, this,
-            [this](long row) { list.MList1_Click(row); });
+    connectRows();
     ui->SSCommand11->installEventFilter(this);
+}
+
+void XchargePend::connectRows()
+{
+    using platform::MList;
+    connect(ui->MList1, &MList::rowTapped, this, [this](long row) { list.MList1_Click(row); });
+    connect(ui->MList1, &MList::entered, this, [this](long row) { list.MList1_Enter(row); });
+    connect(ui->MList1, &MList::moved, this, [this] { list.MList1_Leave(); });
+    connect(ui->MList1, &MList::typed, this,
+            [this](const QString &text) { list.MList1_Type(fromQt(text)); });
+    connect(ui->MList1, &MList::backspaced, this, [this] { list.MList1_Backspace(); });
 }
 
 void XchargePend::Form_Load()
@@ -146,10 +158,10 @@ void XchargePend::closeAsked()
 /// Leaving completes: too much for a key that is pressed by mistake. Escape goes back to the list.
 void XchargePend::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape)
-        ui->MList1->setFocus();
-    else
-        Screen::keyPressEvent(event);
+    if (event->key() != Qt::Key_Escape)
+        return Screen::keyPressEvent(event);
+    ui->MList1->setFocus();
+    list.MList1_Leave();
 }
 
 bool XchargePend::eventFilter(QObject *watched, QEvent *event)
@@ -203,8 +215,12 @@ void XchargePend::showState(const PendingFields &fields)
     putValue(*ui->Label7, empty ? "" : missing ? some : "All adjusted");
     putLook(*ui->Label7, "state", empty ? "" : missing ? "attention" : "approved");
     ui->SSPanel1_0_text->setText(toQt(fields.SSPanel1_0));
+    const bool types = !fields.receiptHint.empty();
+    ui->hint->setText(types ? toQt(fields.receiptHint) : usualHint);
+    putLook(*ui->hint, "part", types ? "strong" : "label");
     // In one place: rows must not jump under a finger.
-    ui->noticePlace->setCurrentWidget(fields.SSPanel1_0Visible ? ui->SSPanel1_0 : ui->hintBand);
+    ui->noticePlace->setCurrentWidget(fields.SSPanel1_0Visible && !types ? ui->SSPanel1_0
+                                                                         : ui->hintBand);
     putVisible(*ui->SSPanel2, fields.SSPanel2Visible);
     putVisible(*ui->MList1, !fields.SSPanel2Visible);
 }

@@ -6,6 +6,8 @@
 #include "pending/pending_view.h"
 #include "platform/qt/screen.h"
 
+#include <QString>
+
 #include <array>
 #include <functional>
 #include <memory>
@@ -50,6 +52,7 @@ protected:
 private:
     void gatherArrays();
     void connectCommands();
+    void connectRows();
 
     // PendingView
     void refresh(const PendingFields &fields) override;
@@ -75,6 +78,7 @@ private:
     std::array<QAbstractButton *, 16> SSCommand{}; // from 1; 6 is SScommand6
     std::array<QRadioButton *, 7> SSOption1{};     // what the list is sorted by
     std::array<QLabel *, 3> Label5{};              // total tabs, total tips, grand total
+    QString usualHint;
     std::optional<PendingFields> shown;
     bool formLoaded = false;
     bool fillAtLoad = false;

@@ -120,6 +120,8 @@ void Pending::Enable_Buttons()
 
 void Pending::panel(const std::string &text)
 {
+    receipt.clear(); // or it would hide the panel
+    fields.receiptHint.clear();
     fields.SSPanel1_0 = text;
     fields.SSPanel1_0Visible = true;
     show();
@@ -186,7 +188,7 @@ void Pending::clearList()
     enable(2, true);
     MList1.clear();
     MList2.clear();
-    view.showRows(MList1);
+    showRows();
 }
 
 /// The lock lasts as long as the reading: what takes its time, rows and events, comes behind it.
@@ -243,7 +245,7 @@ void Pending::takeRows(ListBuilder &fresh)
     MList1 = std::move(fresh.rows);
     MList2 = std::move(fresh.types);
     colourRows();
-    view.showRows(MList1);
+    showRows();
     // Kept: the index of a row, so that after another order it may be another record.
     if (fields.Label8 > 0 && fields.Label8 < static_cast<long>(MList1.size()))
         view.selectRow(fields.Label8);
@@ -293,21 +295,17 @@ void Pending::Sort_Rows(int column)
 {
     sortColumn = column;
     Sort_List(MList1, sortColumn);
-    view.showRows(MList1);
+    showRows();
     app.yield();
     colourRows();
     view.rowsColoured();
     show();
 }
 
-void Pending::MList1_Click(long index)
+void Pending::showRows()
 {
-    if (working || index < 0 || index >= static_cast<long>(MList1.size()))
-        return;
-    fields.Label8 = index;
-    view.showEntry(fields.Label6, MList1[static_cast<std::size_t>(index)].slot);
-    enable(12, false);
-    show();
+    receipt.rowsMoved();
+    view.showRows(MList1);
 }
 
 void Pending::SSCommand2_Click()

@@ -6,6 +6,7 @@
 #include "pending/pending_list.h"
 #include "pending/pending_view.h"
 #include "pending/running_totals.h"
+#include "pending/typed_receipt.h"
 #include "platform/clock.h"
 #include "printing/printer.h"
 #include "records/app.h"
@@ -58,6 +59,11 @@ public:
     void Image1_Click();               // the picture in the corner: the same, a shorter question
     void SSOption1_Click(int option);  // 0 to 6
     void MList1_Click(long index);     // a row, from 0
+    // Typing a receipt number; also while a command works, but then Enter does nothing.
+    void MList1_Type(const std::string &text);
+    void MList1_Backspace();
+    void MList1_Enter(long current); // the chosen row, from 0; -1: none
+    void MList1_Leave();             // Escape, an arrow, a finger
 
     const PendingFields &state() const { return fields; }
     const ListRows &rows() const { return MList1; }
@@ -76,6 +82,7 @@ private:
     void Make_Sound();
     void loadList();
     void clearList();
+    void showRows();
     void readList(ListBuilder &fresh, const std::function<void()> &atEachRecord);
     std::vector<records::CardRecord> readRecords();
     void takeTotals(long listed, records::Money tabs, records::Money tips);
@@ -88,6 +95,9 @@ private:
     void panel(const std::string &text);
     void showProgress(long record);
     void show();
+
+    // choosing.cpp
+    void showReceipt();
 
     // leaving.cpp
     void runFinish();
@@ -112,6 +122,7 @@ private:
     ListState colours;
     std::optional<RunningTotals> saved; // the file behind the last save of a bulk command
     int sortColumn = 0;
+    TypedReceipt receipt;
     std::string leaving;                          // "EXIT", "Expired", "Operation is completed"
     platform::Timer Timer3;                       // the longest that "Done" waits
     platform::Timer connectionTimer;              // looks whether the test has an answer

@@ -36,7 +36,8 @@ struct PendingFields {
     bool connected = false;
     long Label8 = 0; // index of the row last clicked; 0 selects none
 
-    std::string SSPanel1_0; // status panel
+    std::string receiptHint; // of a receipt number that is typed; then it takes the panel's place
+    std::string SSPanel1_0;  // status panel
     bool SSPanel1_0Visible = false;
     bool SSPanel2Visible = false; // the question of a batch
 

@@ -9,6 +9,7 @@
 #include "support/qt/screen_checks.h"
 
 #include <QAccessible>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QRadioButton>
 
@@ -112,7 +113,7 @@ TEST(PendingScreen, OpensTheRecordOfARowByFingerAndKeyboardInAnyOrder)
         press(Qt::Key_Return);
         EXPECT_TRUE(story.takeOpened().ends_with(slot));
     }
-    type(QStringLiteral("009"));
+    type(QStringLiteral("9"));
     press(Qt::Key_Enter);
     EXPECT_TRUE(story.takeOpened().ends_with("5; "));
     press(Qt::Key_Tab);
@@ -123,6 +124,49 @@ TEST(PendingScreen, OpensTheRecordOfARowByFingerAndKeyboardInAnyOrder)
     press(Qt::Key_Return);
     EXPECT_TRUE(story.list.hasFocus());
     EXPECT_EQ(story.rows(), "1043 017r 008 009 ") << "a load loses the order";
+}
+
+TEST(PendingScreen, ShowsTheReceiptNumberThatIsTypedAndOpensNoOther)
+{
+    ScreenStory story(kEvening);
+    const auto hint = [&] {
+        const auto *line = story.screen.findChild<QLabel *>(QStringLiteral("hint"));
+        return line->isVisible() ? line->text().left(23).toStdString() : "";
+    };
+    story.list.setFocus();
+    press(Qt::Key_Return);
+    EXPECT_EQ(story.takeOpened(), "") << "nobody has chosen a row";
+    story.hover(QEvent::Enter); // a notice, which the number hides
+    type(QStringLiteral("104"));
+    story.station.advance(60'000);
+    EXPECT_EQ(hint(), "Receipt 104. Enter open");
+    press(Qt::Key_Return);
+    EXPECT_EQ(hint(), "1 entry begins with 104");
+    EXPECT_EQ(story.list.currentIndex().row(), 0);
+    EXPECT_TRUE(click(QStringLiteral("Refresh")));
+    press(Qt::Key_Return);
+    EXPECT_EQ(story.takeOpened(), "") << "the row of that index may be another one now";
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+    QCoreApplication::sendEvent(&story.list, &held);
+    EXPECT_EQ(story.takeOpened(), "") << "a key held down";
+    press(Qt::Key_Return);
+    EXPECT_TRUE(story.takeOpened().ends_with(" 1; "));
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Escape}) {
+        type(QStringLiteral("8"));
+        press(key);
+        press(Qt::Key_Return);
+        EXPECT_TRUE(story.takeOpened().ends_with(" 3; ")) << "the row in the frame";
+    }
+    type(QStringLiteral("8"));
+    story.tap(QEvent::MouseButtonPress, 0, 0);
+    press(Qt::Key_Return);
+    EXPECT_FALSE(story.takeOpened().ends_with(" 4; ")) << "the tap was later";
+    type(QStringLiteral("99"));
+    press(Qt::Key_Return);
+    EXPECT_EQ(hint(), "No entry has receipt 99");
+    EXPECT_EQ(story.takeOpened(), "");
+    press(Qt::Key_Escape);
+    EXPECT_EQ(hint(), "") << "the notice is back";
 }
 
 TEST(PendingScreen, IsSortedByTheActionOfAScreenReaderAsByATap)

@@ -280,7 +280,8 @@ MList::MList(QWidget *parent) : QTableView(parent), list({}, this)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     connect(this, &QTableView::clicked, this,
-            [this](const QModelIndex &index) { Q_EMIT rowOpened(index.row()); });
+            [this](const QModelIndex &index) { Q_EMIT rowTapped(index.row()); });
+    connect(this, &QTableView::pressed, this, &MList::moved);
     shareWidth();
 }
 
@@ -316,13 +317,18 @@ void MList::goToRow(long row)
     scrollTo(place);
 }
 
-/// A row is known by its first column, whichever cell was clicked last.
-void MList::keyboardSearch(const QString &typed)
+/// Qt makes the first row the current one when the keyboard comes, and nobody sees it.
+long MList::chosenRow() const
 {
-    const QModelIndex chosen = currentIndex();
-    if (chosen.column() > 0)
-        selectionModel()->setCurrentIndex(chosen.siblingAtColumn(0), QItemSelectionModel::NoUpdate);
-    QTableView::keyboardSearch(typed);
+    const int row = currentIndex().row();
+    return selectionModel()->isRowSelected(row) ? row : -1;
+}
+
+/// Qt would go to a row that begins so, and forget what was typed half a second ago.
+void MList::keyboardSearch(const QString &text)
+{
+    if (!text.isEmpty() && text.front().isPrint())
+        Q_EMIT typed(text);
 }
 
 QModelIndex MList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
@@ -339,11 +345,15 @@ void MList::keyPressEvent(QKeyEvent *event)
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (currentIndex().isValid())
-            Q_EMIT rowOpened(currentIndex().row());
+        if (!event->isAutoRepeat())
+            Q_EMIT entered(chosenRow());
         break;
+    case Qt::Key_Backspace: Q_EMIT backspaced(); break;
     case Qt::Key_Escape: event->ignore(); break; // the screen's
-    default: QTableView::keyPressEvent(event);
+    default:
+        if (event->key() >= Qt::Key_Home && event->key() <= Qt::Key_PageDown) // arrows between
+            Q_EMIT moved();
+        QTableView::keyPressEvent(event);
     }
 }
 

@@ -79,8 +79,8 @@ private:
     MListRows list;
 };
 
-/// The window's part. A click or Enter opens a row, letters and digits go to the next row whose
-/// first column begins so. The columns share the width there is.
+/// The window's part. It tells what fingers and keys do; what it means is decided outside. The
+/// columns share the width there is.
 class MList : public QTableView {
     Q_OBJECT
 
@@ -99,7 +99,12 @@ public:
     using QTableView::sizeHintForColumn; // what the cells in sight need
 
 Q_SIGNALS:
-    void rowOpened(long row);
+    void rowTapped(long row);
+    /// Enter, pressed anew: a key that is held down says it once. -1: no row is chosen.
+    void entered(long chosen);
+    void typed(const QString &text); // what can be seen, blanks too
+    void backspaced();
+    void moved(); // to another row, by a key or a finger
 
 protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
@@ -108,6 +113,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    long chosenRow() const;
     void shareWidth();
 
     MListModel list;
