@@ -28,19 +28,6 @@ bool holds(SlotFile &slots, long slot, const CardRecord &record)
            there == record;
 }
 
-StoredRecord append(SlotFile &slots, const CardRecord &record)
-{
-    StoredRecord stored;
-    stored.outcome = slots.append(wholeSlot(record), stored.slot);
-    slots.unlock();
-    const Outcome closed = slots.close();
-    if (done(stored.outcome))
-        stored.outcome = closed;
-    else
-        stored.slot = 0;
-    return stored;
-}
-
 } // namespace
 
 std::string wholeSlot(const CardRecord &record)
@@ -70,18 +57,31 @@ bool isSettled(const CardRecord &record)
     return startsWith(record.text(CCAdjStatus), "Com");
 }
 
+StoredRecord appendAndClose(SlotFile &slots, const CardRecord &record)
+{
+    StoredRecord stored;
+    stored.outcome = slots.append(wholeSlot(record), stored.slot);
+    slots.unlock();
+    const Outcome closed = slots.close();
+    if (done(stored.outcome))
+        stored.outcome = closed;
+    else
+        stored.slot = 0;
+    return stored;
+}
+
 StoredRecord addRecord(App &app, const std::string &file, const CardRecord &record)
 {
     SlotFile slots(app.files, file, kCardSlotLength);
     const Outcome opened = openLocked(app, slots, SlotUse::Append);
-    return done(opened) ? append(slots, record) : StoredRecord{opened, 0};
+    return done(opened) ? appendAndClose(slots, record) : StoredRecord{opened, 0};
 }
 
 StoredRecord addUnlocked(App &app, const std::string &file, const CardRecord &record)
 {
     SlotFile slots(app.files, file, kCardSlotLength);
     const Outcome opened = slots.open(SlotUse::Append);
-    return done(opened) ? append(slots, record) : StoredRecord{opened, 0};
+    return done(opened) ? appendAndClose(slots, record) : StoredRecord{opened, 0};
 }
 
 Outcome readRecord(App &app, const std::string &file, long slot, CardRecord &record)

@@ -31,6 +31,9 @@ struct StoredRecord {
 /// all the same; it can never overwrite another station's record.
 StoredRecord addRecord(App &app, const std::string &file, const CardRecord &record);
 
+/// Appends to a file that is open for it, unlocks, flushes and closes.
+StoredRecord appendAndClose(platform::SlotFile &slots, const CardRecord &record);
+
 /// The same without the lock, for the month's deleted records.
 StoredRecord addUnlocked(App &app, const std::string &file, const CardRecord &record);
 
