@@ -59,13 +59,18 @@ public:
     /// failure; inside, the write is done all the same.
     Outcome appendLocked(std::string_view path, std::string_view content);
 
+    /// Another name for a file, durable; replaces a file at `to`.
+    Outcome rename(std::string_view from, std::string_view to);
+    /// `beginning` + `ending`, or with "-2", "-3" and so on between them where there is such a
+    /// file.
+    std::string freeName(std::string_view beginning, std::string_view ending);
+
     /// Makes the name of a new file durable, by the same rules.
     Outcome flushFolderOf(std::string_view path);
 
     /// For SlotFile: the raw file behind a path, under the same rules.
     Outcome open(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file);
-    /// The same without judging the outcome, even when shut. As every open does, it waits for a
-    /// lease to be given back.
+    /// The same without judging the outcome, even when shut.
     Outcome tryOpen(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file);
     /// Takes the lock through `file`, which was opened at `path` in `mode`. A file that was
     /// replaced meanwhile is opened again, until the locked one is the one at the path.
@@ -91,8 +96,6 @@ private:
     template <typename Call>
     Outcome perform(std::string_view operation, std::string_view path, Call call);
     Outcome look(std::string_view path, Found &found);
-    Outcome openReal(const std::string &real, OpenMode mode, std::unique_ptr<DiskFile> &file);
-    template <typename Fill> Outcome replaceFile(const std::string &real, Fill fill);
     Outcome listFiles(const std::string &real, std::vector<std::string> &names);
     Outcome writeInPlace(std::string_view path, std::string_view content, bool flushed);
     Outcome appendTo(DiskFile &file, std::string_view path, std::string_view content);

@@ -351,6 +351,11 @@ bool startsWith(std::string_view text, std::string_view beginning)
     return text.substr(0, beginning.size()) == beginning;
 }
 
+std::string stampOf(const platform::DateTime &when)
+{
+    return Format(when, "YYYYMMDD") + "-" + Format(when, "HHMMSS");
+}
+
 int dayNumber(const platform::DateTime &when)
 {
     return (when.year * 100 + when.month) * 100 + when.day;

@@ -58,6 +58,8 @@ std::string Right(std::string_view text, std::size_t count);
 std::string Left(std::string_view text, std::size_t count);
 std::string toLower(std::string_view text);
 bool startsWith(std::string_view text, std::string_view beginning);
+/// "20250115-130500": date and time as they stand in the names of files, and sort.
+std::string stampOf(const platform::DateTime &when);
 /// Calendar day as a number that sorts (YYYYMMDD).
 int dayNumber(const platform::DateTime &when);
 /// The same of a date "MM/DD/YY" or "MM/DD/YYYY", blanks around it allowed, month and day of one
