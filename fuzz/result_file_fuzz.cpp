@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     CCdata.set(CCReceipt, "1043");
     CCdata.set(CCTabAmt, "48.50");
     station.put(tender::kDefaultResultFile, content);
-    const auto lines = tender::readResultFile(station.app, tender::kDefaultResultFile);
+    const auto lines = tender::readResultFile(station.app, tender::kDefaultResultFile).lines;
 
     bool approves = false;
     bool owes = false;

@@ -43,6 +43,8 @@ public:
     /// Asks for the end of the program. From here on the file layer is shut and every dialog
     /// answers Cancel; every loop tests ending(). What must still happen happens before.
     void end() { over = true; }
+    /// The same, with the exit code of a program that a failure ended; who ends it has said why.
+    void endInFailure() { over = failure = true; }
     bool ending() const { return over; }
 
     /// A file operation failed outside every ErrorsIgnored scope: shuts the file layer, shows the

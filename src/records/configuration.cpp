@@ -1,5 +1,7 @@
 #include "records/configuration.h"
 
+#include "platform/patience.h"
+
 #include "records/delimited.h"
 
 namespace records {
@@ -51,24 +53,28 @@ bool readCardOptions(App &app, CardOptions &options)
 
 } // namespace
 
-void Get_INI(App &app)
+bool Get_INI(App &app, IniLock wait)
 {
     ProcessValues &values = app.values;
     values.Maindir = "C:\\Lumbrio\\";
+    bool locked = true;
     if (app.files.exists(kIniFile)) {
         LumbrioConfig config;
         platform::SlotFile file(app.files, kIniFile, LumbrioConfig::kSize);
         if (!done(file.open(platform::SlotUse::Read)))
-            return;
-        if (!done(file.lock()) && !app.run.errorsIgnored())
-            return;
-        if (!done(file.read(1, config.data())))
-            return;
+            return false;
+        if (wait == IniLock::WaitedFor)
+            platform::patiently(app.run, platform::Wait::Configuration,
+                                [&file] { return file.lock(); });
+        locked = done(file.lock());
+        if ((!locked && !app.run.errorsIgnored()) || !done(file.read(1, config.data())))
+            return false;
         file.unlock();
         values.config = config;
         keepConfig(values);
     }
     values.config.set(kOwnerCode, Format(values.config.text(kOwnerCode), "########.##"));
+    return locked;
 }
 
 std::string versionToolTip(const LumbrioConfig &config)

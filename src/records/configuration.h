@@ -13,8 +13,11 @@ namespace records {
 /// "LumbrioINI.dat" of the fixed directory "C:\Lumbrio\", under its lock: `Maindir` (field 6),
 /// `Remotedir` (field 49), `ReceiptPrinterName`, the time clock directory, and the whole record.
 /// `Maindir` is reset to "C:\Lumbrio\" first; a missing file leaves everything else as it was,
-/// without a message. A shorter file reads as NULs behind its end. A refused lock is a failure.
-void Get_INI(App &app);
+/// without a message. A shorter file reads as NULs behind its end. The point of sale locks it while
+/// it writes: that is waited for (platform::Wait::Configuration), unless it has been already. A
+/// lock that is refused for all that time is a failure, and false where errors are ignored.
+enum class IniLock { WaitedFor, AtOnce };
+bool Get_INI(App &app, IniLock wait = IniLock::WaitedFor);
 
 /// The tool tip of the version label: the owner code in the mask "########.##" between the
 /// program's version and "688".

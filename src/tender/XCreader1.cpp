@@ -25,7 +25,7 @@ XCreader1::~XCreader1() = default;
 void XCreader1::Command1_Click()
 {
     ui->List1->clear();
-    for (const std::string &line : readResultFile(app, fromQt(ui->Text1->text())))
+    for (const std::string &line : readResultFile(app, fromQt(ui->Text1->text())).lines)
         ui->List1->addItem(toQt(line));
 }
 

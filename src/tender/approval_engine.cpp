@@ -1,9 +1,12 @@
+#include "platform/patience.h"
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
 #include "records/card_files.h"
 #include "records/card_helpers.h"
 #include "records/delimited.h"
+#include "records/exchange_file.h"
 #include "records/trace.h"
+#include "tender/evidence.h"
 #include "tender/request.h"
 #include "tender/tender.h"
 
@@ -51,8 +54,8 @@ void Tender::Approval_Engine()
     printing::warmUp(app, printer); // the server has to be waited for anyway
     if (!waitForAnswer())
         return;
-    const bool answerRead = readAnswer();
-    judgeAnswer(answerRead);
+    if (readAnswer())
+        judgeAnswer();
 }
 
 /// Blank values enter the record with the defaults that the request sends for them.
@@ -85,16 +88,17 @@ LocalRequest Tender::fillRequest()
 /// whole. False when it does not appear at all; then nothing was charged.
 bool Tender::placeRequest(const LocalRequest &request)
 {
-    deleteLeftOvers();
     local = localFiles(app.values, app.clock.now());
     // An earlier card's, of a clock that was set back.
-    platform::Outcome outcome = app.files.removeIfThere(local.answer);
-    if (stillThere(local.answer, outcome)) {
-        requestNotPlaced(outcome);
+    clearResult(app, local.answer);
+    bool there = false;
+    if (const platform::Outcome looked = app.files.exists(local.answer, there);
+        !done(looked) || there) {
+        requestNotPlaced(done(looked) ? platform::Outcome::Denied : looked);
         return false;
     }
-    bool there = false;
-    outcome = app.files.write(local.work, requestLine(request));
+    platform::Outcome outcome = app.files.write(local.work, requestLine(request));
+    there = false;
     if (done(outcome)) {
         outcome = app.files.copy(local.work, local.request);
         // One of which nobody knows may be charged: its answer is waited for.
@@ -165,17 +169,27 @@ void Tender::noAnswer()
     endTender();
 }
 
-/// False when there is an answer that cannot be read; it stays where it is, as the evidence.
+/// False when there is an answer that cannot be read; it stays where it is, as the evidence, and
+/// the tender has ended.
 bool Tender::readAnswer()
 {
     waiting = false;
     Timer2.setInterval(0);
-    std::string content;
-    const platform::Outcome outcome = app.files.read(local.answer, content, kAnswerLimit);
-    if (!done(outcome))
-        traceProcess(app, {"  ANSWER NOT READ - " + std::string(platform::textOf(outcome)) + " - " +
-                           local.answer});
-    const std::string answer = answerText(content);
+    ExchangeFile file;
+    platform::patiently(app.run, platform::Wait::Result, [&] {
+        file = readExchange(app, local.answer);
+        return file.outcome;
+    });
+    const std::string answer = answerText(file.text);
+    if (!done(file.outcome) || (file.longer && answer.empty())) {
+        const char *const reason =
+            file.longer ? "longer than an answer can be" : platform::textOf(file.outcome);
+        traceProcess(app, {std::string("  ANSWER NOT READ - ") + reason + " - " + local.answer});
+        for (const std::string &own : {local.request, local.work})
+            stillThere(own, app.files.removeIfThere(own));
+        outcomeUnknown(local.answer, reason);
+        return false;
+    }
     app.values.CCdata.set(CResponse, answer);
     traceProcess(app, {"Actual Response From Xcharge " + answer,
                        "Actual Seconds for Response  " + fields.Label7});
@@ -190,33 +204,27 @@ bool Tender::readAnswer()
     fields.SSCommand1.enabled = !fields.approved;
     status(word + "\r\n" + code);
     statusPainted(word + " - " + code);
-    return done(outcome);
+    return true;
 }
 
 /// Kept: in this path a declined card is filed among the pending ones too, charged at once or not.
-void Tender::judgeAnswer(bool answerRead)
+void Tender::judgeAnswer()
 {
     if (app.values.CCdata.text(CCEncoded) != "1")
         encodeCardNumber(app.values.CCdata);
-    const bool stored = storeRecord(pendingFile(app.values));
-    if (stored)
-        replaceRecord(app, pendingFile(app.values), transRecord, app.values.CCdata,
+    storeRecord(pendingFile(app.values));
+    if (stored.stored())
+        replaceRecord(app, pendingFile(app.values), stored.slot, app.values.CCdata,
                       app.values.CCdata);
-    if (answerRead)
+    if (recorded() || !fields.approved)
         deleteLocalFiles();
-    if (fields.approved && !stored) {
-        approvalNotStored("The bank approved this card with the code " +
-                          app.values.CCdata.text(CApprovalCode) +
-                          ", but its record cannot be stored. Do not charge it again: write the "
-                          "code down and call the manager.");
-        return;
-    }
     app.files.removeIfThere(auditFile(app.values));
     traceProcess(app, {"Approved or Declined " + app.values.TndrRESULT});
     if (fields.approved) {
         traceProcess(app, {"SetPrinter " + printer.selectedName()});
         printSlips();
     }
+    confirmRecord();
     writeAnswer(answerBlock(app.values.TndrRESULT, app.values.CCdata));
     traceAnswer();
     finish();
@@ -231,15 +239,6 @@ void Tender::deleteLocalFiles()
         return;
     for (const std::string &file : {local.request, local.answer, local.work})
         stillThere(file, app.files.removeIfThere(file));
-}
-
-/// What a tender of this station that was killed has left of its request: a card in clear.
-void Tender::deleteLeftOvers()
-{
-    const std::string folder = localFolder(app.values);
-    for (const std::string &name : app.files.list(folder))
-        if (isLeftOver(app.values, name))
-            app.files.removeIfThere(folder + name);
 }
 
 /// Whether a file that had to go still lies there, or may lie there; the trace tells.

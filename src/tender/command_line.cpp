@@ -31,6 +31,11 @@ std::vector<std::string> parts(const PaymentCall &call)
 
 } // namespace
 
+std::string argumentValue(std::string_view value)
+{
+    return std::string(value.substr(0, value.find(" /")));
+}
+
 std::string commandLine(const PaymentCall &call)
 {
     std::string line = kXchargeProgram;

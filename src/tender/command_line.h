@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tender {
@@ -11,7 +12,12 @@ inline constexpr const char *kResultFile = "C:/lumbrio/xResultFile.txt";
 /// Kept: not the program's own spelling, so that a program left over by that name lives on.
 inline constexpr const char *kXchargeImage = "X-Charge.exe";
 
-/// What the command line is made of. Values go in as they are: no quotes, no trimming here.
+/// A value as it may stand on the command line: it ends where a blank and a "/" would begin another
+/// option. Control characters must be blanks already.
+std::string argumentValue(std::string_view value);
+
+/// What the command line is made of. Values go in as argumentValue() gives them: no quotes, no
+/// trimming here.
 struct PaymentCall {
     bool purchase = false; // charge at once instead of pre-authorising
     bool partialSupport = true;

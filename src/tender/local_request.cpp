@@ -12,17 +12,20 @@ std::string localFolder(const ProcessValues &values)
     return values.paymentDirectory + "LocalTran\\";
 }
 
-bool isLeftOver(const ProcessValues &values, std::string_view name)
+LeftOver leftOverOf(const ProcessValues &values, std::string_view name)
 {
     const std::string station = Trim(values.StationName);
     constexpr std::size_t kStamp = 12; // MMDDYYHHMMSS
     if (toLower(Left(name, station.size())) != toLower(station) ||
         name.size() <= station.size() + kStamp)
-        return false;
+        return LeftOver::None;
     const std::string_view stamp = name.substr(station.size(), kStamp);
     const std::string ending = toLower(name.substr(station.size() + kStamp));
-    return stamp.find_first_not_of("0123456789") == std::string_view::npos &&
-           (ending == ".tmp" || ending.starts_with(".req."));
+    if (stamp.find_first_not_of("0123456789") != std::string_view::npos)
+        return LeftOver::None;
+    if (ending == ".tmp" || ending == ".req" || ending.starts_with(".req."))
+        return LeftOver::Request;
+    return ending == ".ans" ? LeftOver::Answer : LeftOver::None;
 }
 
 LocalFiles localFiles(const ProcessValues &values, const platform::DateTime &now)

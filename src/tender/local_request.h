@@ -21,8 +21,12 @@ struct LocalFiles {
 /// The folder of the exchange, with its backslash.
 std::string localFolder(const records::ProcessValues &values);
 
-/// True for the name of a work file, or of a copy in the making, of this station's own.
-bool isLeftOver(const records::ProcessValues &values, std::string_view name);
+/// What a name in the folder of the exchange is of, when a tender of this station made it.
+enum class LeftOver { None, Request, Answer };
+
+/// By the station's whole name, the twelve digits of the moment and the ending. A work file and a
+/// copy in the making hold a request too.
+LeftOver leftOverOf(const records::ProcessValues &values, std::string_view name);
 
 LocalFiles localFiles(const records::ProcessValues &values, const platform::DateTime &now);
 
@@ -40,9 +44,6 @@ struct LocalRequest {
 
 /// `text`, or `fallback` where it is blank.
 std::string orDefault(const std::string &text, const char *fallback);
-
-/// Of an answer file; the rest is left out.
-inline constexpr std::size_t kAnswerLimit = 4096;
 
 /// One delimited line of 7 values, or 8 with the verification digits of a typed card.
 std::string requestLine(const LocalRequest &request);

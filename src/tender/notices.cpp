@@ -9,11 +9,17 @@ using namespace records;
 
 namespace {
 
-/// A card that the local payment server approved has no amount but the tab's.
-std::string approvedAmount(const CardRecord &CCdata)
+using Facts = std::vector<std::pair<std::string, std::string>>;
+
+Facts factsOf(const CardRecord &CCdata)
 {
-    const Money approved = CCdata.value(CCApprovedAmt);
-    return Currency(approved.isZero() ? CCdata.value(CCTabAmt) : approved);
+    Facts facts = {{"Receipt", CCdata.text(CCReceipt)},
+                   {"Amount", Currency(CCdata.text(CCTabAmt))}};
+    if (CCdata.value(CCaditionalFUNDS) > Money())
+        facts.emplace_back("Approved", Currency(CCdata.text(CCApprovedAmt)));
+    if (!CCdata.isEmpty(CApprovalCode))
+        facts.emplace_back("Approval code", CCdata.text(CApprovalCode));
+    return facts;
 }
 
 } // namespace
@@ -25,15 +31,52 @@ void tellUnprinted(App &app, const std::vector<printing::Unprinted> &unprinted)
     const TraceLines lines = printing::unprintedLines(unprinted);
     traceProcess(app, lines);
     traceLog(app, lines);
-    const CardRecord &CCdata = app.values.CCdata;
     app.dialogs.notice({"NOT PRINTED",
                         printing::unprintedWords(unprinted) +
                             " The card is approved: do not run it again. Reprint from the "
                             "manager's list.",
-                        {{"Receipt", CCdata.text(CCReceipt)},
-                         {"Amount", approvedAmount(CCdata)},
-                         {"Approval code", CCdata.text(CApprovalCode)}},
+                        factsOf(app.values.CCdata),
                         {}});
+}
+
+platform::Notice notStoredNotice(const CardRecord &CCdata, platform::Outcome outcome, bool kept,
+                                 const std::string &file)
+{
+    const std::string what = "The bank approved this card, but its record could not be stored (" +
+                             std::string(platform::textOf(outcome)) +
+                             "). Do not charge the card again. ";
+    return {"RECORD NOT STORED",
+            what + (kept ? "The record is kept at this station, which stores it as soon as it can. "
+                           "Tell the manager."
+                         : "It could not be kept at this station either: write these figures down "
+                           "and give them to the manager now."),
+            factsOf(CCdata), file};
+}
+
+platform::Notice notAnsweredNotice(const CardRecord &CCdata, const std::string &result,
+                                   bool unknown, platform::Outcome outcome, const std::string &file)
+{
+    const std::string what =
+        "The point of sale gets no answer (" + std::string(platform::textOf(outcome)) + "). ";
+    const char *meaning = "This tender ended without an approval. Tell the manager before the card "
+                          "is run again.";
+    if (unknown)
+        meaning = "The card may be charged. Do not run it again; tell the manager.";
+    else if (result == "Approved")
+        meaning = "The bank approved this card: do not charge it again. Enter the payment at the "
+                  "point of sale by hand, and tell the manager.";
+    return {"NO ANSWER FOR THE POINT OF SALE", what + meaning, factsOf(CCdata), file};
+}
+
+platform::Notice unknownNotice(const CardRecord &CCdata, const std::string &reason,
+                               const std::string &file)
+{
+    return {
+        "OUTCOME UNKNOWN",
+        "The payment answered, but its answer cannot be read (" + reason +
+            "). The card may be charged. Do not run it again before the manager has looked into "
+            "the payment application. The point of sale was told \"Declined\".",
+        factsOf(CCdata), file};
 }
 
 } // namespace tender

@@ -5,9 +5,21 @@
 #include "printing/printer.h"
 #include "records/app.h"
 
+#include <string>
 #include <vector>
 
 namespace tender {
+
+/// A charge whose record is in no card file; `kept`: it is in a file of the station's own.
+platform::Notice notStoredNotice(const records::CardRecord &CCdata, platform::Outcome outcome,
+                                 bool kept, const std::string &file);
+/// The point of sale does not get to know how the tender ended; `result` is its word.
+platform::Notice notAnsweredNotice(const records::CardRecord &CCdata, const std::string &result,
+                                   bool unknown, platform::Outcome outcome,
+                                   const std::string &file);
+/// Nobody knows what the bank said. `file` keeps what is known.
+platform::Notice unknownNotice(const records::CardRecord &CCdata, const std::string &reason,
+                               const std::string &file);
 
 /// Says which slips of the record in `CCdata` were not printed, and where to print them again; the
 /// same goes to both traces first. Nothing for none.

@@ -132,8 +132,9 @@ void Tender::approveOffline()
     app.values.TndrRESULT = "Approved";
     fields.result = true;
     fields.approved = true;
-    if (!storeRecord(pendingFile(app.values))) {
-        approvalNotStored("The record of this card cannot be stored, so it was not approved.");
+    stored = addCarefully(app, pendingFile(app.values), CCdata);
+    if (!stored.stored()) {
+        offlineNotStored();
         return;
     }
     printing::Set_Printer(app, printer);

@@ -1,10 +1,16 @@
+#include "platform/patience.h"
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
 #include "records/card_files.h"
+#include "records/kept_records.h"
 #include "records/trace.h"
+#include "tender/command_line.h"
+#include "tender/evidence.h"
 #include "tender/notices.h"
 #include "tender/request.h"
 #include "tender/tender.h"
+
+#include <utility>
 
 namespace tender {
 
@@ -41,8 +47,10 @@ void Tender::approved()
 {
     storeRecord(chooseTarget());
     printSlips();
+    confirmRecord();
     writeAnswer(answerBlock(app.values.TndrRESULT, app.values.CCdata));
     traceAnswer();
+    resultDealtWith();
     finish();
 }
 
@@ -56,8 +64,10 @@ void Tender::partiallyApproved()
     CCdata.set(CCAdjAmt, CCdata.raw(CCApprovedAmt));
     storeRecord(chooseTarget());
     printPartialSlips();
+    confirmRecord();
     writeAnswer(answerPartial(CCdata));
     traceAnswer();
+    resultDealtWith();
     finish();
 }
 
@@ -68,6 +78,7 @@ void Tender::declined()
     const std::string word = app.values.TndrRESULT;
     writeAnswer(answerDeclined(word, app.values.CCdata));
     traceAnswer();
+    resultDealtWith();
     app.files.removeIfThere(auditFile(app.values));
     fields.SSCommand1 = {true, true};
     fields.SSCommand2.enabled = false;
@@ -83,6 +94,26 @@ void Tender::stayForOperator()
     answering = false;
     fields.Label7Visible = true;
     show();
+    showNotices();
+}
+
+/// The payment has answered, and nobody knows what: the card may be charged. The point of sale has
+/// no word for that and hears "Declined"; no record is made, for it would read as a decline. What
+/// the bank wrote stays where it is.
+void Tender::outcomeUnknown(const std::string &result, const char *reason)
+{
+    CardRecord &CCdata = app.values.CCdata;
+    answering = true;
+    fields.unknown = true;
+    fields.result = true;
+    app.values.TndrRESULT = "Declined";
+    status("The payment answered, but its answer cannot be read");
+    const std::string trace = keepUnknown(app, result, reason);
+    notices.push_back(unknownNotice(CCdata, reason, trace.empty() ? result : trace));
+    writeAnswer(local.set() ? answerBlock("Declined", CCdata) : answerDeclined("Declined", CCdata));
+    traceAnswer();
+    app.files.removeIfThere(auditFile(app.values));
+    endTender();
 }
 
 /// Charged at once, a sale is settled and belongs to the month; otherwise it waits for its tip.
@@ -95,26 +126,54 @@ std::string Tender::chooseTarget()
 }
 
 /// On the disk, flushed, before anything is printed or answered. A failed write is passed over by
-/// this routine's rules, but never without a line that tells what is missing. False when the record
-/// is not in the file.
-bool Tender::storeRecord(const std::string &file)
+/// this routine's rules, but never without a line that tells what is missing.
+void Tender::storeRecord(const std::string &file)
 {
-    const StoredRecord stored = addRecord(app, file, app.values.CCdata);
-    transRecord = stored.slot;
-    if (done(stored.outcome) || app.ending())
-        return stored.stored();
-    const char *const what =
-        stored.stored() ? "  RECORD STORED BUT NOT FLUSHED - " : "  RECORD NOT STORED - ";
-    const std::string line = what + std::string(platform::textOf(stored.outcome)) + " - " + file;
-    traceProcess(app, {line});
-    traceLog(app, {line});
-    return stored.stored();
+    storedIn = file;
+    storedRecord = app.values.CCdata;
+    stored = addCarefully(app, file, storedRecord);
+    keepUnstored();
 }
 
-/// Nobody is told of an approval that is nowhere on the disk.
-void Tender::approvalNotStored(const std::string &what)
+/// Once more before the answer, where the record was appended without the lock.
+void Tender::confirmRecord()
 {
-    app.dialogs.message("CCPending.dat", what);
+    if (!stored.unlocked || !stored.stored())
+        return;
+    stored = confirmStored(app, storedIn, storedRecord, stored);
+    keepUnstored();
+}
+
+/// A charge that is in no card file is kept at the station, whole, and somebody is told.
+void Tender::keepUnstored()
+{
+    if (done(stored.outcome) || app.ending())
+        return;
+    const char *const what =
+        stored.stored() ? "  RECORD STORED BUT NOT FLUSHED - " : "  RECORD NOT STORED - ";
+    const std::string line =
+        what + std::string(platform::textOf(stored.outcome)) + " - " + storedIn;
+    traceProcess(app, {line});
+    traceLog(app, {line});
+    if (storedRecord.text(CCstatus) != "Approved")
+        return;
+    platform::Outcome outcome = platform::Outcome::Done;
+    kept = !keepRecord(app, storedIn, storedRecord, outcome).empty();
+    if (!stored.stored())
+        notices.push_back(notStoredNotice(storedRecord, stored.outcome, kept, storedIn));
+}
+
+/// A power cut, a kill or a failure from here on leaves something that tells of the charge.
+bool Tender::recorded() const
+{
+    return stored.stored() || kept;
+}
+
+/// Nobody has charged this card yet, and nobody would know that it was to be charged.
+void Tender::offlineNotStored()
+{
+    app.dialogs.message("CCPending.dat",
+                        "The record of this card cannot be stored, so it was not approved.");
     app.values.TndrRESULT = "Declined";
     writeAnswer(answerBlock("Declined", app.values.CCdata));
     app.files.removeIfThere(auditFile(app.values));
@@ -129,7 +188,7 @@ printing::SlipContext Tender::slipContext() const
     context.tipPreApproved = fields.SSCommand7Caption == "YES";
     context.preApprovedTip = preApprovedTip;
     context.totalWithTip = totalWithTip;
-    context.transRecord = transRecord;
+    context.transRecord = stored.slot;
     context.noCustomerCopy = fields.SSCheck1;
     return context;
 }
@@ -156,18 +215,44 @@ void Tender::printPartialSlips()
     printing::Att_Server(app, printer);
 }
 
-/// Replaced whole; where that cannot be, in place. An answer that cannot be written at all must
-/// not leave an older one standing in its stead.
+bool Tender::answerStands(const std::string &content)
+{
+    std::string there;
+    return done(app.files.read(answerFile(app.values), there)) && there == content;
+}
+
+/// Replaced whole; where that cannot be, in place. A whole answer stays even when its flush failed;
+/// half of one must not stand, nor an older one in its stead.
 void Tender::writeAnswer(const std::string &content)
 {
     const platform::ErrorsIgnored ignored(app.run);
     const std::string path = answerFile(app.values);
-    if (done(app.files.replaceWhole(path, content)) || done(app.files.writeFlushed(path, content)))
+    const platform::Outcome outcome = platform::patiently(app.run, platform::Wait::Answer, [&] {
+        const platform::Outcome replaced = app.files.replaceWhole(path, content);
+        return done(replaced) || answerStands(content) ? replaced
+                                                       : app.files.writeFlushed(path, content);
+    });
+    answered = done(outcome) || answerStands(content);
+    if (done(outcome))
         return;
+    if (answered) {
+        traceProcess(app, {std::string("  ANSWER NOT FLUSHED - ") + platform::textOf(outcome)});
+        return;
+    }
     const platform::Outcome removed = app.files.removeIfThere(path);
-    traceProcess(app,
-                 {std::string("  ANSWER NOT WRITTEN - old one ") +
-                  (app.files.exists(path) ? platform::textOf(removed) : "removed") + " - " + path});
+    traceProcess(
+        app, {std::string("  ANSWER NOT WRITTEN - ") + platform::textOf(outcome) + " - old one " +
+              (app.files.exists(path) ? platform::textOf(removed) : "removed") + " - " + path});
+    notices.push_back(
+        notAnsweredNotice(app.values.CCdata, app.values.TndrRESULT, fields.unknown, outcome, path));
+}
+
+/// The bank's word may go once its record and the answer are on the disk. The next tender deletes
+/// the result; the answer of the payment server goes at once.
+void Tender::resultDealtWith()
+{
+    if (answered && (recorded() || !fields.approved) && !app.ending())
+        noteTaken(app, kResultFile);
 }
 
 void Tender::traceAnswer()
@@ -191,8 +276,20 @@ void Tender::endTender()
     Timer2.setInterval(0);
     Timer5.setInterval(0);
     printer.closeJob();
+    showNotices();
+    if (answered)
+        app.end();
+    else
+        app.run.endInFailure();
+}
+
+/// Each stays until somebody presses OK.
+void Tender::showNotices()
+{
+    show();
+    for (const platform::Notice &notice : std::exchange(notices, {}))
+        app.dialogs.notice(notice);
     tellUnprinted(app, printer.takeUnprinted());
-    app.end();
 }
 
 void Tender::SSCommand1_Click()

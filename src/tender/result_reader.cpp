@@ -1,6 +1,7 @@
 #include "tender/result_reader.h"
 
-#include "records/trace.h"
+#include "platform/patience.h"
+#include "records/exchange_file.h"
 
 #include <array>
 
@@ -62,6 +63,13 @@ void applySuccessTag(std::string_view line, CardRecord &CCdata)
         CCdata.set(CResponse, "Declined");
 }
 
+bool namesOutcome(std::string_view line)
+{
+    const std::string trimmed = Trim(line);
+    return startsWith(trimmed, "RESULT=") || startsWith(trimmed, "<RESULT_SUCCESS>T") ||
+           startsWith(trimmed, "<RESULT_SUCCESS>F");
+}
+
 void traceResponse(App &app, const std::string &name, const std::vector<std::string> &lines)
 {
     TraceLines trace = {std::string(54, '-'),
@@ -92,23 +100,27 @@ void applyResultLine(std::string_view line, CardRecord &CCdata)
         CCdata.set(CCGiftFlag, "GS   ");
 }
 
-std::vector<std::string> readResultFile(App &app, const std::string &name)
+ReadResult readResultFile(App &app, const std::string &name)
 {
     const platform::ErrorsIgnored ignored(app.run);
-    app.files.copy(name, "C:\\Lumbrio\\ResponseBACKUP.txt");
+    ExchangeFile file;
+    platform::patiently(app.run, platform::Wait::Result, [&] {
+        file = readExchange(app, name);
+        return file.outcome;
+    });
+    if (done(file.outcome))
+        app.files.replaceWhole("C:\\Lumbrio\\ResponseBACKUP.txt", file.content);
+    else
+        traceProcess(app, {std::string("  RESULT NOT READ - ") + platform::textOf(file.outcome)});
     app.values.CCdata.set(GCbalance, "0");
-    std::string content;
-    const platform::Outcome outcome = app.files.read(name, content, kResultLimit);
-    if (!done(outcome))
-        traceProcess(app, {std::string("  RESULT NOT READ - ") + platform::textOf(outcome)});
-    if (content.size() == kResultLimit) // half a line may read as another value
-        content.resize(content.find_last_of("\r\n") + 1);
-    const std::vector<std::string> lines = platform::splitLines(content);
-    for (const std::string &line : lines)
+    ReadResult read{file.outcome, file.longer, false, platform::splitLines(file.text)};
+    for (const std::string &line : read.lines) {
         applyResultLine(line, app.values.CCdata);
-    traceResponse(app, name, lines);
+        read.namesOutcome = read.namesOutcome || namesOutcome(line);
+    }
+    traceResponse(app, name, read.lines);
     app.files.write("c:\\Lumbrio\\XLMread.txt", resultDebugFile(app.values.CCdata));
-    return lines;
+    return read;
 }
 
 std::string resultDebugFile(const CardRecord &CCdata)

@@ -17,16 +17,25 @@ inline constexpr const char *kDefaultResultFile = "c:\\Lumbrio\\xResultFile.Txt"
 /// closing tag included.
 void applyResultLine(std::string_view line, records::CardRecord &CCdata);
 
-/// Reads the file `name` into `CCdata`: keeps a copy as "C:\Lumbrio\ResponseBACKUP.txt" first,
-/// sets `GCbalance` to "0", applies every line, traces all of them and writes the debug file
-/// "c:\Lumbrio\XLMread.txt". Never deletes the result file. Returns the lines as read. Lines
-/// beyond kResultLimit bytes of the file are left out. Errors are ignored: a file that says nothing
-/// leaves the fields as they were.
-std::vector<std::string> readResultFile(records::App &app, const std::string &name);
+/// What a reading of a result came to.
+struct ReadResult {
+    platform::Outcome outcome = platform::Outcome::Broken;
+    bool longer = false;       // than records::kExchangeLimit
+    bool namesOutcome = false; // one of its lines says approved or declined
+    std::vector<std::string> lines;
+
+    /// Nobody knows what the bank has said: not even "no".
+    bool unreadable() const { return !done(outcome) || (longer && !namesOutcome); }
+};
+
+/// Reads the file `name` into `CCdata`, within the bounds of records::readExchange(): keeps a copy
+/// as "C:\Lumbrio\ResponseBACKUP.txt" first, sets `GCbalance` to "0", applies every line, traces
+/// all of them and writes the debug file "c:\Lumbrio\XLMread.txt". A reading that fails is tried
+/// again (platform::Wait::Result). Never deletes the result file. Errors are ignored: a file that
+/// says nothing leaves the fields as they were.
+ReadResult readResultFile(records::App &app, const std::string &name);
 
 /// The 22 lines of "XLMread.txt" in their fixed order.
 std::string resultDebugFile(const records::CardRecord &CCdata);
-
-inline constexpr std::size_t kResultLimit = 64U << 10U;
 
 } // namespace tender

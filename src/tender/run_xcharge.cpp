@@ -1,8 +1,10 @@
 #include "printing/slip.h"
 #include "records/card_files.h"
 #include "records/card_helpers.h"
+#include "records/exchange_file.h"
 #include "records/trace.h"
 #include "tender/command_line.h"
+#include "tender/evidence.h"
 #include "tender/request.h"
 #include "tender/result_reader.h"
 #include "tender/tender.h"
@@ -46,7 +48,7 @@ void Tender::Run_Xcharge()
     endLeftOverProgram();
     if (app.ending() || paymentProgramMissing())
         return;
-    app.files.removeIfThere(kResultFile);
+    clearResult(app, kResultFile);
     if (auditRefused(false)) {
         if (!app.ending())
             declined();
@@ -57,8 +59,12 @@ void Tender::Run_Xcharge()
     startWait();
     if (oldResultRemains() || !waitForResult(commandLine))
         return;
-    readResult();
-    judgeResult();
+    const ReadResult read = readResult();
+    if (read.unreadable())
+        outcomeUnknown(kResultFile, read.longer ? "longer than a result can be"
+                                                : platform::textOf(read.outcome));
+    else
+        judgeResult();
 }
 
 void Tender::nameMonthFiles()
@@ -94,12 +100,11 @@ bool Tender::paymentProgramMissing()
 bool Tender::auditRefused(bool localPath)
 {
     const std::string path = auditFile(app.values);
-    std::string content;
     bool there = false;
     if (done(app.files.exists(path, there)) && !there)
         return false;
-    app.files.read(path, content); // one that cannot be read agrees with no amount
-    const std::string audit = auditAmount(content);
+    // One that cannot be read agrees with no amount.
+    const std::string audit = auditAmount(readExchange(app, path).text);
     fields.Label9 = Currency(audit);
     show();
     if (amountsAgree(audit, fields.Text4))
@@ -120,9 +125,9 @@ std::string Tender::buildCommandLine()
     PaymentCall call;
     call.purchase = app.values.TndrNOpreAUTH != 0;
     call.partialSupport = app.values.NoPartialSupport == 0;
-    call.amount = Trim(fields.Text4);
-    call.receipt = fields.Label3[6];
-    call.clerk = fields.Label3[4];
+    call.amount = argument(Trim(fields.Text4), "AMOUNT");
+    call.receipt = argument(fields.Label3[6], "RECEIPT");
+    call.clerk = argument(fields.Label3[4], "CLERK");
     call.userId = app.installation.xchargeUserId;
     call.password = app.installation.xchargePassword;
     const std::string line = commandLine(call);
@@ -130,12 +135,21 @@ std::string Tender::buildCommandLine()
     return line;
 }
 
+/// A value of the request must not become another option of the payment application.
+std::string Tender::argument(const std::string &value, const char *name)
+{
+    const std::string cut = argumentValue(value);
+    if (cut.size() < value.size())
+        traceProcess(app, {std::string("  ") + name + " CUT ON THE COMMAND LINE - " + cut});
+    return cut;
+}
+
 void Tender::startWait()
 {
     // Kept: the wording has outlived the value.
     traceProcess(app, {std::string(15, ' '), "  Setting a 20 second timer to wait for response"});
     Timer2.setInterval(kWaitTimer);
-    app.files.removeIfThere(kResultFile);
+    clearResult(app, kResultFile);
     fields.SSCommand1.enabled = false;
     startCounting();
 }
@@ -191,7 +205,7 @@ void Tender::startPaymentAt(const std::string &commandLine, int &shellAt)
     shellAt = shellAt == 0 ? kSecondStart : kNoStart;
 }
 
-void Tender::readResult()
+ReadResult Tender::readResult()
 {
     waiting = false;
     Timer2.setInterval(0);
@@ -203,7 +217,7 @@ void Tender::readResult()
                   "  SECONDS = " + fields.Label7, "  Calling Xcharge Reader"});
     app.values.CCdata.set(CResponse, " ");
     app.values.CCdata.set(CCaditionalFUNDS, "0");
-    readResultFile(app, kDefaultResultFile);
+    return readResultFile(app, kDefaultResultFile);
 }
 
 /// Kept: on the first letter of the response alone; "Sorry" would approve.

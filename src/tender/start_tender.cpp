@@ -1,8 +1,12 @@
+#include "platform/patience.h"
 #include "printing/printer_choice.h"
 #include "records/card_helpers.h"
 #include "records/configuration.h"
+#include "records/exchange_file.h"
+#include "records/kept_records.h"
 #include "records/lookups.h"
 #include "records/trace.h"
+#include "tender/evidence.h"
 #include "tender/request.h"
 #include "tender/tender.h"
 
@@ -15,6 +19,8 @@ using namespace records;
 namespace {
 
 constexpr const char *kCutFlagFile = "c:\\Lumbrio\\data\\CCardCut.dat";
+// Characters; "DelPrePay" and what follows it is longer than the record's table.
+constexpr std::size_t kLongestTable = 50;
 constexpr std::uint32_t kStartDelay = 100; // ms; lets the operator see the screen first
 
 std::string batchMarker(const ProcessValues &values)
@@ -68,10 +74,14 @@ void Tender::Start_Tender()
     std::optional<platform::ErrorsIgnored> asHelper;
     if (!isTenderRole())
         asHelper.emplace(app.run);
-    readModeFlag();
+    const bool iniLocked = readModeFlag();
+    if (isTenderRole())
+        removeOldAnswer();
     if (app.values.X1009)
         prepareForCommandLine();
-    readConfiguration();
+    readConfiguration(iniLocked);
+    if (isTenderRole() && !app.ending())
+        clearWhatOthersLeft();
     if (app.ending() || (isTenderRole() && serverIsBatching()) || !readRequest())
         return;
     traceStart();
@@ -89,16 +99,43 @@ void Tender::Start_Tender()
 
 /// The mode flag lies in the configured directory, so that the configuration is read ahead of it,
 /// silently; the reading that may fail follows in its place.
-void Tender::readModeFlag()
+bool Tender::readModeFlag()
 {
+    bool locked = false;
     {
         const platform::ErrorsIgnored ignored(app.run);
-        Get_INI(app);
+        locked = Get_INI(app);
         fillEmptyDirectories(app);
     }
     app.values.X1009 = app.files.exists(app.values.Maindir + "X1009Version.dat");
     fields.X1009 = app.values.X1009;
     fields.Label3[13] = app.values.X1009 ? "True" : "False";
+    return locked;
+}
+
+/// Not every end of a tender writes an answer, and the one of the guest before may say "Approved".
+void Tender::removeOldAnswer()
+{
+    const platform::ErrorsIgnored ignored(app.run);
+    const std::string path = answerFile(app.values);
+    if (!app.files.exists(path))
+        return;
+    const platform::Outcome outcome = platform::patiently(app.run, platform::Wait::Answer, [&] {
+        const platform::Outcome removed = app.files.removeIfThere(path);
+        return removed == platform::Outcome::NotThere ? platform::Outcome::Done : removed;
+    });
+    if (!done(outcome))
+        traceProcess(app, {std::string("  OLD ANSWER NOT REMOVED - ") + platform::textOf(outcome) +
+                           " - " + path});
+}
+
+/// Of tenders of this station that did not come to their end.
+void Tender::clearWhatOthersLeft()
+{
+    clearDeadRequests(app);
+    const KeptRecords found = storeKeptRecords(app);
+    fields.waitingRecords = static_cast<int>(found.waiting.size()) + found.unreadable;
+    show();
 }
 
 void Tender::prepareForCommandLine()
@@ -109,12 +146,12 @@ void Tender::prepareForCommandLine()
     statusPainted("Waiting for Xcharge Interface");
 }
 
-void Tender::readConfiguration()
+void Tender::readConfiguration(bool iniLocked)
 {
     loadSetupFlags(app);
     app.values.StationName = app.system.computerName();
     Clear_CCdata(app.values.CCdata);
-    Get_INI(app);
+    Get_INI(app, iniLocked ? IniLock::WaitedFor : IniLock::AtOnce);
     fields.versionToolTip = versionToolTip(app.values.config);
     app.values.gratuityPercent = app.values.config.value(kGratuityPercent);
     app.values.PreApproveTip = false;
@@ -163,14 +200,14 @@ bool Tender::readRequest()
         requestMissing();
         return false;
     }
-    std::string content;
-    if (!done(app.files.read(path, content)))
+    const ExchangeFile file = readExchange(app, path);
+    if (!done(file.outcome))
         return false;
-    const TenderRequest request = parseRequest(content);
-    sentTable = request.table;
-    sentReceipt = request.receipt;
-    sentAmount = request.amount;
-    app.values.EmployeeNumber = request.server;
+    const TenderRequest request = parseRequest(file.text);
+    sentTable = boundedValue(app, request.table, kLongestTable, "TABLE");
+    sentReceipt = boundedValue(app, request.receipt, CCReceipt.length, "RECEIPT");
+    sentAmount = boundedValue(app, request.amount, CCSaleAmt.length, "AMOUNT");
+    app.values.EmployeeNumber = boundedValue(app, request.server, CCServer.length, "SERVER");
     return true;
 }
 

@@ -6,13 +6,15 @@
 #include "platform/clock.h"
 #include "printing/printer.h"
 #include "printing/slip.h"
-#include "records/app.h"
+#include "records/careful_append.h"
 #include "tender/local_request.h"
+#include "tender/result_reader.h"
 #include "tender/tender_fields.h"
 #include "tender/tender_view.h"
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace tender {
 
@@ -70,9 +72,11 @@ protected:
 private:
     // start_tender.cpp
     void startTimer();
-    void readModeFlag();
+    bool readModeFlag();
+    void removeOldAnswer();
+    void clearWhatOthersLeft();
     void prepareForCommandLine();
-    void readConfiguration();
+    void readConfiguration(bool iniLocked);
     void showOptions();
     void assumeSwipe();
     bool serverIsBatching();
@@ -107,9 +111,8 @@ private:
     bool waitForAnswer();
     void noAnswer();
     bool readAnswer();
-    void judgeAnswer(bool answerRead);
+    void judgeAnswer();
     void deleteLocalFiles();
-    void deleteLeftOvers();
     bool stillThere(const std::string &file, platform::Outcome removed);
 
     // offline.cpp
@@ -130,7 +133,8 @@ private:
     bool oldResultRemains();
     bool waitForResult(const std::string &commandLine);
     void startPaymentAt(const std::string &commandLine, int &shellAt);
-    void readResult();
+    std::string argument(const std::string &value, const char *name);
+    ReadResult readResult();
     void judgeResult();
 
     // outcomes.cpp
@@ -139,14 +143,21 @@ private:
     void declined();
     void stayForOperator();
     std::string chooseTarget();
-    bool storeRecord(const std::string &file);
-    void approvalNotStored(const std::string &what);
+    void storeRecord(const std::string &file);
+    void confirmRecord();
+    void keepUnstored();
+    bool recorded() const;
+    void offlineNotStored();
+    void outcomeUnknown(const std::string &result, const char *reason);
     printing::SlipContext slipContext() const;
     void printSlips();
     void printPartialSlips();
+    bool answerStands(const std::string &content);
     void writeAnswer(const std::string &content);
+    void resultDealtWith();
     void traceAnswer();
     void finish();
+    void showNotices();
     void endTender();
 
     // waits.cpp
@@ -180,7 +191,13 @@ private:
     bool askingManager = false;
     bool waiting = false;   // for the bank's word
     bool answering = false; // from the result to the answer nothing may end the tender
-    long transRecord = 0;   // slot of the record in its file
+    // Of the record: as it was appended, where, and what became of that.
+    records::CardRecord storedRecord;
+    std::string storedIn;
+    records::CarefulRecord stored;
+    bool kept = false;                     // in the station's own folder instead
+    bool answered = true;                  // the answer stands, or none was asked for
+    std::vector<platform::Notice> notices; // for when record and answer are done with
 };
 
 } // namespace tender

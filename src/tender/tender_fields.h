@@ -35,6 +35,8 @@ struct TenderFields {
     std::string SSCommand6Caption;        // "View" while card digits are masked
     std::string SSCommand7Caption = "NO"; // "YES": slip with gratuity
 
+    int waitingRecords = 0; // charged cards of this station that no card file holds yet
+
     bool Label7Visible = false;
     bool Text1Masked = false; // card digits show as asterisks
     bool boxesLocked = true;  // Text2 and Text5 take no swipe
@@ -61,6 +63,7 @@ struct TenderFields {
     bool result = false;   // there is a result (colours the state card)
     bool approved = false; // and it is an approval,
     bool partial = false;  // be it of a part alone
+    bool unknown = false;  // the bank has answered, and nobody can read it
 
     bool operator==(const TenderFields &) const = default;
 };

@@ -10,6 +10,9 @@ namespace {
 
 StateWords resultWords(const TenderFields &fields)
 {
+    if (fields.unknown)
+        return {StateColour::Attention, "Outcome unknown",
+                "The payment answered, but its answer cannot be read."};
     if (fields.partial)
         return {StateColour::Attention, "Partial approval",
                 "The bank approved a part. The guest still owes the balance."};

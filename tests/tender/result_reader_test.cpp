@@ -2,6 +2,7 @@
 // broken, sets a wrong one.
 #include "support/golden_table.h"
 #include "support/test_station.h"
+#include "records/exchange_file.h"
 #include "tender/result_reader.h"
 
 namespace {
@@ -76,11 +77,11 @@ TEST_F(ResultFile, OfTenMegabytesIsReadToItsLimitButNeverIntoHalfALine)
     const std::string head = "RESULT=SUCCESS\r\n";
     const std::string amount = "APPROVEDAMOUNT=1234.50\r\n";
     // The limit falls behind "APPROVEDAMOUNT=12".
-    const std::string filler(kResultLimit - head.size() - 2 - 17, 'x');
+    const std::string filler(kExchangeLimit - head.size() - 2 - 17, 'x');
     const CardRecord CCdata = read(head + filler + "\r\n" + amount + std::string(10U << 20U, 'y'));
     EXPECT_EQ(CCdata.text(CResponse), "SUCCESS");
     EXPECT_TRUE(CCdata.isEmpty(CCApprovedAmt)) << CCdata.text(CCApprovedAmt);
-    EXPECT_LT(left("CCLastProcess.dat").size(), 2 * kResultLimit);
+    EXPECT_LT(left("CCLastProcess.dat").size(), 2 * kExchangeLimit);
 }
 
 } // namespace

@@ -29,6 +29,7 @@ public:
         station.put(kPending, earlierRecords());
         station.put("C:\\Lumbrio\\Xsend.ans", "old answer");
         station.run.reportFailure = [](const std::string &) {};
+        station.dialogs.noted = &boxes;
     }
 
     void look() const
@@ -42,12 +43,24 @@ public:
         for (const std::string &name : left())
             EXPECT_TRUE(!name.ends_with(".req") || station.get(kLocalTran + name).ends_with("\r\n"))
                 << "half a request";
-        const std::string text = answer();
-        EXPECT_TRUE(text == "old answer" || std::count(text.begin(), text.end(), '\n') >= 10)
+        const std::string text = answerIfThere();
+        EXPECT_TRUE(text.empty() || text == "old answer" ||
+                    std::count(text.begin(), text.end(), '\n') >= 10)
             << "not written by one step: " << text;
     }
     bool stored() const { return station.get(kPending).size() == 2000; }
-    bool approved() const { return answer().starts_with("\"Approved\""); }
+    /// In a file of the station's own, for the next program to store.
+    bool kept() const
+    {
+        for (const std::string &name :
+             support::TestStation(&station).files.list("C:\\Lumbrio\\Data\\"))
+            if (name.starts_with("KeptRecord-"))
+                return true;
+        return false;
+    }
+    std::string answerIfThere() const { return station.getIfThere("C:\\Lumbrio\\Xsend.ans"); }
+    std::string boxes;
+    bool approved() const { return answerIfThere().starts_with("\"Approved\""); }
 };
 
 std::size_t operationsOfATender(bool local = false)
@@ -97,6 +110,8 @@ TEST(FailingTender, EitherEndsOrSaysInItsTraceThatARecordIsMissing)
             EXPECT_TRUE(story.station.run.ending() && !story.stillWaiting);
             if (story.approved() && !story.stored()) {
                 EXPECT_NE(story.processTrace().find("  RECORD NOT STORED - "), std::string::npos);
+                EXPECT_TRUE(story.kept());
+                EXPECT_NE(story.boxes.find("[RECORD NOT STORED]"), std::string::npos);
             }
         }
     }
@@ -119,6 +134,7 @@ TEST_P(UnprintedSlips, AreToldByNameBehindRecordAndAnswerUntilSomebodyPressesOk)
     const BadPaper &row = GetParam();
     Disturbed story(row.local);
     story.station.printers.failures = row.jobs;
+    story.station.dialogs.noted = nullptr;
     story.app.values.NoCut2Flag = row.leftOpen ? -1 : 0;
     if (row.partial)
         story.paymentAnswers(support::approvedResult() + "ADDITIONALFUNDSREQUIRED=20.00\r\n");
@@ -135,8 +151,9 @@ TEST_P(UnprintedSlips, AreToldByNameBehindRecordAndAnswerUntilSomebodyPressesOk)
     EXPECT_EQ(story.station.dialogs.shown,
               std::vector{"[NOT PRINTED] " + words +
                           " The card is approved: do not run it again. Reprint from the manager's "
-                          "list.\nReceipt: 1043\nAmount: $48.50\nApproval code: " +
-                          (row.local ? "A12345 (Ok)" : "012345 (Ok)")});
+                          "list.\nReceipt: 1043\nAmount: $48.50\n" +
+                          (row.partial ? "Approved: $48.50\n" : "") +
+                          "Approval code: " + (row.local ? "A12345 (Ok)" : "012345 (Ok)")});
     for (const std::string &trace : {story.processTrace(), story.station.get(kTraceLogFile)})
         for (const char *slip : {"merchant's slip", "customer's slip", "server's notice"})
             EXPECT_EQ(trace.find(std::string("  NOT PRINTED - ") + slip) != trace.npos,
