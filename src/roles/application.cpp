@@ -59,8 +59,9 @@ Program::Parts::Parts(const ProgramOptions &options)
       installation(readInstallation(*disk, drives.root())), clock(options.clockScale), loop(clock),
       run(loop, clock), files(*disk, drives, run), dialogs(run),
       system(platform::runningSystem(drives, installation)),
-      printers(installation, drives.root()), services{run,     files,    clock,       dialogs,
-                                                      *system, printers, installation}
+      printers(*disk, installation, drives.root()), services{run,         files,   clock,
+                                                             dialogs,     *system, printers,
+                                                             installation}
 {
     run.reportFailure = [this](const std::string &text) { dialogs.systemMessage(text); };
 }

@@ -78,7 +78,7 @@ TEST(SpoolPrinters, stand_first_and_store_each_job_behind_the_highest_number)
     station.installation.spoolPrinters = {{"Receipt", 80, 0, false, "c\\spool\\receipt"},
                                           {"Office", 216, 0, true, "c/spool/office"},
                                           {"None", 80, 0, false, "c/spool/receipt/notes.txt"}};
-    platform::QtPrinters printers(station.installation, station.drives.root());
+    platform::QtPrinters printers(station.disk, station.installation, station.drives.root());
     EXPECT_EQ(printers.names()[0] + printers.names()[1], "ReceiptOffice");
     EXPECT_EQ(printers.defaultName(), "Office");
     EXPECT_EQ(printers.submit("Receipt", {{}, false, {line("first")}}), Outcome::Done);
@@ -92,13 +92,34 @@ TEST(SpoolPrinters, stand_first_and_store_each_job_behind_the_highest_number)
                      "0044.pdf %PDF-0044.txt Amount notes.txt ");
 }
 
+/// A full disk or a broken one, at whichever step: the slip is known to be lost, and no half of it
+/// is taken for a whole one.
+TEST(SpoolPrinters, say_what_they_could_not_store_and_leave_nothing_of_it)
+{
+    support::TestStation station;
+    station.installation.spoolPrinters = {{"Receipt", 80, 0, true, "c/spool"}};
+    platform::QtPrinters printers(station.disk, station.installation, station.drives.root());
+    ASSERT_EQ(printers.submit("Receipt", lines(1)), Outcome::Done);
+    const std::size_t steps = station.disk.operations();
+    for (const Outcome outcome : {Outcome::NoRoom, Outcome::Broken})
+        for (std::size_t n = 1; n <= steps; ++n) {
+            station.disk.failAt(station.disk.operations() + n, outcome, true);
+            EXPECT_EQ(printers.submit("Receipt", lines(1)), outcome) << n;
+            EXPECT_EQ(filesIn(station.drives.resolve("c:\\spool")).size(), 2U) << n;
+        }
+    EXPECT_EQ(steps, 6U);
+    station.disk.failAt(0, Outcome::Done);
+    EXPECT_EQ(printers.submit("Receipt", lines(1)), Outcome::Done);
+}
+
 TEST(SpoolPrinters, never_share_a_number_between_processes)
 {
     const support::TemporaryFolder folder;
     std::deque<support::SecondProcess> stations;
     for (const char name : {'a', 'b', 'c', 'd'})
         stations.emplace_back([&, name] {
-            platform::SpoolFolder spool(QString::fromStdString(folder.path()));
+            const std::unique_ptr<platform::Disk> disk = platform::systemDisk();
+            platform::SpoolFolder spool(*disk, QString::fromStdString(folder.path()));
             for (int job = 0; job < 50; ++job) {
                 const QByteArray content = name + QByteArray::number(job);
                 if (!done(spool.put(content, content)))

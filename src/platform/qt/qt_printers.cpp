@@ -90,11 +90,12 @@ void sendRaw(const QString &printerName, const std::string &bytes)
 
 } // namespace
 
-QtPrinters::QtPrinters(const Installation &theInstallation, const std::string &spoolRoot)
+QtPrinters::QtPrinters(Disk &disk, const Installation &theInstallation,
+                       const std::string &spoolRoot)
     : installation(theInstallation)
 {
     for (const SpoolPrinter &printer : installation.spoolPrinters)
-        spools.push_back({printer, SpoolFolder(spoolPath(spoolRoot, printer))});
+        spools.push_back({printer, SpoolFolder(disk, spoolPath(spoolRoot, printer))});
 }
 
 QtPrinters::~QtPrinters() = default;

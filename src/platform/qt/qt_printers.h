@@ -17,7 +17,7 @@ class QtPrinters : public Printers {
 public:
     /// `spoolRoot`: the real folder below which the folders of the spool printers lie. The system
     /// is not asked for its printers before they are needed.
-    QtPrinters(const Installation &theInstallation, const std::string &spoolRoot);
+    QtPrinters(Disk &disk, const Installation &theInstallation, const std::string &spoolRoot);
     ~QtPrinters() override;
 
     std::vector<std::string> names() override;

@@ -23,17 +23,6 @@ Outcome outcomeOf(const QFile &file)
     }
 }
 
-Outcome writeAll(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return outcomeOf(file);
-    if (file.write(bytes) == bytes.size())
-        return Outcome::Done;
-    const Outcome outcome = outcomeOf(file);
-    return done(outcome) ? Outcome::NoRoom : outcome;
-}
-
 } // namespace
 
 void SpoolFolder::warmUp()
@@ -53,18 +42,31 @@ Outcome SpoolFolder::put(const QByteArray &pdf, const QByteArray &text)
     const QString textPath = stem + QStringLiteral(".txt");
     const QString unfinishedPdf = pdfPath + kUnfinished;
     const QString unfinishedText = textPath + kUnfinished;
-    outcome = writeAll(unfinishedText, text);
+    outcome = write(unfinishedText, text);
     if (done(outcome))
-        outcome = writeAll(unfinishedPdf, pdf);
+        outcome = write(unfinishedPdf, pdf);
     // The PDF's name comes last: until then its unfinished file keeps the number ours.
-    if (done(outcome) &&
-        !(QFile::rename(unfinishedText, textPath) && QFile::rename(unfinishedPdf, pdfPath)))
-        outcome = Outcome::Denied;
+    if (done(outcome))
+        outcome = rename(unfinishedText, textPath);
+    if (done(outcome))
+        outcome = rename(unfinishedPdf, pdfPath);
     if (!done(outcome)) {
         for (const QString &path : {unfinishedText, textPath, unfinishedPdf})
             QFile::remove(path);
     }
     return outcome;
+}
+
+Outcome SpoolFolder::write(const QString &path, const QByteArray &bytes)
+{
+    std::unique_ptr<DiskFile> file;
+    const Outcome opened = disk.open(path.toStdString(), OpenMode::CreateEmpty, file);
+    return done(opened) ? file->writeAt(0, bytes.toStdString()) : opened;
+}
+
+Outcome SpoolFolder::rename(const QString &from, const QString &to)
+{
+    return disk.rename(from.toStdString(), to.toStdString());
 }
 
 void SpoolFolder::findLastNumber()

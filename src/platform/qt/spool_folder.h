@@ -2,7 +2,7 @@
 // is there, whichever process puts them.
 #pragma once
 
-#include "platform/outcome.h"
+#include "platform/disk.h"
 
 #include <QByteArray>
 #include <QString>
@@ -11,7 +11,7 @@ namespace platform {
 
 class SpoolFolder {
 public:
-    explicit SpoolFolder(QString path) : folder(std::move(path)) {}
+    SpoolFolder(Disk &theDisk, QString path) : disk(theDisk), folder(std::move(path)) {}
 
     /// Looks up the last number, so that the first put() need not; otherwise put() does it.
     void warmUp();
@@ -23,6 +23,10 @@ private:
     void findLastNumber();
     Outcome reserve(QString &stem);
 
+    Outcome write(const QString &path, const QByteArray &bytes);
+    Outcome rename(const QString &from, const QString &to);
+
+    Disk &disk;
     QString folder;
     int lastNumber = -1; // -1: not looked up yet
 };
