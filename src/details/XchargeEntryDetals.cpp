@@ -52,6 +52,8 @@ XchargeEntryDetals::XchargeEntryDetals(records::App &theApp, printing::Printer &
     connectCommands();
     connectTip();
     setDefaultCommand(ui->SSCommand1);
+    if (app.values.lookOnly)
+        disableChanges();
     refresh(entry.state());
 }
 
@@ -111,6 +113,19 @@ void XchargeEntryDetals::connectCommands()
     for (std::size_t item = 0; item < Text1.size(); ++item)
         connect(Text1[item], &QLineEdit::textChanged, this,
                 [this, item](const QString &text) { entry.Text1_Change(item, fromQt(text)); });
+}
+
+/// What is left is to look, to print, and to close by "Done" or "Cancel".
+void XchargeEntryDetals::disableChanges()
+{
+    for (QWidget *command : std::initializer_list<QWidget *>{
+             ui->SSCommand2, ui->SSCommand4, ui->SSCommand5, ui->SSCommand10, ui->SSCommand11,
+             ui->SSCommand12, ui->SSCommand13, ui->SSCommand14, ui->SSCommand15, ui->SSCommand16,
+             ui->SSCommand17})
+        command->setEnabled(false);
+    for (QLineEdit *box : Text1)
+        box->setReadOnly(true);
+    ui->title->setText(QStringLiteral("Entry Details - looking only"));
 }
 
 void XchargeEntryDetals::connectTip()
@@ -253,7 +268,7 @@ void XchargeEntryDetals::showCardData(const EntryFields &fields)
     putVisible(*ui->Text1_0, fields.numberRevealed);
     ui->Command2->setDisabled(fields.numberRevealed);
     ui->Text1_3->setEchoMode(fields.trackLineRevealed ? QLineEdit::Normal : QLineEdit::Password);
-    ui->Text1_3->setReadOnly(!fields.trackLineRevealed);
+    ui->Text1_3->setReadOnly(!fields.trackLineRevealed || app.values.lookOnly);
     ui->Command1->setDisabled(fields.trackLineRevealed);
 }
 

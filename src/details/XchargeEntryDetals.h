@@ -40,6 +40,7 @@ private:
     void gatherArrays();
     void connectCommands();
     void connectTip();
+    void disableChanges();
     void typeKey(const QString &text);
     void selectTip();
     bool dangerFocused() const;

@@ -63,6 +63,18 @@ bool EntryDetails::busy() const
     return !loaded || working || (callbacks.listWorks && callbacks.listWorks());
 }
 
+/// Asked by every command that writes.
+bool EntryDetails::mayChange() const
+{
+    return !busy() && !app.values.lookOnly;
+}
+
+/// Asked by all that changes a box.
+bool EntryDetails::mayType() const
+{
+    return !working && !app.values.lookOnly;
+}
+
 void EntryDetails::load()
 {
     loaded = true;
@@ -107,7 +119,7 @@ void EntryDetails::setSlot(long slot)
 
 void EntryDetails::setStatus(std::string_view status)
 {
-    if (!working)
+    if (mayType())
         fields.Text1[19] = status;
     show();
 }
@@ -116,26 +128,36 @@ void EntryDetails::Fill_data()
 {
     record = {};
     stored = {};
-    app.files.createIfMissing(fields.Label8);
-    platform::SlotFile slots(app.files, fields.Label8, records::kCardSlotLength);
-    slots.open(platform::SlotUse::Read);
-    slots.lock();
-    count = slots.count();
-    slots.read(fields.Label1_1, record.data());
-    slots.close();
+    readSlot();
     if (app.ending())
         return;
     stored = record;
     settleRecord(record);
     fields.Label4_3 = "of " + std::to_string(count);
     fillBoxes(record, fields);
+    if (app.values.lookOnly) {
+        fields.Text4Locked = true;
+        fields.SSPanel2Visible = false;
+    }
     settled = fields.Text1;
     show();
 }
 
+void EntryDetails::readSlot()
+{
+    count = 0;
+    if (!records::makeIfMissing(app, fields.Label8))
+        return;
+    platform::SlotFile slots(app.files, fields.Label8, records::kCardSlotLength);
+    slots.open(platform::SlotUse::Read);
+    slots.lock();
+    count = slots.count();
+    slots.read(fields.Label1_1, record.data());
+}
+
 void EntryDetails::Text1_Change(std::size_t index, const std::string &text)
 {
-    if (!working && index < fields.Text1.size()) {
+    if (mayType() && index < fields.Text1.size()) {
         fields.Text1[index] = text;
         // What the file holds may be no amount, and is not refused.
         fields.Text1Wrong[index] =
@@ -171,7 +193,7 @@ void EntryDetails::SSCommand9_Click(std::size_t index)
 
 void EntryDetails::SSCommand15_Click()
 {
-    if (!busy())
+    if (mayChange())
         app.dialogs.message("VOID", "This version cannot void yet. Nothing has been changed.");
 }
 

@@ -80,9 +80,12 @@ private:
 
     // entry_details.cpp
     bool busy() const;
+    bool mayChange() const;
+    bool mayType() const;
     void load();
     void unload();
     void Timer1_Timer();
+    void readSlot();
     void show();
 
     // entry_tips.cpp

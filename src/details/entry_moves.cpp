@@ -39,7 +39,7 @@ bool EntryDetails::stillThere()
 
 void EntryDetails::SSCommand5_Click()
 {
-    if (busy())
+    if (!mayChange())
         return;
     {
         const Working here(*this);
@@ -52,7 +52,7 @@ void EntryDetails::SSCommand5_Click()
 
 void EntryDetails::SSCommand13_Click()
 {
-    if (busy())
+    if (!mayChange())
         return;
     {
         const Working here(*this);

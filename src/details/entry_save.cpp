@@ -102,15 +102,17 @@ bool EntryDetails::saveAndLeave()
 
 void EntryDetails::SSCommand1_Click()
 {
-    if (!busy())
+    if (mayChange())
         saveAndLeave();
+    else if (!busy())
+        unload();
 }
 
 // Kept: without the balance check, and the number stays plain on the disk until a later "Done",
 // a deletion or the list's "Finish".
 void EntryDetails::SSCommand10_Click()
 {
-    if (busy())
+    if (!mayChange())
         return;
     const Working here(*this);
     if (takeAmounts() && save(false))
@@ -121,7 +123,7 @@ void EntryDetails::SSCommand10_Click()
 // Kept: without a question, whatever a record held before, completed and empty ones included.
 void EntryDetails::SSCommand16_Click()
 {
-    if (busy())
+    if (!mayChange())
         return;
     setStatus(kAdjusted);
     {

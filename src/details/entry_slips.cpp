@@ -77,7 +77,7 @@ bool EntryDetails::voidSlipSettled()
 
 void EntryDetails::SSCommand12_Click()
 {
-    if (busy())
+    if (!mayChange())
         return;
     {
         const Working here(*this);

@@ -17,7 +17,7 @@ Money EntryDetails::tab() const
 
 void EntryDetails::Text4_Change(const std::string &text)
 {
-    if (working || fields.Text4Locked)
+    if (!mayType() || fields.Text4Locked)
         return show(); // the box holds the old tip again
     if (typedAmount(text))
         setTip(text);
@@ -68,7 +68,7 @@ void EntryDetails::showTabAlone()
 
 void EntryDetails::SSCommand2_Click()
 {
-    if (!busy())
+    if (mayChange())
         forceNoTip();
 }
 
@@ -88,7 +88,7 @@ bool EntryDetails::forceNoTip()
 // Kept: Text4 keeps the tip, so a balance that it exceeds refuses this save too.
 void EntryDetails::SSCommand4_Click()
 {
-    if (busy())
+    if (!mayChange())
         return;
     if (std::exchange(fields.Text4Wrong, false))
         fields.Text4 = "0"; // taken back, whatever it was to be
@@ -99,13 +99,13 @@ void EntryDetails::SSCommand4_Click()
 
 void EntryDetails::SSCommand6_Click(std::size_t index)
 {
-    if (!working && index < fields.SSCommand6.size())
+    if (mayType() && index < fields.SSCommand6.size())
         setTip(fields.SSCommand6[index]);
 }
 
 void EntryDetails::SSCommand11_Click()
 {
-    if (busy() || !forceNoTip())
+    if (!mayChange() || !forceNoTip())
         return;
     if (callbacks.forceAllNoTip)
         callbacks.forceAllNoTip();
@@ -119,7 +119,7 @@ void EntryDetails::SSCommand14_Click()
 
 void EntryDetails::SSCommand17_Click()
 {
-    if (working)
+    if (!mayType())
         return;
     setTip("");
     view.focusTip();

@@ -57,7 +57,7 @@ std::string stationMarker(const App &app)
 } // namespace
 
 ManagerStart::ManagerStart(App &theApp, ManagerStartView &theView, ManagerRoutes theRoutes)
-    : app(theApp), view(theView), routes(std::move(theRoutes)),
+    : app(theApp), view(theView), routes(std::move(theRoutes)), inUse(theApp),
       Timer1(app.clock, [this] { Timer1_Timer(); })
 {
 }
@@ -74,6 +74,9 @@ void ManagerStart::Form_Load()
     const platform::DateTime now = app.clock.now();
     log(app, {std::string(39, '='), "Program Startup on  " + Format(now, "DDDD MM/DD/YYYY"),
               "                AT  " + Format(now, "HH:MM ampm"), kProgramVersion, " "});
+    inUse.claim();
+    if (app.values.lookOnly)
+        tell(app.values.inUseBy + " - looking only");
     enableChoices(true);
 }
 
@@ -105,7 +108,6 @@ void ManagerStart::tell(const std::string &status)
 void ManagerStart::Clean_Logs()
 {
     tell("Checking Credit Card Batch Logs");
-    Get_CCini(app);
     const platform::DateTime today = app.clock.now();
     const int logsBefore = dayBefore(today, kMonthsOfLogs, 0);
     const int answersBefore = dayBefore(today, 0, kDaysOfAnswers);
@@ -159,8 +161,11 @@ void ManagerStart::SSCommand3_Click()
         return;
     enableChoices(false);
     const platform::ErrorsIgnored ignored(app.run);
-    ensureFolders();
-    Clean_Logs();
+    Get_CCini(app);
+    if (!app.values.lookOnly) {
+        ensureFolders();
+        Clean_Logs();
+    }
     backUp("USER CHOSE AFTER Business Hours  ", {"XchargePend is loading now"});
     Timer1.setInterval(kRouteDelay);
 }
@@ -172,7 +177,7 @@ void ManagerStart::Timer1_Timer()
     {
         const platform::ErrorsIgnored ignored(app.run);
         log(app, pending::backUpPending(app, pending::kBackup).failures);
-        goOn = !app.files.exists(stationMarker(app)) || overrides();
+        goOn = app.values.lookOnly || !app.files.exists(stationMarker(app)) || overrides();
         if (app.files.exists(app.values.Maindir + "X1009Version.dat"))
             app.values.X1009 = true;
     }
@@ -181,8 +186,7 @@ void ManagerStart::Timer1_Timer()
         routes.openList();
 }
 
-/// A station that crashed leaves its marker behind, and only a person can know. The word is typed,
-/// so that nobody goes on by an Enter too many.
+/// A station that crashed leaves its marker behind, and only a person can know.
 bool ManagerStart::overrides()
 {
     std::string content;
@@ -191,17 +195,13 @@ bool ManagerStart::overrides()
     std::string who;
     for (const char *heading : {"Start Time", "Server Number", "Server Name", "POS Station"})
         who += std::string(heading) + ": " + values.next() + "\n";
-    const std::string answer =
-        app.dialogs
-            .input("In Use",
-                   "Data File is in Use\n\nA Server is entering their tips to their credit card "
-                   "transactions at this time. Try again later.\n\n" +
-                       who +
-                       "\nIf you are absolutely positive that no other user is using this file you "
-                       "may override this message and continue to the batch out screen: type "
-                       "OVERRIDE.")
-            .value_or("");
-    if (toLower(Trim(answer)) != "override")
+    if (!isOverridden(
+            app, "Data File is in Use\n\nA Server is entering their tips to their credit card "
+                 "transactions at this time. Try again later.\n\n" +
+                     who +
+                     "\nIf you are absolutely positive that no other user is using this file you "
+                     "may override this message and continue to the batch out screen: type "
+                     "OVERRIDE."))
         return false;
     log(app, {"-", "USER CHOSE OVERRIDE  ", "-"});
     app.files.removeIfThere(stationMarker(app));

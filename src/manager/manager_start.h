@@ -2,6 +2,7 @@
 // copies the pending card file, so that no back-office work starts without a copy of the data.
 #pragma once
 
+#include "manager/manager_in_use.h"
 #include "platform/clock.h"
 #include "records/app.h"
 
@@ -41,7 +42,8 @@ class ManagerStart {
 public:
     ManagerStart(records::App &theApp, ManagerStartView &theView, ManagerRoutes theRoutes);
 
-    /// Reads the configuration, makes the folders and begins the log. Errors are ignored.
+    /// Reads the configuration, makes the folders, begins the log and marks the files as in use.
+    /// Errors are ignored.
     void Form_Load();
     void SSCommand3_Click(); // "NEXT": after business hours
     void SSCommand4_Click(); // "QUIT", and the window's cross
@@ -62,6 +64,7 @@ private:
     ManagerStartView &view;
     ManagerRoutes routes;
     ManagerStartFields fields;
+    ManagerInUse inUse;
     platform::Timer Timer1; // 100 ms behind the choice
 };
 

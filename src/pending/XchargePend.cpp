@@ -64,7 +64,6 @@ XchargePend::XchargePend(records::App &theApp, printing::Printer &printer, Entry
     ui->setupUi(this);
     gatherArrays();
     ui->MList1->setColumns(columns());
-    ui->business->setText(toQt(app.values.config.text(records::kBusinessName)));
     connectCommands();
     refresh(list.state());
 }
@@ -125,10 +124,20 @@ void XchargePend::connectRows()
 void XchargePend::Form_Load()
 {
     formLoaded = true;
+    showHeading();
     ui->MList1->setFocus();
     list.Form_Load();
     if (fillAtLoad)
         list.SSCommand3_Click();
+}
+
+void XchargePend::showHeading()
+{
+    const records::ProcessValues &values = app.values;
+    if (values.lookOnly)
+        ui->Label2->setText(QStringLiteral("Looking only"));
+    ui->business->setText(
+        toQt(values.lookOnly ? values.inUseBy : values.config.text(records::kBusinessName)));
 }
 
 void XchargePend::fillList()
@@ -237,6 +246,7 @@ void XchargePend::showCommands(const PendingFields &fields)
         command.setEnabled(state.enabled);
         putVisible(command, state.visible);
     }
+    ui->Image1->setEnabled(fields.SSCommand[15].enabled); // the same command
 }
 
 void XchargePend::showOptions(const PendingFields &fields)

@@ -66,6 +66,7 @@ private:
     std::optional<std::string> choosePrinter(const std::vector<std::string> &names,
                                              const std::string &proposed) override;
 
+    void showHeading();
     void showTotals(const PendingFields &fields);
     void sizeTotals(bool wide);
     void showState(const PendingFields &fields);

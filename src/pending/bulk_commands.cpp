@@ -43,7 +43,7 @@ constexpr const char *kOnlyIfBatched =
 
 void Pending::SSCommand11_Click()
 {
-    const Working here(*this);
+    const Working here(*this, Work::Changes);
     if (!here)
         return;
     // The mouse leaves for the question, where nobody hears of it.
@@ -74,7 +74,7 @@ void Pending::Image1_Click()
 // Kept: declined rows are marked too, "Finish" then archives them; and the edit mode stays "KEEP".
 void Pending::forceAllCompleted(const std::string &question)
 {
-    const Working here(*this);
+    const Working here(*this, Work::Changes);
     if (!here)
         return;
     enable(2, true);

@@ -96,7 +96,7 @@ Backup backUpPending(App &app, const std::string &name)
     const platform::DateTime now = app.clock.now();
     Backup backup{now, Format(now, "MMDDYYYYHHMMSS"), 0, {}};
     const std::string source = values.Remotedir + "CCpending.dat";
-    if (!app.files.exists(source))
+    if (values.lookOnly || !app.files.exists(source))
         return backup;
     std::vector<std::string> directories = {values.Remotedir};
     if (values.Maindir != values.Remotedir)

@@ -28,7 +28,7 @@ std::string Pending::markerFile() const
 
 void Pending::SSCommand5_Click()
 {
-    if (const Working here(*this); here && view.closeEntry())
+    if (const Working here(*this, Work::Changes); here && view.closeEntry())
         runFinish();
 }
 
@@ -78,6 +78,8 @@ void Pending::SSCommand1_Click()
     for (const int number : {1, 2, 3, 4, 5, 6})
         enable(number, false);
     trace("     ***  USER CLICKED DONE  ***");
+    if (app.values.lookOnly)
+        return app.end();
     view.setBusyPointer(true);
     Disable_Buttons();
     panel("Updating Data - Just a Moment Please");
@@ -105,7 +107,7 @@ void Pending::Timer3_Timer()
 
 void Pending::SSCommand13_Click()
 {
-    const Working here(*this);
+    const Working here(*this, Work::Changes);
     if (!here || !view.closeEntry())
         return;
     const std::string typed = app.dialogs
@@ -125,7 +127,7 @@ void Pending::SSCommand13_Click()
 
 void Pending::SSCommand14_Click()
 {
-    const Working here(*this);
+    const Working here(*this, Work::Changes);
     if (!here || !view.closeEntry())
         return;
     panel("Backing up Data File - Just a moment Please");

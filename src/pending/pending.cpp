@@ -21,6 +21,13 @@ constexpr std::uint64_t kConnectionLasts = 30'000; // ms
 constexpr std::uint32_t kConnectionLook = 100;     // ms
 constexpr long kLookEvery = 16; // records; a look at the clock costs as much as a fifth of one
 
+/// Whether the command changes files. "Done" finishes too, but remains the way out.
+bool changes(int number)
+{
+    constexpr std::array kChanging = {2, 5, 8, 11, 13, 14, 15};
+    return std::find(kChanging.begin(), kChanging.end(), number) != kChanging.end();
+}
+
 } // namespace
 
 Pending::Pending(App &theApp, printing::Printer &thePrinter, PendingView &theView,
@@ -44,7 +51,10 @@ void Pending::Form_Load()
     fields.SSOption1 = -1;
     enable(2, false);
     enable(3, true);
-    app.files.write(markerFile(), quotedLine(""));
+    for (const int number : {5, 11, 13, 14, 15})
+        enable(number, true);
+    if (!app.values.lookOnly)
+        app.files.write(markerFile(), quotedLine(""));
     show();
 }
 
@@ -68,7 +78,8 @@ void Pending::enable(int number, bool on)
     const bool served = (number != 6 || routes.archive) && (number != 7 || routes.totalsByServer) &&
                         (number != 10 || routes.totalsByTerminal) &&
                         (number != 12 || routes.totalsByType);
-    fields.SSCommand[static_cast<std::size_t>(number)].enabled = on && served;
+    const bool allowed = !(app.values.lookOnly && changes(number));
+    fields.SSCommand[static_cast<std::size_t>(number)].enabled = on && served && allowed;
 }
 
 /// Every save reloads the list, and none may wait for a line that is down: the last answer stays
@@ -209,7 +220,8 @@ void Pending::readList(ListBuilder &fresh, const std::function<void()> &atEachRe
 std::vector<CardRecord> Pending::readRecords()
 {
     std::vector<CardRecord> records;
-    app.files.createIfMissing(fields.Label6);
+    if (!makeIfMissing(app, fields.Label6))
+        return records;
     platform::SlotFile file(app.files, fields.Label6, kCardSlotLength);
     file.open(platform::SlotUse::Read);
     file.lock();
@@ -310,7 +322,7 @@ void Pending::showRows()
 
 void Pending::SSCommand2_Click()
 {
-    if (const Working here(*this); here)
+    if (const Working here(*this, Work::Changes); here)
         app.dialogs.message("Process",
                             "This version cannot batch out yet. Nothing has been changed.");
 }

@@ -71,6 +71,7 @@ public:
     const std::vector<std::string> &types() const { return MList2; }
 
 private:
+    enum class Work { Looks, Changes };
     class Working;
 
     // pending.cpp

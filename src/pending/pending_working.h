@@ -1,4 +1,5 @@
-// Pending::Working: from a command's first step to its last no other command is taken.
+// Pending::Working: from a command's first step to its last no other command is taken. None that
+// changes something is taken while the manager only looks.
 #pragma once
 
 #include "pending/pending.h"
@@ -7,9 +8,12 @@ namespace pending {
 
 class Pending::Working {
 public:
-    explicit Working(Pending &theList) : list(theList), mine(!list.working && !list.app.ending())
+    explicit Working(Pending &theList, Work work = Work::Looks)
+        : list(theList), mine(!list.working && !list.app.ending() &&
+                              !(work == Work::Changes && list.app.values.lookOnly))
     {
-        list.working = true;
+        if (mine)
+            list.working = true;
     }
     ~Working()
     {

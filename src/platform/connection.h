@@ -20,7 +20,7 @@ std::optional<HostAndPort> parseHostAndPort(std::string_view text);
 /// Tries a server beside the program: nobody waits for it, neither a screen nor the program's end.
 class ConnectionTest {
 public:
-    /// `limit`: the longest that a server may take to accept, the look-up of its name included.
+    /// `longest`: how long a server may take to accept, the look-up of its name included.
     explicit ConnectionTest(std::chrono::milliseconds longest) : limit(longest) {}
 
     /// Begins anew with an address as parseHostAndPort() takes it; an empty one passes without a

@@ -52,6 +52,10 @@ struct ProcessValues {
     std::string managerCode;
     std::string editMode; // "KEEP" while a bulk command drives the details of an entry
 
+    // Another manager works on the card files: this process changes none, and no marker or backup.
+    bool lookOnly = false;
+    std::string inUseBy; // then "In use by BAR1 since 23:10"
+
     std::array<ManagerRow, 16> ManagerTable;
     std::array<std::string, 10> ManagerLogBuffer;
 

@@ -52,6 +52,11 @@ std::string deletedFile(const ProcessValues &values, const platform::DateTime &w
     return values.Remotedir + "\\data\\" + Format(when, "MMYY") + "CCdeleted.dat";
 }
 
+bool makeIfMissing(App &app, const std::string &file)
+{
+    return app.values.lookOnly ? app.files.exists(file) : done(app.files.createIfMissing(file));
+}
+
 bool isSettled(const CardRecord &record)
 {
     return startsWith(record.text(CCAdjStatus), "Com");

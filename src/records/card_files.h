@@ -16,6 +16,9 @@ std::string monthFile(const ProcessValues &values, const platform::DateTime &whe
 /// `Remotedir` + "\data\" + "MMYY" + "CCdeleted.dat".
 std::string deletedFile(const ProcessValues &values, const platform::DateTime &when);
 
+/// Makes a missing file, empty; in `lookOnly` it does not. False where it is not there.
+bool makeIfMissing(App &app, const std::string &file);
+
 /// A record as the 500 bytes of a new slot: 10 NULs behind it.
 std::string wholeSlot(const CardRecord &record);
 

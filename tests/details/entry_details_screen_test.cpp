@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include <set>
+
 namespace {
 
 using namespace records;
@@ -135,6 +137,31 @@ TEST_F(EntryScreen, FitsWhateverTheEntryAndEnterPressesNoDangerousCommand)
         press(Qt::Key_Return);
         EXPECT_FALSE(screen->unloaded()) << command;
     }
+}
+
+TEST_F(EntryScreen, BesideAnotherManagerTakesNoTypingAndClosesWithoutASave)
+{
+    app.values.lookOnly = true;
+    open();
+    type(QStringLiteral("5"));
+    EXPECT_TRUE(click(QStringLiteral("View Card #")));
+    named<QAbstractButton>("Command1").click(); // the track line
+    std::set<std::string> active;
+    for (const int page : {0, 1, 2, 3}) {
+        named<QTabWidget>("pages").setCurrentIndex(page);
+        for (auto *box : screen->findChildren<QLineEdit *>())
+            EXPECT_TRUE(box->isReadOnly()) << box->objectName().toStdString();
+        for (auto *command : screen->findChildren<QPushButton *>())
+            if (command->isVisible() && command->isEnabled())
+                active.insert(command->objectName().toStdString());
+    }
+    EXPECT_EQ(active, (std::set<std::string>{"Label3_0", "SSCommand1", "SSCommand3", "SSCommand7",
+                                             "SSCommand8", "SSCommand9_0",
+                                             "SSCommand9_1"})); // to look, to print, to leave
+    named("Text4").setFocus();
+    press(Qt::Key_Return);
+    EXPECT_TRUE(screen->unloaded());
+    EXPECT_EQ(saved(), "0 Not Adjusted");
 }
 
 TEST_F(EntryScreen, ASlipGoesToThePrinterThatWasChosen)

@@ -13,7 +13,9 @@ using namespace manager;
 constexpr platform::DateTime kSeptember{2025, 9, 30, 23, 0, 0, 0};
 
 struct Night : ManagerStartView {
-    Night()
+    /// With `share`, another process on its drives.
+    explicit Night(const support::TestStation *share = nullptr)
+        : station(support::VirtualTime::kDefaultStart, share)
     {
         station.dialogs.noted = &happened;
         records::LumbrioConfig config;
@@ -106,6 +108,68 @@ TEST(ManagerStart, GoesAsItsGoldenStoryTells)
         night->lookAround();
         return std::string();
     });
+}
+
+/// Its "Done" would take the marker away while the first still works.
+TEST(SecondManager, LooksOnlyAndWritesNothingUnlessItsPersonInsists)
+{
+    const support::TestStation share;
+    auto first = std::make_unique<Night>(&share);
+    first->put("F:\\Lumbrio\\StationTips.dat", 0);
+    first->put("F:\\Lumbrio\\data\\CCmgrLOGS\\old.txt", 20200101);
+    first->press("Form_Load");
+    const auto tellOf = [](Night &night, const std::vector<std::string> &commands) {
+        night.lookAround();
+        std::string told;
+        for (const std::string &command : commands)
+            told += night.press(command);
+        return told;
+    };
+    const std::string kInUse = "In use by FRONT-BAR since 13:05";
+    Night looking(&share);
+    const std::string looked = tellOf(looking, {"Form_Load", "NEXT", "wait 1000", "QUIT"});
+    EXPECT_NE(looked.find("[In Use] " + kInUse + "\n"), looked.npos) << looked;
+    EXPECT_NE(looked.find(kInUse + " - looking only: 3 4\nlist\n"), looked.npos) << looked;
+    EXPECT_NE(looked.find("log: " + kInUse + " - LOOKING ONLY\n"), looked.npos) << looked;
+    EXPECT_EQ(looked.find("new "), looked.npos) << looked;
+    EXPECT_EQ(looked.find("gone "), looked.npos) << looked;
+
+    Night insisting(&share);
+    const std::string insisted = tellOf(insisting, {"type override", "Form_Load", "NEXT"});
+    EXPECT_NE(insisted.find("log: " + kInUse + " - USER CHOSE OVERRIDE\n"), insisted.npos);
+    EXPECT_NE(insisted.find("new f/Lumbrio/data/ccData/0115"), insisted.npos) << insisted;
+
+    first.reset();
+    insisting.press("wait 30000");
+    Night third(&share);
+    EXPECT_NE(tellOf(third, {"Form_Load"}).find(kInUse), std::string::npos)
+        << "whoever went on has it, once the first has ended";
+}
+
+TEST(SecondManager, IsNotAskedAboutOneThatEndedAndWorksWhereTheFileCannotBeMade)
+{
+    const support::TestStation share;
+    std::make_unique<Night>(&share)->press("Form_Load");
+    EXPECT_EQ(std::make_unique<Night>(&share)->press("Form_Load").find("In use"),
+              std::string::npos);
+
+    Night patient(&share); // its person answers when the other one has gone home
+    auto other = std::make_unique<Night>(&share);
+    other->press("Form_Load");
+    patient.station.disk.before = [&](std::size_t) {
+        if (patient.station.disk.operationLog().back().find("read f/Lumbrio/data/ManagerInUse") !=
+            std::string::npos)
+            other.reset();
+    };
+    patient.press("Form_Load");
+    EXPECT_TRUE(other == nullptr && !patient.app.values.lookOnly);
+
+    Night unmarked;
+    unmarked.station.disk.failOn("open", "ManagerInUse.lock", platform::Outcome::Denied);
+    const std::string told = unmarked.press("Form_Load");
+    EXPECT_NE(told.find(": 3 4\n"), told.npos) << told;
+    EXPECT_NE(told.find("log:   NOT MARKED AS IN USE - "), told.npos) << told;
+    EXPECT_FALSE(unmarked.app.values.lookOnly);
 }
 
 } // namespace

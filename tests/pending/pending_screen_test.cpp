@@ -19,8 +19,10 @@ using namespace pending;
 using namespace support;
 
 struct ScreenStory : Story {
-    explicit ScreenStory(const std::vector<std::string> &pending)
+    explicit ScreenStory(const std::vector<std::string> &pending, bool lookOnly = false)
     {
+        app.values.lookOnly = lookOnly;
+        app.values.inUseBy = "In use by BARTENDERS-LEFT since 23:10";
         std::string slots;
         for (const std::string &record : pending)
             slots += slotOf(record);
@@ -213,6 +215,24 @@ TEST(PendingScreen, IsLeftByTheCrossAsByDoneAndNotByEscape)
     story.screen.close();
     EXPECT_TRUE(story.station.run.ending());
     EXPECT_EQ(story.records(Story::kMonth).size(), 1U);
+}
+
+TEST(PendingScreen, BesideAnotherManagerSaysSoAndLeavesOnlyWhatLooks)
+{
+    ScreenStory story(kEvening, true);
+    EXPECT_EQ(story.text("Label2") + ": " + story.text("business"),
+              "Looking only: In use by BARTENDERS-LEFT since 23:10");
+    for (const char *command : {"Process", "Force ALL NO TIP", "Mark Completed", "DELETE RED'S",
+                                "Mark all completed", "The picture: mark all completed"})
+        EXPECT_FALSE(story.enabled(command)) << command;
+    EXPECT_TRUE(story.enabled("Refresh") && story.enabled("Print"));
+    for (const QSize size : kScreenSizes) {
+        EXPECT_EQ(clippedControls(story.screen, size), "") << size.width();
+        EXPECT_EQ(elidedLabels(story.screen), "") << size.width();
+    }
+    EXPECT_TRUE(click(QStringLiteral("Done")));
+    EXPECT_TRUE(story.station.run.ending());
+    EXPECT_EQ(story.get(Story::kMonth), "");
 }
 
 TEST(PendingScreen, FitsBothSizesWithItsWidestTexts)

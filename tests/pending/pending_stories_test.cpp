@@ -219,4 +219,42 @@ TEST(InternetOfTheList, IsTriedBesideTheScreenAndNotAtEachSave)
     EXPECT_EQ(label(), "2: Internet connection detected!! Continue");
 }
 
+/// Beside another manager: whatever is pressed and typed, nothing on the drives changes.
+TEST(LookingOnly, ChangesNoFileByAnyCommandOfTheListAndOfAnEntry)
+{
+    for (const bool empty : {false, true}) {
+        Story story;
+        story.app.values.lookOnly = true;
+        story.station.dialogs.typed = "01/15/25";
+        story.station.put("F:\\Lumbrio\\ServerISBatching.dat", "of the other");
+        if (!empty)
+            story.station.put(Story::kPending, slotOf("CCReceipt=1;CCAdjStatus=Completed") +
+                                                   slotOf("CCReceipt=2;CCstatus=Declined") +
+                                                   slotOf("CCReceipt=3"));
+        const std::string before = story.show("files");
+        for (const char *command :
+             {"Form_Load", "Refresh", "Process", "Finish", "Force ALL NO TIP", "Mark Completed",
+              "DELETE RED'S", "Mark all completed", "picture", "Print", "click 2"})
+            story.press(command);
+        EXPECT_EQ(story.list.rows().size(), empty ? 0U : 3U);
+        EXPECT_EQ(story.show("enabled"),
+                  empty ? " 1 3 4 6 9, hidden 5\n" : " 1 3 4 6 7 9 10, hidden 5\n");
+        details::pressEverything(story.entry);
+        story.entry.open(Story::kPending, 3, "PEND");
+        for (const char *command : {"tip 9", "quick 3", "box 2=JANE", "Clear", "Force"})
+            EXPECT_TRUE(details::pressEntry(story.entry, command));
+        EXPECT_EQ(story.entry.state().Text4 + story.entry.state().Text1[19].substr(0, 3),
+                  empty ? "0" : "0Not");
+        for (const char *command :
+             {"Force NO TIP", "Undo", "Delete", "Delete and Print", "Save", "Force ALL NO TIP",
+              "UnDelete", "Force ALL to", "VOID", "Done"}) {
+            story.entry.open(Story::kPending, 3, "PEND");
+            EXPECT_TRUE(details::pressEntry(story.entry, command));
+        }
+        story.press("Done");
+        EXPECT_TRUE(story.station.run.ending() && !story.station.run.failed());
+        EXPECT_EQ(story.show("files"), before);
+    }
+}
+
 } // namespace pending
