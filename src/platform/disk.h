@@ -64,7 +64,8 @@ class Disk {
 public:
     virtual ~Disk() = default;
 
-    /// `file` is empty after a failure. Only plain files open; anything else is Broken.
+    /// `file` is empty after a failure. Only plain files open; anything else is Broken. Leased
+    /// when the system has asked another computer (or program) to let go of it and did not wait.
     virtual Outcome open(const std::string &path, OpenMode mode,
                          std::unique_ptr<DiskFile> &file) = 0;
     /// Nothing is found only where the system is certain of it. Whatever else goes wrong is a

@@ -216,8 +216,8 @@ Outcome PosixDisk::open(const std::string &path, OpenMode mode, std::unique_ptr<
     // Not blocking: a named pipe or a device in a file's place must not hold the program up.
     const int flags = flagsOf(mode) | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
     const int descriptor = uninterrupted([&] { return ::open(path.c_str(), flags, kNewFileMode); });
-    if (descriptor < 0)
-        return outcomeOf(errno);
+    if (descriptor < 0) // nothing but a lease makes an open "try again"
+        return errno == EWOULDBLOCK ? Outcome::Leased : outcomeOf(errno);
     struct stat found = {};
     if (::fstat(descriptor, &found) != 0 || !S_ISREG(found.st_mode)) {
         ::close(descriptor);

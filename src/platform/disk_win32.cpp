@@ -310,8 +310,10 @@ Outcome Win32Disk::open(const std::string &path, OpenMode mode, std::unique_ptr<
 {
     file.reset();
     Handle handle = openHandle(path, accessOf(mode), dispositionOf(mode), FILE_ATTRIBUTE_NORMAL);
-    if (!handle)
-        return outcomeOf(GetLastError());
+    if (!handle) {
+        const DWORD error = GetLastError();
+        return error == ERROR_SHARING_VIOLATION ? Outcome::Leased : outcomeOf(error);
+    }
     if (GetFileType(handle.get()) != FILE_TYPE_DISK)
         return Outcome::Broken;
     file = std::make_unique<Win32File>(std::move(handle), path, mode);

@@ -1,5 +1,7 @@
 #include "platform/files.h"
 
+#include "platform/patience.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -36,26 +38,6 @@ Outcome copyBytes(DiskFile &from, DiskFile &to)
     }
 }
 
-/// A new file written whole beside its place and then renamed over it; removed when anything
-/// fails on the way.
-template <typename Fill> Outcome replaceFile(Disk &disk, const std::string &real, Fill fill)
-{
-    const std::string beside = real + "." + uniqueSuffix() + ".new";
-    std::unique_ptr<DiskFile> file;
-    Outcome outcome = disk.open(beside, OpenMode::CreateEmpty, file);
-    if (!done(outcome))
-        return outcome;
-    outcome = fill(*file);
-    if (done(outcome))
-        outcome = file->flush();
-    file.reset();
-    if (done(outcome))
-        outcome = disk.rename(beside, real);
-    if (!done(outcome))
-        disk.remove(beside);
-    return outcome;
-}
-
 } // namespace
 
 Files::Files(Disk &theDisk, const Drives &theDrives, Run &theRun)
@@ -67,6 +49,31 @@ Outcome Files::judge(std::string_view operation, std::string_view path, Outcome 
 {
     if (!done(outcome) && !run.ending() && !run.errorsIgnored())
         run.fail(operation, path, outcome);
+    return outcome;
+}
+
+Outcome Files::openReal(const std::string &real, OpenMode mode, std::unique_ptr<DiskFile> &file)
+{
+    return patiently(run, Wait::Lease, [&] { return disk.open(real, mode, file); });
+}
+
+/// A new file written whole beside its place and then renamed over it; removed when anything
+/// fails on the way.
+template <typename Fill> Outcome Files::replaceFile(const std::string &real, Fill fill)
+{
+    const std::string beside = real + "." + uniqueSuffix() + ".new";
+    std::unique_ptr<DiskFile> file;
+    Outcome outcome = openReal(beside, OpenMode::CreateEmpty, file);
+    if (!done(outcome))
+        return outcome;
+    outcome = fill(*file);
+    if (done(outcome))
+        outcome = file->flush();
+    file.reset();
+    if (done(outcome))
+        outcome = disk.rename(beside, real);
+    if (!done(outcome))
+        disk.remove(beside);
     return outcome;
 }
 
@@ -134,13 +141,12 @@ Outcome Files::copy(std::string_view from, std::string_view to)
 {
     std::unique_ptr<DiskFile> source;
     const Outcome outcome = perform("Copying", from, [&](const std::string &real) {
-        return disk.open(real, OpenMode::Read, source);
+        return openReal(real, OpenMode::Read, source);
     });
     if (!done(outcome))
         return outcome;
     return perform("Copying", to, [&](const std::string &real) {
-        return replaceFile(disk, real,
-                           [&](DiskFile &target) { return copyBytes(*source, target); });
+        return replaceFile(real, [&](DiskFile &target) { return copyBytes(*source, target); });
     });
 }
 
@@ -199,7 +205,7 @@ Outcome Files::createIfMissing(std::string_view path)
             return outcome;
         // Append, because another station may create it and write to it at this very moment.
         std::unique_ptr<DiskFile> file;
-        return disk.open(real, OpenMode::Append, file);
+        return openReal(real, OpenMode::Append, file);
     });
 }
 
@@ -232,7 +238,7 @@ Outcome Files::writeInPlace(std::string_view path, std::string_view content, boo
         std::unique_ptr<DiskFile> file;
         Outcome outcome = flushed ? disk.look(real, found) : Outcome::Done;
         if (done(outcome))
-            outcome = disk.open(real, OpenMode::CreateEmpty, file);
+            outcome = openReal(real, OpenMode::CreateEmpty, file);
         if (done(outcome))
             outcome = file->writeAt(0, content);
         if (done(outcome) && flushed)
@@ -283,7 +289,7 @@ Outcome Files::tryOpen(std::string_view path, OpenMode mode, std::unique_ptr<Dis
     file.reset();
     std::string real;
     const Outcome outcome = realPath(path, real);
-    return done(outcome) ? disk.open(real, mode, file) : outcome;
+    return done(outcome) ? openReal(real, mode, file) : outcome;
 }
 
 Outcome Files::open(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file)
@@ -316,7 +322,7 @@ Outcome Files::replaceWhole(std::string_view path, std::string_view content)
 {
     return perform("Replacing", path, [&](const std::string &real) {
         const Outcome outcome =
-            replaceFile(disk, real, [&](DiskFile &file) { return file.writeAt(0, content); });
+            replaceFile(real, [&](DiskFile &file) { return file.writeAt(0, content); });
         return done(outcome) ? disk.flushDirectory(parentOf(real)) : outcome;
     });
 }

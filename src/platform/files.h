@@ -70,7 +70,8 @@ public:
 
     /// For SlotFile: the raw file behind a path, under the same rules.
     Outcome open(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file);
-    /// The same without judging the outcome, even when shut.
+    /// The same without judging the outcome, even when shut. As every open does, it waits for a
+    /// lease to be given back.
     Outcome tryOpen(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file);
     /// Takes the lock through `file`, which was opened at `path` in `mode`. A file that was
     /// replaced meanwhile is opened again, until the locked one is the one at the path.
@@ -96,6 +97,8 @@ private:
     template <typename Call>
     Outcome perform(std::string_view operation, std::string_view path, Call call);
     Outcome look(std::string_view path, Found &found);
+    Outcome openReal(const std::string &real, OpenMode mode, std::unique_ptr<DiskFile> &file);
+    template <typename Fill> Outcome replaceFile(const std::string &real, Fill fill);
     Outcome listFiles(const std::string &real, std::vector<std::string> &names);
     Outcome writeInPlace(std::string_view path, std::string_view content, bool flushed);
     Outcome appendTo(DiskFile &file, std::string_view path, std::string_view content);

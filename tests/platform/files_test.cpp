@@ -105,6 +105,27 @@ TEST(UnknownNames, fail_every_call_and_create_nothing)
     }
 }
 
+/// A lock is another matter: where it is passed over, nobody waits for it here.
+TEST(LeasedFiles, are_waited_for_ten_seconds_and_are_then_a_failure_like_any_other)
+{
+    TestStation station;
+    station.put(kFile, "old");
+    station.disk.failOn("open", "a.dat", Outcome::Leased);
+    station.disk.failOn("open", "a.dat to append", Outcome::Leased);
+    station.time.after(2000, [&] { station.disk.failOn("open", "a.dat", Outcome::Done); });
+    EXPECT_EQ(station.files.read(kFile, content), Outcome::Done);
+    EXPECT_EQ(station.time.milliseconds(), 2000U);
+    {
+        const ErrorsIgnored fromHere(station.run);
+        EXPECT_EQ(station.files.append(kFile, "new"), Outcome::Leased);
+    }
+    EXPECT_EQ(station.time.milliseconds(), 12'000U);
+    station.dialogs.expect("", "Opening failed: not given back by another computer\n" + kFile,
+                           platform::Buttons::Ok, platform::Answer::Ok);
+    EXPECT_EQ(station.files.append(kFile, "new"), Outcome::Leased);
+    EXPECT_EQ(station.get(kFile), "old");
+}
+
 TEST(Files, keep_bytes_as_they_are)
 {
     TestStation station;

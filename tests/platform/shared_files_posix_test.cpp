@@ -1,10 +1,12 @@
 // What the system does to shared files: the lock between processes, one of which dies, a full disk
 // and permissions.
+#include "platform/work_file.h"
 #include "support/second_process.h"
 #include "support/test_station.h"
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <thread>
 
 namespace {
 
@@ -56,6 +58,81 @@ TEST(Lock, is_kept_when_its_process_opens_the_file_again_and_not_left_to_a_start
     SecondProcess sharing([] { ::pause(); }); // not yet another program: it has the descriptor too
     file.close();
     EXPECT_EQ(triedByAnother(), "done");
+}
+
+/// Time that really passes: a lease is the system's business.
+struct RealTime : Clock, EventLoop {
+    DateTime now() const override { return {}; }
+    std::uint64_t milliseconds() const override
+    {
+        using namespace std::chrono;
+        const auto since = steady_clock::now().time_since_epoch();
+        return static_cast<std::uint64_t>(duration_cast<std::chrono::milliseconds>(since).count());
+    }
+    void turn() override {}
+    void rest(std::uint32_t ms) override
+    {
+        std::this_thread::sleep_for(std::chrono::milliseconds(ms));
+    }
+};
+
+/// Holds a lease as a file server does for its client, and gives it back so long after the system
+/// has asked for it.
+void holdLease(const std::string &real, int kind, int delay)
+{
+    sigset_t asked = {};
+    sigemptyset(&asked);
+    sigaddset(&asked, SIGIO);
+    sigprocmask(SIG_BLOCK, &asked, nullptr);
+    const int file = ::open(real.c_str(), kind == F_RDLCK ? O_RDONLY : O_RDWR);
+    SecondProcess::say(::fcntl(file, F_SETLEASE, kind) == 0 ? "held" : "no lease");
+    int signal = 0;
+    sigwait(&asked, &signal);
+    std::this_thread::sleep_for(std::chrono::milliseconds(delay));
+    ::fcntl(file, F_SETLEASE, F_UNLCK);
+    ::pause();
+}
+
+TEST(LeasedFile, is_opened_as_soon_as_its_holder_gives_it_back)
+{
+    const auto add = [](Files &files) {
+        long slot = 0;
+        SlotFile file(files, kPath, 500);
+        file.open(SlotUse::Append);
+        return file.append(std::string(500, 'y'), slot);
+    };
+    const auto read = [](Files &files) {
+        std::string content;
+        return files.read(kPath, content);
+    };
+    const struct {
+        int kind, delay;
+        Outcome (*call)(Files &);
+    } kRows[] = {
+        {F_RDLCK, 0, add},
+        {F_RDLCK, 200, [](Files &f) { return SlotFile(f, kPath, 500).open(SlotUse::Rewrite); }},
+        {F_RDLCK, 0, [](Files &f) { return f.write(kPath, "answer"); }},
+        {F_WRLCK, 0, read},
+        {F_WRLCK, 200, [](Files &f) { return f.copy(kPath, "C:\\Lumbrio\\copy.dat"); }},
+        {F_WRLCK, 0, [](Files &f) { return WorkFile(f, kPath, 500).create(); }},
+        {F_WRLCK, 2000, add},
+    };
+    for (const auto &[kind, delay, call] : kRows) {
+        SCOPED_TRACE((kind == F_RDLCK ? "read " : "write ") + std::to_string(delay));
+        TestStation station;
+        station.put(kPath, std::string(500, 'x'));
+        const std::string real = station.drives.resolve(kPath);
+        SecondProcess holder([&, kind = kind, delay = delay] { holdLease(real, kind, delay); });
+        ASSERT_EQ(holder.hear(), "held");
+        RealTime time;
+        platform::Run run(time, time);
+        const std::unique_ptr<Disk> disk = systemDisk();
+        Files files(*disk, station.drives, run);
+        const std::uint64_t begun = time.milliseconds();
+        EXPECT_EQ(call(files), Outcome::Done);
+        EXPECT_GE(time.milliseconds() - begun, static_cast<unsigned>(delay));
+        EXPECT_FALSE(run.failed());
+    }
 }
 
 /// No file grows past so many bytes, as on a full disk: a write that reaches over the limit is cut
