@@ -29,13 +29,15 @@ std::vector<MListColumn> columns()
     const auto column = [](const char *heading, const char *widest, Look look = Look::Text) {
         return MListColumn{toQt(heading), toQt(widest), look};
     };
+    MListColumn status = column("Status", "Adjusted - Pending");
+    status.yields = true;
     return {column("Receipt", "00000"),
             column("Server", "000"),
             column("Tab", "0000.00", Look::Amount),
             column("Approved", "0000.00", Look::Amount),
             column("Tip", "000.00", Look::Amount),
             column("Total", "00000.00", Look::Total),
-            column("Status", "Adjusted - Pending"),
+            status,
             column("Auth", "000000"),
             column("Result", "Approved"),
             column("Date", "00/00/00"),

@@ -262,6 +262,28 @@ TEST(PendingScreen, FitsBothSizesWithItsWidestTexts)
     }
 }
 
+TEST(PendingScreen, CutsNoAmountAndShowsACutStatusWholeInTheChosenRow)
+{
+    const std::string most = "CCTabAmt=10000.00;CCApprovedAmt=1234567.89;CCTip=1000.00;"
+                             "CCAdjStatus=Adjusted - Pending, by ";
+    ScreenStory story({most + "A", most + "B"});
+    story.screen.resize(kScreenSizes[0]);
+    QCoreApplication::processEvents();
+    for (const int column : {2, 3, 4, 5})
+        EXPECT_GE(story.list.columnWidth(column), story.list.sizeHintForColumn(column)) << column;
+    const auto picture = [&](int row) {
+        return story.list.viewport()
+            ->grab(story.list.visualRect(story.list.model()->index(row, 6)))
+            .toImage();
+    };
+    story.list.goToRow(-1);
+    EXPECT_EQ(picture(0), picture(1)) << "both are cut";
+    story.list.goToRow(0);
+    const QImage first = picture(0);
+    story.list.goToRow(1);
+    EXPECT_NE(picture(1), first) << "nobody can tell them apart";
+}
+
 /// Fifty rows, their headings and the mark of a page are one page of paper.
 TEST(PrintedListOnPaper, NeedsNoMorePagesThanItHasMarks)
 {

@@ -25,9 +25,10 @@ constexpr QRgb kDarkText = 0xff1c2733;
 constexpr QRgb kLightText = 0xffffffff;
 constexpr QRgb kFrame = 0xff1f6feb;
 constexpr int kFrameWidth = 3;
-constexpr int kPadding = 5;    // left and right of a text in its cell, as of a heading
-constexpr int kLeastRow = 34;  // for a finger
-constexpr int kRowMargin = 15; // above and below a text, together
+constexpr int kPadding = 5;         // left and right of a text in its cell, as of a heading
+constexpr int kLeastRow = 34;       // for a finger
+constexpr int kRowMargin = 15;      // above and below a text, together
+constexpr double kLeastLetters = 6; // pt
 
 /// Without the blanks and NULs around it; one that is not there is empty.
 std::string_view columnOf(std::string_view row, int column)
@@ -80,9 +81,34 @@ QFont strong(QFont font)
     return font;
 }
 
+QFont fontOf(const MListColumn &column, const QFont &plain)
+{
+    return column.look == Look::Total ? strong(plain) : plain;
+}
+
 int cellWidth(const QFont &font, const QString &text)
 {
     return static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(text))) + 2 * kPadding;
+}
+
+/// Takes `missing` from the columns that may lose it, in proportion and at most half of each. Gives
+/// what was taken.
+template <class MayLose> int giveWay(std::vector<int> &widths, int missing, MayLose mayLose)
+{
+    int all = 0;
+    for (std::size_t n = 0; n < widths.size(); ++n)
+        all += mayLose(n) ? widths[n] : 0;
+    const int taken = std::min(missing, all / 2);
+    int left = taken;
+    for (std::size_t n = 0; n < widths.size(); ++n) {
+        if (!mayLose(n) || all == 0)
+            continue;
+        const int part = widths[n] * left / all;
+        all -= widths[n];
+        left -= part;
+        widths[n] -= part;
+    }
+    return taken;
 }
 
 /// Paints rows on their own colours; the chosen one gets a frame, for its colour says something.
@@ -99,9 +125,13 @@ public:
                           back.darker(112));
         painter->setFont(index.data(Qt::FontRole).isValid() ? strong(option.font) : option.font);
         painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
-        painter->drawText(textPlace(option), index.data(Qt::TextAlignmentRole).toInt(),
-                          fitting(option, index));
-        if (option.state.testFlag(QStyle::State_Selected))
+        const bool chosen = option.state.testFlag(QStyle::State_Selected);
+        const QString text = fitting(option, index);
+        if (chosen && text != index.data().toString())
+            paintWhole(*painter, option, index);
+        else
+            painter->drawText(textPlace(option), index.data(Qt::TextAlignmentRole).toInt(), text);
+        if (chosen)
             paintFrame(*painter, option.rect, index);
     }
 
@@ -133,6 +163,27 @@ private:
                                                                       : option.font);
         return metrics.elidedText(index.data().toString(), Qt::ElideRight,
                                   textPlace(option).width());
+    }
+
+    /// In lines and letters as small as it takes: on a touch screen nobody sees a tool tip.
+    static void paintWhole(QPainter &painter, const QStyleOptionViewItem &option,
+                           const QModelIndex &index)
+    {
+        const QString text = index.data().toString();
+        const QRect place = textPlace(option).adjusted(0, kFrameWidth, 0, -kFrameWidth);
+        const auto fits = [&](int wrap) {
+            return place.size().expandedTo(painter.boundingRect(place, wrap, text).size()) ==
+                   place.size();
+        };
+        QFont font = painter.font();
+        int wrap = Qt::TextWordWrap;
+        while (!fits(wrap) && font.pointSizeF() > kLeastLetters) {
+            font.setPointSizeF(font.pointSizeF() - 0.5);
+            painter.setFont(font);
+        }
+        if (!fits(wrap))
+            wrap = Qt::TextWrapAnywhere;
+        painter.drawText(place, index.data(Qt::TextAlignmentRole).toInt() | wrap, text);
     }
 
     static void paintFrame(QPainter &painter, const QRect &cell, const QModelIndex &index)
@@ -297,6 +348,8 @@ void MList::setRows(MListRows rows)
     const std::string entry(
         chosen.isValid() ? list.rows().itemData(static_cast<std::size_t>(chosen.row())) : "");
     list.setRows(std::move(rows));
+    measureAmounts();
+    shareWidth();
     executeDelayedItemsLayout(); // else it is painted now, and laid out and painted again later
     if (chosen.isValid())
         goToRow(list.find(entry));
@@ -366,32 +419,60 @@ void MList::resizeEvent(QResizeEvent *event)
 void MList::changeEvent(QEvent *event)
 {
     QTableView::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        measureAmounts();
         shareWidth();
+    }
 }
 
-/// Each column gets what its widest text needs and an equal part of the rest; where there is not
-/// enough, all give way in proportion.
+/// Only what may be wider than all before is measured: a list has many rows.
+void MList::measureAmounts()
+{
+    const std::vector<MListColumn> &columns = list.columns();
+    amountWidths.assign(columns.size(), 0);
+    for (std::size_t n = 0; n < columns.size(); ++n) {
+        if (columns[n].look == Look::Text)
+            continue;
+        const QFont own = fontOf(columns[n], font());
+        const int digit = cellWidth(own, QStringLiteral("0")) - 2 * kPadding;
+        int &widest = amountWidths[n] = cellWidth(own, columns[n].widest);
+        for (std::size_t row = 0; row < list.rows().size(); ++row) {
+            const std::string_view text = columnOf(list.rows().text(row), static_cast<int>(n));
+            const bool letters = text.find_first_not_of("0123456789.,-") != text.npos;
+            if (letters || static_cast<int>(text.size()) * digit + 2 * kPadding > widest)
+                widest = std::max(widest, cellWidth(own, toQt(text)));
+        }
+    }
+}
+
+std::vector<int> MList::wantedWidths() const
+{
+    const std::vector<MListColumn> &columns = list.columns();
+    std::vector<int> wanted;
+    for (std::size_t n = 0; n < columns.size(); ++n)
+        wanted.push_back(std::max({cellWidth(fontOf(columns[n], font()), columns[n].widest),
+                                   horizontalHeader()->sectionSizeHint(static_cast<int>(n)),
+                                   n < amountWidths.size() ? amountWidths[n] : 0}));
+    return wanted;
+}
+
+/// Each column gets what its widest text needs and an equal part of the rest. Where there is not
+/// enough, the column that yields gives way, then all texts in proportion.
 void MList::shareWidth()
 {
     verticalHeader()->setDefaultSectionSize(
         std::max(kLeastRow, QFontMetrics(strong(font())).height() + kRowMargin));
-    const std::vector<MListColumn> &columns = list.columns();
-    std::vector<int> wanted;
-    for (std::size_t n = 0; n < columns.size(); ++n) {
-        const QFont own = columns[n].look == Look::Total ? strong(font()) : font();
-        wanted.push_back(std::max(cellWidth(own, columns[n].widest),
-                                  horizontalHeader()->sectionSizeHint(static_cast<int>(n))));
-    }
-    int left = viewport()->width();
-    int needed = std::accumulate(wanted.begin(), wanted.end(), 0);
-    for (std::size_t n = 0; n < wanted.size(); ++n) {
-        const int behind = static_cast<int>(wanted.size() - n);
-        const int width =
-            left < needed ? wanted[n] * left / needed : wanted[n] + (left - needed) / behind;
-        setColumnWidth(static_cast<int>(n), width);
-        left -= width;
-        needed -= wanted[n];
+    std::vector<int> widths = wantedWidths();
+    int rest = viewport()->width() - std::accumulate(widths.begin(), widths.end(), 0);
+    for (const bool all : {false, true})
+        if (rest < 0)
+            rest += giveWay(widths, -rest, [&](std::size_t n) {
+                return list.columns()[n].look == Look::Text && (all || list.columns()[n].yields);
+            });
+    for (std::size_t n = 0; n < widths.size(); ++n) {
+        const int part = std::max(rest, 0) / static_cast<int>(widths.size() - n);
+        setColumnWidth(static_cast<int>(n), widths[n] + part);
+        rest -= part;
     }
 }
 

@@ -16,6 +16,7 @@ struct MListColumn {
     QString heading;
     QString widest; // the widest text that the column is made for
     enum class Look { Text, Amount, Total } look = Look::Text; // amounts stand at the right
+    bool yields = false; // the first to become narrower where there is not enough room
 };
 
 /// Rows in their order. All texts lie in one piece of memory: a list of 100,000 rows is copied and
@@ -80,7 +81,8 @@ private:
 };
 
 /// The window's part. It tells what fingers and keys do; what it means is decided outside. The
-/// columns share the width there is.
+/// columns share the width there is: amounts are never cut, a text that is shows whole in the
+/// chosen row.
 class MList : public QTableView {
     Q_OBJECT
 
@@ -114,9 +116,12 @@ protected:
 
 private:
     long chosenRow() const;
+    void measureAmounts();
+    std::vector<int> wantedWidths() const;
     void shareWidth();
 
     MListModel list;
+    std::vector<int> amountWidths; // what the amounts of a column need; 0 for a column of text
 };
 
 } // namespace platform
