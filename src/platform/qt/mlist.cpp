@@ -170,7 +170,7 @@ private:
                            const QModelIndex &index)
     {
         const QString text = index.data().toString();
-        const QRect place = textPlace(option).adjusted(0, kFrameWidth, 0, -kFrameWidth);
+        const QRect place = textPlace(option).adjusted(0, kFrameWidth + 1, 0, -kFrameWidth - 1);
         const auto fits = [&](int wrap) {
             return place.size().expandedTo(painter.boundingRect(place, wrap, text).size()) ==
                    place.size();
