@@ -2,18 +2,19 @@
 
 #include "details/PrinterChoice.h"
 #include "platform/qt/controls.h"
+#include "platform/qt/fitting_edit.h"
 #include "platform/qt/qt_text.h"
 #include "records/typed_amount.h"
 #include "ui_XchargeEntryDetals.h"
 
 #include <QKeyEvent>
 #include <QScreen>
-#include <QSignalBlocker>
 
 #include <utility>
 
 namespace details {
 
+using platform::FittingEdit;
 using platform::fromQt;
 using platform::putLook;
 using platform::putVisible;
@@ -23,16 +24,9 @@ namespace {
 
 constexpr std::size_t kLongestLargeTotal = 9; // "$9,999.99"
 
-/// Tells nobody, so that what is shown does not count as typed.
-void put(QLineEdit &box, const std::string &value)
+void put(FittingEdit &box, const std::string &value)
 {
-    const QString text = toQt(value);
-    if (box.text() == text)
-        return;
-    const QSignalBlocker quiet(&box);
-    const int typedUpTo = box.hasFocus() ? box.cursorPosition() : 0;
-    box.setText(text);
-    box.setCursorPosition(typedUpTo);
+    box.put(toQt(value));
 }
 
 const char *stateOf(const std::string &status)

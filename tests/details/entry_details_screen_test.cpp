@@ -116,7 +116,9 @@ TEST_F(EntryScreen, HiddenCardDataIsNowhereUntilItsPasswordIsGivenAndGoesWithThe
 
 TEST_F(EntryScreen, FitsWhateverTheEntryAndEnterPressesNoDangerousCommand)
 {
-    for (const char *entry : {"GCbalance=99999.99;CCtype=MASTERCARD;CCTip=1234.56",
+    for (const char *entry : {"GCbalance=99999.99;CCtype=MASTERCARD;CCTip=10000.25;"
+                              "CCReceipt=12345678901234567890;CCServer=1234567890;"
+                              "CCTable=1234567890",
                               "CCTabAmt=12345.67;CCApprovedAmt=12345.67;CCstatus=Declined",
                               "CCGiftFlag=GS;CCaditionalFUNDS=1248.50"}) { // a partial approval
         open(entry);
