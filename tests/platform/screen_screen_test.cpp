@@ -1,5 +1,6 @@
 // The life of a screen: how it opens, how it is left, and that no handler ever runs on a screen
 // that is gone.
+#include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/screen.h"
 
@@ -80,6 +81,38 @@ TEST_F(ScreenLife, stays_on_top_with_what_is_opened_above)
         above.command.click();
     });
     above.runModal();
+}
+
+// A wrong password is asked for and told of in two boxes, without a turn of the loop in between.
+TEST_F(ScreenLife, boxes_in_a_row_belong_to_the_window_that_asked_which_has_the_keyboard_afterwards)
+{
+    platform::QtDialogs dialogs{station.run};
+    std::vector<const QWindow *> below;
+    const auto pressOk = [&] {
+        below.push_back(QApplication::activeModalWidget()->windowHandle()->transientParent());
+        EXPECT_TRUE(support::click(QStringLiteral("OK")));
+    };
+    Panel entry(station.services, [&](Panel &) {
+        for (int box = 0; box < 3; ++box) {
+            station.soon(pressOk);
+            dialogs.message("FAIL", "You have entered an incorrect password.");
+        }
+    });
+    std::deque<Panel> lists; // the list, and whatever else is open
+    for (int window = 0; window < 5; ++window)
+        lists.emplace_back(station.services, [](Panel &) {}).show();
+    entry.show();
+    station.advance(100);
+    entry.command.click();
+    EXPECT_EQ(below, std::vector<const QWindow *>(3, entry.windowHandle()));
+    station.advance(100);
+    EXPECT_EQ(QGuiApplication::focusWindow(), entry.windowHandle());
+    entry.unload(); // the list is in front again
+    lists.back().activateWindow();
+    station.advance(100);
+    station.soon(pressOk);
+    dialogs.message("A", "B");
+    EXPECT_EQ(below.back(), lists.back().windowHandle());
 }
 
 // On the loop of the programs, where time is the wall's: a wait inside a handler must not destroy

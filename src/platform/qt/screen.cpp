@@ -69,9 +69,36 @@ private:
 
 } // namespace
 
+namespace {
+
+/// The window that was given the keyboard last. The system confirms it at a later turn of the loop
+/// only: until then no window is active, or one that has to make room, and a box asked for at once
+/// would come up below.
+QPointer<QWidget> &keyboardGivenTo()
+{
+    static QPointer<QWidget> window;
+    return window;
+}
+
+void giveKeyboard(QWidget &window)
+{
+    keyboardGivenTo() = &window;
+    window.activateWindow();
+}
+
+/// Where it has really gone.
+void keyboardMoved(const QWindow *to)
+{
+    if (to != nullptr)
+        keyboardGivenTo().clear();
+}
+
+} // namespace
+
 void applyTheme(QApplication &application)
 {
     application.installEventFilter(new SecondTaps(&application));
+    QObject::connect(&application, &QGuiApplication::focusWindowChanged, &keyboardMoved);
     constexpr double kPlainText = 11; // points
     loadAssets();
     QFont font = QApplication::font();
@@ -163,7 +190,7 @@ void Screen::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
     // The keyboard, and a card reader that types, shall reach the new screen.
     if (!event->spontaneous())
-        activateWindow();
+        giveKeyboard(*this);
     if (!loaded)
         loadTimer.setInterval(kLatestLoad);
 }
@@ -215,6 +242,8 @@ QWidget *windowInFront()
 {
     if (QWidget *modal = QApplication::activeModalWidget())
         return modal;
+    if (QWidget *given = keyboardGivenTo(); given != nullptr && given->isVisible())
+        return given;
     if (QWidget *active = QApplication::activeWindow())
         return active;
     for (QWidget *window : QApplication::topLevelWidgets()) {
@@ -228,8 +257,9 @@ void hideModal(QWidget &window)
 {
     QWindow *behind = window.windowHandle() ? window.windowHandle()->transientParent() : nullptr;
     window.hide();
-    if (behind != nullptr)
-        behind->requestActivate();
+    QWidget *below = behind != nullptr ? QWidget::find(behind->winId()) : nullptr;
+    if (below != nullptr)
+        giveKeyboard(*below);
 }
 
 void placeInFront(QWidget &window)

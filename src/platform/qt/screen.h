@@ -77,8 +77,8 @@ private:
     bool gone = false;
 };
 
-/// The window that a new modal one belongs to: the modal one that is
-/// open, else the active one, else any that is visible; or none.
+/// The window that a new modal one belongs to: the modal one that is open, else the one that was
+/// given the keyboard just now, else the active one, else any that is visible; or none.
 QWidget *windowInFront();
 /// Makes `window` modal to the program and places it over windowInFront(), even a top-most one.
 /// Call it before the window is shown.
