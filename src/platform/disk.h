@@ -17,6 +17,7 @@ namespace platform {
 
 enum class OpenMode {
     Read,        // must exist; a lock taken through it is a shared one where the system knows both
+    ReadNoLink,  // the same of the file itself: a link in its place is Broken
     ReadWrite,   // must exist; for rewriting in place, never for appending
     Append,      // created when missing; every write lands at the end, wherever that is by then
     CreateEmpty, // created when missing, emptied when there; for writing

@@ -51,6 +51,7 @@ int flagsOf(OpenMode mode)
 {
     switch (mode) {
     case OpenMode::Read: return O_RDONLY;
+    case OpenMode::ReadNoLink: return O_RDONLY | O_NOFOLLOW;
     case OpenMode::ReadWrite: return O_RDWR;
     case OpenMode::Append: return O_RDWR | O_APPEND | O_CREAT;
     case OpenMode::CreateEmpty: break;

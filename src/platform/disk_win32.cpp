@@ -185,7 +185,7 @@ Outcome Win32File::append(std::string_view bytes, std::uint64_t &landedAt)
 
 Outcome Win32File::cutBack(std::uint64_t from, std::uint64_t to)
 {
-    if (mode == OpenMode::Read)
+    if (mode == OpenMode::Read || mode == OpenMode::ReadNoLink)
         return Outcome::Denied;
     std::uint64_t bytes = 0;
     if (const Outcome outcome = size(bytes); !done(outcome) || bytes != from)
@@ -227,7 +227,8 @@ bool Win32File::isStillAt(const std::string &where)
 DWORD accessOf(OpenMode mode)
 {
     switch (mode) {
-    case OpenMode::Read: return GENERIC_READ;
+    case OpenMode::Read:
+    case OpenMode::ReadNoLink: return GENERIC_READ;
     case OpenMode::Append: return FILE_GENERIC_READ | FILE_APPEND_DATA;
     case OpenMode::ReadWrite:
     case OpenMode::CreateEmpty: break;
@@ -241,9 +242,17 @@ DWORD dispositionOf(OpenMode mode)
     case OpenMode::Append: return OPEN_ALWAYS;
     case OpenMode::CreateEmpty: return CREATE_ALWAYS;
     case OpenMode::Read:
+    case OpenMode::ReadNoLink:
     case OpenMode::ReadWrite: break;
     }
     return OPEN_EXISTING;
+}
+
+bool isLink(const std::string &path)
+{
+    const DWORD attributes = GetFileAttributesW(wideText(path).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES &&
+           (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
 /// Over a file that others hold open, this station's own lock on it included. Not every file
@@ -309,6 +318,8 @@ public:
 Outcome Win32Disk::open(const std::string &path, OpenMode mode, std::unique_ptr<DiskFile> &file)
 {
     file.reset();
+    if (mode == OpenMode::ReadNoLink && isLink(path))
+        return Outcome::Broken;
     Handle handle = openHandle(path, accessOf(mode), dispositionOf(mode), FILE_ATTRIBUTE_NORMAL);
     if (!handle) {
         const DWORD error = GetLastError();

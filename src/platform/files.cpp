@@ -211,9 +211,19 @@ Outcome Files::createIfMissing(std::string_view path)
 
 Outcome Files::read(std::string_view path, std::string &content, std::size_t limit)
 {
+    return readAs(OpenMode::Read, path, content, limit);
+}
+
+Outcome Files::readNoLink(std::string_view path, std::string &content, std::size_t limit)
+{
+    return readAs(OpenMode::ReadNoLink, path, content, limit);
+}
+
+Outcome Files::readAs(OpenMode mode, std::string_view path, std::string &content, std::size_t limit)
+{
     content.clear();
     std::unique_ptr<DiskFile> file;
-    if (const Outcome outcome = open(path, OpenMode::Read, file); !done(outcome))
+    if (const Outcome outcome = open(path, mode, file); !done(outcome))
         return outcome;
     std::string read;
     for (;;) {

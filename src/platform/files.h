@@ -27,6 +27,8 @@ public:
     /// True for a file (not a folder) at the path. An empty path, or one that ends in a
     /// separator, is no file. False also where the look fails, by the rules above.
     bool exists(std::string_view path);
+    /// What stands at the path, by the same rules.
+    Outcome look(std::string_view path, Found &found);
     bool folderExists(std::string_view path);
     /// The same for those to whom not there and unknown are not alike.
     Outcome exists(std::string_view path, bool &there);
@@ -49,6 +51,8 @@ public:
     Outcome createIfMissing(std::string_view path);
     /// The whole content; `limit` bytes at most (the rest is left out). Empty after a failure.
     Outcome read(std::string_view path, std::string &content, std::size_t limit = kReadLimit);
+    /// The same of a file that another program was to write there: a link is Broken.
+    Outcome readNoLink(std::string_view path, std::string &content, std::size_t limit);
     /// Opened for output: replaces the content in place, creating the file.
     Outcome write(std::string_view path, std::string_view content);
     /// Like write(), and on the disk when it returns.
@@ -96,10 +100,10 @@ public:
 private:
     template <typename Call>
     Outcome perform(std::string_view operation, std::string_view path, Call call);
-    Outcome look(std::string_view path, Found &found);
     Outcome openReal(const std::string &real, OpenMode mode, std::unique_ptr<DiskFile> &file);
     template <typename Fill> Outcome replaceFile(const std::string &real, Fill fill);
     Outcome listFiles(const std::string &real, std::vector<std::string> &names);
+    Outcome readAs(OpenMode mode, std::string_view path, std::string &content, std::size_t limit);
     Outcome writeInPlace(std::string_view path, std::string_view content, bool flushed);
     Outcome appendTo(DiskFile &file, std::string_view path, std::string_view content);
 

@@ -46,7 +46,7 @@ ExchangeText boundedText(std::string_view content)
 ExchangeFile readExchange(App &app, const std::string &path)
 {
     ExchangeFile file;
-    file.outcome = app.files.read(path, file.content, kExchangeLimit + 1);
+    file.outcome = app.files.readNoLink(path, file.content, kExchangeLimit + 1);
     static_cast<ExchangeText &>(file) = boundedText(file.content);
     if (file.longer) {
         file.content.resize(kExchangeLimit);

@@ -91,14 +91,14 @@ bool Tender::placeRequest(const LocalRequest &request)
     local = localFiles(app.values, app.clock.now());
     // An earlier card's, of a clock that was set back.
     clearResult(app, local.answer);
-    bool there = false;
-    if (const platform::Outcome looked = app.files.exists(local.answer, there);
-        !done(looked) || there) {
+    platform::Found found = platform::Found::Nothing;
+    if (const platform::Outcome looked = app.files.look(local.answer, found);
+        !done(looked) || found != platform::Found::Nothing) {
         requestNotPlaced(done(looked) ? platform::Outcome::Denied : looked);
         return false;
     }
     platform::Outcome outcome = app.files.write(local.work, requestLine(request));
-    there = false;
+    bool there = false;
     if (done(outcome)) {
         outcome = app.files.copy(local.work, local.request);
         // One of which nobody knows may be charged: its answer is waited for.
@@ -140,7 +140,7 @@ bool Tender::waitForAnswer()
 {
     startCounting();
     Timer2.setInterval(kWaitTimer); // anew: the audit's question may have taken its time
-    while (!app.files.exists(local.answer)) {
+    while (!liesThere(local.answer)) {
         if (app.ending())
             return false;
         if (app.values.StopWaiting > 65534) {

@@ -28,7 +28,7 @@ std::string markOf(App &app, const std::string &path)
     const platform::ErrorsIgnored ignored(app.run);
     std::string content;
     platform::DateTime when;
-    if (!done(app.files.read(path, content, kExchangeLimit + 1)) ||
+    if (!done(app.files.readNoLink(path, content, kExchangeLimit + 1)) ||
         !done(app.files.modified(path, when)))
         return {};
     return quotedValues({std::to_string(content.size()), stampOf(when), digestOf(content)});
@@ -94,8 +94,8 @@ void noteTaken(App &app, const std::string &path)
 void clearResult(App &app, const std::string &path)
 {
     const platform::ErrorsIgnored ignored(app.run);
-    bool there = false;
-    if (done(app.files.exists(path, there)) && !there)
+    platform::Found found = platform::Found::Nothing;
+    if (done(app.files.look(path, found)) && found == platform::Found::Nothing)
         return;
     std::string taken;
     app.files.read(resultTakenFile(app.values), taken, kExchangeLine);
@@ -132,7 +132,7 @@ std::string keepUnknown(App &app, const std::string &resultPath, const std::stri
         text += platform::textLine(std::string(field.name) + "=" + CCdata.text(field));
     const platform::Outcome outcome = app.files.replaceWhole(path, text);
     std::string content;
-    if (done(app.files.read(resultPath, content, kExchangeLimit)))
+    if (done(app.files.readNoLink(resultPath, content, kExchangeLimit)))
         app.files.replaceWhole(path + ".result", content);
     tellBoth(app,
              "OUTCOME UNKNOWN - " + reason + " - " +

@@ -157,8 +157,8 @@ void Tender::startWait()
 /// An old result that cannot be deleted would be taken for this card's: nothing is charged then.
 bool Tender::oldResultRemains()
 {
-    bool there = false;
-    if (done(app.files.exists(kResultFile, there)) && !there)
+    platform::Found found = platform::Found::Nothing;
+    if (done(app.files.look(kResultFile, found)) && found == platform::Found::Nothing)
         return false;
     traceProcess(app, {std::string("  OLD RESULT CANNOT BE DELETED - ") + kResultFile});
     app.values.TndrRESULT = "Declined";
@@ -171,11 +171,19 @@ bool Tender::oldResultRemains()
     return true;
 }
 
+/// A file, or what has come in its place and cannot be read.
+bool Tender::liesThere(const std::string &answer)
+{
+    platform::Found found = platform::Found::Nothing;
+    app.files.look(answer, found);
+    return found != platform::Found::Nothing;
+}
+
 /// Until the result file exists. False when the wait was stopped or the program is ending.
 bool Tender::waitForResult(const std::string &commandLine)
 {
     int shellAt = 0;
-    while (!app.files.exists(kResultFile)) {
+    while (!liesThere(kResultFile)) {
         if (app.ending())
             return false;
         if (app.values.StopWaiting > 65534) {

@@ -131,6 +131,7 @@ private:
     std::string buildCommandLine();
     void startWait();
     bool oldResultRemains();
+    bool liesThere(const std::string &answer);
     bool waitForResult(const std::string &commandLine);
     void startPaymentAt(const std::string &commandLine, int &shellAt);
     std::string argument(const std::string &value, const char *name);
