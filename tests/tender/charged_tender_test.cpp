@@ -1,0 +1,259 @@
+// A card that the bank has charged, and something that goes wrong right then: whoever counts the
+// money afterwards finds the record, or a trace that tells of it, and no guest is charged twice.
+#include "records/careful_append.h"
+#include "records/kept_records.h"
+#include "support/tender_story.h"
+#include "tender/command_line.h"
+#include "tender/evidence.h"
+
+namespace {
+
+using namespace records;
+using platform::Outcome;
+using support::TenderStory;
+
+constexpr const char *kFolder = "C:\\Lumbrio\\";
+
+class ChargedTender : public testing::TestWithParam<bool> {
+protected:
+    ChargedTender()
+    {
+        if (local()) {
+            story.takeCardsHere();
+            swipe(story);
+        }
+        story.station.dialogs.noted = &boxes;
+    }
+    bool local() const { return GetParam(); }
+    static void swipe(TenderStory &at)
+    {
+        at.swipe(TenderStory::kTrack1, TenderStory::kTrack2, 2000);
+    }
+    /// Names in a folder that begin so.
+    std::vector<std::string> named(const std::string &folder, const std::string &beginning) const
+    {
+        std::vector<std::string> names;
+        for (const std::string &name : support::TestStation(&story.station).files.list(folder))
+            if (name.starts_with(beginning))
+                names.push_back(name);
+        return names;
+    }
+    std::vector<std::string> kept() const { return named("C:\\Lumbrio\\Data\\", "KeptRecord-"); }
+    /// What the bank wrote, under the name that another tender has given it.
+    std::vector<std::string> putAside() const
+    {
+        return local() ? named(TenderStory::kLocalTran, "FRONT-BAR011525130503-")
+                       : named(kFolder, "xResultFile-");
+    }
+    std::string word() const { return story.answered() ? story.answer().substr(1, 8) : ""; }
+    std::size_t recordsAfterTheNextTender()
+    {
+        TenderStory next(story, 0);
+        std::string none;
+        next.station.dialogs.noted = &none;
+        if (local()) {
+            next.takeCardsHere();
+            swipe(next);
+        }
+        next.run(20'000);
+        return next.pending().size();
+    }
+    void cannot(const char *operation, const char *file, Outcome outcome = Outcome::Broken)
+    {
+        story.station.disk.failOn(operation, file, outcome);
+    }
+    const char *bankFile() const { return local() ? "503.ans" : "xResultFile.txt"; }
+
+    std::string boxes;
+    TenderStory story;
+};
+
+INSTANTIATE_TEST_SUITE_P(, ChargedTender, testing::Bool(),
+                         [](const auto &each) { return each.param ? "local" : "commandLine"; });
+
+TEST_P(ChargedTender, IsUnknownAndNoDeclineWhenTheBanksWordCannotBeRead)
+{
+    cannot("open", bankFile());
+    story.run();
+    EXPECT_EQ(word(), "Declined");
+    EXPECT_EQ(std::ranges::count(story.answer(), '\n'), local() ? 10 : 11);
+    EXPECT_TRUE(story.pending().empty()) << "a red row would be deleted by the manager";
+    EXPECT_NE(boxes.find("[OUTCOME UNKNOWN]"), std::string::npos);
+    const auto unknown = named("C:\\Lumbrio\\Data\\", "Unknown-");
+    ASSERT_EQ(unknown.size(), 1U);
+    const std::string text = story.station.get("C:\\Lumbrio\\Data\\" + unknown[0]);
+    EXPECT_NE(text.find("CCReceipt=1043\r\n"), std::string::npos);
+    EXPECT_EQ(text.find("411111111111"), std::string::npos);
+    recordsAfterTheNextTender();
+    EXPECT_EQ(putAside().size(), 1U) << "what the bank wrote is still there";
+}
+
+TEST_P(ChargedTender, IsApprovedWhenAShareStumblesOrALockIsHeldForAMoment)
+{
+    const auto passes = [&](const char *operation, const char *file, Outcome outcome) {
+        cannot(operation, file, outcome);
+        story.station.time.after(4'000, [=, this] { cannot(operation, file, Outcome::Done); });
+    };
+    passes("open", bankFile(), Outcome::Broken);
+    passes("lock", "CCPending.dat", Outcome::Locked);
+    passes("rename", "Xsend.ans", Outcome::NoRoom);
+    passes("open", "Xsend.ans", Outcome::NoRoom);
+    story.station.time.after(500, [this] { cannot("lock", "LumbrioINI.dat", Outcome::Done); });
+    cannot("lock", "LumbrioINI.dat", Outcome::Locked);
+    story.run();
+    EXPECT_EQ(word(), "Approved");
+    EXPECT_EQ(story.pending().size(), 1U);
+    EXPECT_EQ(boxes, "");
+}
+
+TEST_P(ChargedTender, LeavesItsResultForTheNextTenderToPutAsideWhenItIsKilled)
+{
+    bool killed = false;
+    story.station.disk.before = [&](std::size_t) {
+        if (!killed && story.station.disk.operationLog().back().find(
+                           "append f/Lumbrio/CCPending") != std::string::npos) {
+            killed = true;
+            story.station.disk.stopAt(story.station.disk.operations(),
+                                      [this] { story.station.run.end(); });
+        }
+    };
+    story.run();
+    EXPECT_TRUE(killed && story.pending().empty() && !story.answered());
+    recordsAfterTheNextTender();
+    ASSERT_EQ(putAside().size(), 1U);
+    recordsAfterTheNextTender();
+    EXPECT_EQ(putAside().size(), 1U) << "a result with record and answer is deleted as ever";
+}
+
+TEST_P(ChargedTender, KeepsItsRecordAtTheStationUntilAFileTakesItOnce)
+{
+    cannot("append", "CCPending.dat", Outcome::NoRoom);
+    story.run();
+    EXPECT_EQ(word(), "Approved") << "as the bank said";
+    EXPECT_NE(boxes.find("[RECORD NOT STORED]"), std::string::npos);
+    EXPECT_EQ(story.station.printers.collected.size(), 2U) << "the guest has to sign";
+    ASSERT_EQ(kept().size(), 1U);
+    const std::string path = "C:\\Lumbrio\\Data\\" + kept()[0];
+    const std::string file = story.station.get(path);
+    EXPECT_EQ(recordsAfterTheNextTender(), 2U);
+    EXPECT_TRUE(kept().empty());
+    story.station.put(path + ".claimed", file); // by one who died before he could remove it
+    EXPECT_EQ(recordsAfterTheNextTender(), 3U) << "its own alone";
+    EXPECT_TRUE(kept().empty());
+}
+
+TEST_P(ChargedTender, SaysWhenThePointOfSaleGetsNoAnswer)
+{
+    story.station.put("C:\\Lumbrio\\Xsend.ans", "\"Approved\"\r\n");
+    cannot("rename", "Xsend.ans", Outcome::NoRoom);
+    cannot("write", "Xsend.ans", Outcome::NoRoom);
+    story.run();
+    EXPECT_FALSE(story.answered()) << story.answer();
+    EXPECT_TRUE(story.station.run.failed());
+    EXPECT_NE(boxes.find("[NO ANSWER FOR THE POINT OF SALE]"), std::string::npos);
+    EXPECT_NE(boxes.find(local() ? "Approval code: A12345" : "Approval code: 012345"),
+              std::string::npos);
+    EXPECT_EQ(story.pending().size(), 1U);
+}
+
+/// Another station that holds the lock all the time and knows nothing of appends without it.
+class Stranger : public ChargedTender {
+protected:
+    Stranger()
+    {
+        cannot("lock", "CCPending.dat", Outcome::Locked);
+        story.station.put(TenderStory::kPending, std::string(kCardSlotLength, 'a'));
+    }
+    std::size_t ours() const
+    {
+        return static_cast<std::size_t>(
+            std::ranges::count_if(story.pending(), [](const CardRecord &each) {
+                return each.text(CCReceipt) == "1043";
+            }));
+    }
+    void afterAppend(const std::function<void(std::string &)> &change)
+    {
+        story.station.disk.before = [this, change, done = false](std::size_t) mutable {
+            std::string bytes = story.station.get(TenderStory::kPending);
+            if (done || bytes.size() < 2 * kCardSlotLength)
+                return;
+            done = true;
+            change(bytes);
+            story.station.put(TenderStory::kPending, bytes);
+        };
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(, Stranger, testing::Bool(),
+                         [](const auto &each) { return each.param ? "local" : "commandLine"; });
+
+TEST_P(Stranger, WritesOverTheRecordAndItIsAppendedAgain)
+{
+    afterAppend([](std::string &bytes) { bytes.replace(500, 500, std::string(500, 'b')); });
+    story.run();
+    EXPECT_EQ(word(), "Approved");
+    EXPECT_EQ(ours(), 1U);
+}
+
+TEST_P(Stranger, MovesTheRecordAndItIsNotAppendedAgain)
+{
+    afterAppend([this](std::string &bytes) {
+        story.station.put("F:\\Lumbrio\\data\\0125CCdeleted.dat", bytes.substr(500));
+        bytes.resize(500);
+    });
+    story.run();
+    EXPECT_EQ(word(), "Approved");
+    EXPECT_EQ(ours(), 0U);
+}
+
+TEST_P(Stranger, HasWrittenOverItAndWhereItStandsCannotBeFoundOut)
+{
+    cannot("open", "CCFinal0125.dat");
+    story.station.put("F:\\Lumbrio\\data\\CCFinal0125.dat", "");
+    afterAppend([](std::string &bytes) { bytes.replace(500, 500, std::string(500, 'b')); });
+    story.run();
+    EXPECT_EQ(ours(), 0U);
+    EXPECT_EQ(kept().size(), 1U);
+}
+
+TEST(DeadRequest, OfThisStationAloneIsRemovedAndToldWithoutItsCard)
+{
+    TenderStory story;
+    story.takeCardsHere();
+    const std::string folder = TenderStory::kLocalTran;
+    const std::string request =
+        "\"C1\",\"7\",\"1042\",\"4111111111111111\",\"%B4111111111111111^X\",\"31.\",\"99999\"\r\n";
+    for (const char *name : {"FRONT-BAR011525125900.req", "FRONT-BAR2011525125900.req",
+                             "FRONT-BAR01152512590.req", "BACK-BAR011525125900.tmp"})
+        story.station.put(folder + name, request);
+    story.station.put(folder + "FRONT-BAR011525125800.ans", "\"YA1\"\r\n");
+    records::App &app = story.app;
+    app.values.Maindir = kFolder;
+    app.values.StationName = "FRONT-BAR";
+    app.values.paymentDirectory = "c:\\Program Files\\X-Charge\\";
+    tender::clearDeadRequests(app);
+    EXPECT_EQ(story.left(),
+              (std::vector<std::string>{"BACK-BAR011525125900.tmp",
+                                        "FRONT-BAR011525125800-20250115-130500.ans",
+                                        "FRONT-BAR01152512590.req", "FRONT-BAR2011525125900.req"}));
+    const std::string trace = story.station.get("C:\\Lumbrio\\TRACELOG.TXT");
+    EXPECT_NE(trace.find("receipt 1042, amount 31., card XXXX XXXX XXXX 1111"), std::string::npos);
+    EXPECT_EQ(trace.find("411111111111"), std::string::npos);
+}
+
+TEST(HostileRequest, BecomesNoOptionOfThePaymentApplicationAndNoControlCharacter)
+{
+    TenderStory story;
+    story.request("\"1\x1B[2J\",\"12\t/USERID:x\",\"7 /CLERK:1\",\"48.50 /AMOUNT:1\"\r\n" +
+                  std::string(1U << 20U, 'x'));
+    story.run();
+    const std::string &line = story.station.system.started.at(0).commandLine;
+    EXPECT_NE(line.find("/AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:12 /LOCKRECEIPT /CLERK:7 /LOCKCLERK"),
+              std::string::npos)
+        << line;
+    EXPECT_EQ(story.pending().at(0).text(CCTable), "1 [2J");
+    EXPECT_EQ(story.pending().at(0).text(CCReceipt), "12 /USERID:x");
+    EXPECT_NE(story.processTrace().find("LONGER THAN 262144 BYTES"), std::string::npos);
+}
+
+} // namespace
