@@ -13,6 +13,8 @@ PrinterChoice::PrinterChoice(platform::Services &theServices, std::vector<std::s
     : Screen(theServices), ui(std::make_unique<Ui::PrinterChoice>()), names(std::move(theNames))
 {
     ui->setupUi(this);
+    // Rows keep the height of the first look at them, and a screen reader looks at once.
+    ui->printers->ensurePolished();
     for (const std::string &name : names)
         ui->printers->addItem(platform::toQt(name));
     const auto found = std::find(names.begin(), names.end(), current);

@@ -1,4 +1,5 @@
 // The screen of one entry as a manager's fingers, keyboard and screen reader use it.
+#include "details/PrinterChoice.h"
 #include "details/XchargeEntryDetals.h"
 #include "support/card_text.h"
 #include "support/qt/qt_station.h"
@@ -164,6 +165,22 @@ TEST_F(EntryScreen, BesideAnotherManagerTakesNoTypingAndClosesWithoutASave)
     press(Qt::Key_Return);
     EXPECT_TRUE(screen->unloaded());
     EXPECT_EQ(saved(), "0 Not Adjusted");
+}
+
+// A screen reader asks where the rows are before the window has its look.
+TEST_F(EntryScreen, ThePrintersToChooseFromStandBelowEachOtherHighEnoughForAFinger)
+{
+    for (const bool readBefore : {false, true}) {
+        details::PrinterChoice choice(app, {"Bar", "Kitchen", "Office"}, "Kitchen");
+        const auto &printers = *choice.findChild<QListWidget *>();
+        const auto row = [&](int index) { return printers.visualItemRect(printers.item(index)); };
+        EXPECT_TRUE(!readBefore || row(1).isValid());
+        choice.show();
+        station.advance(100);
+        EXPECT_GE(row(0).height(), 44) << readBefore;
+        EXPECT_GT(row(1).top(), row(0).bottom()) << readBefore;
+        EXPECT_GT(row(2).top(), row(1).bottom()) << readBefore;
+    }
 }
 
 TEST_F(EntryScreen, ASlipGoesToThePrinterThatWasChosen)
