@@ -3,6 +3,7 @@
 #include "pending/completing.h"
 #include "records/configuration.h"
 #include "records/delimited.h"
+#include "records/kept_records.h"
 #include "records/trace.h"
 
 #include <algorithm>
@@ -77,7 +78,40 @@ void ManagerStart::Form_Load()
     inUse.claim();
     if (app.values.lookOnly)
         tell(app.values.inUseBy + " - looking only");
+    else
+        storeKept();
     enableChoices(true);
+}
+
+/// Charged cards of this station that no card file would take so far.
+void ManagerStart::storeKept()
+{
+    const KeptRecords kept = storeKeptRecords(app);
+    TraceLines lines;
+    if (kept.stored > 0)
+        lines.push_back("KEPT RECORDS STORED  " + std::to_string(kept.stored));
+    const std::size_t waiting = kept.waiting.size() + static_cast<std::size_t>(kept.unreadable);
+    if (waiting > 0)
+        lines.push_back("KEPT RECORDS WAITING  " + std::to_string(waiting));
+    log(app, lines);
+    if (waiting == 0)
+        return;
+    platform::Notice notice{"NOT IN THE CARD FILE",
+                            "Charged cards of this station could not be stored in the card file "
+                            "yet. They are kept at the station and are not in the list. Make sure "
+                            "that the file server can be reached, then start this program again.",
+                            {},
+                            app.values.Maindir + "Data\\"};
+    constexpr std::size_t kShown = 4;
+    for (std::size_t i = 0; i < std::min(kShown, kept.waiting.size()); ++i) {
+        const CardRecord &record = kept.waiting[i];
+        notice.facts.emplace_back("Receipt " + record.text(CCReceipt),
+                                  Currency(record.text(CCTabAmt)) + "  " +
+                                      record.text(CApprovalCode));
+    }
+    if (waiting > notice.facts.size())
+        notice.facts.emplace_back("And more", std::to_string(waiting - notice.facts.size()));
+    app.dialogs.notice(notice);
 }
 
 void ManagerStart::enableChoices(bool on)

@@ -52,6 +52,7 @@ public:
 
 private:
     void ensureFolders();
+    void storeKept();
     void Clean_Logs();
     long deleteOld(const std::string &folder, const std::string &ending, int before);
     void backUp(const std::string &choice, const std::vector<std::string> &behind);

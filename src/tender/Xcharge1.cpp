@@ -179,8 +179,9 @@ void Xcharge1::showState(const TenderFields &fields)
 
 void Xcharge1::showPanels(const TenderFields &fields)
 {
-    putVisible(*ui->SSPanel2, fields.SSPanel2Visible && !fields.result);
-    ui->SSPanel2_text->setText(toQt(waitNotice(fields)));
+    const std::string band = bandNotice(fields);
+    putVisible(*ui->SSPanel2, !band.empty());
+    ui->SSPanel2_text->setText(toQt(band));
     putVisible(*ui->warningBand, fields.SSPanel4Visible);
     ui->SSPanel4->setText(toQt(fields.SSPanel4));
     putLook(*ui->SSPanel4, "state", fields.SSPanel4Red ? "declined" : "");

@@ -21,6 +21,13 @@ StateWords resultWords(const TenderFields &fields)
     return {StateColour::Declined, "Declined", {}};
 }
 
+std::string waitNotice(const TenderFields &fields)
+{
+    return fields.X1009
+               ? "Still waiting for the payment window. You can go on waiting, or press Cancel."
+               : "Still waiting for the bank's answer. You can go on waiting, or press Cancel.";
+}
+
 } // namespace
 
 StateWords stateWords(const TenderFields &fields)
@@ -38,11 +45,16 @@ StateWords stateWords(const TenderFields &fields)
     return {StateColour::Waiting, ready ? "Ready for the card" : "Just a moment", {}};
 }
 
-std::string_view waitNotice(const TenderFields &fields)
+std::string bandNotice(const TenderFields &fields)
 {
-    return fields.X1009
-               ? "Still waiting for the payment window. You can go on waiting, or press Cancel."
-               : "Still waiting for the bank's answer. You can go on waiting, or press Cancel.";
+    if (fields.SSPanel2Visible && !fields.result)
+        return waitNotice(fields);
+    if (fields.waitingRecords == 0)
+        return {};
+    return (fields.waitingRecords == 1
+                ? std::string("A charged card of this station is")
+                : std::to_string(fields.waitingRecords) + " charged cards of this station are") +
+           " not in the card file yet. Tell the manager.";
 }
 
 std::string shownAmount(std::string_view amount)

@@ -19,8 +19,8 @@ struct StateWords {
 
 StateWords stateWords(const TenderFields &fields);
 
-/// What the wait panel says.
-std::string_view waitNotice(const TenderFields &fields);
+/// What the band below the header says; empty when there is nothing to say.
+std::string bandNotice(const TenderFields &fields);
 
 /// The amount as currency ("$48.50"); a text that is no number stays as it is.
 std::string shownAmount(std::string_view amount);

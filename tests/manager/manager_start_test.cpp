@@ -1,6 +1,7 @@
 // The manager's first screen, told in a golden story: a copy of the data before every choice, the
 // log of it, and what is cleaned up before the list opens.
 #include "manager/manager_start.h"
+#include "records/card_files.h"
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
@@ -170,6 +171,25 @@ TEST(SecondManager, IsNotAskedAboutOneThatEndedAndWorksWhereTheFileCannotBeMade)
     EXPECT_NE(told.find(": 3 4\n"), told.npos) << told;
     EXPECT_NE(told.find("log:   NOT MARKED AS IN USE - "), told.npos) << told;
     EXPECT_FALSE(unmarked.app.values.lookOnly);
+}
+
+TEST(KeptRecord, IsToldAtEachStartUntilTheCardFileTakesIt)
+{
+    records::CardRecord record;
+    record.set(records::CCReceipt, "1043");
+    record.set(records::CCTabAmt, "48.50");
+    Night night;
+    night.station.put("F:\\Lumbrio\\CCPending.dat", "");
+    night.station.put("C:\\Lumbrio\\Data\\KeptRecord-20250115-130500.dat",
+                      "F:\\Lumbrio\\CCPending.dat\r\n" + records::wholeSlot(record));
+    night.station.disk.failOn("append", "CCPending.dat", platform::Outcome::NoRoom);
+    night.start.Form_Load();
+    EXPECT_NE(night.happened.find("Receipt 1043: $48.50"), std::string::npos) << night.happened;
+    night.station.disk.failOn("append", "CCPending.dat", platform::Outcome::Done);
+    night.happened.clear();
+    night.start.Form_Load();
+    EXPECT_EQ(night.happened.find("NOT IN THE CARD FILE"), std::string::npos) << night.happened;
+    EXPECT_EQ(night.station.get("F:\\Lumbrio\\CCPending.dat"), records::wholeSlot(record));
 }
 
 } // namespace
