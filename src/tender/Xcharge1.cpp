@@ -8,6 +8,8 @@
 #include "tender/xcharge3.h"
 #include "ui_Xcharge1.h"
 
+#include <QSignalBlocker>
+
 namespace tender {
 
 using platform::putLook;
@@ -86,7 +88,7 @@ void Xcharge1::connectCommands()
     };
     typed(ui->Text2, &Tender::Text2_Change);
     typed(ui->Text5, &Tender::Text5_Change);
-    connect(ui->SSCheck1, &QAbstractButton::clicked, this, // "Do not print a RECEIPT for Customer"
+    connect(ui->SSCheck1, &QAbstractButton::toggled, this, // "Do not print a RECEIPT for Customer"
             [this](bool checked) { tender.SSCheck1_Click(checked); });
 }
 
@@ -208,6 +210,7 @@ void Xcharge1::showOptions(const TenderFields &fields)
 {
     ui->SSCommand7->setText(toQt(fields.SSCommand7Caption));
     ui->SSCommand7->setAccessibleDescription(ui->SSCommand7->text());
+    const QSignalBlocker quiet(ui->SSCheck1); // what is only shown is no choice of anybody
     ui->SSCheck1->setChecked(fields.SSCheck1);
     ui->SSCheck1->setEnabled(fields.SSCheck1Enabled);
     for (const std::size_t item : {8U, 13U, 14U, 15U})

@@ -8,6 +8,7 @@
 #include "tender/XCreader1.h"
 #include "tender/Xcharge1.h"
 
+#include <QAccessible>
 #include <QFrame>
 #include <QKeySequence>
 #include <QLabel>
@@ -159,6 +160,30 @@ private:
     tender::XCreader1 reader{story.app};
     Paints paints;
 };
+
+TEST(CheckBox, IsRememberedWhenAScreenReaderTogglesItAndNotWhenItIsOnlyShown)
+{
+    constexpr const char *kFlag = "C:\\Lumbrio\\CCnoPrint.dat";
+    support::TenderStory story;
+    story.takeCardsHere();
+    story.station.disk.looksCount = true;
+    story.station.put(kFlag, "");
+    story.station.time.everyTurn = [] { QCoreApplication::processEvents(); };
+    tender::Xcharge1 screen{story.app, story.printer};
+    screen.show();
+    story.pass(1000);
+    QWidget *box = support::controlNamed(QStringLiteral("Do not print a RECEIPT for Customer"));
+    EXPECT_TRUE(qobject_cast<QAbstractButton *>(box)->isChecked());
+    const std::string log = story.station.disk.logText();
+    EXPECT_EQ(log.find("CCnoPrint"), log.rfind("CCnoPrint")) << "looked at once, to be shown";
+    for (const bool checked : {false, true, false}) {
+        QAccessible::queryAccessibleInterface(box)->actionInterface()->doAction(
+            QAccessibleActionInterface::toggleAction());
+        EXPECT_EQ(qobject_cast<QAbstractButton *>(box)->isChecked(), checked);
+        EXPECT_EQ(story.station.has(kFlag), checked);
+    }
+    story.station.run.end();
+}
 
 TEST(Screens, ShowWhatTheirGoldenFilesSay)
 {
