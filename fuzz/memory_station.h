@@ -51,6 +51,10 @@ public:
         content.erase(from);
         return Outcome::Done;
     }
+    Outcome renameToFree(const std::string &from, const std::string &to) override
+    {
+        return content.count(to) > 0 ? Outcome::Broken : rename(from, to);
+    }
     Outcome makeDirectory(const std::string &) override { return Outcome::Done; }
     Outcome list(const std::string &, std::vector<std::string> &) override { return Outcome::Done; }
     Outcome flushDirectory(const std::string &) override { return Outcome::Done; }
@@ -102,8 +106,7 @@ private:
 inline platform::Outcome MemoryDisk::open(const std::string &path, platform::OpenMode mode,
                                           std::unique_ptr<platform::DiskFile> &file)
 {
-    const bool creates =
-        mode == platform::OpenMode::Append || mode == platform::OpenMode::CreateEmpty;
+    const bool creates = mode >= platform::OpenMode::Append;
     if (!creates && content.count(path) == 0)
         return Outcome::NotThere;
     std::string &bytes = content[path];

@@ -4,6 +4,7 @@
 #include "records/configuration.h"
 #include "records/delimited.h"
 #include "records/kept_records.h"
+#include "records/left_overs.h"
 #include "records/trace.h"
 
 #include <algorithm>
@@ -75,6 +76,9 @@ void ManagerStart::Form_Load()
     const platform::DateTime now = app.clock.now();
     log(app, {std::string(39, '='), "Program Startup on  " + Format(now, "DDDD MM/DD/YYYY"),
               "                AT  " + Format(now, "HH:MM ampm"), kProgramVersion, " "});
+    takeRoleLock(app);
+    for (const std::string &line : clearLeftOvers(app))
+        log(app, {line});
     inUse.claim();
     if (app.values.lookOnly)
         tell(app.values.inUseBy + " - looking only");

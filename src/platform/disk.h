@@ -21,6 +21,7 @@ enum class OpenMode {
     ReadWrite,   // must exist; for rewriting in place, never for appending
     Append,      // created when missing; every write lands at the end, wherever that is by then
     CreateEmpty, // created when missing, emptied when there; for writing
+    CreateNew,   // created, and must not exist, not even as a link; for writing
 };
 
 /// What stands at a path.
@@ -41,7 +42,7 @@ public:
     /// Reads up to `length` bytes; `got` says how many there were (0 past the end).
     virtual Outcome readAt(std::uint64_t offset, char *into, std::size_t length,
                            std::size_t &got) = 0;
-    /// ReadWrite and CreateEmpty only. On failure some of the bytes may stand there.
+    /// ReadWrite, CreateEmpty and CreateNew only. On failure some of the bytes may stand there.
     virtual Outcome writeAt(std::uint64_t offset, std::string_view bytes) = 0;
     /// Append only: places the bytes at the end in one piece; `landedAt` is their offset. A short
     /// write (disk full) is cut back, so that the file is as before, and gives NoRoom.
@@ -78,6 +79,8 @@ public:
     /// Atomic; replaces a file at `to` and takes over its permissions. Only where Windows cannot
     /// replace an open file is it copied over it instead.
     virtual Outcome rename(const std::string &from, const std::string &to) = 0;
+    /// Atomic too, and never replaces anything: fails where a name is taken already.
+    virtual Outcome renameToFree(const std::string &from, const std::string &to) = 0;
     virtual Outcome makeDirectory(const std::string &path) = 0;
     /// Names (not paths) in a directory, files and folders, in no particular order.
     virtual Outcome list(const std::string &directory, std::vector<std::string> &names) = 0;
@@ -91,7 +94,8 @@ public:
 /// The system's own disk.
 std::unique_ptr<Disk> systemDisk();
 
-/// A text for temporary names that no other process, here or on another station, makes too.
+/// A text for temporary names that this computer makes only once: the process, the time and a
+/// count, in hexadecimal digits with dashes between them.
 std::string uniqueSuffix();
 
 } // namespace platform

@@ -54,9 +54,10 @@ int flagsOf(OpenMode mode)
     case OpenMode::ReadNoLink: return O_RDONLY | O_NOFOLLOW;
     case OpenMode::ReadWrite: return O_RDWR;
     case OpenMode::Append: return O_RDWR | O_APPEND | O_CREAT;
-    case OpenMode::CreateEmpty: break;
+    case OpenMode::CreateEmpty: return O_RDWR | O_CREAT | O_TRUNC;
+    case OpenMode::CreateNew: break;
     }
-    return O_RDWR | O_CREAT | O_TRUNC;
+    return O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW;
 }
 
 class PosixFile final : public DiskFile {
@@ -117,7 +118,7 @@ Outcome PosixFile::readAt(std::uint64_t offset, char *into, std::size_t length, 
 
 Outcome PosixFile::writeAt(std::uint64_t offset, std::string_view bytes)
 {
-    if (mode != OpenMode::ReadWrite && mode != OpenMode::CreateEmpty)
+    if (mode == OpenMode::Read || mode == OpenMode::Append)
         return Outcome::Denied; // in append mode the system would ignore the offset
     while (!bytes.empty()) {
         const ssize_t part = uninterrupted([&] {
@@ -205,6 +206,7 @@ public:
     Outcome modified(const std::string &path, DateTime &when) override;
     Outcome remove(const std::string &path) override;
     Outcome rename(const std::string &from, const std::string &to) override;
+    Outcome renameToFree(const std::string &from, const std::string &to) override;
     Outcome makeDirectory(const std::string &path) override;
     Outcome list(const std::string &directory, std::vector<std::string> &names) override;
     std::uint64_t changeStamp(const std::string &directory) override;
@@ -271,6 +273,17 @@ Outcome PosixDisk::rename(const std::string &from, const std::string &to)
         old.st_mode != fresh.st_mode)
         ::chmod(from.c_str(), old.st_mode & 07777);
     return outcomeOfCall(::rename(from.c_str(), to.c_str()));
+}
+
+Outcome PosixDisk::renameToFree(const std::string &from, const std::string &to)
+{
+    const int result = ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
+    if (result == 0 || (errno != EINVAL && errno != ENOSYS))
+        return outcomeOfCall(result);
+    // Not every file system knows how; for a moment the file then has both names.
+    if (::link(from.c_str(), to.c_str()) != 0)
+        return outcomeOf(errno);
+    return outcomeOfCall(::unlink(from.c_str()));
 }
 
 Outcome PosixDisk::makeDirectory(const std::string &path)

@@ -150,7 +150,7 @@ Outcome Win32File::readAt(std::uint64_t offset, char *into, std::size_t length, 
 
 Outcome Win32File::writeAt(std::uint64_t offset, std::string_view bytes)
 {
-    if (mode != OpenMode::ReadWrite && mode != OpenMode::CreateEmpty)
+    if (mode == OpenMode::Read || mode == OpenMode::Append)
         return Outcome::Denied;
     while (!bytes.empty()) {
         OVERLAPPED place = placeAt(offset);
@@ -231,7 +231,8 @@ DWORD accessOf(OpenMode mode)
     case OpenMode::ReadNoLink: return GENERIC_READ;
     case OpenMode::Append: return FILE_GENERIC_READ | FILE_APPEND_DATA;
     case OpenMode::ReadWrite:
-    case OpenMode::CreateEmpty: break;
+    case OpenMode::CreateEmpty:
+    case OpenMode::CreateNew: break;
     }
     return GENERIC_READ | GENERIC_WRITE;
 }
@@ -241,6 +242,7 @@ DWORD dispositionOf(OpenMode mode)
     switch (mode) {
     case OpenMode::Append: return OPEN_ALWAYS;
     case OpenMode::CreateEmpty: return CREATE_ALWAYS;
+    case OpenMode::CreateNew: return CREATE_NEW;
     case OpenMode::Read:
     case OpenMode::ReadNoLink:
     case OpenMode::ReadWrite: break;
@@ -310,6 +312,7 @@ public:
     Outcome modified(const std::string &path, DateTime &when) override;
     Outcome remove(const std::string &path) override;
     Outcome rename(const std::string &from, const std::string &to) override;
+    Outcome renameToFree(const std::string &from, const std::string &to) override;
     Outcome makeDirectory(const std::string &path) override;
     Outcome list(const std::string &directory, std::vector<std::string> &names) override;
     Outcome flushDirectory(const std::string &directory) override;
@@ -376,6 +379,12 @@ Outcome Win32Disk::rename(const std::string &from, const std::string &to)
             remove(from);
     }
     return outcome;
+}
+
+Outcome Win32Disk::renameToFree(const std::string &from, const std::string &to)
+{
+    return outcomeOfCall(
+        MoveFileExW(wideText(from).c_str(), wideText(to).c_str(), MOVEFILE_WRITE_THROUGH));
 }
 
 Outcome Win32Disk::makeDirectory(const std::string &path)

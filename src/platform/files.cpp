@@ -61,9 +61,9 @@ Outcome Files::openReal(const std::string &real, OpenMode mode, std::unique_ptr<
 /// fails on the way.
 template <typename Fill> Outcome Files::replaceFile(const std::string &real, Fill fill)
 {
-    const std::string beside = real + "." + uniqueSuffix() + ".new";
+    const std::string beside = workName(real, maker);
     std::unique_ptr<DiskFile> file;
-    Outcome outcome = openReal(beside, OpenMode::CreateEmpty, file);
+    Outcome outcome = openReal(beside, OpenMode::CreateNew, file);
     if (!done(outcome))
         return outcome;
     outcome = fill(*file);
@@ -148,6 +148,27 @@ Outcome Files::copy(std::string_view from, std::string_view to)
     return perform("Copying", to, [&](const std::string &real) {
         return replaceFile(real, [&](DiskFile &target) { return copyBytes(*source, target); });
     });
+}
+
+Outcome Files::rename(std::string_view from, std::string_view to)
+{
+    std::string realTo;
+    const Outcome outcome = perform("Renaming", to, [&](const std::string &real) {
+        realTo = real;
+        return Outcome::Done;
+    });
+    if (!done(outcome))
+        return outcome;
+    return perform("Renaming", from, [&](const std::string &real) {
+        const Outcome moved = disk.renameToFree(real, realTo);
+        return done(moved) ? disk.flushDirectory(parentOf(realTo)) : moved;
+    });
+}
+
+Outcome Files::removeWorkFiles(std::string_view folder, std::vector<std::string> &removed)
+{
+    return perform("Cleaning up", folder,
+                   [&](const std::string &real) { return removeWork(disk, real, maker, removed); });
 }
 
 Outcome Files::makeFolder(std::string_view path)
@@ -335,17 +356,6 @@ Outcome Files::replaceWhole(std::string_view path, std::string_view content)
             replaceFile(real, [&](DiskFile &file) { return file.writeAt(0, content); });
         return done(outcome) ? disk.flushDirectory(parentOf(real)) : outcome;
     });
-}
-
-Outcome Files::rename(std::string_view from, std::string_view to)
-{
-    if (shut())
-        return Outcome::Denied;
-    const std::string real = realPath(to);
-    Outcome outcome = disk.rename(realPath(from), real);
-    if (done(outcome))
-        outcome = disk.flushDirectory(parentOf(real));
-    return judge("Renaming", from, outcome);
 }
 
 std::string Files::freeName(std::string_view beginning, std::string_view ending)

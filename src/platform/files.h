@@ -7,11 +7,13 @@
 #include "platform/drives.h"
 #include "platform/outcome.h"
 #include "platform/run.h"
+#include "platform/work_name.h"
 
 #include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace platform {
@@ -23,6 +25,11 @@ namespace platform {
 class Files {
 public:
     Files(Disk &theDisk, const Drives &theDrives, Run &theRun);
+
+    /// Who signs the work files from here on; set once, by whoever builds the services.
+    void signWorkFiles(Maker theMaker) { maker = std::move(theMaker); }
+    /// Removes the work files so signed from a folder, and gives their names; see removeWork().
+    Outcome removeWorkFiles(std::string_view folder, std::vector<std::string> &removed);
 
     /// True for a file (not a folder) at the path. An empty path, or one that ends in a
     /// separator, is no file. False also where the look fails, by the rules above.
@@ -62,8 +69,7 @@ public:
     /// Opened for append and locked around the write. Outside ErrorsIgnored a refused lock is a
     /// failure; inside, the write is done all the same.
     Outcome appendLocked(std::string_view path, std::string_view content);
-
-    /// Another name for a file, durable; replaces a file at `to`.
+    /// Gives a file another name, durably. Never takes the place of what is there: a failure.
     Outcome rename(std::string_view from, std::string_view to);
     /// `beginning` + `ending`, or with "-2", "-3" and so on between them where there is such a
     /// file.
@@ -110,6 +116,7 @@ private:
     Disk &disk;
     const Drives &drives;
     Run &run;
+    Maker maker;
 };
 
 /// Lines of a text file: ended by CR LF, LF or CR, a last one without an end included.

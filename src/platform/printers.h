@@ -22,6 +22,9 @@ public:
     virtual Outcome submit(const std::string &printerName, const PrintJob &job) = 0;
     /// Loads fonts and printer lists while the program waits anyway; may do nothing.
     virtual void warmUp(const PrintFont &font) = 0;
+    /// Removes what an earlier program of this role and station, killed, has left of its jobs; for
+    /// whoever is certain that none lives. Gives the names of the files.
+    virtual std::vector<std::string> removeUnfinished() { return {}; }
 };
 
 } // namespace platform

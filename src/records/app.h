@@ -2,6 +2,7 @@
 // There are no globals; a test makes its own.
 #pragma once
 
+#include "platform/held_file.h"
 #include "platform/services.h"
 #include "records/card_record.h"
 #include "records/lumbrio_config.h"
@@ -65,6 +66,7 @@ struct ProcessValues {
 struct App : platform::Services {
     explicit App(const platform::Services &services) : platform::Services(services) {}
     ProcessValues values;
+    platform::HeldFile roleLock{files}; // see records/left_overs.h
 };
 
 /// "5.68.0": major, minor and revision of this program.

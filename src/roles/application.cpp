@@ -36,6 +36,11 @@ platform::Installation readInstallation(platform::Disk &disk, const std::string 
     return platform::parseInstallation(text);
 }
 
+platform::Maker makerOf(platform::System &system)
+{
+    return {system.computerName(), system.executableName()};
+}
+
 } // namespace
 
 struct Program::Parts {
@@ -59,10 +64,10 @@ Program::Parts::Parts(const ProgramOptions &options)
       installation(readInstallation(*disk, drives.root())), clock(options.clockScale), loop(clock),
       run(loop, clock), files(*disk, drives, run), dialogs(run),
       system(platform::runningSystem(drives, installation)),
-      printers(*disk, installation, drives.root()), services{run,         files,   clock,
-                                                             dialogs,     *system, printers,
-                                                             installation}
+      printers(*disk, installation, drives.root(), makerOf(*system)),
+      services{run, files, clock, dialogs, *system, printers, installation}
 {
+    files.signWorkFiles(makerOf(*system));
     run.reportFailure = [this](const std::string &text) { dialogs.systemMessage(text); };
 }
 

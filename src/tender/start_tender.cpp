@@ -4,6 +4,7 @@
 #include "records/configuration.h"
 #include "records/exchange_file.h"
 #include "records/kept_records.h"
+#include "records/left_overs.h"
 #include "records/lookups.h"
 #include "records/trace.h"
 #include "tender/evidence.h"
@@ -132,7 +133,11 @@ void Tender::removeOldAnswer()
 /// Of tenders of this station that did not come to their end.
 void Tender::clearWhatOthersLeft()
 {
-    clearDeadRequests(app);
+    takeRoleLock(app);
+    if (const TraceLines lines = clearLeftOvers(app); !lines.empty())
+        traceProcess(app, lines);
+    if (holdsRoleLock(app))
+        clearDeadRequests(app);
     const KeptRecords found = storeKeptRecords(app);
     fields.waitingRecords = static_cast<int>(found.waiting.size()) + found.unreadable;
     show();

@@ -13,6 +13,8 @@
 namespace {
 
 using namespace platform;
+
+const Maker kMaker = {"FRONT-BAR", "TndrCC"};
 using Kind = PrintOperation::Kind;
 
 PrintOperation line(const std::string &text)
@@ -73,12 +75,15 @@ TEST(SpoolPrinters, stand_first_and_store_each_job_behind_the_highest_number)
 {
     support::TestStation station;
     // Somebody took the older slips away; a killed process left an unfinished one.
-    for (const char *name : {"0041.txt", "0042.pdf.part", "notes.txt"})
-        station.put(std::string("c:\\spool\\receipt\\") + name, "");
+    const std::string ours = workName("0043.pdf", kMaker, ".part");
+    for (const std::string name : {"0041.txt", "0042.pdf.part", "notes.txt", ours.c_str()})
+        station.put("c:\\spool\\receipt\\" + name, "");
     station.installation.spoolPrinters = {{"Receipt", 80, 0, false, "c\\spool\\receipt"},
                                           {"Office", 216, 0, true, "c/spool/office"},
                                           {"None", 80, 0, false, "c/spool/receipt/notes.txt"}};
-    platform::QtPrinters printers(station.disk, station.installation, station.drives.root());
+    platform::QtPrinters printers(station.disk, station.installation, station.drives.root(),
+                                  kMaker);
+    EXPECT_EQ(printers.removeUnfinished(), std::vector{ours});
     EXPECT_EQ(printers.names()[0] + printers.names()[1], "ReceiptOffice");
     EXPECT_EQ(printers.defaultName(), "Office");
     EXPECT_EQ(printers.submit("Receipt", {{}, false, {line("first")}}), Outcome::Done);
@@ -98,7 +103,8 @@ TEST(SpoolPrinters, say_what_they_could_not_store_and_leave_nothing_of_it)
 {
     support::TestStation station;
     station.installation.spoolPrinters = {{"Receipt", 80, 0, true, "c/spool"}};
-    platform::QtPrinters printers(station.disk, station.installation, station.drives.root());
+    platform::QtPrinters printers(station.disk, station.installation, station.drives.root(),
+                                  kMaker);
     ASSERT_EQ(printers.submit("Receipt", lines(1)), Outcome::Done);
     const std::size_t steps = station.disk.operations();
     for (const Outcome outcome : {Outcome::NoRoom, Outcome::Broken})
@@ -119,11 +125,11 @@ TEST(SpoolPrinters, never_share_a_number_between_processes)
     for (const char name : {'a', 'b', 'c', 'd'})
         stations.emplace_back([&, name] {
             const std::unique_ptr<platform::Disk> disk = platform::systemDisk();
-            platform::SpoolFolder spool(*disk, QString::fromStdString(folder.path()));
+            platform::SpoolFolder spool(*disk, folder.path(), {"BAR", std::string(1, name)});
             for (int job = 0; job < 50; ++job) {
-                const QByteArray content = name + QByteArray::number(job);
+                const std::string content = name + std::to_string(job);
                 if (!done(spool.put(content, content)))
-                    support::SecondProcess::say("refused " + content.toStdString());
+                    support::SecondProcess::say("refused " + content);
             }
             support::SecondProcess::say("done");
         });

@@ -77,6 +77,10 @@ public:
         std::ofstream(to, std::ios::binary) << std::ifstream(from, std::ios::binary).rdbuf();
         return disk.remove(from);
     }
+    Outcome renameToFree(Path from, Path to) override
+    {
+        return may("rename", from, " to " + nameOf(to)) ? disk.renameToFree(from, to) : given;
+    }
     Outcome makeDirectory(Path at) override
     {
         return may("makeDirectory", at) ? disk.makeDirectory(at) : given;
@@ -209,7 +213,8 @@ private:
 inline platform::Outcome FaultyDisk::open(Path at, platform::OpenMode mode,
                                           std::unique_ptr<platform::DiskFile> &file)
 {
-    constexpr std::array kModes = {" to read", " to read", " to rewrite", " to append", " emptied"};
+    constexpr std::array kModes = {" to read",   " to read", " to rewrite",
+                                   " to append", " emptied", " created"};
     file.reset();
     if (!may("open", at, kModes[static_cast<std::size_t>(mode)]))
         return given;

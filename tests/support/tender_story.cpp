@@ -40,8 +40,9 @@ TenderStory::TenderStory()
     paymentAnswers(approvedResult());
 }
 
-TenderStory::TenderStory(const TenderStory &earlier, int) : station(&earlier.station)
+TenderStory::TenderStory(TenderStory &earlier, int) : station(&earlier.station)
 {
+    earlier.app.roleLock.release(); // it has died
     paymentAnswers(approvedResult());
 }
 

@@ -73,7 +73,7 @@ public:
     /// employees, and a request for table 12, receipt 1043, server 7, 48.50.
     TenderStory();
     /// The same station, one process later.
-    explicit TenderStory(const TenderStory &earlier, int);
+    explicit TenderStory(TenderStory &earlier, int);
 
     /// Writes "LumbrioINI.dat" with this field on top of what the station has.
     void configure(int field, const std::string &text);

@@ -22,6 +22,7 @@ TestStation::TestStation(const platform::DateTime &start, const TestStation *oth
              platform::Drives::Paths::BelowRoot),
       disk(*realDisk, drives.root())
 {
+    files.signWorkFiles({system.computerName(), system.executable});
     run.reportFailure = [this](const std::string &text) { dialogs.systemMessage(text); };
     folder("c:\\Lumbrio\\Data");
     folder("c:\\Program Files\\X-charge");

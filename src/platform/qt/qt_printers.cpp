@@ -15,11 +15,11 @@ namespace platform {
 
 namespace {
 
-QString spoolPath(const std::string &root, const SpoolPrinter &printer)
+std::string spoolPath(const std::string &root, const SpoolPrinter &printer)
 {
     QString folder = toQt(printer.folder);
     folder.replace(u'\\', u'/');
-    return QString::fromStdString(root) + u'/' + folder;
+    return root + "/" + folder.toStdString();
 }
 
 bool prints(const PrintJob &job)
@@ -91,14 +91,22 @@ void sendRaw(const QString &printerName, const std::string &bytes)
 } // namespace
 
 QtPrinters::QtPrinters(Disk &disk, const Installation &theInstallation,
-                       const std::string &spoolRoot)
+                       const std::string &spoolRoot, const Maker &maker)
     : installation(theInstallation)
 {
     for (const SpoolPrinter &printer : installation.spoolPrinters)
-        spools.push_back({printer, SpoolFolder(disk, spoolPath(spoolRoot, printer))});
+        spools.push_back({printer, SpoolFolder(disk, spoolPath(spoolRoot, printer), maker)});
 }
 
 QtPrinters::~QtPrinters() = default;
+
+std::vector<std::string> QtPrinters::removeUnfinished()
+{
+    std::vector<std::string> removed;
+    for (Spool &spool : spools)
+        spool.folder.removeUnfinished(removed);
+    return removed;
+}
 
 const QStringList &QtPrinters::systemPrinters()
 {
@@ -145,8 +153,9 @@ Outcome QtPrinters::submit(const std::string &printerName, const PrintJob &job)
     for (Spool &spool : spools) {
         const SpoolPrinter &printer = spool.printer;
         if (printer.name == printerName)
-            return spool.folder.put(paintPdf(job, banners, printer.widthMm, printer.heightMm),
-                                    QByteArray::fromStdString(plainText(job)));
+            return spool.folder.put(
+                paintPdf(job, banners, printer.widthMm, printer.heightMm).toStdString(),
+                plainText(job));
     }
     for (const QString &name : systemPrinters()) {
         if (fromQt(name) == printerName)

@@ -17,7 +17,9 @@ class QtPrinters : public Printers {
 public:
     /// `spoolRoot`: the real folder below which the folders of the spool printers lie. The system
     /// is not asked for its printers before they are needed.
-    QtPrinters(Disk &disk, const Installation &theInstallation, const std::string &spoolRoot);
+    /// `maker` signs what is spooled.
+    QtPrinters(Disk &disk, const Installation &theInstallation, const std::string &spoolRoot,
+               const Maker &maker);
     ~QtPrinters() override;
 
     std::vector<std::string> names() override;
@@ -25,6 +27,7 @@ public:
     int paperWidth(const std::string &printerName) override;
     Outcome submit(const std::string &printerName, const PrintJob &job) override;
     void warmUp(const PrintFont &font) override;
+    std::vector<std::string> removeUnfinished() override;
 
 private:
     struct Spool {

@@ -1,29 +1,32 @@
 #include "platform/qt/spool_folder.h"
 
 #include <QDir>
-#include <QDirIterator>
-#include <QFile>
+#include <QString>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
 
 namespace platform {
 
 namespace {
 
-const QString kUnfinished = QStringLiteral(".part");
+constexpr const char *kUnfinished = ".part";
 
-Outcome outcomeOf(const QFile &file)
+std::string numbered(const std::string &folder, int number)
 {
-    switch (file.error()) {
-    case QFileDevice::NoError: return Outcome::Done;
-    case QFileDevice::ResourceError: return Outcome::NoRoom;
-    case QFileDevice::OpenError:
-    case QFileDevice::PermissionsError: return Outcome::Denied;
-    default: return Outcome::Broken;
-    }
+    char text[16];
+    std::snprintf(text, sizeof text, "/%04d", number);
+    return folder + text;
 }
 
 } // namespace
+
+SpoolFolder::SpoolFolder(Disk &theDisk, std::string path, Maker theMaker)
+    : disk(theDisk), folder(std::move(path)), maker(std::move(theMaker))
+{
+}
 
 void SpoolFolder::warmUp()
 {
@@ -31,76 +34,77 @@ void SpoolFolder::warmUp()
         findLastNumber();
 }
 
-Outcome SpoolFolder::put(const QByteArray &pdf, const QByteArray &text)
+Outcome SpoolFolder::put(std::string_view pdf, std::string_view text)
 {
     warmUp();
-    QString stem;
-    Outcome outcome = reserve(stem);
-    if (!done(outcome))
-        return outcome;
-    const QString pdfPath = stem + QStringLiteral(".pdf");
-    const QString textPath = stem + QStringLiteral(".txt");
-    const QString unfinishedPdf = pdfPath + kUnfinished;
-    const QString unfinishedText = textPath + kUnfinished;
-    outcome = write(unfinishedText, text);
+    if (!QDir().mkpath(QString::fromStdString(folder)))
+        return Outcome::Denied;
+    const std::string next = numbered(folder, lastNumber + 1);
+    const std::string unfinishedPdf = workName(next + ".pdf", maker, kUnfinished);
+    const std::string unfinishedText = workName(next + ".txt", maker, kUnfinished);
+    Outcome outcome = write(unfinishedText, text);
     if (done(outcome))
         outcome = write(unfinishedPdf, pdf);
-    // The PDF's name comes last: until then its unfinished file keeps the number ours.
     if (done(outcome))
-        outcome = rename(unfinishedText, textPath);
-    if (done(outcome))
-        outcome = rename(unfinishedPdf, pdfPath);
+        outcome = finish(unfinishedPdf, unfinishedText);
     if (!done(outcome)) {
-        for (const QString &path : {unfinishedText, textPath, unfinishedPdf})
-            QFile::remove(path);
+        for (const std::string &path : {unfinishedText, unfinishedPdf})
+            disk.remove(path);
     }
     return outcome;
 }
 
-Outcome SpoolFolder::write(const QString &path, const QByteArray &bytes)
+void SpoolFolder::removeUnfinished(std::vector<std::string> &removed)
 {
-    std::unique_ptr<DiskFile> file;
-    const Outcome opened = disk.open(path.toStdString(), OpenMode::CreateEmpty, file);
-    return done(opened) ? file->writeAt(0, bytes.toStdString()) : opened;
-}
-
-Outcome SpoolFolder::rename(const QString &from, const QString &to)
-{
-    return disk.rename(from.toStdString(), to.toStdString());
+    removeWork(disk, folder, maker, removed);
 }
 
 void SpoolFolder::findLastNumber()
 {
     lastNumber = 0;
-    QDirIterator entries(folder, QDir::Files);
-    while (entries.hasNext()) {
-        const QString name = entries.nextFileInfo().fileName();
-        lastNumber = std::max(lastNumber, name.left(name.indexOf(u'.')).toInt());
+    std::vector<std::string> names;
+    disk.list(folder, names);
+    for (const std::string &name : names)
+        lastNumber = std::max(lastNumber, std::atoi(name.c_str()));
+}
+
+Outcome SpoolFolder::write(const std::string &path, std::string_view bytes)
+{
+    std::unique_ptr<DiskFile> file;
+    const Outcome outcome = disk.open(path, OpenMode::CreateNew, file);
+    return done(outcome) ? file->writeAt(0, bytes) : outcome;
+}
+
+/// Gives the job the next number that neither a text nor a PDF has. Whoever has named the text has
+/// the number, because no file ever takes the place of another.
+Outcome SpoolFolder::finish(const std::string &unfinishedPdf, const std::string &unfinishedText)
+{
+    for (;;) {
+        const std::string stem = numbered(folder, ++lastNumber);
+        bool taken = false;
+        Outcome outcome = name(unfinishedText, stem + ".txt", taken);
+        if (taken)
+            continue;
+        if (!done(outcome))
+            return outcome;
+        outcome = name(unfinishedPdf, stem + ".pdf", taken);
+        if (done(outcome))
+            return outcome;
+        if (!taken) {
+            disk.remove(stem + ".txt");
+            return outcome;
+        }
+        // Somebody has taken the text of an older job away.
+        if (outcome = disk.renameToFree(stem + ".txt", unfinishedText); !done(outcome))
+            return outcome;
     }
 }
 
-Outcome SpoolFolder::reserve(QString &stem)
+Outcome SpoolFolder::name(const std::string &unfinished, const std::string &path, bool &taken)
 {
-    if (!QDir().mkpath(folder))
-        return Outcome::Denied;
-    Outcome outcome = Outcome::Done;
-    // A number that is taken explains a refusal; where nothing explains it (another process took
-    // its job back just now, or the folder is closed to us), a few tries tell the two apart.
-    for (int unexplained = 0; unexplained < 3;) {
-        ++lastNumber;
-        stem = QStringLiteral("%1/%2").arg(folder).arg(lastNumber, 4, 10, QChar(u'0'));
-        const QString finished = stem + QStringLiteral(".pdf");
-        QFile ours(finished + kUnfinished);
-        const bool reserved = ours.open(QIODevice::WriteOnly | QIODevice::NewOnly);
-        // Another process may have finished this very number since we looked.
-        if (reserved && !QFile::exists(finished))
-            return Outcome::Done;
-        if (reserved)
-            ours.remove();
-        else if (!ours.exists() && !QFile::exists(finished))
-            ++unexplained;
-        outcome = outcomeOf(ours);
-    }
+    Found found = Found::Nothing;
+    const Outcome outcome = disk.renameToFree(unfinished, path);
+    taken = !done(outcome) && done(disk.look(path, found)) && found != Found::Nothing;
     return outcome;
 }
 
