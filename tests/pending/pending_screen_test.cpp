@@ -115,9 +115,11 @@ TEST(PendingScreen, OpensTheRecordOfARowByFingerAndKeyboardInAnyOrder)
         press(Qt::Key_Return);
         EXPECT_TRUE(story.takeOpened().ends_with(slot));
     }
-    type(QStringLiteral("9"));
-    press(Qt::Key_Enter);
-    EXPECT_TRUE(story.takeOpened().ends_with("5; "));
+    for (const auto &[number, slot] : {std::pair("9", "5; "), {"17", "3; "}}) {
+        type(QString::fromLatin1(number));
+        press(Qt::Key_Enter);
+        EXPECT_TRUE(story.takeOpened().ends_with(slot)) << "nothing is left of the last number";
+    }
     press(Qt::Key_Tab);
     EXPECT_FALSE(story.list.hasFocus());
 
@@ -135,6 +137,7 @@ TEST(PendingScreen, ShowsTheReceiptNumberThatIsTypedAndOpensNoOther)
         const auto *line = story.screen.findChild<QLabel *>(QStringLiteral("hint"));
         return line->isVisible() ? line->text().left(23).toStdString() : "";
     };
+    controlNamed(QStringLiteral("Print"))->setFocus();
     story.list.setFocus();
     press(Qt::Key_Return);
     EXPECT_EQ(story.takeOpened(), "") << "nobody has chosen a row";
@@ -169,6 +172,15 @@ TEST(PendingScreen, ShowsTheReceiptNumberThatIsTypedAndOpensNoOther)
     EXPECT_EQ(story.takeOpened(), "");
     press(Qt::Key_Escape);
     EXPECT_EQ(hint(), "") << "the notice is back";
+    story.tap(QEvent::MouseButtonPress, 1, 1);
+    EXPECT_TRUE(story.takeOpened().ends_with(" 3; "));
+    type(QStringLiteral("01"));
+    press(Qt::Key_Return);
+    story.station.put(Story::kPending, slotOf(kEvening[0]) + slotOf(kEvening[3]));
+    EXPECT_TRUE(click(QStringLiteral("Refresh")));
+    EXPECT_EQ(story.list.currentIndex().row(), 1) << "where the last one was opened";
+    press(Qt::Key_Return);
+    EXPECT_EQ(story.takeOpened(), "") << "another entry stands there now";
 }
 
 TEST(PendingScreen, IsSortedByTheActionOfAScreenReaderAsByATap)

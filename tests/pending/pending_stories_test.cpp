@@ -219,6 +219,20 @@ TEST(InternetOfTheList, IsTriedBesideTheScreenAndNotAtEachSave)
     EXPECT_EQ(label(), "2: Internet connection detected!! Continue");
 }
 
+TEST(ReceiptOfTheList, IsNotLookedForWhileACommandWorksOnTheRows)
+{
+    Story story;
+    std::string hint;
+    story.station.time.after(100, [&] {
+        for (const char *digit : {"1", "0"})
+            story.list.MList1_Type(digit);
+        story.list.MList1_Enter(-1);
+        hint = story.list.state().receiptHint;
+    });
+    story.list.SSCommand1_Click(); // "Done", which waits
+    EXPECT_EQ(hint.substr(0, 11), "Receipt 10.") << "no digit is lost, and nothing said too early";
+}
+
 /// Beside another manager: whatever is pressed and typed, nothing on the drives changes.
 TEST(LookingOnly, ChangesNoFileByAnyCommandOfTheListAndOfAnEntry)
 {
