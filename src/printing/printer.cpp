@@ -16,19 +16,19 @@ constexpr double kCutFontSize = 10;
 
 } // namespace
 
-void Printer::select(std::string_view beginning)
+void Printer::select(std::string_view beginning, Instead instead)
 {
-    request({Fit::Beginning, std::string(beginning)});
+    request({Fit::Beginning, std::string(beginning), std::move(instead)});
 }
 
 void Printer::selectVendor()
 {
-    request({Fit::Vendor, std::string(kVendor)});
+    request({Fit::Vendor, std::string(kVendor), {}});
 }
 
 void Printer::selectExactly(std::string_view name)
 {
-    request({Fit::Whole, std::string(name)});
+    request({Fit::Whole, std::string(name), {}});
 }
 
 const std::string &Printer::selectedName()
@@ -54,7 +54,7 @@ void Printer::request(Choice choice)
         submitTo(owner);
 }
 
-// All choices count, in their order: one without a fit keeps what the one before it selected.
+// All choices count, in their order: a name of no printer keeps what the one before it selected.
 void Printer::resolve()
 {
     if (!requested.empty()) {
@@ -71,13 +71,27 @@ void Printer::apply(const Choice &choice, const std::vector<std::string> &names)
 {
     if (choice.fit == Fit::Beginning)
         vendorPrinter = false;
+    bool found = false;
     for (const std::string &name : names) {
         // Kept: the first fit does not end the search, so the last one stays.
-        if (choice.fit == Fit::Whole ? name == choice.name : records::startsWith(name, choice.name))
+        if (choice.fit == Fit::Whole ? name == choice.name
+                                     : records::startsWith(name, choice.name)) {
             selected = name;
+            found = true;
+        }
         if (choice.fit != Fit::Whole && records::startsWith(name, kVendor))
             vendorPrinter = true;
     }
+    if (!found && choice.fit == Fit::Beginning)
+        selectDefault(choice);
+}
+
+// Any other printer may be the kitchen's.
+void Printer::selectDefault(const Choice &choice)
+{
+    selected = printers.defaultName();
+    if (std::exchange(missing, choice.name) != choice.name && choice.instead && !selected.empty())
+        choice.instead(selected);
 }
 
 void Printer::setFamily(std::string_view family)

@@ -4,6 +4,7 @@
 
 #include "platform/printers.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -27,10 +28,14 @@ public:
     // The choice of the printer. At first the default printer is selected. A choice is only noted
     // down, in microseconds; the list of printers is asked for when its result is first needed.
 
+    /// Takes the name of the default printer, which was selected in the place of a missing one.
+    using Instead = std::function<void(const std::string &)>;
+
     /// Clears the vendor flag, then selects the last printer whose device name begins with
     /// `beginning` (capitals count; an empty one fits every printer) and looks for vendor
-    /// printers. Without a fit the selection stays as it is.
-    void select(std::string_view beginning);
+    /// printers. Without a fit the default printer is selected, and `instead` hears of it once for
+    /// the same beginning, when the choice is looked up.
+    void select(std::string_view beginning, Instead instead = {});
     /// Selects the last printer whose device name begins with "VENDOR" and sets the vendor flag;
     /// without one, selection and flag stay as they are.
     void selectVendor();
@@ -86,11 +91,13 @@ private:
     struct Choice {
         Fit fit = Fit::Beginning;
         std::string name;
+        Instead instead;
     };
 
     void request(Choice choice);
     void resolve();
     void apply(const Choice &choice, const std::vector<std::string> &names);
+    void selectDefault(const Choice &choice);
     void begin();
     void add(platform::PrintOperation::Kind kind, std::string_view text = {});
     void useFont();
@@ -101,6 +108,7 @@ private:
     platform::Printers &printers;
     std::vector<Choice> requested; // not looked up yet, in their order
     std::string selected;
+    std::string missing; // the beginning that fitted none last
     bool vendorPrinter = false;
 
     platform::PrintFont current;

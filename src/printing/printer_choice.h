@@ -7,9 +7,11 @@
 
 namespace printing {
 
-/// Selects the printer of `ReceiptPrinterName`, trimmed: the last one that begins with it. Costs
-/// nothing: the printers are not touched before the result is needed.
-void Set_Printer(const records::App &app, Printer &printer);
+/// Selects the printer of `ReceiptPrinterName`, trimmed: the last one that begins with it, the
+/// default printer where none does, which "CCLastProcess.dat" tells then. Nothing before the
+/// configuration was read: an empty name would fit whatever printer comes last. Costs nothing: the
+/// printers are not touched before the result is needed.
+void Set_Printer(records::App &app, Printer &printer);
 
 /// Selects the last printer that begins with "VENDOR".
 void Set_PrinterVendor(Printer &printer);

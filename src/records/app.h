@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace records {
@@ -29,8 +30,8 @@ struct ProcessValues {
     std::string timeClockDirectory; // of "Data\Zemployee.dat"
     std::string paymentDirectory;   // line 2 of "CCard.dat"
 
-    LumbrioConfig config; // the record of "LumbrioINI.dat" as last read
-    std::string ReceiptPrinterName;
+    LumbrioConfig config;                          // the record of "LumbrioINI.dat" as last read
+    std::optional<std::string> ReceiptPrinterName; // none before the configuration was read
 
     bool X1009 = false;       // command-line mode
     int TndrNOpreAUTH = 0;    // -1: charge at once

@@ -48,7 +48,7 @@ TEST_F(Configuration, IsReadTrimmedAsFarAsItGoesAsTheGoldenTableSays)
         return std::vector{values.Maindir,
                            values.Remotedir,
                            values.timeClockDirectory,
-                           values.ReceiptPrinterName,
+                           values.ReceiptPrinterName.value_or("none"),
                            values.config.text(kGratuityPercent),
                            versionToolTip(values.config),
                            values.config.text(configField(33))};

@@ -117,6 +117,31 @@ TEST(FailingTender, EitherEndsOrSaysInItsTraceThatARecordIsMissing)
     }
 }
 
+/// The last printer of the system may stand in the kitchen.
+TEST(ReceiptPrinter, ThatIsNotThereLeavesTheSlipsToTheDefaultPrinterAndTheTraceSaysSo)
+{
+    TenderStory unconfigured;
+    unconfigured.station.printers.installed = {"Receipt TM-88", "Kitchen"};
+    unconfigured.tender.Form_Load();
+    EXPECT_EQ(unconfigured.printer.selectedName(), "Receipt TM-88");
+    const std::string told = "  RECEIPT PRINTER NOT FOUND - Bar - printing on Receipt TM-88\r\n";
+    for (const bool local : {false, true})
+        for (const auto &[configured, printer] :
+             {std::pair("Bar", "Receipt TM-88"), {"Off", "Office"}, {"", "Kitchen"}}) {
+            Disturbed story(local);
+            story.station.printers.installed = {"Office", "Receipt TM-88", "Kitchen"};
+            story.configure(8, configured);
+            story.run();
+            for (const auto &slip : story.station.printers.collected)
+                EXPECT_EQ(slip.printer, printer);
+            EXPECT_EQ(story.station.printers.collected.size(), 2U);
+            const std::string trace = story.processTrace();
+            const std::size_t at = trace.find(told);
+            EXPECT_EQ(at != trace.npos, std::string(configured) == "Bar") << trace;
+            EXPECT_EQ(at, trace.rfind(told)) << "once";
+        }
+}
+
 /// A night on which the printer takes only some of a tender's jobs.
 struct BadPaper {
     const char *name;
