@@ -1,4 +1,5 @@
 #include "records/card_helpers.h"
+#include "records/exchange_file.h"
 #include "records/trace.h"
 #include "tender/tender.h"
 #include "tender/track.h"
@@ -27,10 +28,11 @@ bool Tender::awaitsCard() const
 /// A reader that sends a first track alone types nothing into the second box: then its swipe is
 /// taken when the settle time is over. A "%" begins another card's: what was left of the one before
 /// must not go with it.
-void Tender::Text2_Change(const std::string &text)
+void Tender::Text2_Change(const std::string &typed)
 {
     if (!awaitsCard())
         return;
+    const std::string text = withoutControls(typed);
     const std::size_t start = text.rfind('%');
     fields.Text2 = start == std::string::npos ? text : text.substr(start);
     fields.Text1 = Left(fields.Text2, kShownOfSwipe);
@@ -40,10 +42,11 @@ void Tender::Text2_Change(const std::string &text)
         view.focus(TenderBox::Text5);
 }
 
-void Tender::Text5_Change(const std::string &text)
+void Tender::Text5_Change(const std::string &typed)
 {
     if (!awaitsCard())
         return;
+    const std::string text = withoutControls(typed);
     Timer1.setInterval(0);
     if (text == "%") {
         fields.Text5.clear();

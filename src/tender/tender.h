@@ -42,8 +42,8 @@ public:
     void Get_Number();
 
     // What was typed into a swipe box; passed over while no card is awaited.
-    void Text2_Change(const std::string &text);
-    void Text5_Change(const std::string &text);
+    void Text2_Change(const std::string &typed);
+    void Text5_Change(const std::string &typed);
 
     void SSCommand1_Click();           // "Cancel"
     void SSCommand2_Click();           // "Finish Tender"

@@ -90,20 +90,41 @@ TEST_P(ChargedTender, IsUnknownAndNoDeclineWhenTheBanksWordCannotBeRead)
 
 TEST_P(ChargedTender, IsApprovedWhenAShareStumblesOrALockIsHeldForAMoment)
 {
-    const auto passes = [&](const char *operation, const char *file, Outcome outcome) {
-        cannot(operation, file, outcome);
-        story.station.time.after(4'000, [=, this] { cannot(operation, file, Outcome::Done); });
+    struct Moment {
+        const char *operation;
+        const char *file;
+        Outcome outcome;
+        bool met = false;
     };
-    passes("open", bankFile(), Outcome::Broken);
-    passes("lock", "CCPending.dat", Outcome::Locked);
-    passes("rename", "Xsend.ans", Outcome::NoRoom);
-    passes("open", "Xsend.ans", Outcome::NoRoom);
-    story.station.time.after(500, [this] { cannot("lock", "LumbrioINI.dat", Outcome::Done); });
-    cannot("lock", "LumbrioINI.dat", Outcome::Locked);
+    std::vector<Moment> moments = {{"lock", "LumbrioINI.dat", Outcome::Locked},
+                                   {"open", bankFile(), Outcome::Broken},
+                                   {"lock", "CCPending.dat", Outcome::Locked},
+                                   {"rename", "Xsend.ans", Outcome::NoRoom}};
+    for (const Moment &moment : moments)
+        cannot(moment.operation, moment.file, moment.outcome);
+    cannot("write", "Xsend.ans", Outcome::NoRoom);
+    std::string order;
+    story.station.disk.before = [&](std::size_t) {
+        const std::string &line = story.station.disk.operationLog().back();
+        for (Moment &moment : moments) {
+            if (moment.met || line.find(moment.operation) == line.npos ||
+                line.find(moment.file) == line.npos)
+                continue;
+            moment.met = true;
+            story.station.time.after(700, [=, this, &order] {
+                cannot(moment.operation, moment.file, Outcome::Done);
+                order += std::string(moment.file) + " ";
+            });
+        }
+        if (line.find("append f/Lumbrio/CCPending") != line.npos)
+            order += "appended ";
+    };
     story.run();
     EXPECT_EQ(word(), "Approved");
     EXPECT_EQ(story.pending().size(), 1U);
     EXPECT_EQ(boxes, "");
+    EXPECT_EQ(order,
+              std::string("LumbrioINI.dat ") + bankFile() + " CCPending.dat appended Xsend.ans ");
 }
 
 TEST_P(ChargedTender, LeavesItsResultForTheNextTenderToPutAsideWhenItIsKilled)
@@ -189,9 +210,22 @@ INSTANTIATE_TEST_SUITE_P(, Stranger, testing::Bool(),
 
 TEST_P(Stranger, WritesOverTheRecordAndItIsAppendedAgain)
 {
-    afterAppend([](std::string &bytes) { bytes.replace(500, 500, std::string(500, 'b')); });
+    const auto overwrite = [](std::string &bytes) {
+        bytes.replace(bytes.size() - 500, 500, std::string(500, 'b'));
+    };
+    afterAppend(overwrite);
+    std::size_t whilePrinting = 0;
+    story.view.onRefresh = [&](const tender::TenderFields &fields) {
+        if (fields.Text3 != "Approved Printing Receipt" || whilePrinting > 0)
+            return;
+        whilePrinting = ours();
+        std::string bytes = story.station.get(TenderStory::kPending);
+        overwrite(bytes);
+        story.station.put(TenderStory::kPending, bytes);
+    };
     story.run();
     EXPECT_EQ(word(), "Approved");
+    EXPECT_EQ(whilePrinting, 1U) << "a kill now would lose it";
     EXPECT_EQ(ours(), 1U);
 }
 
