@@ -227,6 +227,7 @@ std::vector<CardRecord> Pending::readRecords()
     file.lock();
     // Kept: a record that cannot be read shows as the one before it.
     const platform::ErrorsIgnored ignored(app.run);
+    traceTail(app, file);
     const long count = file.count();
     records.reserve(static_cast<std::size_t>(count));
     for (long slot = 1; slot <= count; ++slot) {

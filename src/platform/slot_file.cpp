@@ -123,6 +123,13 @@ Outcome SlotFile::count(long &slots)
     return outcome;
 }
 
+std::size_t SlotFile::tail()
+{
+    std::uint64_t bytes = 0;
+    const bool known = done(usable()) && done(judge("Reading", file->size(bytes)));
+    return known ? static_cast<std::size_t>(bytes % length) : 0;
+}
+
 Outcome SlotFile::read(long slot, std::span<char> into)
 {
     if (const Outcome outcome = usable(); !done(outcome))
@@ -189,7 +196,7 @@ Outcome SlotFile::append(std::string_view bytes, long &slot)
             return judge("Opening", outcome);
     }
     std::uint64_t landedAt = 0;
-    const Outcome outcome = place(bytes, landedAt);
+    const Outcome outcome = locked ? placeLocked(bytes, landedAt) : place(bytes, bytes, landedAt);
     if (done(outcome)) {
         written = true;
         startedFile = startedFile || landedAt == 0;
@@ -198,17 +205,43 @@ Outcome SlotFile::append(std::string_view bytes, long &slot)
     return judge("Writing", outcome);
 }
 
-/// Appends first and looks afterwards: only where the bytes have landed is certain, a length that
+/// A tail that counts as a slot becomes a whole one first, so that the record lands where it
+/// belongs: killed before it is moved there, the program would leave it across two slots. Behind a
+/// shorter tail the place is claimed with NUL.
+Outcome SlotFile::placeLocked(std::string_view bytes, std::uint64_t &landedAt)
+{
+    std::uint64_t end = 0;
+    if (!done(file->size(end))) // then as without the lock: it lands in its slot in the end
+        return place(bytes, bytes, landedAt);
+    const std::uint64_t behind = end % length;
+    const std::string nothing(length, '\0');
+    if (2 * behind < length)
+        return place(behind == 0 ? bytes : nothing, bytes, landedAt);
+    const std::string padding = nothing.substr(behind);
+    std::uint64_t paddedAt = 0;
+    Outcome outcome = file->append(padding, paddedAt);
+    if (!done(outcome))
+        return outcome;
+    outcome = file->flush();
+    if (done(outcome))
+        outcome = place(bytes, bytes, landedAt);
+    // Where another has come between the padding may be part of his record.
+    if (!done(outcome) && paddedAt == end)
+        file->cutBack(end + padding.size(), end);
+    return outcome;
+}
+
+/// Appends `claimed` first and looks afterwards: only where it has landed is certain, a length that
 /// was asked for before may be that of another's half-done write.
-Outcome SlotFile::place(std::string_view bytes, std::uint64_t &landedAt)
+Outcome SlotFile::place(std::string_view claimed, std::string_view bytes, std::uint64_t &landedAt)
 {
     std::uint64_t claim = 0;
-    const Outcome outcome = file->append(bytes, claim);
+    const Outcome outcome = file->append(claimed, claim);
     // Nearest, and a half always up: of two who append behind half a slot, one would round up to
     // where the other rounds down. Down, a rewrite that has walked the half would not look there.
     const std::uint64_t behind = claim % length;
     landedAt = claim - behind + (2 * behind >= length ? length : 0);
-    if (!done(outcome) || landedAt == claim)
+    if (!done(outcome) || (landedAt == claim && claimed.data() == bytes.data()))
         return outcome;
     // Behind a torn tail. What the record covers now is its claim: whoever else appends, locked or
     // not, claims the next 500 bytes, so that no two move to the same slot.

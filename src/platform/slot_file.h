@@ -37,6 +37,8 @@ public:
     long count();
     /// The same for those to whom none and unknown are not alike.
     Outcome count(long &slots);
+    /// Bytes behind the last whole slot; 0 as count() gives it.
+    std::size_t tail();
     /// Fills `into` (at most one slot's length) from slot N, from 1. Past the end, and for N < 1,
     /// NUL bytes without an error; a short last slot is filled up with NUL. A read that fails
     /// leaves `into` as it was.
@@ -46,7 +48,8 @@ public:
     /// `bytes` must be one whole slot. The system places it at the end, so that it never
     /// overwrites what another process wrote, lock or no lock; `slot` is where it landed. Only
     /// when the file's length is not a multiple of the slot length is it put into the next whole
-    /// slot, over a tail of less than half of one.
+    /// slot, over a tail of less than half of one. Under the lock a longer tail is filled up with
+    /// NUL and flushed first, and no kill leaves the bytes anywhere but in their slot.
     /// After a failure the file is as it was. Flushed to the disk before close() returns.
     Outcome append(std::string_view bytes, long &slot);
     Outcome unlock();
@@ -61,7 +64,8 @@ private:
     Outcome judge(std::string_view operation, Outcome outcome);
     Outcome usable() const;
     Outcome attach();
-    Outcome place(std::string_view bytes, std::uint64_t &landedAt);
+    Outcome placeLocked(std::string_view bytes, std::uint64_t &landedAt);
+    Outcome place(std::string_view claimed, std::string_view bytes, std::uint64_t &landedAt);
     void giveUp(std::uint64_t claim, std::uint64_t end);
     Outcome rewriteAt(std::uint64_t offset, std::string_view bytes);
     Outcome fillBuffer(std::uint64_t offset);

@@ -1,6 +1,7 @@
 #include "records/card_files.h"
 
 #include "records/card_rewrite.h"
+#include "records/trace.h"
 
 namespace records {
 
@@ -157,6 +158,13 @@ long countRecords(App &app, const std::string &file)
         return 0;
     SlotFile slots(app.files, file, kCardSlotLength);
     return done(slots.open(SlotUse::Read)) ? slots.count() : 0;
+}
+
+void traceTail(App &app, SlotFile &slots)
+{
+    if (const std::size_t bytes = slots.tail(); bytes > 0)
+        traceProcess(app, {"  LAST RECORD NOT WHOLE - " + std::to_string(bytes) + " bytes - " +
+                           slots.path()});
 }
 
 void moveSettledRecords(App &app)

@@ -64,6 +64,9 @@ bool removeRecord(App &app, const std::string &file, long slot, const CardRecord
 
 /// Number of records: length / 500 to the nearest; 0 without the file.
 long countRecords(App &app, const std::string &file);
+/// A line in the process trace when the file, which is open, ends between two slots: somebody's
+/// last record is not whole. Said by whoever reads the whole file.
+void traceTail(App &app, platform::SlotFile &slots);
 
 /// The trimmed `CCAdjStatus` begins with "Com", in just these letters.
 bool isSettled(const CardRecord &record);

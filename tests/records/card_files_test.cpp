@@ -2,6 +2,7 @@
 // in doubt. Slots as such are tested in tests/platform, moves that stop in tests/pending.
 #include "platform/work_file.h"
 #include "records/card_files.h"
+#include "records/trace.h"
 #include "support/card_text.h"
 #include "support/test_station.h"
 
@@ -69,6 +70,18 @@ TEST_F(CardFiles, ReportARecordThatFoundNoRoomOrIsNotOnTheDisk)
         EXPECT_EQ(receipts(station.get(kPending)), slot == 2 ? "1 2 " : "1 ") << operation;
         station.disk.failOn(operation, "CCPending.dat", Outcome::Done);
     }
+}
+
+TEST_F(CardFiles, SayInTheTraceThatTheLastRecordIsNotWhole)
+{
+    for (const std::size_t bytes : {500U, 990U}) {
+        station.put(kPending, std::string(bytes, 'x'));
+        platform::SlotFile slots(app.files, kPending, kCardSlotLength);
+        slots.open(platform::SlotUse::Read);
+        traceTail(app, slots);
+    }
+    EXPECT_EQ(station.get(kLastProcessFile),
+              std::string("  LAST RECORD NOT WHOLE - 490 bytes - ") + kPending + "\r\n");
 }
 
 TEST_F(CardFiles, KeepTheirOrderWhenTheSettledOnesMoveOnceAndNothingMovesInDoubt)
