@@ -64,4 +64,16 @@ TEST_F(DialogsOnScreen, let_timers_go_on_and_close_with_the_program)
     dialogs.systemMessage("write failed: no room on the disk"); // even while the program ends
 }
 
+TEST_F(DialogsOnScreen, let_no_key_of_before_send_a_notice_away_unread)
+{
+    station.soon([] {
+        press(Qt::Key_Return); // of a card reader
+        press(Qt::Key_Escape);
+    });
+    station.time.after(1500, [] { press(Qt::Key_Return); });
+    dialogs.notice({"RECORD NOT STORED", "Do not charge the card again.", {{"Receipt", "1"}}, {}});
+    EXPECT_GE(station.time.milliseconds(), 1500U);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
 } // namespace

@@ -33,10 +33,19 @@ public:
     void addFile(const QString &path);
     void addField(QWidget &field) { content->addWidget(&field); }
     void addButton(const QString &caption, int result, bool isDefault);
-    /// Waits for the answer. A box opened before the end was asked for closes with it.
-    int wait(Run &run);
+    /// Waits for the answer. A box opened before the end was asked for closes with it. For the
+    /// first `unheard` milliseconds it takes no answer: what somebody was still typing or swiping
+    /// when it came up must not send it away unread.
+    int wait(Run &run, std::uint64_t unheard = 0);
+    void reject() override
+    {
+        if (commands->itemAt(1)->widget()->isEnabled())
+            QDialog::reject();
+    }
 
 private:
+    void hear(bool on);
+
     QVBoxLayout *content;
     QHBoxLayout *commands;
 };
@@ -115,14 +124,30 @@ void Box::addButton(const QString &caption, int result, bool isDefault)
     commands->addWidget(button);
 }
 
-int Box::wait(Run &run)
+void Box::hear(bool on)
 {
+    for (int item = 1; item < commands->count(); ++item) // behind the stretch
+        commands->itemAt(item)->widget()->setEnabled(on);
+    if (on)
+        commands->itemAt(1)->widget()->setFocus();
+}
+
+int Box::wait(Run &run, std::uint64_t unheard)
+{
+    const std::uint64_t begun = run.milliseconds();
+    if (unheard > 0)
+        hear(false);
     const bool openedAtTheEnd = run.ending();
     placeInFront(*this);
     show();
     activateWindow();
-    while (isVisible() && (openedAtTheEnd || !run.ending()))
+    while (isVisible() && (openedAtTheEnd || !run.ending())) {
         run.yield();
+        if (unheard > 0 && run.milliseconds() - begun >= unheard) {
+            unheard = 0;
+            hear(true);
+        }
+    }
     hideModal(*this);
     return result();
 }
@@ -163,7 +188,8 @@ void QtDialogs::show(const Notice &notice)
     if (!notice.file.empty())
         box.addFile(toQt(notice.file));
     box.addButton(QStringLiteral("OK"), resultOf(Answer::Ok), true);
-    box.wait(run);
+    constexpr std::uint64_t kUnheard = 1000;
+    box.wait(run, kUnheard);
 }
 
 std::optional<std::string> QtDialogs::askText(const std::string &title, const std::string &text,
