@@ -164,6 +164,9 @@ void Xcharge1::showState(const TenderFields &fields)
     ui->stateWord->setText(toQt(state.word));
     ui->stateHint->setText(toQt(state.hint));
     putVisible(*ui->stateHint, !state.hint.empty());
+    putValue(*ui->partApproved, fields.partApproved);
+    putValue(*ui->stillOwed, fields.stillOwed);
+    putVisible(*ui->partialRow, fields.partial);
     ui->stateCard->setAccessibleName(toQt("State: " + std::string(state.word)));
     put(*ui->Text3, fields.Text3);
     putVisible(*ui->Text3, !fields.Text3.empty());

@@ -60,6 +60,8 @@ void Tender::partiallyApproved()
 {
     CardRecord &CCdata = app.values.CCdata;
     fields.partial = true;
+    fields.partApproved = Currency(CCdata.raw(CCApprovedAmt));
+    fields.stillOwed = Currency(CCdata.raw(CCaditionalFUNDS));
     CCdata.set(CCAdjStatus, "Adjusted - Pending");
     CCdata.set(CCAdjAmt, CCdata.raw(CCApprovedAmt));
     storeRecord(chooseTarget());

@@ -35,6 +35,9 @@ struct TenderFields {
     std::string SSCommand6Caption;        // "View" while card digits are masked
     std::string SSCommand7Caption = "NO"; // "YES": slip with gratuity
 
+    std::string partApproved; // of a partial approval: what the bank gave,
+    std::string stillOwed;    // and what the guest has to pay otherwise
+
     int waitingRecords = 0; // charged cards of this station that no card file holds yet
 
     bool Label7Visible = false;

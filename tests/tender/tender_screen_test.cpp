@@ -182,6 +182,27 @@ TEST(CheckBox, IsRememberedWhenAScreenReaderTogglesIt)
     story.station.run.end();
 }
 
+TEST(PartialApproval, ShowsWhatIsPaidAndWhatIsOwedAsLargeAsTheAmount)
+{
+    support::TenderStory story;
+    story.request("\"12\",\"1043\",\"7\",\"22345.66\"\r\n");
+    story.paymentAnswers(support::approvedResult() + "APPROVEDAMOUNT=12345.67\r\n"
+                                                     "ADDITIONALFUNDSREQUIRED=9999.99\r\n");
+    story.station.time.everyTurn = [] { QCoreApplication::processEvents(); };
+    tender::Xcharge1 screen{story.app, story.printer};
+    screen.show();
+    while (!story.station.run.ending())
+        story.station.run.yield();
+    const auto &amount = *screen.findChild<QLineEdit *>(QStringLiteral("Text4"));
+    for (const char *read : {"Approved: $12,345.67", "Still owed: $9,999.99"}) {
+        const QWidget *part = support::controlNamed(QString::fromLatin1(read));
+        ASSERT_NE(part, nullptr) << read;
+        EXPECT_EQ(part->font(), amount.font()) << read;
+    }
+    for (const QSize size : support::kScreenSizes)
+        EXPECT_EQ(support::clippedControls(screen, size), "") << size.width();
+}
+
 TEST(Screens, ShowWhatTheirGoldenFilesSay)
 {
     support::expectStories<ScreenTelling>("tender/screens", 23);
