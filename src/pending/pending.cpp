@@ -225,10 +225,10 @@ std::vector<CardRecord> Pending::readRecords()
     platform::SlotFile file(app.files, fields.Label6, kCardSlotLength);
     file.open(platform::SlotUse::Read);
     file.lock();
-    // Kept: a record that cannot be read shows as the one before it.
-    const platform::ErrorsIgnored ignored(app.run);
     traceTail(app, file);
     const long count = file.count();
+    // Kept: a record that cannot be read shows as the one before it.
+    const platform::ErrorsIgnored ignored(app.run);
     records.reserve(static_cast<std::size_t>(count));
     for (long slot = 1; slot <= count; ++slot) {
         records.emplace_back();

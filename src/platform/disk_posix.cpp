@@ -14,8 +14,9 @@ namespace platform {
 
 namespace {
 
-constexpr mode_t kNewFileMode = 0666; // the umask takes away what the station's owner wants
-constexpr mode_t kNewFolderMode = 0777;
+// Whatever the umask: every station of the share's group, and nobody else.
+constexpr mode_t kNewFileMode = 0660;
+constexpr mode_t kNewFolderMode = 0770;
 
 Outcome outcomeOf(int error)
 {
@@ -191,6 +192,24 @@ Outcome PosixFile::unlock()
     return setLock(F_UNLCK);
 }
 
+/// Opens what is there, else creates it with the rights of a new file.
+int openOrCreate(const char *path, int flags)
+{
+    const auto call = [&](int how) {
+        return uninterrupted([&] { return ::open(path, how, kNewFileMode); });
+    };
+    const bool mustBeNew = (flags & O_EXCL) != 0;
+    int descriptor = mustBeNew ? -1 : call(flags & ~O_CREAT);
+    if (descriptor >= 0 || (flags & O_CREAT) == 0 || (!mustBeNew && errno != ENOENT))
+        return descriptor;
+    descriptor = call(flags | O_EXCL);
+    if (descriptor >= 0)
+        ::fchmod(descriptor, kNewFileMode); // a file system without rights has none to give
+    else if (errno == EEXIST && !mustBeNew) // another was faster, or a link leads nowhere yet
+        descriptor = call(flags);
+    return descriptor;
+}
+
 bool PosixFile::isStillAt(const std::string &path)
 {
     struct stat mine = {};
@@ -218,7 +237,7 @@ Outcome PosixDisk::open(const std::string &path, OpenMode mode, std::unique_ptr<
     file.reset();
     // Not blocking: a named pipe or a device in a file's place must not hold the program up.
     const int flags = flagsOf(mode) | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
-    const int descriptor = uninterrupted([&] { return ::open(path.c_str(), flags, kNewFileMode); });
+    const int descriptor = openOrCreate(path.c_str(), flags);
     if (descriptor < 0) // nothing but a lease makes an open "try again"
         return errno == EWOULDBLOCK ? Outcome::Leased : outcomeOf(errno);
     struct stat found = {};
@@ -288,7 +307,13 @@ Outcome PosixDisk::renameToFree(const std::string &from, const std::string &to)
 
 Outcome PosixDisk::makeDirectory(const std::string &path)
 {
-    return outcomeOfCall(::mkdir(path.c_str(), kNewFolderMode));
+    struct stat made = {};
+    if (::mkdir(path.c_str(), kNewFolderMode) != 0)
+        return outcomeOf(errno);
+    // Its group, and that what is made in it gets that too, come from the folder around it.
+    if (::stat(path.c_str(), &made) == 0)
+        ::chmod(path.c_str(), kNewFolderMode | (made.st_mode & S_ISGID));
+    return Outcome::Done;
 }
 
 Outcome PosixDisk::list(const std::string &directory, std::vector<std::string> &names)

@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::size_t kReadAhead = 64U << 10U;
 constexpr std::uint64_t kMostSlots = 1ULL << 40U; // far more than any file system holds
+// More than a restaurant takes in a life; a broken length must not fill the memory or take forever.
+constexpr std::uint64_t kMostCounted = 1ULL << 20U;
 
 bool isPossible(long slot)
 {
@@ -117,7 +119,10 @@ Outcome SlotFile::count(long &slots)
     if (const Outcome outcome = usable(); !done(outcome))
         return outcome;
     std::uint64_t bytes = 0;
-    const Outcome outcome = judge("Reading", file->size(bytes));
+    Outcome sized = file->size(bytes);
+    if (done(sized) && nearestSlot(bytes) > kMostCounted)
+        sized = Outcome::Broken;
+    const Outcome outcome = judge("Reading", sized);
     if (done(outcome))
         slots = static_cast<long>(nearestSlot(bytes));
     return outcome;

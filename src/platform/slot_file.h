@@ -35,7 +35,8 @@ public:
     /// Length / slot length to the nearest whole number, an exact half to the even one. 0 when
     /// not open, shut or when the length cannot be read.
     long count();
-    /// The same for those to whom none and unknown are not alike.
+    /// The same for those to whom none and unknown are not alike. A length of more than a million
+    /// slots is Broken.
     Outcome count(long &slots);
     /// Bytes behind the last whole slot; 0 as count() gives it.
     std::size_t tail();

@@ -1,5 +1,6 @@
 #include "roles/application.h"
 
+#include "platform/hardening.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_printers.h"
@@ -90,6 +91,7 @@ int runProgram(int argc, char **argv,
                const std::function<std::shared_ptr<void>(Program &)> &openFirstScreen,
                const ProgramOptions &options)
 {
+    platform::hardenProcess();
     QApplication::setStyle(QStringLiteral("fusion"));
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -144,6 +144,19 @@ void limitFiles(rlim_t bytes)
     ::setrlimit(RLIMIT_FSIZE, &limit);
 }
 
+TEST(BrokenLength, of_a_file_with_a_million_slots_and_more_is_not_counted)
+{
+    TestStation station;
+    station.put(kPath, "");
+    ASSERT_EQ(::truncate(station.drives.resolve(kPath).c_str(), 1LL << 40), 0);
+    const ErrorsIgnored fromHere(station.run);
+    SlotFile file(station.files, kPath, 500);
+    file.open(SlotUse::Read);
+    long slots = 0;
+    EXPECT_EQ(file.count(slots), Outcome::Broken);
+    EXPECT_EQ(file.count(), 0);
+}
+
 TEST(FullDisk, leaves_the_files_as_they_were)
 {
     for (const rlim_t limit : {1000U, 1499U}) {
@@ -162,6 +175,32 @@ TEST(FullDisk, leaves_the_files_as_they_were)
         limitFiles(RLIM_INFINITY);
         EXPECT_EQ(station.get(kPath), before);
         EXPECT_EQ(station.files.list("C:\\Lumbrio\\Data").size(), 1U);
+    }
+}
+
+TEST(NewFiles, are_for_the_group_of_the_share_and_nobody_else_whatever_the_umask)
+{
+    for (const mode_t mask : {0022U, 0077U, 0U}) {
+        TestStation station;
+        const auto modeOf = [&](const std::string &path) {
+            struct stat found = {};
+            ::stat(station.drives.resolve(path).c_str(), &found);
+            return found.st_mode & 07777U;
+        };
+        ::chmod(station.drives.resolve("C:\\Lumbrio").c_str(), 02775);
+        station.put("C:\\Lumbrio\\older.dat", "");
+        ::chmod(station.drives.resolve("C:\\Lumbrio\\older.dat").c_str(), 0600);
+        const mode_t old = ::umask(mask);
+        station.files.makeFolder("C:\\Lumbrio\\new");
+        station.files.append("C:\\Lumbrio\\new\\a.dat", "1");
+        station.files.replaceWhole("C:\\Lumbrio\\new\\b.dat", "1");
+        station.files.write("C:\\Lumbrio\\new\\c.dat", "1");
+        station.files.append("C:\\Lumbrio\\older.dat", "1");
+        ::umask(old);
+        EXPECT_EQ(modeOf("C:\\Lumbrio\\new"), 02770U);
+        for (const char *name : {"a.dat", "b.dat", "c.dat"})
+            EXPECT_EQ(modeOf(std::string("C:\\Lumbrio\\new\\") + name), 0660U) << name;
+        EXPECT_EQ(modeOf("C:\\Lumbrio\\older.dat"), 0600U) << "somebody's wish";
     }
 }
 
