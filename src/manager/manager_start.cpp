@@ -67,6 +67,10 @@ ManagerStart::ManagerStart(App &theApp, ManagerStartView &theView, ManagerRoutes
 void ManagerStart::Form_Load()
 {
     const platform::ErrorsIgnored ignored(app.run);
+    app.run.consequence =
+        "What was saved before stays saved; look at the last entry that you "
+        "changed. Check the connection to the file server, then start the program "
+        "again.";
     Get_INI(app);
     fillEmptyDirectories(app);
     app.values.StationName = app.system.computerName();

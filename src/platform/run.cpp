@@ -31,7 +31,7 @@ void Run::fail(const std::string &message)
     over = true;
     failure = true;
     if (reportFailure)
-        reportFailure(message);
+        reportFailure(consequence.empty() ? message : message + "\n\n" + consequence);
 }
 
 } // namespace platform

@@ -56,6 +56,9 @@ public:
 
     bool errorsIgnored() const { return ignoring > 0; }
 
+    /// What an end by fail() means for the guest's money and what to do next, as things stand just
+    /// now: said behind the message. The procedures keep it true.
+    std::string consequence;
     /// Shows the message of fail(); set by whoever builds the services.
     std::function<void(const std::string &text)> reportFailure;
 

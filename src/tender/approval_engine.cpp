@@ -7,6 +7,7 @@
 #include "records/exchange_file.h"
 #include "records/trace.h"
 #include "tender/evidence.h"
+#include "tender/notices.h"
 #include "tender/request.h"
 #include "tender/tender.h"
 
@@ -100,6 +101,7 @@ bool Tender::placeRequest(const LocalRequest &request)
     platform::Outcome outcome = app.files.write(local.work, requestLine(request));
     bool there = false;
     if (done(outcome)) {
+        app.run.consequence = kMayBeCharged;
         outcome = app.files.copy(local.work, local.request);
         // One of which nobody knows may be charged: its answer is waited for.
         there = !done(app.files.exists(local.request, there)) || there;

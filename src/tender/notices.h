@@ -10,6 +10,13 @@
 
 namespace tender {
 
+/// For a failure that ends the program, before the payment is asked and from there on.
+inline constexpr const char *kNotCharged =
+    "No card was charged. Try again; if this comes back, call the manager.";
+inline constexpr const char *kMayBeCharged =
+    "The card may be charged. Do not run it again before the manager has looked into the payment "
+    "application.";
+
 /// A charge whose record is in no card file; `kept`: it is in a file of the station's own.
 platform::Notice notStoredNotice(const records::CardRecord &CCdata, platform::Outcome outcome,
                                  bool kept, const std::string &file);

@@ -299,6 +299,7 @@ void Tender::SSCommand1_Click()
     if (!fields.SSCommand1.enabled || !fields.SSCommand1.visible || answering || app.ending() ||
         answerHasCome())
         return;
+    const platform::ErrorsIgnored ignored(app.run); // the answer is what counts
     traceProcess(app, {"Cancel was pressed", "Unable to Connect - Internet may be down ",
                        "Actual Seconds waited for Response  " + fields.Label7});
     writeAnswer(answerBlock("Declined", app.values.CCdata));

@@ -5,6 +5,7 @@
 #include "records/trace.h"
 #include "tender/command_line.h"
 #include "tender/evidence.h"
+#include "tender/notices.h"
 #include "tender/request.h"
 #include "tender/result_reader.h"
 #include "tender/tender.h"
@@ -209,6 +210,7 @@ void Tender::startPaymentAt(const std::string &commandLine, int &shellAt)
 {
     if (shellAt != 0 && fields.Label4 != std::to_string(shellAt))
         return;
+    app.run.consequence = kMayBeCharged;
     app.system.start(commandLine, platform::WindowStyle::Normal);
     shellAt = shellAt == 0 ? kSecondStart : kNoStart;
 }

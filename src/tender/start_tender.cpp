@@ -8,6 +8,7 @@
 #include "records/lookups.h"
 #include "records/trace.h"
 #include "tender/evidence.h"
+#include "tender/notices.h"
 #include "tender/request.h"
 #include "tender/tender.h"
 
@@ -75,6 +76,8 @@ void Tender::Start_Tender()
     std::optional<platform::ErrorsIgnored> asHelper;
     if (!isTenderRole())
         asHelper.emplace(app.run);
+    if (isTenderRole())
+        app.run.consequence = kNotCharged;
     const bool iniLocked = readModeFlag();
     if (isTenderRole())
         removeOldAnswer();

@@ -41,12 +41,14 @@ TEST(Runs, say_their_first_failure_and_no_other)
 {
     support::TestStation station;
     station.dialogs.expect(
-        "", "Locking failed: locked by another\nC:\\a.dat", Buttons::Ok, Answer::Ok, [&] {
+        "", "Locking failed: locked by another\nC:\\a.dat\n\nNo card was charged.", Buttons::Ok,
+        Answer::Ok, [&] {
             station.run.fail("Reading", "C:\\b.dat", Outcome::Broken);
             EXPECT_EQ(station.dialogs.message("A", "?", Buttons::OkCancel), Answer::Cancel);
             EXPECT_EQ(station.dialogs.message("A", "?", Buttons::YesNo), Answer::No);
             EXPECT_FALSE(station.dialogs.input("A", "?"));
         });
+    station.run.consequence = "No card was charged.";
     station.run.fail("Locking", "C:\\a.dat", Outcome::Locked);
     EXPECT_TRUE(station.run.ending() && station.run.failed());
 }
