@@ -13,8 +13,9 @@ void hardenProcess();
 void wipe(std::string &text);
 
 /// Gives a text that is to hold a card room enough for any swipe, so that no copy stays behind
-/// where it grew, and keeps its pages out of dumps. What it holds is kept; assign to it, never
-/// move.
+/// where it grew, and keeps its pages out of dumps. What it holds is kept.
 void keepSecret(std::string &text);
+/// Assigns without giving the room away, and wipes where it came from.
+void setSecret(std::string &to, std::string &&from);
 
 } // namespace platform

@@ -40,4 +40,10 @@ void keepSecret(std::string &text)
     ::madvise(reinterpret_cast<void *>(from), end - from, MADV_DONTDUMP);
 }
 
+void setSecret(std::string &to, std::string &&from)
+{
+    to.assign(from);
+    wipe(from);
+}
+
 } // namespace platform

@@ -22,4 +22,10 @@ void keepSecret(std::string &text)
     text.reserve(kLongestSecret);
 }
 
+void setSecret(std::string &to, std::string &&from)
+{
+    to.assign(from);
+    wipe(from);
+}
+
 } // namespace platform

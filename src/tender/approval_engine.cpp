@@ -1,3 +1,4 @@
+#include "platform/hardening.h"
 #include "platform/patience.h"
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
@@ -98,7 +99,9 @@ bool Tender::placeRequest(const LocalRequest &request)
         requestNotPlaced(done(looked) ? platform::Outcome::Denied : looked);
         return false;
     }
-    platform::Outcome outcome = app.files.write(local.work, requestLine(request));
+    std::string line = requestLine(request);
+    platform::Outcome outcome = app.files.write(local.work, line);
+    platform::wipe(line);
     bool there = false;
     if (done(outcome)) {
         app.run.consequence = kMayBeCharged;

@@ -1,3 +1,4 @@
+#include "platform/hardening.h"
 #include "records/card_helpers.h"
 #include "records/exchange_file.h"
 #include "records/trace.h"
@@ -88,10 +89,13 @@ void Tender::Timer1_Timer()
 void Tender::Get_Number()
 {
     fields.cardTaken = true;
-    TrackData = Trim(fields.Text2) + Trim(fields.Text5);
+    platform::setSecret(TrackData, Trim(fields.Text2));
+    std::string second = Trim(fields.Text5);
+    TrackData += second;
+    platform::wipe(second);
     fields.Text3Red = true;
     status("Just a Moment Please ");
-    const std::optional<CardData> card = parseTrack(TrackData);
+    std::optional<CardData> card = parseTrack(TrackData);
     if (!card) {
         invalidCard();
         return;
@@ -100,7 +104,7 @@ void Tender::Get_Number()
         expiredCard();
         return;
     }
-    fields.Label3[0] = card->number;
+    platform::setSecret(fields.Label3[0], std::move(card->number));
     fields.Label3[1] = card->expiry;
     fields.Label3[2] = card->firstName;
     fields.Label3[3] = card->lastName;
@@ -132,14 +136,19 @@ void Tender::invalidCard()
     resetCapture();
 }
 
+void Tender::wipeCard()
+{
+    for (std::string *text :
+         {&fields.Text1, &fields.Text2, &fields.Text5, &TrackData, &fields.Label3[0],
+          &fields.Label3[1], &fields.Label3[2], &fields.Label3[3]})
+        platform::wipe(*text);
+}
+
 void Tender::resetCapture()
 {
     Timer1.setInterval(0);
     fields.cardTaken = false;
-    for (std::string *text :
-         {&fields.Text1, &fields.Text2, &fields.Text5, &TrackData, &fields.Label3[0],
-          &fields.Label3[1], &fields.Label3[2], &fields.Label3[3]})
-        text->clear();
+    wipeCard();
     fields.Text3Red = false;
     status("Waiting for Card Number ");
     view.focus(TenderBox::Text2);

@@ -1,5 +1,6 @@
 #include "tender/local_request.h"
 
+#include "platform/hardening.h"
 #include "records/card_helpers.h"
 #include "records/delimited.h"
 
@@ -33,6 +34,12 @@ LocalFiles localFiles(const ProcessValues &values, const platform::DateTime &now
     const std::string name = localFolder(values) + Trim(values.StationName) +
                              Format(now, "MMDDYY") + Format(now, "HHMMSS") + ".";
     return {name + "tmp", name + "req", name + "ans"};
+}
+
+LocalRequest::~LocalRequest()
+{
+    for (std::string *text : {&number, &cardText, &verify})
+        platform::wipe(*text);
 }
 
 std::string orDefault(const std::string &text, const char *fallback)

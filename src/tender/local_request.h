@@ -40,6 +40,8 @@ struct LocalRequest {
     std::string amount;   // "1.00"
     std::string verify;   // typed card alone; left out when blank or "000"
     bool typed = false;
+
+    ~LocalRequest(); // wipes the card
 };
 
 /// `text`, or `fallback` where it is blank.

@@ -1,3 +1,4 @@
+#include "platform/hardening.h"
 #include "platform/patience.h"
 #include "printing/printer_choice.h"
 #include "records/card_helpers.h"
@@ -37,6 +38,9 @@ Tender::Tender(App &theApp, printing::Printer &thePrinter, TenderView &theView)
       Timer1(app.clock, [this] { Timer1_Timer(); }), Timer2(app.clock, [this] { Timer2_Timer(); }),
       Timer3(app.clock, [this] { startTimer(); }), Timer5(app.clock, [this] { Timer5_Timer(); })
 {
+    for (std::string *text :
+         {&fields.Text1, &fields.Text2, &fields.Text5, &TrackData, &fields.Label3[0]})
+        platform::keepSecret(*text);
 }
 
 void Tender::Form_Load()

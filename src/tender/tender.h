@@ -21,7 +21,7 @@ namespace tender {
 class Tender {
 public:
     Tender(records::App &theApp, printing::Printer &thePrinter, TenderView &theView);
-    virtual ~Tender() = default;
+    virtual ~Tender() { wipeCard(); }
 
     /// Load of the tender screen: restarts the trace "CCLastProcess.dat" and arms the 100 ms timer
     /// that runs Start_Tender. Errors are ignored.
@@ -99,6 +99,7 @@ private:
     void captureSwipe();
     void invalidCard();
     void expiredCard();
+    void wipeCard();
     void resetCapture();
     void enterTyped(const TypedCard &card);
     void Timer1_Timer();

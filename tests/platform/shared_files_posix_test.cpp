@@ -1,9 +1,11 @@
 // What the system does to shared files: the lock between processes, one of which dies, a full disk
 // and permissions.
+#include "platform/hardening.h"
 #include "platform/work_file.h"
 #include "support/second_process.h"
 #include "support/test_station.h"
 
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
@@ -133,6 +135,32 @@ TEST(LeasedFile, is_opened_as_soon_as_its_holder_gives_it_back)
         EXPECT_GE(time.milliseconds() - begun, static_cast<unsigned>(delay));
         EXPECT_FALSE(run.failed());
     }
+}
+
+TEST(HardenedProcess, leaves_no_dump_and_no_card_in_its_memory)
+{
+    SecondProcess program([] {
+        hardenProcess();
+        rlimit limit = {1, 1};
+        ::getrlimit(RLIMIT_CORE, &limit);
+        SecondProcess::say(std::to_string(limit.rlim_max));
+#if !defined(__SANITIZE_ADDRESS__)
+        SecondProcess::say(std::to_string(::prctl(PR_GET_DUMPABLE)));
+#else
+        SecondProcess::say("0");
+#endif
+    });
+    EXPECT_EQ(program.hear() + program.hear(), "00");
+
+    std::string track;
+    keepSecret(track);
+    const char *const where = track.data();
+    setSecret(track, std::string(200, '4'));
+    track.resize(20);
+    EXPECT_EQ(track.data(), where) << "a copy stays behind where it moves away";
+    wipe(track);
+    EXPECT_TRUE(track.empty());
+    EXPECT_EQ(std::string_view(where, 200).find('4'), std::string_view::npos);
 }
 
 /// No file grows past so many bytes, as on a full disk: a write that reaches over the limit is cut
