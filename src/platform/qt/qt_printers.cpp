@@ -2,6 +2,7 @@
 
 #include "platform/qt/qt_text.h"
 
+#include <QLibrary>
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -57,6 +58,25 @@ double choosePaper(QPrinter &printer, const QPrinterInfo &info, const PrintJob &
     return 0;
 }
 
+#ifdef Q_OS_WIN
+Outcome spoolerTook()
+{
+    return Outcome::Done; // QPrinter's state tells
+}
+#else
+/// What the spooler said of the job just sent to it, which QPrinter passes over: a queue that takes
+/// no jobs, a full disk.
+Outcome spoolerTook()
+{
+    constexpr int kFirstRefusal = 0x100;
+    using LastError = int (*)();
+    static const auto lastError =
+        reinterpret_cast<LastError>(QLibrary(QStringLiteral("cups"), 2).resolve("cupsLastError"));
+    const int status = lastError != nullptr ? lastError() : 0;
+    return status >= 0 && status < kFirstRefusal ? Outcome::Done : Outcome::Broken;
+}
+#endif
+
 Outcome paintOn(const QPrinterInfo &info, const PrintJob &job, Banners &banners, CutStyle cutStyle)
 {
     QPrinter printer(info, QPrinter::HighResolution);
@@ -67,7 +87,7 @@ Outcome paintOn(const QPrinterInfo &info, const PrintJob &job, Banners &banners,
         return Outcome::Broken;
     PrintPainter painter(printer, banners, printer.width(), pageHeight, cutStyle);
     painter.paint(job, onto, [&printer] { printer.newPage(); });
-    return onto.end() && printer.printerState() != QPrinter::Error ? Outcome::Done
+    return onto.end() && printer.printerState() != QPrinter::Error ? spoolerTook()
                                                                    : Outcome::Broken;
 }
 
