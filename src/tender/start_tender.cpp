@@ -47,9 +47,9 @@ void Tender::Form_Load()
 {
     fields.versionToolTip = "INTERNAL VERSION (MOST RECENT) IS " +
                             Format(app.values.config.text(kOwnerCode), "########.##");
-    fields.Label14 = app.files.exists(kCutFlagFile) ? "YES" : "NO";
     view.setTopMost(true);
     const platform::ErrorsIgnored ignored(app.run);
+    fields.Label14 = app.files.exists(kCutFlagFile) ? "YES" : "NO";
     Get_AsstMgr(app);
     startProcessTrace(app);
     Get_AsstMgr(app);
@@ -82,9 +82,10 @@ void Tender::Start_Tender()
         asHelper.emplace(app.run);
     if (isTenderRole())
         app.run.consequence = kNotCharged;
-    const bool iniLocked = readModeFlag();
+    const bool iniLocked = findDirectories();
     if (isTenderRole())
         removeOldAnswer();
+    readModeFlag();
     if (app.values.X1009)
         prepareForCommandLine();
     readConfiguration(iniLocked);
@@ -105,20 +106,21 @@ void Tender::Start_Tender()
         Run_Xcharge();
 }
 
-/// The mode flag lies in the configured directory, so that the configuration is read ahead of it,
-/// silently; the reading that may fail follows in its place.
-bool Tender::readModeFlag()
+/// The old answer and the mode flag lie in the configured directory, so that the configuration is
+/// read ahead of them, silently; the reading that may fail follows in its place.
+bool Tender::findDirectories()
 {
-    bool locked = false;
-    {
-        const platform::ErrorsIgnored ignored(app.run);
-        locked = Get_INI(app);
-        fillEmptyDirectories(app);
-    }
+    const platform::ErrorsIgnored ignored(app.run);
+    const bool locked = Get_INI(app);
+    fillEmptyDirectories(app);
+    return locked;
+}
+
+void Tender::readModeFlag()
+{
     app.values.X1009 = app.files.exists(app.values.Maindir + "X1009Version.dat");
     fields.X1009 = app.values.X1009;
     fields.Label3[13] = app.values.X1009 ? "True" : "False";
-    return locked;
 }
 
 /// Not every end of a tender writes an answer, and the one of the guest before may say "Approved".
@@ -126,7 +128,8 @@ void Tender::removeOldAnswer()
 {
     const platform::ErrorsIgnored ignored(app.run);
     const std::string path = answerFile(app.values);
-    if (!app.files.exists(path))
+    bool there = false;
+    if (done(app.files.exists(path, there)) && !there)
         return;
     const platform::Outcome outcome = platform::patiently(app.run, platform::Wait::Answer, [&] {
         const platform::Outcome removed = app.files.removeIfThere(path);

@@ -72,7 +72,8 @@ protected:
 private:
     // start_tender.cpp
     void startTimer();
-    bool readModeFlag();
+    bool findDirectories();
+    void readModeFlag();
     void removeOldAnswer();
     void clearWhatOthersLeft();
     void prepareForCommandLine();
