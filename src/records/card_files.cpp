@@ -22,6 +22,20 @@ Outcome openLocked(App &app, SlotFile &file, SlotUse use)
     return done(locked) || app.run.errorsIgnored() ? Outcome::Done : locked;
 }
 
+/// A write that fails may leave a part of itself in the slot: then what stood there is put back.
+Outcome rewrite(App &app, SlotFile &slots, long slot, const CardRecord &before,
+                const CardRecord &next)
+{
+    Outcome outcome = Outcome::Done;
+    {
+        const platform::ErrorsIgnored ignored(app.run); // or the files would be shut by then
+        outcome = slots.write(slot, next.view());
+        if (!done(outcome))
+            slots.write(slot, before.view());
+    }
+    return app.files.judge("Writing", slots.path(), outcome);
+}
+
 bool holds(SlotFile &slots, long slot, const CardRecord &record)
 {
     CardRecord there;
@@ -109,7 +123,7 @@ bool replaceRecord(App &app, const std::string &file, long slot, const CardRecor
     SlotFile slots(app.files, file, kCardSlotLength);
     if (slot < 1 || !done(openLocked(app, slots, SlotUse::Rewrite)) || !holds(slots, slot, before))
         return false;
-    const Outcome written = slots.write(slot, next.view());
+    const Outcome written = rewrite(app, slots, slot, before, next);
     slots.unlock();
     const Outcome closed = slots.close();
     return done(written) && done(closed);
@@ -126,8 +140,9 @@ Outcome setEveryStatus(App &app, const std::string &file, std::string_view statu
         outcome = slots.read(slot, record.data());
         if (!done(outcome))
             break;
-        record.set(CCAdjStatus, status);
-        outcome = slots.write(slot, record.view());
+        CardRecord next = record;
+        next.set(CCAdjStatus, status);
+        outcome = rewrite(app, slots, slot, record, next);
     }
     slots.unlock();
     const Outcome closed = slots.close();
