@@ -288,7 +288,13 @@ TEST(Entry, IsNeverLostWhereverACommandStopsAndWhateverFails)
             for (const char *record :
                  {"1 JOHN Q PUBLIC,", "7 JOHN Q PUBLIC,", "1043 JOHN Q PUBLIC,"})
                 EXPECT_NE(all.find(record), all.npos) << command << n << all << disk.logText();
-            EXPECT_EQ(story.station.run.ending(), n > 2 && n % 3 < 2) << command << n;
+            // An append does not need the size: without it the record lands in its slot all the
+            // same.
+            const bool goesOn = n % 3 == 1 && at > before && at <= disk.operations() &&
+                                disk.operationLog()[at - 1].find("size f/Lumbrio/CCPending.dat") !=
+                                    std::string::npos &&
+                                std::string_view(command) == "UnDelete";
+            EXPECT_EQ(story.station.run.ending(), n > 2 && n % 3 < 2 && !goesOn) << command << n;
             EXPECT_EQ(story.busy, 0) << command << n;
         }
         EXPECT_GE(operations, 5U) << command;
