@@ -133,6 +133,7 @@ public:
     void playSound(const std::string &) override { std::abort(); }
     std::vector<std::string> names() override { return {}; }
     std::string defaultName() override { return {}; }
+    int paperWidth(const std::string &) override { return 0; }
     Outcome submit(const std::string &, const platform::PrintJob &) override { std::abort(); }
     void warmUp(const platform::PrintFont &) override {}
 
