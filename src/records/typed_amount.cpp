@@ -25,9 +25,9 @@ std::optional<std::string> typedAmount(std::string_view text)
     const std::size_t point = digitsFrom(amount, 0);
     if (point == amount.size())
         return point <= kWholeDigits ? std::optional(amount) : std::nullopt;
-    if (amount[point] == ',')
-        amount[point] = '.';
     const std::size_t decimals = digitsFrom(amount, point + 1);
+    if (amount[point] == ',' && point > 0 && decimals > 0)
+        amount[point] = '.';
     const bool whole = amount[point] == '.' && point + 1 + decimals == amount.size();
     if (!whole || point > kWholeDigits || decimals > kDecimals || point + decimals == 0)
         return std::nullopt;
