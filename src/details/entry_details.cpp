@@ -4,9 +4,12 @@
 #include "details/entry_working.h"
 #include "details/hidden_card_data.h"
 #include "records/card_files.h"
+#include "records/exchange_file.h"
 #include "records/typed_amount.h"
 
 #include <algorithm>
+#include <iterator>
+#include <string_view>
 #include <utility>
 
 namespace details {
@@ -17,6 +20,19 @@ bool takesAmount(std::size_t box)
 {
     return std::any_of(kAmountBoxes.begin(), kAmountBoxes.end(),
                        [box](const auto &amount) { return amount.first == box; });
+}
+
+/// What was put into a box is cleaned; what the file held around it stays as it stands.
+std::string plainlyTyped(std::string_view before, std::string_view now)
+{
+    const auto [had, from] = std::mismatch(before.begin(), before.end(), now.begin(), now.end());
+    const auto behind =
+        std::mismatch(std::make_reverse_iterator(before.end()), std::make_reverse_iterator(had),
+                      std::make_reverse_iterator(now.end()), std::make_reverse_iterator(from))
+            .second.base();
+    return std::string(now.begin(), from)
+        .append(records::withoutControls(std::string(from, behind)))
+        .append(behind, now.end());
 }
 
 } // namespace
@@ -158,7 +174,7 @@ void EntryDetails::readSlot()
 void EntryDetails::Text1_Change(std::size_t index, const std::string &text)
 {
     if (mayType() && index < fields.Text1.size()) {
-        fields.Text1[index] = text;
+        fields.Text1[index] = plainlyTyped(fields.Text1[index], text);
         // What the file holds may be no amount, and is not refused.
         fields.Text1Wrong[index] =
             takesAmount(index) && text != settled[index] && !records::typedAmount(text);

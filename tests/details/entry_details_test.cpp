@@ -250,6 +250,15 @@ TEST(Entry, StoresNoPartOfAnAmountThatWasMistyped)
     EXPECT_FALSE(story.entry.closeForRewrite()) << "not before somebody has been asked";
 }
 
+TEST(Entry, StoresNoControlCharacterThatWasPastedAndLeavesThoseOfTheFile)
+{
+    Story story("CCName=JANE\tROE");
+    for (const char *each :
+         {"open 2", "box 2=JANE\tR\x1BOE 2", "box 5=A\tB", "box 13=77\x7F\n1", "Done"})
+        story.press(each);
+    EXPECT_EQ(story.disk(), "PEND: 1 (77  1 CCName=JANE\tR OE 2 CCDescription= CCServer=A B) -. ");
+}
+
 // A record is one of its receipt and name; what a command changes may be torn by a power cut.
 TEST(Entry, IsNeverLostWhereverACommandStopsAndWhateverFails)
 {
