@@ -36,11 +36,12 @@ public:
     /// Stays until "OK" is pressed.
     void notice(const Notice &notice);
     /// The system's own message; shown even while the program ends.
-    void systemMessage(const std::string &text) { ask({}, text, Buttons::Ok); }
+    void systemMessage(const std::string &text) { showFailure(text); }
 
 protected:
     /// Where there are no large letters it is a message.
     virtual void show(const Notice &notice);
+    virtual void showFailure(const std::string &text) { ask({}, text, Buttons::Ok); }
     /// An empty title stands for the program's name.
     virtual Answer ask(const std::string &title, const std::string &text, Buttons buttons) = 0;
     virtual std::optional<std::string> askText(const std::string &title, const std::string &text,

@@ -60,20 +60,26 @@ TEST_F(DialogsOnScreen, let_timers_go_on_and_close_with_the_program)
     timer.setInterval(1000);
     EXPECT_EQ(dialogs.message("A", "B", Buttons::OkCancel), Answer::Cancel);
     EXPECT_EQ(fired, 3);
-    station.soon([] { EXPECT_TRUE(support::click(QStringLiteral("OK"))); });
-    dialogs.systemMessage("write failed: no room on the disk"); // even while the program ends
 }
 
-TEST_F(DialogsOnScreen, let_no_key_of_before_send_a_notice_away_unread)
+TEST_F(DialogsOnScreen, let_no_key_of_before_send_a_notice_or_a_failure_away_unread)
 {
-    station.soon([] {
-        press(Qt::Key_Return); // of a card reader
-        press(Qt::Key_Escape);
-    });
-    station.time.after(1500, [] { press(Qt::Key_Return); });
-    dialogs.notice({"RECORD NOT STORED", "Do not charge the card again.", {{"Receipt", "1"}}, {}});
-    EXPECT_GE(station.time.milliseconds(), 1500U);
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    station.run.reportFailure = [this](const std::string &text) { dialogs.systemMessage(text); };
+    for (const bool ends : {false, true}) { // a failure is shown even while the program ends
+        const std::uint64_t begun = station.time.milliseconds();
+        station.soon([] {
+            press(Qt::Key_Return); // of a card reader
+            press(Qt::Key_Escape);
+        });
+        station.time.after(1500, [] { press(Qt::Key_Return); });
+        if (ends)
+            station.run.fail("Writing", "CCPending.dat", platform::Outcome::NoRoom);
+        else
+            dialogs.notice(
+                {"RECORD NOT STORED", "Do not charge it again.", {{"Receipt", "1"}}, {}});
+        EXPECT_GE(station.time.milliseconds() - begun, 1500U) << ends;
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    }
 }
 
 } // namespace

@@ -152,6 +152,8 @@ int Box::wait(Run &run, std::uint64_t unheard)
     return result();
 }
 
+constexpr std::uint64_t kUnheard = 1000; // ms
+
 constexpr int resultOf(Answer answer)
 {
     return QDialog::Accepted + 1 + static_cast<int>(answer);
@@ -188,7 +190,13 @@ void QtDialogs::show(const Notice &notice)
     if (!notice.file.empty())
         box.addFile(toQt(notice.file));
     box.addButton(QStringLiteral("OK"), resultOf(Answer::Ok), true);
-    constexpr std::uint64_t kUnheard = 1000;
+    box.wait(run, kUnheard);
+}
+
+void QtDialogs::showFailure(const std::string &text)
+{
+    Box box(titleOf({}), toQt(text));
+    box.addButton(QStringLiteral("OK"), resultOf(Answer::Ok), true);
     box.wait(run, kUnheard);
 }
 

@@ -12,6 +12,7 @@ public:
 
 protected:
     void show(const Notice &notice) override;
+    void showFailure(const std::string &text) override;
     Answer ask(const std::string &title, const std::string &text, Buttons buttons) override;
     std::optional<std::string> askText(const std::string &title, const std::string &text,
                                        const std::string &initial, bool hidden) override;
