@@ -16,13 +16,23 @@
 namespace platform {
 
 enum class OpenMode {
-    Read,        // must exist; a lock taken through it is a shared one where the system knows both
-    ReadNoLink,  // the same of the file itself: a link in its place is Broken
-    ReadWrite,   // must exist; for rewriting in place, never for appending
-    Append,      // created when missing; every write lands at the end, wherever that is by then
-    CreateEmpty, // created when missing, emptied when there; for writing
-    CreateNew,   // created, and must not exist, not even as a link; for writing
+    Read,         // must exist; a lock taken through it is a shared one where the system knows both
+    ReadNoLink,   // the same of the file itself: a link in its place is Broken
+    ReadWrite,    // must exist; for rewriting in place, never for appending
+    Append,       // created when missing; every write lands at the end, wherever that is by then
+    AppendNoLink, // the same of the file itself, for those who then empty it: a link is Broken
+    CreateEmpty,  // created when missing, emptied when there; for writing
+    CreateNew,    // created, and must not exist, not even as a link; for writing
 };
+
+constexpr bool appends(OpenMode mode)
+{
+    return mode == OpenMode::Append || mode == OpenMode::AppendNoLink;
+}
+constexpr bool followsNoLink(OpenMode mode)
+{
+    return mode == OpenMode::ReadNoLink || mode == OpenMode::AppendNoLink;
+}
 
 /// What stands at a path.
 enum class Found {
@@ -44,8 +54,9 @@ public:
                            std::size_t &got) = 0;
     /// ReadWrite, CreateEmpty and CreateNew only. On failure some of the bytes may stand there.
     virtual Outcome writeAt(std::uint64_t offset, std::string_view bytes) = 0;
-    /// Append only: places the bytes at the end in one piece; `landedAt` is their offset. A short
-    /// write (disk full) is cut back, so that the file is as before, and gives NoRoom.
+    /// Append and AppendNoLink only: places the bytes at the end in one piece; `landedAt` is their
+    /// offset. A short write (disk full) is cut back, so that the file is as before, and gives
+    /// NoRoom.
     virtual Outcome append(std::string_view bytes, std::uint64_t &landedAt) = 0;
     /// Cuts the file to `to` bytes if it is `from` bytes long (nobody wrote behind it meanwhile),
     /// else leaves it; Done in both cases. Not for Read.

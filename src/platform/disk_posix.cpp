@@ -55,6 +55,7 @@ int flagsOf(OpenMode mode)
     case OpenMode::ReadNoLink: return O_RDONLY | O_NOFOLLOW;
     case OpenMode::ReadWrite: return O_RDWR;
     case OpenMode::Append: return O_RDWR | O_APPEND | O_CREAT;
+    case OpenMode::AppendNoLink: return O_RDWR | O_APPEND | O_CREAT | O_NOFOLLOW;
     case OpenMode::CreateEmpty: return O_RDWR | O_CREAT | O_TRUNC;
     case OpenMode::CreateNew: break;
     }
@@ -119,7 +120,7 @@ Outcome PosixFile::readAt(std::uint64_t offset, char *into, std::size_t length, 
 
 Outcome PosixFile::writeAt(std::uint64_t offset, std::string_view bytes)
 {
-    if (mode == OpenMode::Read || mode == OpenMode::Append)
+    if (mode == OpenMode::Read || appends(mode))
         return Outcome::Denied; // in append mode the system would ignore the offset
     while (!bytes.empty()) {
         const ssize_t part = uninterrupted([&] {
@@ -135,7 +136,7 @@ Outcome PosixFile::writeAt(std::uint64_t offset, std::string_view bytes)
 
 Outcome PosixFile::append(std::string_view bytes, std::uint64_t &landedAt)
 {
-    if (mode != OpenMode::Append)
+    if (!appends(mode))
         return Outcome::Denied;
     const ssize_t part =
         uninterrupted([&] { return ::write(descriptor, bytes.data(), bytes.size()); });

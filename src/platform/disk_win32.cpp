@@ -150,7 +150,7 @@ Outcome Win32File::readAt(std::uint64_t offset, char *into, std::size_t length, 
 
 Outcome Win32File::writeAt(std::uint64_t offset, std::string_view bytes)
 {
-    if (mode == OpenMode::Read || mode == OpenMode::Append)
+    if (mode == OpenMode::Read || appends(mode))
         return Outcome::Denied;
     while (!bytes.empty()) {
         OVERLAPPED place = placeAt(offset);
@@ -166,7 +166,7 @@ Outcome Win32File::writeAt(std::uint64_t offset, std::string_view bytes)
 
 Outcome Win32File::append(std::string_view bytes, std::uint64_t &landedAt)
 {
-    if (mode != OpenMode::Append || bytes.size() > kLargestPart)
+    if (!appends(mode) || bytes.size() > kLargestPart)
         return Outcome::Denied;
     // The handle may append and nothing else, so that the system places every write at the end.
     DWORD part = 0;
@@ -229,7 +229,8 @@ DWORD accessOf(OpenMode mode)
     switch (mode) {
     case OpenMode::Read:
     case OpenMode::ReadNoLink: return GENERIC_READ;
-    case OpenMode::Append: return FILE_GENERIC_READ | FILE_APPEND_DATA;
+    case OpenMode::Append:
+    case OpenMode::AppendNoLink: return FILE_GENERIC_READ | FILE_APPEND_DATA;
     case OpenMode::ReadWrite:
     case OpenMode::CreateEmpty:
     case OpenMode::CreateNew: break;
@@ -240,7 +241,8 @@ DWORD accessOf(OpenMode mode)
 DWORD dispositionOf(OpenMode mode)
 {
     switch (mode) {
-    case OpenMode::Append: return OPEN_ALWAYS;
+    case OpenMode::Append:
+    case OpenMode::AppendNoLink: return OPEN_ALWAYS;
     case OpenMode::CreateEmpty: return CREATE_ALWAYS;
     case OpenMode::CreateNew: return CREATE_NEW;
     case OpenMode::Read:
@@ -321,7 +323,7 @@ public:
 Outcome Win32Disk::open(const std::string &path, OpenMode mode, std::unique_ptr<DiskFile> &file)
 {
     file.reset();
-    if (mode == OpenMode::ReadNoLink && isLink(path))
+    if (followsNoLink(mode) && isLink(path))
         return Outcome::Broken;
     Handle handle = openHandle(path, accessOf(mode), dispositionOf(mode), FILE_ATTRIBUTE_NORMAL);
     if (!handle) {

@@ -10,9 +10,9 @@ Outcome HeldFile::take(std::string_view path, std::string_view text)
         return Outcome::Done;
     const ErrorsIgnored ignored(files.theRun());
     std::unique_ptr<DiskFile> opened;
-    Outcome outcome = files.open(path, OpenMode::Append, opened);
+    Outcome outcome = files.open(path, OpenMode::AppendNoLink, opened);
     if (done(outcome))
-        outcome = files.lock(path, OpenMode::Append, opened);
+        outcome = files.lock(path, OpenMode::AppendNoLink, opened);
     if (!done(outcome))
         return outcome;
     // The lock is what counts: a text that cannot be written is merely not there.

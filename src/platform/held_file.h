@@ -15,8 +15,8 @@ public:
     explicit HeldFile(Files &theFiles) : files(theFiles) {}
 
     /// Creates the file when it is missing, takes its lock, and puts `text` into it for others to
-    /// read. Locked when another holds it, whose text stays. Failures end nothing. Once held it
-    /// stays held, and taking it again changes nothing.
+    /// read. Locked when another holds it, whose text stays; Broken where a link stands in its
+    /// place. Failures end nothing. Once held it stays held, and taking it again changes nothing.
     Outcome take(std::string_view path, std::string_view text = {});
     bool held() const { return file != nullptr; }
     void release() { file.reset(); }

@@ -28,9 +28,9 @@ Outcome WorkFile::judge(std::string_view operation, Outcome outcome)
 
 Outcome WorkFile::create()
 {
-    Outcome outcome = files.open(name, OpenMode::Append, file);
+    Outcome outcome = files.open(name, OpenMode::AppendNoLink, file);
     if (done(outcome))
-        outcome = files.lock(name, OpenMode::Append, file);
+        outcome = files.lock(name, OpenMode::AppendNoLink, file);
     if (!done(outcome))
         return outcome;
     created = true;

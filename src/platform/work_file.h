@@ -18,8 +18,8 @@ public:
     WorkFile(const WorkFile &) = delete;
     WorkFile &operator=(const WorkFile &) = delete;
 
-    /// Created, or emptied where one was left over, and locked. A lock that is refused, inside
-    /// ErrorsIgnored too, means that another is at it: do not go on.
+    /// Created, or emptied where one was left over, and locked; never through a link. A lock that
+    /// is refused, inside ErrorsIgnored too, means that another is at it: do not go on.
     Outcome create();
     /// One whole slot behind the others. Slots are written many at a time, so that a failure may
     /// show only in replace().

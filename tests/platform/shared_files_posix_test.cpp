@@ -1,6 +1,7 @@
 // What the system does to shared files: the lock between processes, one of which dies, a full disk
 // and permissions.
 #include "platform/hardening.h"
+#include "platform/held_file.h"
 #include "platform/work_file.h"
 #include "support/second_process.h"
 #include "support/test_station.h"
@@ -9,6 +10,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -229,6 +231,25 @@ TEST(NewFiles, are_for_the_group_of_the_share_and_nobody_else_whatever_the_umask
         for (const char *name : {"a.dat", "b.dat", "c.dat"})
             EXPECT_EQ(modeOf(std::string("C:\\Lumbrio\\new\\") + name), 0660U) << name;
         EXPECT_EQ(modeOf("C:\\Lumbrio\\older.dat"), 0600U) << "somebody's wish";
+    }
+}
+
+TEST(LinkInAFilesPlace, is_not_followed_by_those_who_empty_what_they_open)
+{
+    TestStation station;
+    const ErrorsIgnored ignored(station.run);
+    const std::string link = "C:\\Lumbrio\\Data\\link";
+    station.put(kPath, "a night's tips");
+    for (const char *target : {"CCPending.dat", "not there"}) {
+        const std::string real = station.drives.resolve(link);
+        ASSERT_EQ(::symlink(target, real.c_str()), 0);
+        WorkFile work(station.files, link, 500);
+        HeldFile held(station.files);
+        EXPECT_FALSE(done(work.create()));
+        EXPECT_FALSE(done(held.take(link, "BAR1")));
+        EXPECT_EQ(station.get(kPath), "a night's tips");
+        EXPECT_FALSE(station.files.exists("C:\\Lumbrio\\Data\\not there"));
+        ::unlink(real.c_str());
     }
 }
 

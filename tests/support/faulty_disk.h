@@ -213,7 +213,7 @@ private:
 inline platform::Outcome FaultyDisk::open(Path at, platform::OpenMode mode,
                                           std::unique_ptr<platform::DiskFile> &file)
 {
-    constexpr std::array kModes = {" to read",   " to read", " to rewrite",
+    constexpr std::array kModes = {" to read",   " to read", " to rewrite", " to append",
                                    " to append", " emptied", " created"};
     file.reset();
     if (!may("open", at, kModes[static_cast<std::size_t>(mode)]))
