@@ -145,7 +145,10 @@ bool Tender::waitForAnswer()
 {
     startCounting();
     Timer2.setInterval(kWaitTimer); // anew: the audit's question may have taken its time
-    while (!liesThere(local.answer)) {
+    for (bool there = false;;) {
+        lookFor(local.answer, there);
+        if (there)
+            return true;
         if (app.ending())
             return false;
         if (app.values.StopWaiting > 65534) {
@@ -159,7 +162,6 @@ bool Tender::waitForAnswer()
         show();
         app.yield();
     }
-    return true;
 }
 
 void Tender::noAnswer()
@@ -190,8 +192,7 @@ bool Tender::readAnswer()
         const char *const reason =
             file.longer ? "longer than an answer can be" : platform::textOf(file.outcome);
         traceProcess(app, {std::string("  ANSWER NOT READ - ") + reason + " - " + local.answer});
-        for (const std::string &own : {local.request, local.work})
-            stillThere(own, app.files.removeIfThere(own));
+        withdrawFromServer();
         outcomeUnknown(local.answer, reason);
         return false;
     }
@@ -244,6 +245,15 @@ void Tender::deleteLocalFiles()
         return;
     for (const std::string &file : {local.request, local.answer, local.work})
         stillThere(file, app.files.removeIfThere(file));
+}
+
+/// The answer stays, as the evidence.
+void Tender::withdrawFromServer()
+{
+    if (!local.set())
+        return;
+    for (const std::string &own : {local.request, local.work})
+        stillThere(own, app.files.removeIfThere(own));
 }
 
 /// Whether a file that had to go still lies there, or may lie there; the trace tells.

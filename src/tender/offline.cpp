@@ -1,3 +1,4 @@
+#include "platform/patience.h"
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
 #include "records/card_files.h"
@@ -84,10 +85,22 @@ bool Tender::cardIsKnown() const
 /// The bank's word lies there, or may lie there, and the wait has not looked since.
 bool Tender::answerHasCome()
 {
-    const platform::ErrorsIgnored ignored(app.run); // a card may be being charged
     bool there = false;
-    const std::string file = app.values.X1009 ? kResultFile : local.answer;
-    return waiting && (!done(app.files.exists(file, there)) || there);
+    return !done(lookOnceMore(there)) || there;
+}
+
+/// Not Done: for a second nobody could tell. Without a wait there is none.
+platform::Outcome Tender::lookOnceMore(bool &there)
+{
+    if (!waiting)
+        return platform::Outcome::Done;
+    return platform::patiently(app.run, platform::Wait::Result,
+                               [&] { return lookFor(answerOfPayment(), there); });
+}
+
+std::string Tender::answerOfPayment() const
+{
+    return app.values.X1009 ? kResultFile : local.answer;
 }
 
 /// "YES". A card that was answered while the manager made up his mind takes the normal way on, and

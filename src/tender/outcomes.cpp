@@ -296,12 +296,20 @@ void Tender::showNotices()
 
 void Tender::SSCommand1_Click()
 {
-    if (!fields.SSCommand1.enabled || !fields.SSCommand1.visible || answering || app.ending() ||
-        answerHasCome())
+    if (!fields.SSCommand1.enabled || !fields.SSCommand1.visible || answering || app.ending())
         return;
     const platform::ErrorsIgnored ignored(app.run); // the answer is what counts
+    bool there = false;
+    const platform::Outcome looked = lookOnceMore(there);
+    if (there)
+        return;
     traceProcess(app, {"Cancel was pressed", "Unable to Connect - Internet may be down ",
                        "Actual Seconds waited for Response  " + fields.Label7});
+    if (!done(looked)) { // the bank may have answered long ago
+        withdrawFromServer();
+        outcomeUnknown(answerOfPayment(), textOf(looked));
+        return;
+    }
     writeAnswer(answerBlock("Declined", app.values.CCdata));
     deleteLocalFiles();
     app.files.removeIfThere(auditFile(app.values));

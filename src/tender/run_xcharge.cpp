@@ -173,18 +173,22 @@ bool Tender::oldResultRemains()
 }
 
 /// A file, or what has come in its place and cannot be read.
-bool Tender::liesThere(const std::string &answer)
+platform::Outcome Tender::lookFor(const std::string &answer, bool &there)
 {
     platform::Found found = platform::Found::Nothing;
-    app.files.look(answer, found);
-    return found != platform::Found::Nothing;
+    const platform::Outcome outcome = app.files.look(answer, found);
+    there = found != platform::Found::Nothing;
+    return outcome;
 }
 
 /// Until the result file exists. False when the wait was stopped or the program is ending.
 bool Tender::waitForResult(const std::string &commandLine)
 {
     int shellAt = 0;
-    while (!liesThere(kResultFile)) {
+    for (bool there = false;;) {
+        const platform::Outcome looked = lookFor(kResultFile, there);
+        if (there)
+            return true;
         if (app.ending())
             return false;
         if (app.values.StopWaiting > 65534) {
@@ -198,11 +202,11 @@ bool Tender::waitForResult(const std::string &commandLine)
         }
         setLabel7(countNow());
         fields.Label4 = fields.Label7;
-        startPaymentAt(commandLine, shellAt);
+        if (done(looked)) // or the card may be charged already, and would be once more
+            startPaymentAt(commandLine, shellAt);
         show();
         app.yield();
     }
-    return true;
 }
 
 /// On the first pass, and once more at count 50: that revives a stalled payment application.

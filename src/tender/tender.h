@@ -115,12 +115,15 @@ private:
     bool readAnswer();
     void judgeAnswer();
     void deleteLocalFiles();
+    void withdrawFromServer();
     bool stillThere(const std::string &file, platform::Outcome removed);
 
     // offline.cpp
     std::string askManager(const std::string &what);
     bool cardIsKnown() const;
     bool answerHasCome();
+    platform::Outcome lookOnceMore(bool &there);
+    std::string answerOfPayment() const;
     bool requestWithdrawn();
     void approveOffline();
     void Hide_Offline_Panel();
@@ -133,7 +136,7 @@ private:
     std::string buildCommandLine();
     void startWait();
     bool oldResultRemains();
-    bool liesThere(const std::string &answer);
+    platform::Outcome lookFor(const std::string &answer, bool &there);
     bool waitForResult(const std::string &commandLine);
     void startPaymentAt(const std::string &commandLine, int &shellAt);
     std::string argument(const std::string &value, const char *name);
