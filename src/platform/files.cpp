@@ -10,6 +10,7 @@ namespace platform {
 namespace {
 
 constexpr std::size_t kChunk = 64U << 10U;
+constexpr int kNameAttempts = 20; // each one needs another who takes the name just then
 constexpr int kLockAttempts = 20; // each one needs a replacement by another station just then
 
 std::string parentOf(const std::string &realPath)
@@ -59,7 +60,7 @@ Outcome Files::openReal(const std::string &real, OpenMode mode, std::unique_ptr<
 
 /// A new file written whole beside its place and then renamed over it; removed when anything
 /// fails on the way.
-template <typename Fill> Outcome Files::replaceFile(const std::string &real, Fill fill)
+template <typename Fill> Outcome Files::replaceFile(const std::string &real, Fill fill, Rename move)
 {
     const std::string beside = workName(real, maker);
     std::unique_ptr<DiskFile> file;
@@ -71,7 +72,7 @@ template <typename Fill> Outcome Files::replaceFile(const std::string &real, Fil
         outcome = file->flush();
     file.reset();
     if (done(outcome))
-        outcome = disk.rename(beside, real);
+        outcome = (disk.*move)(beside, real);
     if (!done(outcome))
         disk.remove(beside);
     return outcome;
@@ -364,6 +365,27 @@ std::string Files::freeName(std::string_view beginning, std::string_view ending)
     for (int number = 2; exists(name + std::string(ending)); ++number)
         name = std::string(beginning) + "-" + std::to_string(number);
     return name.append(ending);
+}
+
+Outcome Files::writeNew(std::string_view beginning, std::string_view ending,
+                        std::string_view content, std::string &path)
+{
+    Outcome outcome = Outcome::Done;
+    for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
+        path = freeName(beginning, ending);
+        bool taken = false;
+        outcome = perform("Writing", path, [&](const std::string &real) {
+            const Outcome written = replaceFile(
+                real, [&](DiskFile &file) { return file.writeAt(0, content); },
+                &Disk::renameToFree);
+            Found found = Found::Nothing;
+            taken = !done(written) && done(disk.look(real, found)) && found != Found::Nothing;
+            return done(written) ? disk.flushDirectory(parentOf(real)) : written;
+        });
+        if (!taken)
+            break;
+    }
+    return outcome;
 }
 
 Outcome Files::flushFolderOf(std::string_view path)

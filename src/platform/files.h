@@ -89,6 +89,11 @@ public:
     /// New content written and flushed beside `path`, renamed over it, the folder flushed.
     Outcome replaceWhole(std::string_view path, std::string_view content);
 
+    /// A new file, whole and durable when it appears, of the first of the names that freeName()
+    /// would try; never in the place of another. `path` is the one it got, or tried last.
+    Outcome writeNew(std::string_view beginning, std::string_view ending, std::string_view content,
+                     std::string &path);
+
     /// Reports a failed operation by the rules above; returns `outcome`.
     Outcome judge(std::string_view operation, std::string_view path, Outcome outcome);
     bool shut() const { return run.ending(); }
@@ -107,7 +112,9 @@ private:
     template <typename Call>
     Outcome perform(std::string_view operation, std::string_view path, Call call);
     Outcome openReal(const std::string &real, OpenMode mode, std::unique_ptr<DiskFile> &file);
-    template <typename Fill> Outcome replaceFile(const std::string &real, Fill fill);
+    using Rename = Outcome (Disk::*)(const std::string &, const std::string &);
+    template <typename Fill>
+    Outcome replaceFile(const std::string &real, Fill fill, Rename move = &Disk::rename);
     Outcome listFiles(const std::string &real, std::vector<std::string> &names);
     Outcome readAs(OpenMode mode, std::string_view path, std::string &content, std::size_t limit);
     Outcome writeInPlace(std::string_view path, std::string_view content, bool flushed);

@@ -3,6 +3,8 @@
 #include "platform/patience.h"
 #include "records/transaction_search.h"
 
+#include <algorithm>
+
 namespace records {
 
 namespace {
@@ -40,6 +42,27 @@ CarefulRecord addCarefully(App &app, const std::string &file, const CardRecord &
     return confirmStored(app, file, record, appendOnce(app, file, record));
 }
 
+Outcome flushRecord(App &app, const std::string &file, long slot, const CardRecord &record)
+{
+    const platform::ErrorsIgnored ignored(app.run);
+    platform::SlotFile slots(app.files, file, kCardSlotLength);
+    std::string bytes(kCardSlotLength, '\0');
+    Outcome outcome = slots.open(platform::SlotUse::Rewrite);
+    if (done(outcome))
+        outcome = platform::patiently(app.run, platform::Wait::CardFileLock,
+                                      [&slots] { return slots.lock(); });
+    if (done(outcome))
+        outcome = slots.read(slot, bytes);
+    CardRecord there;
+    std::copy_n(bytes.begin(), CardRecord::kSize, there.data().begin());
+    if (done(outcome) && !sameTransaction(there, record))
+        outcome = Outcome::NotThere;
+    if (done(outcome))
+        outcome = slots.write(slot, bytes);
+    const Outcome closed = slots.close();
+    return done(outcome) ? closed : outcome;
+}
+
 CarefulRecord confirmStored(App &app, const std::string &file, const CardRecord &record,
                             const CarefulRecord &stored)
 {
@@ -49,9 +72,11 @@ CarefulRecord confirmStored(App &app, const std::string &file, const CardRecord 
         const Outcome looked = lookAt(app, file, now.slot, record);
         if (done(looked))
             return now;
-        Sighting sighting = findTransaction(app, record, file);
-        if (sighting.found())
+        const Sighting sighting = findTransaction(app, record, file);
+        if (sighting.found()) {
+            now.slot = sighting.slot;
             return now;
+        }
         if (!done(sighting.outcome) || append == kAppends)
             return {{done(sighting.outcome) ? Outcome::Locked : sighting.outcome, 0}, true};
         now = appendOnce(app, file, record);

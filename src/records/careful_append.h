@@ -22,4 +22,10 @@ CarefulRecord addCarefully(App &app, const std::string &file, const CardRecord &
 CarefulRecord confirmStored(App &app, const std::string &file, const CardRecord &record,
                             const CarefulRecord &stored);
 
+/// Writes slot N once more as it stands and flushes it, under the lock, which is waited for: after
+/// a flush that failed what a reader sees may still not be on the disk. NotThere when the slot
+/// holds another transaction than `record`.
+platform::Outcome flushRecord(App &app, const std::string &file, long slot,
+                              const CardRecord &record);
+
 } // namespace records

@@ -46,6 +46,9 @@ ExchangeText boundedText(std::string_view content)
 ExchangeFile readExchange(App &app, const std::string &path)
 {
     ExchangeFile file;
+    file.outcome = app.files.modified(path, file.modified);
+    if (!done(file.outcome))
+        return file;
     file.outcome = app.files.readNoLink(path, file.content, kExchangeLimit + 1);
     static_cast<ExchangeText &>(file) = boundedText(file.content);
     if (file.longer) {

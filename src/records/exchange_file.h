@@ -27,7 +27,8 @@ ExchangeText boundedText(std::string_view content);
 
 struct ExchangeFile : ExchangeText {
     platform::Outcome outcome = platform::Outcome::Broken;
-    std::string content; // as read, kExchangeLimit bytes at most
+    std::string content;         // as read, kExchangeLimit bytes at most
+    platform::DateTime modified; // before it was read
 };
 
 /// Reads the file at `path`, which must be a plain file and no link. What is left out goes into the

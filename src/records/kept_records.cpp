@@ -1,7 +1,7 @@
 #include "records/kept_records.h"
 
 #include "platform/patience.h"
-#include "records/card_files.h"
+#include "records/careful_append.h"
 #include "records/trace.h"
 #include "records/transaction_search.h"
 
@@ -52,11 +52,26 @@ std::string describe(const CardRecord &record)
            record.text(CApprovalCode);
 }
 
+/// The file is there, or at least the folder of the other card files: where the share has gone, its
+/// place may be an empty folder, and a new file in it would be hidden when the share comes back.
+Outcome placeOf(App &app, const std::string &target)
+{
+    bool there = false;
+    const Outcome outcome = app.files.exists(target, there);
+    if (!done(outcome))
+        return outcome;
+    return there || app.files.folderExists(app.values.Remotedir + "data") ? Outcome::Done
+                                                                          : Outcome::NotThere;
+}
+
 /// Appended under the lock, which is waited for: nothing presses here.
 Outcome storeUnderLock(App &app, const Kept &kept)
 {
+    Outcome outcome = placeOf(app, kept.target);
+    if (!done(outcome))
+        return outcome;
     platform::SlotFile slots(app.files, kept.target, kCardSlotLength);
-    Outcome outcome = slots.open(platform::SlotUse::Append);
+    outcome = slots.open(platform::SlotUse::Append);
     if (done(outcome))
         outcome = platform::patiently(app.run, platform::Wait::CardFileLock,
                                       [&slots] { return slots.lock(); });
@@ -69,13 +84,12 @@ Outcome storeOnce(App &app, const Kept &kept)
     const Sighting sighting = findTransaction(app, kept.record, kept.target);
     if (!done(sighting.outcome))
         return sighting.outcome;
-    if (sighting.found()) {
-        tell(app, "stands in its file already - " + describe(kept.record) + " - " + sighting.file);
-        return Outcome::Done;
-    }
-    const Outcome outcome = storeUnderLock(app, kept);
+    const std::string &file = sighting.found() ? sighting.file : kept.target;
+    const Outcome outcome = sighting.found() ? flushRecord(app, file, sighting.slot, kept.record)
+                                             : storeUnderLock(app, kept);
     if (done(outcome))
-        tell(app, "stored - " + describe(kept.record) + " - " + kept.target);
+        tell(app, (sighting.found() ? "stands in its file already - " : "stored - ") +
+                      describe(kept.record) + " - " + file);
     return outcome;
 }
 
@@ -84,20 +98,22 @@ class Claim {
 public:
     Claim(App &theApp, const std::string &thePath) : app(theApp), path(thePath) {}
 
-    bool take()
+    /// Locked or NotThere: another has it in hand, or is done with it.
+    Outcome take()
     {
-        if (!done(app.files.open(path, platform::OpenMode::ReadWrite, file)) ||
-            !done(app.files.lock(path, platform::OpenMode::ReadWrite, file)))
-            return false;
-        if (path.ends_with(kClaimed)) // whoever claimed it before is dead: the lock was free
-            return true;
+        Outcome outcome = app.files.open(path, platform::OpenMode::ReadWrite, file);
+        if (done(outcome))
+            outcome = app.files.lock(path, platform::OpenMode::ReadWrite, file);
+        // Where it was claimed before, whoever did is dead: the lock was free.
+        if (!done(outcome) || path.ends_with(kClaimed))
+            return outcome;
         const std::string claimed = path + std::string(kClaimed);
-        if (!done(app.files.rename(path, claimed)))
-            return false;
-        path = claimed;
-        return true;
+        outcome = app.files.rename(path, claimed);
+        if (done(outcome))
+            path = claimed;
+        return outcome;
     }
-    void store(KeptRecords &result)
+    void store(KeptRecords &result, Outcome &far)
     {
         std::string content;
         Kept kept;
@@ -106,7 +122,9 @@ public:
             tell(app, "cannot be read - " + path);
             return;
         }
-        const Outcome outcome = storeOnce(app, kept);
+        // A file that did not answer for one of them will not for the next.
+        const Outcome outcome = done(far) ? storeOnce(app, kept) : far;
+        far = outcome;
         if (done(outcome)) {
             ++result.stored;
             app.files.removeIfThere(path);
@@ -142,9 +160,9 @@ std::string keepRecord(App &app, const std::string &target, const CardRecord &re
                        Outcome &outcome)
 {
     const platform::ErrorsIgnored ignored(app.run);
-    const std::string path = app.files.freeName(
-        stationDataFolder(app) + "KeptRecord-" + stampOf(app.clock.now()), ".dat");
-    outcome = app.files.replaceWhole(path, keptText(target, record));
+    std::string path;
+    outcome = app.files.writeNew(stationDataFolder(app) + "KeptRecord-" + stampOf(app.clock.now()),
+                                 ".dat", keptText(target, record), path);
     if (!done(outcome) && app.files.exists(path))
         outcome = Outcome::Done; // not flushed, yet whole
     tell(app, done(outcome) ? "written - " + describe(record) + " - " + path
@@ -158,10 +176,22 @@ KeptRecords storeKeptRecords(App &app)
     const platform::ErrorsIgnored ignored(app.run);
     KeptRecords result;
     const std::string folder = app.values.Maindir + "Data\\";
-    for (const std::string &name : app.files.list(folder)) {
+    std::vector<std::string> names;
+    const Outcome listed = app.files.list(folder, names);
+    if (!done(listed) && listed != Outcome::NotThere) {
+        ++result.unreadable;
+        tell(app, "may wait - " + std::string(platform::textOf(listed)) + " - " + folder);
+    }
+    Outcome far = Outcome::Done;
+    for (const std::string &name : names) {
+        if (!isKept(name))
+            continue;
         Claim claim(app, folder + name);
-        if (isKept(name) && claim.take())
-            claim.store(result);
+        const Outcome taken = claim.take();
+        if (done(taken))
+            claim.store(result, far);
+        else if (taken != Outcome::Locked && taken != Outcome::NotThere)
+            ++result.unreadable;
     }
     return result;
 }

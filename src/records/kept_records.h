@@ -21,7 +21,7 @@ std::string keepRecord(App &app, const std::string &target, const CardRecord &re
 struct KeptRecords {
     int stored = 0; // by this call, or found to be stored already
     std::vector<CardRecord> waiting;
-    int unreadable = 0;
+    int unreadable = 0; // or, where the folder cannot be listed, perhaps there
 };
 
 /// At the start of every role: appends each kept record to its file, under the lock, unless it

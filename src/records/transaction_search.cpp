@@ -29,20 +29,34 @@ std::vector<std::string> filesToSearch(App &app, const CardRecord &record,
     return files;
 }
 
+/// What of a field tells transactions apart: letters and digits of the identifier, the trimmed text
+/// of any other.
+std::string comparable(const CardRecord &record, const CardField &field)
+{
+    std::string text = record.text(field);
+    if (field.offset == CCXcTranID.offset)
+        std::erase_if(text, [](char c) {
+            return !((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'));
+        });
+    return text;
+}
+
+/// In one reading of the whole file: slot by slot would be a round trip each where it is far away.
 Sighting findIn(App &app, const std::string &file, const CardRecord &record)
 {
-    platform::SlotFile slots(app.files, file, kCardSlotLength);
-    long count = 0;
-    Sighting sighting{slots.open(platform::SlotUse::Read), file, 0};
-    if (done(sighting.outcome))
-        sighting.outcome = slots.count(count);
-    for (long slot = 1; slot <= count && done(sighting.outcome); ++slot) {
+    std::string bytes;
+    Sighting sighting{app.files.read(file, bytes), file, 0};
+    if (bytes.size() >= platform::Files::kReadLimit)
+        sighting.outcome = Outcome::Broken;
+    bytes.resize((bytes.size() + kCardSlotLength - 1) / kCardSlotLength * kCardSlotLength, '\0');
+    for (std::size_t at = 0; at < bytes.size() && done(sighting.outcome); at += kCardSlotLength) {
         CardRecord there;
-        sighting.outcome = slots.read(slot, there.data());
-        if (done(sighting.outcome) && sameTransaction(there, record)) {
-            sighting.slot = slot;
-            break;
-        }
+        std::copy_n(bytes.begin() + static_cast<std::ptrdiff_t>(at), CardRecord::kSize,
+                    there.data().begin());
+        if (!sameTransaction(there, record))
+            continue;
+        sighting.slot = static_cast<long>(at / kCardSlotLength) + 1;
+        break;
     }
     return sighting;
 }
@@ -53,8 +67,9 @@ bool sameTransaction(const CardRecord &one, const CardRecord &other)
 {
     constexpr std::array kIdentity = {CCReceipt, CCXcTranID, CApprovalCode, CCDate,
                                       CCTime,    CCStation,  CCSaleAmt};
-    return std::all_of(kIdentity.begin(), kIdentity.end(),
-                       [&](const CardField &field) { return one.raw(field) == other.raw(field); });
+    return std::all_of(kIdentity.begin(), kIdentity.end(), [&](const CardField &field) {
+        return comparable(one, field) == comparable(other, field);
+    });
 }
 
 Sighting findTransaction(App &app, const CardRecord &record, const std::string &target)

@@ -8,7 +8,9 @@
 namespace records {
 
 /// Receipt, transaction identifier, approval code, date, time, station and sale amount are the
-/// same, byte for byte: nothing that a tip, a batch or a void changes.
+/// same: nothing that a tip, a batch or a void changes. A manager's save writes a blank where a
+/// field was never assigned, and leaves the transaction identifier without its signs; it is the
+/// same transaction all the same.
 bool sameTransaction(const CardRecord &one, const CardRecord &other);
 
 struct Sighting {
