@@ -152,8 +152,9 @@ bool Tender::waitForAnswer()
         if (app.ending())
             return false;
         if (app.values.StopWaiting > 65534) {
-            noAnswer();
-            return false;
+            if (noAnswer())
+                return false;
+            continue;
         }
         const int count = countNow();
         setLabel7(count);
@@ -164,16 +165,25 @@ bool Tender::waitForAnswer()
     }
 }
 
-void Tender::noAnswer()
+/// False when the answer has come after all.
+bool Tender::noAnswer()
 {
+    const LastLook last = lookLast();
+    if (last.there)
+        return false;
     traceProcess(app, {"Unable to Connect - Internet may be down ",
                        "Actual Seconds waited for Response  " + fields.Label7});
+    if (last.unknown != nullptr) {
+        outcomeUnknown(local.answer, last.unknown, last.reason);
+        return true;
+    }
     app.values.TndrRESULT = "Declined";
     writeAnswer(answerBlock("Declined", app.values.CCdata));
     traceAnswer();
-    deleteLocalFiles();
+    clearLateAnswer();
     app.files.removeIfThere(auditFile(app.values));
     endTender();
+    return true;
 }
 
 /// False when there is an answer that cannot be read; it stays where it is, as the evidence, and
@@ -188,12 +198,12 @@ bool Tender::readAnswer()
         return file.outcome;
     });
     const std::string answer = answerText(file.text);
-    if (!done(file.outcome) || (file.longer && answer.empty())) {
+    if (!done(file.outcome) || (file.longer && !namesOutcome(answer))) {
         const char *const reason =
             file.longer ? "longer than an answer can be" : platform::textOf(file.outcome);
         traceProcess(app, {std::string("  ANSWER NOT READ - ") + reason + " - " + local.answer});
         withdrawFromServer();
-        outcomeUnknown(local.answer, reason);
+        outcomeUnknown(local.answer, kNotRead, reason);
         return false;
     }
     app.values.CCdata.set(CResponse, answer);
@@ -219,11 +229,12 @@ void Tender::judgeAnswer()
     if (app.values.CCdata.text(CCEncoded) != "1")
         encodeCardNumber(app.values.CCdata);
     storeRecord(pendingFile(app.values));
-    if (stored.stored())
+    // Without the lock its holder may be about to write to that slot.
+    if (stored.stored() && !stored.unlocked)
         replaceRecord(app, pendingFile(app.values), stored.slot, app.values.CCdata,
                       app.values.CCdata);
-    if (recorded() || !fields.approved)
-        deleteLocalFiles();
+    if (!stored.unlocked)
+        answerDealtWith();
     app.files.removeIfThere(auditFile(app.values));
     traceProcess(app, {"Approved or Declined " + app.values.TndrRESULT});
     if (fields.approved) {
@@ -231,29 +242,43 @@ void Tender::judgeAnswer()
         printSlips();
     }
     confirmRecord();
+    if (stored.unlocked)
+        answerDealtWith();
     writeAnswer(answerBlock(app.values.TndrRESULT, app.values.CCdata));
     traceAnswer();
     finish();
 }
 
-/// Also what a server that is slow to look has not taken yet: it must not charge a card whose
-/// tender is over.
-void Tender::deleteLocalFiles()
+/// The server's answer, once it is in a record. One that says neither yes nor no may be half of
+/// one, and is put aside.
+void Tender::answerDealtWith()
 {
-    const platform::ErrorsIgnored ignored(app.run);
-    if (!local.set())
+    withdrawFromServer();
+    if (!recorded() && fields.approved)
         return;
-    for (const std::string &file : {local.request, local.answer, local.work})
-        stillThere(file, app.files.removeIfThere(file));
+    if (namesOutcome(app.values.CCdata.raw(CResponse)))
+        stillThere(local.answer, app.files.removeIfThere(local.answer));
+    else
+        clearResult(app, local.answer);
 }
 
-/// The answer stays, as the evidence.
-void Tender::withdrawFromServer()
+/// One that the server has written since the last look is nobody's decline: it is put aside.
+void Tender::clearLateAnswer()
 {
-    if (!local.set())
-        return;
-    for (const std::string &own : {local.request, local.work})
-        stillThere(own, app.files.removeIfThere(own));
+    if (local.set())
+        clearResult(app, local.answer);
+}
+
+/// What a server that is slow to look has not taken yet: it must not charge a card whose tender is
+/// over. False when it may still be there.
+bool Tender::withdrawFromServer()
+{
+    const platform::ErrorsIgnored ignored(app.run);
+    bool withdrawn = true;
+    if (local.set())
+        for (const std::string &own : {local.request, local.work})
+            withdrawn = !stillThere(own, app.files.removeIfThere(own)) && withdrawn;
+    return withdrawn;
 }
 
 /// Whether a file that had to go still lies there, or may lie there; the trace tells.

@@ -1,5 +1,6 @@
 #include "tender/evidence.h"
 
+#include "platform/hardening.h"
 #include "records/card_helpers.h"
 #include "records/delimited.h"
 #include "records/exchange_file.h"
@@ -22,16 +23,14 @@ void tellBoth(App &app, const std::string &line)
     traceLog(app, {line});
 }
 
-/// What a result is known by; empty when it cannot be read.
+/// Empty when it cannot be read.
 std::string markOf(App &app, const std::string &path)
 {
-    const platform::ErrorsIgnored ignored(app.run);
     std::string content;
     platform::DateTime when;
-    if (!done(app.files.readNoLink(path, content, kExchangeLimit + 1)) ||
-        !done(app.files.modified(path, when)))
-        return {};
-    return quotedValues({std::to_string(content.size()), stampOf(when), digestOf(content)});
+    const bool read = done(app.files.modified(path, when)) &&
+                      done(app.files.readNoLink(path, content, kExchangeLimit));
+    return read ? resultMark(content, when) : std::string();
 }
 
 void putAside(App &app, const std::string &path)
@@ -49,17 +48,21 @@ void putAside(App &app, const std::string &path)
 void removeDeadRequest(App &app, const std::string &path)
 {
     std::string content;
-    app.files.read(path, content, kExchangeLimit);
+    const platform::Outcome read = app.files.readNoLink(path, content, kExchangeLimit);
     DelimitedReader reader(content);
     std::array<std::string, 6> values; // kind, server, receipt, number, track, amount
     for (std::string &value : values)
         value = withoutControls(Left(reader.next(), CardRecord::kSize));
+    tellBoth(app, std::string("REQUEST OF A TENDER THAT WAS ENDED - ") +
+                      (done(read) ? "receipt " : "cannot be read - receipt ") +
+                      withoutCardNumbers(Left(values[2], CCReceipt.length)) + ", amount " +
+                      withoutCardNumbers(Left(values[5], CCTabAmt.length)) + ", card " +
+                      maskedNumber(values[3]) + " - " + path);
+    platform::wipe(content);
+    for (std::string &value : values)
+        platform::wipe(value);
     const platform::Outcome outcome = app.files.removeIfThere(path);
-    tellBoth(app, "REQUEST OF A TENDER THAT WAS ENDED " +
-                      std::string(done(outcome) ? "REMOVED" : platform::textOf(outcome)) +
-                      " - receipt " + withoutCardNumbers(Left(values[2], CCReceipt.length)) +
-                      ", amount " + withoutCardNumbers(Left(values[5], CCTabAmt.length)) +
-                      ", card " + maskedNumber(values[3]) + " - " + path);
+    tellBoth(app, std::string("IT IS ") + (done(outcome) ? "REMOVED" : platform::textOf(outcome)));
 }
 
 } // namespace
@@ -81,10 +84,14 @@ std::string digestOf(std::string_view content)
     return text;
 }
 
-void noteTaken(App &app, const std::string &path)
+std::string resultMark(std::string_view content, const platform::DateTime &modified)
+{
+    return quotedValues({std::to_string(content.size()), stampOf(modified), digestOf(content)});
+}
+
+void noteTaken(App &app, const std::string &mark)
 {
     const platform::ErrorsIgnored ignored(app.run);
-    const std::string mark = markOf(app, path);
     if (mark.empty())
         return;
     stationDataFolder(app);
@@ -109,7 +116,12 @@ void clearDeadRequests(App &app)
 {
     const platform::ErrorsIgnored ignored(app.run);
     const std::string folder = localFolder(app.values);
-    for (const std::string &name : app.files.list(folder)) {
+    std::vector<std::string> names;
+    if (const platform::Outcome listed = app.files.list(folder, names);
+        !done(listed) && listed != platform::Outcome::NotThere)
+        traceProcess(app, {std::string("  DEAD REQUESTS NOT LOOKED FOR - ") +
+                           platform::textOf(listed) + " - " + folder});
+    for (const std::string &name : names) {
         const LeftOver kind = leftOverOf(app.values, name);
         if (kind == LeftOver::Request)
             removeDeadRequest(app, folder + name);

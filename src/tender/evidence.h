@@ -16,9 +16,12 @@ std::string resultTakenFile(const records::ProcessValues &values);
 /// The digest of a content, as 16 hexadecimal digits; it tells results apart and protects nothing.
 std::string digestOf(std::string_view content);
 
-/// Notes that the result at `path` has been dealt with. Failures end nothing: a result that is not
-/// noted is put aside by the next tender.
-void noteTaken(records::App &app, const std::string &path);
+/// What a result is known by, from the bytes that were read and the time of their last writing.
+std::string resultMark(std::string_view content, const platform::DateTime &modified);
+
+/// Notes that the result of this mark has been dealt with. Failures end nothing: a result that is
+/// not noted is put aside by the next tender.
+void noteTaken(records::App &app, const std::string &mark);
 
 /// Deletes the result or answer at `path` where it was dealt with; any other one gets a name with
 /// date and time in the same folder, and a line in both traces. One that is not there is no

@@ -24,7 +24,7 @@ LeftOver leftOverOf(const ProcessValues &values, std::string_view name)
     const std::string ending = toLower(name.substr(station.size() + kStamp));
     if (stamp.find_first_not_of("0123456789") != std::string_view::npos)
         return LeftOver::None;
-    if (ending == ".tmp" || ending == ".req" || ending.starts_with(".req."))
+    if (ending == ".tmp" || ending == ".req")
         return LeftOver::Request;
     return ending == ".ans" ? LeftOver::Answer : LeftOver::None;
 }
@@ -70,6 +70,12 @@ std::string localAmount(std::string_view amount)
 std::string answerText(std::string_view content)
 {
     return withoutCardNumbers(DelimitedReader(content).next());
+}
+
+bool namesOutcome(std::string_view answer)
+{
+    return !answer.empty() &&
+           std::string_view("YND").find(answer.front()) != std::string_view::npos;
 }
 
 std::string outcomeWord(std::string_view answer)

@@ -24,8 +24,8 @@ std::string localFolder(const records::ProcessValues &values);
 /// What a name in the folder of the exchange is of, when a tender of this station made it.
 enum class LeftOver { None, Request, Answer };
 
-/// By the station's whole name, the twelve digits of the moment and the ending. A work file and a
-/// copy in the making hold a request too.
+/// By the station's whole name, the twelve digits of the moment and the ending. A work file holds a
+/// request too.
 LeftOver leftOverOf(const records::ProcessValues &values, std::string_view name);
 
 LocalFiles localFiles(const records::ProcessValues &values, const platform::DateTime &now);
@@ -56,6 +56,9 @@ std::string localAmount(std::string_view amount);
 /// The one value of an answer file; empty when there is none. It goes into traces, the record and
 /// the answer for the point of sale, so a card number that a server repeats in it arrives masked.
 std::string answerText(std::string_view content);
+
+/// One of the letters that say yes or no; anything else may be what is there of an answer so far.
+bool namesOutcome(std::string_view answer);
 
 /// "Approved" for an answer that begins with "Y", else "Declined"; capitals count.
 std::string outcomeWord(std::string_view answer);

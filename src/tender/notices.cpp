@@ -22,6 +22,12 @@ Facts factsOf(const CardRecord &CCdata)
     return facts;
 }
 
+std::string approver(const CardRecord &CCdata)
+{
+    return CCdata.text(CApprovalCode) == "OFFLINE" ? "A manager approved this card offline"
+                                                   : "The bank approved this card";
+}
+
 } // namespace
 
 void tellUnprinted(App &app, const std::vector<printing::Unprinted> &unprinted)
@@ -42,7 +48,7 @@ void tellUnprinted(App &app, const std::vector<printing::Unprinted> &unprinted)
 platform::Notice notStoredNotice(const CardRecord &CCdata, platform::Outcome outcome, bool kept,
                                  const std::string &file)
 {
-    const std::string what = "The bank approved this card, but its record could not be stored (" +
+    const std::string what = approver(CCdata) + ", but its record could not be stored (" +
                              std::string(platform::textOf(outcome)) +
                              "). Do not charge the card again. ";
     return {"RECORD NOT STORED",
@@ -63,20 +69,21 @@ platform::Notice notAnsweredNotice(const CardRecord &CCdata, const std::string &
     if (unknown)
         meaning = "The card may be charged. Do not run it again; tell the manager.";
     else if (result == "Approved")
-        meaning = "The bank approved this card: do not charge it again. Enter the payment at the "
-                  "point of sale by hand, and tell the manager.";
-    return {"NO ANSWER FOR THE POINT OF SALE", what + meaning, factsOf(CCdata), file};
+        meaning =
+            ": do not charge it again. Enter the payment at the point of sale by hand, and tell "
+            "the manager.";
+    return {"NO ANSWER FOR THE POINT OF SALE",
+            what + (result == "Approved" && !unknown ? approver(CCdata) : "") + meaning,
+            factsOf(CCdata), file};
 }
 
-platform::Notice unknownNotice(const CardRecord &CCdata, const std::string &reason,
-                               const std::string &file)
+platform::Notice unknownNotice(const CardRecord &CCdata, const std::string &what,
+                               const std::string &reason, const std::string &file)
 {
-    return {
-        "OUTCOME UNKNOWN",
-        "The payment answered, but its answer cannot be read (" + reason +
-            "). The card may be charged. Do not run it again before the manager has looked into "
-            "the payment application. The point of sale was told \"Declined\".",
-        factsOf(CCdata), file};
+    return {"OUTCOME UNKNOWN",
+            what + " (" + reason + "). " + kMayBeCharged +
+                " The point of sale was told \"Declined\".",
+            factsOf(CCdata), file};
 }
 
 } // namespace tender

@@ -24,9 +24,10 @@ platform::Notice notStoredNotice(const records::CardRecord &CCdata, platform::Ou
 platform::Notice notAnsweredNotice(const records::CardRecord &CCdata, const std::string &result,
                                    bool unknown, platform::Outcome outcome,
                                    const std::string &file);
-/// Nobody knows what the bank said. `file` keeps what is known.
-platform::Notice unknownNotice(const records::CardRecord &CCdata, const std::string &reason,
-                               const std::string &file);
+/// Nobody knows what the bank said: `what` tells why, `file` keeps what is known.
+platform::Notice unknownNotice(const records::CardRecord &CCdata, const std::string &what,
+                               const std::string &reason, const std::string &file);
+inline constexpr const char *kNotRead = "The payment answered, but its answer cannot be read";
 
 /// Says which slips of the record in `CCdata` were not printed, and where to print them again; the
 /// same goes to both traces first. Nothing for none.

@@ -98,6 +98,23 @@ platform::Outcome Tender::lookOnceMore(bool &there)
                                [&] { return lookFor(answerOfPayment(), there); });
 }
 
+/// The request is taken back first: from then on nobody takes it any more.
+Tender::LastLook Tender::lookLast()
+{
+    const platform::ErrorsIgnored ignored(app.run);
+    const bool withdrawn = withdrawFromServer();
+    LastLook last;
+    const platform::Outcome looked = lookOnceMore(last.there);
+    if (!done(looked)) {
+        last.unknown = "Nobody can see whether the payment has answered";
+        last.reason = textOf(looked);
+    } else if (!withdrawn) {
+        last.unknown = "The request cannot be taken back from the payment server";
+        last.reason = "it may still be charged";
+    }
+    return last;
+}
+
 std::string Tender::answerOfPayment() const
 {
     return app.values.X1009 ? kResultFile : local.answer;
@@ -145,8 +162,8 @@ void Tender::approveOffline()
     app.values.TndrRESULT = "Approved";
     fields.result = true;
     fields.approved = true;
-    stored = addCarefully(app, pendingFile(app.values), CCdata);
-    if (!stored.stored()) {
+    storeRecord(pendingFile(app.values));
+    if (!recorded()) {
         offlineNotStored();
         return;
     }
@@ -155,6 +172,7 @@ void Tender::approveOffline()
     printing::Print_Cust(app, printer, slipContext());
     traceProcess(app, offlineTrace());
     traceLog(app, offlineTrace());
+    confirmRecord();
     writeAnswer(answerBlock("Approved", CCdata));
     app.files.removeIfThere(auditFile(app.values));
     endTender();

@@ -99,19 +99,19 @@ void Tender::stayForOperator()
     showNotices();
 }
 
-/// The payment has answered, and nobody knows what: the card may be charged. The point of sale has
+/// Nobody knows what the bank has said: the card may be charged. The point of sale has
 /// no word for that and hears "Declined"; no record is made, for it would read as a decline. What
 /// the bank wrote stays where it is.
-void Tender::outcomeUnknown(const std::string &result, const char *reason)
+void Tender::outcomeUnknown(const std::string &result, const char *what, const char *reason)
 {
     CardRecord &CCdata = app.values.CCdata;
     answering = true;
     fields.unknown = true;
     fields.result = true;
     app.values.TndrRESULT = "Declined";
-    status("The payment answered, but its answer cannot be read");
+    status(what);
     const std::string trace = keepUnknown(app, result, reason);
-    notices.push_back(unknownNotice(CCdata, reason, trace.empty() ? result : trace));
+    notices.push_back(unknownNotice(CCdata, what, reason, trace.empty() ? result : trace));
     writeAnswer(local.set() ? answerBlock("Declined", CCdata) : answerDeclined("Declined", CCdata));
     traceAnswer();
     app.files.removeIfThere(auditFile(app.values));
@@ -161,19 +161,20 @@ void Tender::keepUnstored()
         return;
     platform::Outcome outcome = platform::Outcome::Done;
     kept = !keepRecord(app, storedIn, storedRecord, outcome).empty();
-    if (!stored.stored())
+    if (!stored.stored() || !kept)
         notices.push_back(notStoredNotice(storedRecord, stored.outcome, kept, storedIn));
 }
 
 /// A power cut, a kill or a failure from here on leaves something that tells of the charge.
 bool Tender::recorded() const
 {
-    return stored.stored() || kept;
+    return done(stored.outcome) || kept;
 }
 
 /// Nobody has charged this card yet, and nobody would know that it was to be charged.
 void Tender::offlineNotStored()
 {
+    notices.clear();
     app.dialogs.message("CCPending.dat",
                         "The record of this card cannot be stored, so it was not approved.");
     app.values.TndrRESULT = "Declined";
@@ -217,10 +218,12 @@ void Tender::printPartialSlips()
     printing::Att_Server(app, printer);
 }
 
-bool Tender::answerStands(const std::string &content)
+/// Done when the whole answer lies there; NotThere when something else does, or nothing.
+platform::Outcome Tender::lookAtAnswer(const std::string &content)
 {
     std::string there;
-    return done(app.files.read(answerFile(app.values), there)) && there == content;
+    const platform::Outcome outcome = app.files.read(answerFile(app.values), there);
+    return done(outcome) && there != content ? platform::Outcome::NotThere : outcome;
 }
 
 /// Replaced whole; where that cannot be, in place. A whole answer stays even when its flush failed;
@@ -231,17 +234,22 @@ void Tender::writeAnswer(const std::string &content)
     const std::string path = answerFile(app.values);
     const platform::Outcome outcome = platform::patiently(app.run, platform::Wait::Answer, [&] {
         const platform::Outcome replaced = app.files.replaceWhole(path, content);
-        return done(replaced) || answerStands(content) ? replaced
-                                                       : app.files.writeFlushed(path, content);
+        return done(replaced) || done(lookAtAnswer(content))
+                   ? replaced
+                   : app.files.writeFlushed(path, content);
     });
-    answered = done(outcome) || answerStands(content);
-    if (done(outcome))
+    answerFlushed = done(outcome);
+    const platform::Outcome stands = answerFlushed ? outcome : lookAtAnswer(content);
+    answered = done(stands);
+    if (answerFlushed)
         return;
     if (answered) {
         traceProcess(app, {std::string("  ANSWER NOT FLUSHED - ") + platform::textOf(outcome)});
         return;
     }
-    const platform::Outcome removed = app.files.removeIfThere(path);
+    // One that cannot be read back may be whole.
+    const platform::Outcome removed =
+        stands == platform::Outcome::NotThere ? app.files.removeIfThere(path) : stands;
     traceProcess(
         app, {std::string("  ANSWER NOT WRITTEN - ") + platform::textOf(outcome) + " - old one " +
               (app.files.exists(path) ? platform::textOf(removed) : "removed") + " - " + path});
@@ -253,8 +261,8 @@ void Tender::writeAnswer(const std::string &content)
 /// the result; the answer of the payment server goes at once.
 void Tender::resultDealtWith()
 {
-    if (answered && (recorded() || !fields.approved) && !app.ending())
-        noteTaken(app, kResultFile);
+    if (answerFlushed && recorded() && !app.ending())
+        noteTaken(app, resultTaken);
 }
 
 void Tender::traceAnswer()
@@ -299,19 +307,17 @@ void Tender::SSCommand1_Click()
     if (!fields.SSCommand1.enabled || !fields.SSCommand1.visible || answering || app.ending())
         return;
     const platform::ErrorsIgnored ignored(app.run); // the answer is what counts
-    bool there = false;
-    const platform::Outcome looked = lookOnceMore(there);
-    if (there)
+    const LastLook last = lookLast();
+    if (last.there)
         return;
     traceProcess(app, {"Cancel was pressed", "Unable to Connect - Internet may be down ",
                        "Actual Seconds waited for Response  " + fields.Label7});
-    if (!done(looked)) { // the bank may have answered long ago
-        withdrawFromServer();
-        outcomeUnknown(answerOfPayment(), textOf(looked));
+    if (last.unknown != nullptr) {
+        outcomeUnknown(answerOfPayment(), last.unknown, last.reason);
         return;
     }
     writeAnswer(answerBlock("Declined", app.values.CCdata));
-    deleteLocalFiles();
+    clearLateAnswer();
     app.files.removeIfThere(auditFile(app.values));
     deleteBatchMarker();
     endTender();

@@ -2,6 +2,7 @@
 
 #include "platform/patience.h"
 #include "records/exchange_file.h"
+#include "tender/evidence.h"
 
 #include <array>
 
@@ -113,7 +114,8 @@ ReadResult readResultFile(App &app, const std::string &name)
     else
         traceProcess(app, {std::string("  RESULT NOT READ - ") + platform::textOf(file.outcome)});
     app.values.CCdata.set(GCbalance, "0");
-    ReadResult read{file.outcome, file.longer, false, platform::splitLines(file.text)};
+    ReadResult read{file.outcome, file.longer, false, platform::splitLines(file.text),
+                    resultMark(file.content, file.modified)};
     for (const std::string &line : read.lines) {
         applyResultLine(line, app.values.CCdata);
         read.namesOutcome = read.namesOutcome || namesOutcome(line);

@@ -23,6 +23,7 @@ struct ReadResult {
     bool longer = false;       // than records::kExchangeLimit
     bool namesOutcome = false; // one of its lines says approved or declined
     std::vector<std::string> lines;
+    std::string mark; // of the bytes that were read, see evidence.h
 
     /// Nobody knows what the bank has said: not even "no".
     bool unreadable() const { return !done(outcome) || (longer && !namesOutcome); }

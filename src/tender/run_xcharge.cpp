@@ -61,9 +61,11 @@ void Tender::Run_Xcharge()
     if (oldResultRemains() || !waitForResult(commandLine))
         return;
     const ReadResult read = readResult();
+    resultTaken = read.mark;
     if (read.unreadable())
-        outcomeUnknown(kResultFile, read.longer ? "longer than a result can be"
-                                                : platform::textOf(read.outcome));
+        outcomeUnknown(kResultFile, kNotRead,
+                       read.longer ? "longer than a result can be"
+                                   : platform::textOf(read.outcome));
     else
         judgeResult();
 }

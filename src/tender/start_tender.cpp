@@ -91,7 +91,11 @@ void Tender::Start_Tender()
     readConfiguration(iniLocked);
     if (isTenderRole() && !app.ending())
         clearWhatOthersLeft();
-    if (app.ending() || (isTenderRole() && serverIsBatching()) || !readRequest())
+    if (app.ending() || (isTenderRole() && serverIsBatching()))
+        return;
+    if (isTenderRole())
+        storeKept();
+    if (!readRequest())
         return;
     traceStart();
     fillFields();
@@ -124,20 +128,19 @@ void Tender::readModeFlag()
 }
 
 /// Not every end of a tender writes an answer, and the one of the guest before may say "Approved".
+/// No card is charged beside one that can neither be removed nor emptied.
 void Tender::removeOldAnswer()
 {
-    const platform::ErrorsIgnored ignored(app.run);
     const std::string path = answerFile(app.values);
-    bool there = false;
-    if (done(app.files.exists(path, there)) && !there)
-        return;
     const platform::Outcome outcome = platform::patiently(app.run, platform::Wait::Answer, [&] {
+        bool there = false;
+        if (done(app.files.exists(path, there)) && !there)
+            return platform::Outcome::Done;
         const platform::Outcome removed = app.files.removeIfThere(path);
-        return removed == platform::Outcome::NotThere ? platform::Outcome::Done : removed;
+        return done(removed) ? removed : app.files.writeFlushed(path, {});
     });
     if (!done(outcome))
-        traceProcess(app, {std::string("  OLD ANSWER NOT REMOVED - ") + platform::textOf(outcome) +
-                           " - " + path});
+        app.run.fail("Removing the answer of an earlier tender", path, outcome);
 }
 
 /// Of tenders of this station that did not come to their end.
@@ -148,6 +151,11 @@ void Tender::clearWhatOthersLeft()
         traceProcess(app, lines);
     if (holdsRoleLock(app))
         clearDeadRequests(app);
+}
+
+/// Not while the back office batches. The guest waits, but seldom: it needs a failure before.
+void Tender::storeKept()
+{
     const KeptRecords found = storeKeptRecords(app);
     fields.waitingRecords = static_cast<int>(found.waiting.size()) + found.unreadable;
     show();

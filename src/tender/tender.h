@@ -76,6 +76,7 @@ private:
     void readModeFlag();
     void removeOldAnswer();
     void clearWhatOthersLeft();
+    void storeKept();
     void prepareForCommandLine();
     void readConfiguration(bool iniLocked);
     void showOptions();
@@ -111,11 +112,12 @@ private:
     void requestNotPlaced(platform::Outcome outcome);
     void traceLocalRequest(const LocalRequest &request);
     bool waitForAnswer();
-    void noAnswer();
+    bool noAnswer();
     bool readAnswer();
     void judgeAnswer();
-    void deleteLocalFiles();
-    void withdrawFromServer();
+    void answerDealtWith();
+    void clearLateAnswer();
+    bool withdrawFromServer();
     bool stillThere(const std::string &file, platform::Outcome removed);
 
     // offline.cpp
@@ -123,6 +125,13 @@ private:
     bool cardIsKnown() const;
     bool answerHasCome();
     platform::Outcome lookOnceMore(bool &there);
+    /// Before a wait is given up.
+    struct LastLook {
+        bool there = false;            // the bank's word, after all
+        const char *unknown = nullptr; // or what cannot be told,
+        const char *reason = nullptr;  // and why
+    };
+    LastLook lookLast();
     std::string answerOfPayment() const;
     bool requestWithdrawn();
     void approveOffline();
@@ -154,11 +163,11 @@ private:
     void keepUnstored();
     bool recorded() const;
     void offlineNotStored();
-    void outcomeUnknown(const std::string &result, const char *reason);
+    void outcomeUnknown(const std::string &result, const char *what, const char *reason);
     printing::SlipContext slipContext() const;
     void printSlips();
     void printPartialSlips();
-    bool answerStands(const std::string &content);
+    platform::Outcome lookAtAnswer(const std::string &content);
     void writeAnswer(const std::string &content);
     void resultDealtWith();
     void traceAnswer();
@@ -201,7 +210,9 @@ private:
     records::CardRecord storedRecord;
     std::string storedIn;
     records::CarefulRecord stored;
-    bool kept = false;                     // in the station's own folder instead
+    std::string resultTaken; // mark of the result that was read
+    bool kept = false;       // in the station's own folder instead
+    bool answerFlushed = false;
     bool answered = true;                  // the answer stands, or none was asked for
     std::vector<platform::Notice> notices; // for when record and answer are done with
 };

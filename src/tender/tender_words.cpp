@@ -12,7 +12,7 @@ StateWords resultWords(const TenderFields &fields)
 {
     if (fields.unknown)
         return {StateColour::Attention, "Outcome unknown",
-                "The payment answered, but its answer cannot be read."};
+                "The card may be charged. Tell the manager."};
     if (fields.partial)
         return {StateColour::Attention, "Partial approval",
                 "The bank approved a part. The guest still owes the balance."};

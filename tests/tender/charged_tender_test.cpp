@@ -2,6 +2,7 @@
 // money afterwards finds the record, or a trace that tells of it, and no guest is charged twice.
 #include "records/careful_append.h"
 #include "records/kept_records.h"
+#include "records/transaction_search.h"
 #include "support/tender_story.h"
 #include "tender/command_line.h"
 #include "tender/evidence.h"
@@ -57,6 +58,12 @@ protected:
         }
         next.run(20'000);
         return next.pending().size();
+    }
+    static App &atItsStation(TenderStory &next)
+    {
+        next.app.values.Maindir = kFolder;
+        next.app.values.Remotedir = "F:\\Lumbrio\\";
+        return next.app;
     }
     void cannot(const char *operation, const char *file, Outcome outcome = Outcome::Broken)
     {
@@ -163,6 +170,56 @@ TEST_P(ChargedTender, KeepsItsRecordAtTheStationUntilAFileTakesItOnce)
     EXPECT_TRUE(kept().empty());
 }
 
+TEST_P(ChargedTender, IsKeptUntilItsRecordIsNotOnlySeenButOnTheDisk)
+{
+    cannot("flush", "CCPending.dat");
+    story.run();
+    EXPECT_EQ(word(), "Approved");
+    EXPECT_EQ(story.pending().size(), 1U);
+    ASSERT_EQ(kept().size(), 1U);
+    TenderStory next(story, 0);
+    next.station.disk.failOn("flush", "CCPending.dat", Outcome::Broken);
+    EXPECT_EQ(storeKeptRecords(atItsStation(next)).waiting.size(), 1U);
+    EXPECT_EQ(kept().size(), 1U) << "a power cut now would lose it";
+    next.station.disk.failOn("flush", "CCPending.dat", Outcome::Done);
+    EXPECT_EQ(storeKeptRecords(atItsStation(next)).stored, 1);
+    EXPECT_EQ(next.pending().size(), 1U);
+    EXPECT_TRUE(kept().empty());
+}
+
+TEST_P(ChargedTender, IsNotStoredBesideTheShareThatHasGone)
+{
+    cannot("append", "CCPending.dat", Outcome::NoRoom);
+    story.run();
+    story.station.erase("F:\\Lumbrio");
+    story.station.folder("F:\\Lumbrio");
+    TenderStory next(story, 0);
+    EXPECT_EQ(storeKeptRecords(atItsStation(next)).waiting.size(), 1U);
+    EXPECT_FALSE(next.station.has(TenderStory::kPending)) << "the share would hide it";
+}
+
+TEST_P(ChargedTender, LeavesWhatTheBankWritesAfterItsLastLook)
+{
+    std::string late;
+    story.station.disk.before = [&](std::size_t) {
+        const std::string &line = story.station.disk.operationLog().back();
+        if (late.empty() && line.find("Xsend.ans") != line.npos && line.find("open") != line.npos) {
+            late = local() ? TenderStory::kLocalTran + std::string("FRONT-BAR011525130503.ans")
+                           : TenderStory::kResult;
+            story.station.put(late, local() ? "\"YA99999\"\r\n" : support::approvedResult());
+        }
+    };
+    if (local())
+        story.reply = std::nullopt;
+    else
+        story.paymentAnswers("RESULT=DECLINED\r\n");
+    story.station.time.at(30'000, [this] { story.tender.SSCommand1_Click(); }); // "Cancel"
+    story.run();
+    EXPECT_EQ(word(), "Declined");
+    recordsAfterTheNextTender();
+    EXPECT_EQ(putAside().size(), 1U);
+}
+
 TEST_P(ChargedTender, SaysWhenThePointOfSaleGetsNoAnswer)
 {
     story.station.put("C:\\Lumbrio\\Xsend.ans", "\"Approved\"\r\n");
@@ -248,6 +305,22 @@ TEST_P(Stranger, HasWrittenOverItAndWhereItStandsCannotBeFoundOut)
     story.run();
     EXPECT_EQ(ours(), 0U);
     EXPECT_EQ(kept().size(), 1U);
+}
+
+TEST(SameTransaction, IsKnownAgainAfterAManagersSaveAndIsNoOther)
+{
+    CardRecord taken;
+    taken.set(CCReceipt, "1043");
+    taken.set(CApprovalCode, "A12345");
+    CardRecord saved = taken;
+    saved.set(CCXcTranID, ""); // was never assigned
+    saved.set(CCTip, "5.00");
+    EXPECT_TRUE(sameTransaction(taken, saved));
+    taken.set(CCXcTranID, "00-2154");
+    saved.set(CCXcTranID, "00 2154");
+    EXPECT_TRUE(sameTransaction(taken, saved));
+    saved.set(CCXcTranID, "00 2155");
+    EXPECT_FALSE(sameTransaction(taken, saved));
 }
 
 TEST(DeadRequest, OfThisStationAloneIsRemovedAndToldWithoutItsCard)
