@@ -3,13 +3,11 @@
 // fail by a rule at any time. Closing a file is none.
 #pragma once
 
-#include "platform/disk.h"
+#include "support/unflushed.h"
 
 #include <algorithm>
 #include <array>
-#include <fstream>
-#include <map>
-#include <utility>
+#include <functional>
 
 namespace support {
 
@@ -17,6 +15,12 @@ class FaultyDisk : public platform::Disk {
 public:
     using Outcome = platform::Outcome;
     using Path = const std::string &;
+
+    struct Operation {
+        std::string name;    // "append"
+        std::string path;    // "c/Lumbrio/Data/CCPending.dat"
+        std::string details; // " 500 bytes"
+    };
 
     /// `theRoot` is left out of the paths in the log.
     explicit FaultyDisk(platform::Disk &theDisk, std::string theRoot = {})
@@ -28,13 +32,18 @@ public:
     /// leaves the first half of its bytes there.
     void failAt(std::size_t n, Outcome outcome, bool torn = false)
     {
-        fault = {n, outcome, torn, false, {}};
+        fault = {n, outcome, torn, false, {}, {}};
+    }
+    /// So does operation N, and every later one that is like it.
+    void failFrom(std::size_t n, Outcome outcome, std::function<bool(const Operation &)> like)
+    {
+        fault = {n, outcome, false, false, {}, std::move(like)};
     }
     /// From operation N on nothing reaches the disk any more, as if the process had been killed;
     /// `onStop` is called once. Locks held are kept until their files are closed.
     void stopAt(std::size_t n, std::function<void()> onStop, bool torn = false)
     {
-        fault = {n, Outcome::Broken, torn, true, std::move(onStop)};
+        fault = {n, Outcome::Broken, torn, true, std::move(onStop), {}};
     }
     /// Every operation of that name ("append", "rename") on a path that ends in `pathEnd`, from
     /// now on; for a rename either path. Outcome::Done lifts it.
@@ -47,6 +56,8 @@ public:
     bool looksCount = false;
     /// As some systems do it to a file that somebody has open: the same file gets other bytes.
     bool copiesOver = false;
+    /// Where it is set, it is told of each change that reaches the disk.
+    std::unique_ptr<Unflushed> unflushed;
     /// Called before each operation, with its number: the moment at which another process acts.
     std::function<void(std::size_t n)> before;
 
@@ -54,6 +65,7 @@ public:
     std::size_t operations() const { return log.size(); }
     /// One line an operation: "12 append c/Lumbrio/Data/CCPending.dat 500 bytes".
     const std::vector<std::string> &operationLog() const { return log; }
+    const std::vector<Operation> &operationsDone() const { return all; }
     const std::string &logText() const { return text; }
 
     Outcome open(Path at, platform::OpenMode mode,
@@ -67,13 +79,22 @@ public:
     {
         return may("modified", at) ? disk.modified(at, when) : given;
     }
-    Outcome remove(Path at) override { return may("remove", at) ? disk.remove(at) : given; }
+    Outcome remove(Path at) override
+    {
+        touch(at);
+        return may("remove", at)
+                   ? told(disk.remove(at), [&](Unflushed &changes) { changes.removed(at); })
+                   : given;
+    }
     Outcome rename(Path from, Path to) override
     {
+        touch(from);
+        touch(to);
         if (!may("rename", from, " to " + nameOf(to)))
             return given;
         if (!copiesOver)
-            return disk.rename(from, to);
+            return told(disk.rename(from, to),
+                        [&](Unflushed &changes) { changes.renamed(from, to); });
         std::ofstream(to, std::ios::binary) << std::ifstream(from, std::ios::binary).rdbuf();
         return disk.remove(from);
     }
@@ -83,7 +104,9 @@ public:
     }
     Outcome makeDirectory(Path at) override
     {
-        return may("makeDirectory", at) ? disk.makeDirectory(at) : given;
+        return may("makeDirectory", at) ? told(disk.makeDirectory(at),
+                                               [&](Unflushed &changes) { changes.folderMade(at); })
+                                        : given;
     }
     Outcome list(Path at, std::vector<std::string> &names) override
     {
@@ -95,7 +118,10 @@ public:
     }
     Outcome flushDirectory(Path at) override
     {
-        return may("flushDirectory", at) ? disk.flushDirectory(at) : given;
+        return may("flushDirectory", at)
+                   ? told(disk.flushDirectory(at),
+                          [&](Unflushed &changes) { changes.folderFlushed(at); })
+                   : given;
     }
 
 private:
@@ -107,6 +133,7 @@ private:
         bool torn = false;
         bool kills = false;
         std::function<void()> onStop = {};
+        std::function<bool(const Operation &)> like = {};
     };
 
     /// The path as the log has it, below the root.
@@ -131,12 +158,14 @@ private:
     /// Counts and logs an operation; when it is not to be done, `given` says what it gives.
     bool may(Path operation, Path at, Path details = {})
     {
-        log.push_back(std::to_string(log.size() + 1) + ' ' + operation + ' ' + nameOf(at) +
-                      details);
+        all.push_back({operation, nameOf(at), details});
+        log.push_back(std::to_string(all.size()) + ' ' + operation + ' ' + nameOf(at) + details);
         text += log.back() + '\n';
         if (before)
             before(log.size());
         given = ruled(operation, at, log.back());
+        if (fault.like && log.size() >= fault.number && fault.like(all.back()))
+            given = fault.outcome;
         if (log.size() == fault.number) {
             given = fault.outcome;
             dead = fault.kills;
@@ -148,9 +177,23 @@ private:
         return done(given);
     }
 
+    void touch(Path at)
+    {
+        if (unflushed)
+            unflushed->touch(at);
+    }
+    /// A change that was made, for those who look at what is not flushed.
+    template <class Tell> Outcome told(Outcome outcome, Tell tell)
+    {
+        if (unflushed && done(outcome))
+            tell(*unflushed);
+        return outcome;
+    }
+
     platform::Disk &disk;
     std::string root;
     std::map<std::pair<std::string, std::string>, Outcome> rules;
+    std::vector<Operation> all;
     std::vector<std::string> log;
     std::string text; // the log's lines
     Fault fault;
@@ -187,14 +230,22 @@ public:
     }
     Outcome append(std::string_view bytes, std::uint64_t &landedAt) override
     {
-        const bool may = disk.may("append", path, ' ' + std::to_string(bytes.size()) + " bytes");
-        return may ? file->append(bytes, landedAt) : disk.given;
+        if (disk.may("append", path, ' ' + std::to_string(bytes.size()) + " bytes"))
+            return file->append(bytes, landedAt);
+        if (disk.fault.torn && disk.fault.kills && disk.operations() == disk.fault.number)
+            file->append(bytes.substr(0, bytes.size() / 2), landedAt);
+        return disk.given;
     }
     Outcome cutBack(std::uint64_t from, std::uint64_t to) override
     {
         return disk.may("cutBack", path) ? file->cutBack(from, to) : disk.given;
     }
-    Outcome flush() override { return disk.may("flush", path) ? file->flush() : disk.given; }
+    Outcome flush() override
+    {
+        return disk.may("flush", path)
+                   ? disk.told(file->flush(), [&](Unflushed &changes) { changes.flushed(*file); })
+                   : disk.given;
+    }
     Outcome tryLock() override { return disk.may("lock", path) ? file->tryLock() : disk.given; }
     Outcome unlock() override { return disk.may("unlock", path) ? file->unlock() : disk.given; }
     bool isStillAt(const std::string &at) override { return !disk.dead && file->isStillAt(at); }
@@ -216,10 +267,15 @@ inline platform::Outcome FaultyDisk::open(Path at, platform::OpenMode mode,
     constexpr std::array kModes = {" to read",   " to read", " to rewrite", " to append",
                                    " to append", " emptied", " created"};
     file.reset();
+    touch(at);
     if (!may("open", at, kModes[static_cast<std::size_t>(mode)]))
         return given;
     std::unique_ptr<platform::DiskFile> opened;
-    const Outcome outcome = disk.open(at, mode, opened);
+    const Outcome outcome = told(disk.open(at, mode, opened), [&](Unflushed &changes) {
+        if (mode == platform::OpenMode::Append || mode == platform::OpenMode::CreateEmpty ||
+            mode == platform::OpenMode::CreateNew)
+            changes.opened(at);
+    });
     if (done(outcome))
         file = std::make_unique<FaultyFile>(*this, at, std::move(opened));
     return outcome;

@@ -1,5 +1,5 @@
-// A tender whose file operations fail or stop, one after the other: whatever happens, nobody
-// else's record is touched, and the point of sale is told nothing that is not on the disk.
+// What a tender does about a printer or a share that lets it down. Every operation on a file fails
+// in tests/faults/.
 #include "records/trace.h"
 #include "support/tender_story.h"
 
@@ -17,7 +17,7 @@ std::string earlierRecords()
     return bytes;
 }
 
-/// A station with earlier records and an old answer; what must hold on its drives, whatever failed.
+/// A station with earlier records.
 class Disturbed : public TenderStory {
 public:
     explicit Disturbed(bool local = false)
@@ -27,120 +27,10 @@ public:
             swipe();
         }
         station.put(kPending, earlierRecords());
-        station.put("C:\\Lumbrio\\Xsend.ans", "old answer");
-        station.run.reportFailure = [](const std::string &) {};
-        station.dialogs.noted = &boxes;
     }
 
-    void look() const
-    {
-        const std::string bytes = station.get(kPending);
-        EXPECT_EQ(bytes.substr(0, 1500), earlierRecords());
-        EXPECT_TRUE(bytes.size() == 1500 || bytes.size() == 2000) << bytes.size();
-        if (stored()) {
-            EXPECT_EQ(pending()[3].text(CCReceipt), "1043");
-        }
-        for (const std::string &name : left())
-            EXPECT_TRUE(!name.ends_with(".req") || station.get(kLocalTran + name).ends_with("\r\n"))
-                << "half a request";
-        const std::string text = answerIfThere();
-        EXPECT_TRUE(text.empty() || text == "old answer" ||
-                    std::count(text.begin(), text.end(), '\n') >= 10)
-            << "not written by one step: " << text;
-    }
     bool stored() const { return station.get(kPending).size() == 2000; }
-    /// In a file of the station's own, for the next program to store.
-    bool kept() const
-    {
-        for (const std::string &name :
-             support::TestStation(&station).files.list("C:\\Lumbrio\\Data\\"))
-            if (name.starts_with("KeptRecord-"))
-                return true;
-        return false;
-    }
-    std::string answerIfThere() const { return station.getIfThere("C:\\Lumbrio\\Xsend.ans"); }
-    std::string boxes;
-    bool approved() const { return answerIfThere().starts_with("\"Approved\""); }
 };
-
-std::size_t operationsOfATender(bool local = false)
-{
-    Disturbed story(local);
-    story.run();
-    EXPECT_TRUE(story.approved() && story.stored());
-    return story.station.disk.operations();
-}
-
-TEST(StoppedTender, NeverTellsOfARecordThatIsNotThereAndTouchesNobodyElses)
-{
-    for (const bool local : {false, true}) {
-        const std::size_t total = operationsOfATender(local);
-        ASSERT_GT(total, local ? 60U : 40U);
-        bool sawStoredUnanswered = false;
-        for (std::size_t n = 1; n <= total; ++n) {
-            Disturbed story(local);
-            story.station.disk.stopAt(n, [&] { story.station.run.end(); });
-            story.run();
-            SCOPED_TRACE("stopped at " + story.station.disk.operationLog()[n - 1]);
-            story.look();
-            const bool stored = story.stored();
-            EXPECT_TRUE(!story.approved() || stored);
-            sawStoredUnanswered |= stored && !story.approved();
-            if (n % 8 != 0 || local)
-                continue;
-            TenderStory next(story, 0); // when all is well again
-            next.run();
-            EXPECT_TRUE(next.answer().starts_with("\"Approved\""));
-            EXPECT_EQ(next.pending().size(), stored ? 5U : 4U);
-        }
-        EXPECT_TRUE(sawStoredUnanswered) << "the record is on the disk before anybody is told";
-    }
-}
-
-TEST(FailingTender, EitherEndsOrSaysInItsTraceThatARecordIsMissing)
-{
-    const std::size_t total = operationsOfATender();
-    for (const Outcome outcome : {Outcome::NoRoom, Outcome::Denied, Outcome::Locked}) {
-        for (std::size_t n = 1; n <= total; ++n) {
-            Disturbed story;
-            story.station.disk.failAt(n, outcome);
-            story.run();
-            SCOPED_TRACE(story.station.disk.operationLog()[n - 1] + textOf(outcome));
-            story.look();
-            EXPECT_TRUE(story.station.run.ending() && !story.stillWaiting);
-            if (story.approved() && !story.stored()) {
-                EXPECT_NE(story.processTrace().find("  RECORD NOT STORED - "), std::string::npos);
-                EXPECT_TRUE(story.kept());
-                EXPECT_NE(story.boxes.find("[RECORD NOT STORED]"), std::string::npos);
-            }
-        }
-    }
-}
-
-/// The last printer of the system may stand in the kitchen.
-TEST(ReceiptPrinter, ThatIsNotThereLeavesTheSlipsToTheDefaultPrinterAndTheTraceSaysSo)
-{
-    TenderStory unconfigured;
-    unconfigured.station.printers.installed = {"Receipt TM-88", "Kitchen"};
-    unconfigured.tender.Form_Load();
-    EXPECT_EQ(unconfigured.printer.selectedName(), "Receipt TM-88");
-    const std::string told = "  RECEIPT PRINTER NOT FOUND - Bar - printing on Receipt TM-88\r\n";
-    for (const bool local : {false, true})
-        for (const auto &[configured, printer] :
-             {std::pair("Bar", "Receipt TM-88"), {"Off", "Office"}, {"", "Kitchen"}}) {
-            Disturbed story(local);
-            story.station.printers.installed = {"Office", "Receipt TM-88", "Kitchen"};
-            story.configure(8, configured);
-            story.run();
-            for (const auto &slip : story.station.printers.collected)
-                EXPECT_EQ(slip.printer, printer);
-            EXPECT_EQ(story.station.printers.collected.size(), 2U);
-            const std::string trace = story.processTrace();
-            const std::size_t at = trace.find(told);
-            EXPECT_EQ(at != trace.npos, std::string(configured) == "Bar") << trace;
-            EXPECT_EQ(at, trace.rfind(told)) << "once";
-        }
-}
 
 /// A night on which the printer takes only some of a tender's jobs.
 struct BadPaper {
@@ -159,7 +49,6 @@ TEST_P(UnprintedSlips, AreToldByNameBehindRecordAndAnswerUntilSomebodyPressesOk)
     const BadPaper &row = GetParam();
     Disturbed story(row.local);
     story.station.printers.failures = row.jobs;
-    story.station.dialogs.noted = nullptr;
     story.app.values.NoCut2Flag = row.leftOpen ? -1 : 0;
     if (row.partial)
         story.paymentAnswers(support::approvedResult() + "ADDITIONALFUNDSREQUIRED=20.00\r\n");
