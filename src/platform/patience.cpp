@@ -27,11 +27,17 @@ bool anyFailure(Outcome outcome)
     return !done(outcome);
 }
 
+bool isFailure(Outcome outcome)
+{
+    return !done(outcome) && outcome != Outcome::NotThere;
+}
+
 constexpr Row rowOf(Wait wait)
 {
     switch (wait) {
     case Wait::Lease: return {10'000, isLeased};
     case Wait::Configuration: return {1'000, isLocked};
+    case Wait::Options: return {1'000, isFailure};
     case Wait::CardFileLock: return {3'000, isLocked};
     case Wait::Result: return {1'000, anyFailure};
     case Wait::Answer: break;

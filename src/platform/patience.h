@@ -13,6 +13,7 @@ namespace platform {
 enum class Wait {
     Lease,         // a file that another computer must give back before it can be opened
     Configuration, // "LumbrioINI.dat", which the point of sale locks while it writes
+    Options,       // the files that say how a card is charged; one that is not there is no failure
     CardFileLock,  // the lock of a card file, before a tender appends without it
     Result,        // the payment application's word, once it lies there
     Answer,        // the answer to the point of sale

@@ -3,6 +3,7 @@
 #include "platform/patience.h"
 
 #include "records/delimited.h"
+#include "records/trace.h"
 
 namespace records {
 
@@ -38,14 +39,38 @@ bool isMinusOne(const std::string &text)
     return Val(text) == Money::fromWhole(-1);
 }
 
+std::string whatHolds(const ProcessValues &values)
+{
+    const auto yesNo = [](bool yes) { return yes ? "YES" : "NO"; };
+    return std::string(values.TndrNOpreAUTH == 0 ? "PreAuth" : "Purchase") + ", partial support " +
+           yesNo(values.NoPartialSupport == 0) + ", tip line " + yesNo(values.PrintTipLine) +
+           ", tip before approval " + yesNo(values.PreApproveTip) + ", payment directory " +
+           values.paymentDirectory;
+}
+
+/// Looks for the file, and reads it where it is there and its content is wanted. A share that
+/// stumbles must not decide how a card is charged: after the wait somebody can read what does.
+bool isThere(App &app, const std::string &path, std::string *content)
+{
+    bool there = false;
+    const platform::Outcome outcome = platform::patiently(app.run, platform::Wait::Options, [&] {
+        const platform::Outcome found = app.files.exists(path, there);
+        return done(found) && there && content != nullptr ? app.files.read(path, *content) : found;
+    });
+    if (done(outcome) || outcome == platform::Outcome::NotThere)
+        return there && done(outcome);
+    traceProcess(app, {std::string("  OPTIONS NOT READ - ") + platform::textOf(outcome) + " - " +
+                       path + " - WHAT HOLDS: " + whatHolds(app.values)});
+    return false;
+}
+
 /// From `Maindir`, which becomes the usual directory when it is empty. False without the file.
 bool readCardOptions(App &app, CardOptions &options)
 {
     if (app.values.Maindir.empty())
         app.values.Maindir = "c:\\Lumbrio\\";
-    const std::string path = app.values.Maindir + "CCard.dat";
     std::string content;
-    if (!app.files.exists(path) || !done(app.files.read(path, content)))
+    if (!isThere(app, app.values.Maindir + "CCard.dat", &content))
         return false;
     options = parseCardOptions(content);
     return true;
@@ -104,10 +129,10 @@ void Get_CCini(App &app)
 {
     const platform::ErrorsIgnored ignored(app.run);
     CardOptions options;
-    const bool there = readCardOptions(app, options);
     app.values.paymentDirectory = paymentDirectory(options);
-    if (!there)
+    if (!readCardOptions(app, options))
         return;
+    app.values.paymentDirectory = paymentDirectory(options);
     app.values.PrintTipLine = isMinusOne(options[7]);
     app.values.NoPartialSupport = wholeNumber(options[8]);
     app.values.PreApproveTip = isMinusOne(options[9]);
@@ -121,7 +146,8 @@ void loadSetupFlags(App &app)
         return;
     app.values.NoPartialSupport = wholeNumber(options[8]);
     // Kept: the setup screen writes this flag under `Maindir`.
-    const bool noPreAuth = app.files.exists(app.values.Remotedir + "Data\\CCnoPREauth.dat");
+    app.values.TndrNOpreAUTH = 0;
+    const bool noPreAuth = isThere(app, app.values.Remotedir + "Data\\CCnoPREauth.dat", nullptr);
     app.values.TndrNOpreAUTH = noPreAuth ? -1 : 0;
 }
 

@@ -32,11 +32,13 @@ std::string paymentDirectory(const CardOptions &options);
 
 /// "CCard.dat" in `Maindir`: the payment directory, `PrintTipLine`, `NoPartialSupport` and
 /// `PreApproveTip`. An empty `Maindir` becomes "c:\Lumbrio\"; without the file nothing changes.
-/// Errors are ignored.
+/// Errors are ignored: a file that cannot be read counts as missing, once that was waited for
+/// (platform::Wait::Options); the process trace says so, and what holds then.
 void Get_CCini(App &app);
 
 /// What loading the setup screen sets: with "CCard.dat" there, `NoPartialSupport` from it and
 /// `TndrNOpreAUTH` from the presence of "Data\CCnoPREauth.dat" in `Remotedir`. No file changes.
+/// Errors are ignored as in Get_CCini().
 void loadSetupFlags(App &app);
 
 /// "c:\Lumbrio\" into an empty `Maindir`, "C:\Lumbrio\" into an empty `Remotedir`.

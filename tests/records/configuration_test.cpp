@@ -1,6 +1,7 @@
 // "LumbrioINI.dat", "CCard.dat" and the flag files: what a station believes about itself when they
 // are whole, and when they are not.
 #include "records/configuration.h"
+#include "records/trace.h"
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
@@ -106,6 +107,41 @@ TEST_F(Configuration, HasAChargeAtOnceFlagThatCountsOnTheServerAlone)
         EXPECT_EQ(values.TndrNOpreAUTH, chargeAtOnce) << flag;
         station.erase(flag);
     }
+}
+
+TEST_F(Configuration, OfHowACardIsChargedIsNotDecidedByAShareThatStumbles)
+{
+    values.Remotedir = "F:\\Lumbrio\\";
+    const std::string flag = "F:\\Lumbrio\\Data\\CCnoPREauth.dat";
+    station.put(flag, "");
+    station.put(kOptions, kAllYes);
+    for (const auto &[operation, path] :
+         {std::pair("look", "CCnoPREauth.dat"), {"look", "CCard.dat"}, {"read", "CCard.dat"}}) {
+        for (const bool passes : {true, false}) {
+            values.TndrNOpreAUTH = values.NoPartialSupport = 0;
+            values.PrintTipLine = false;
+            station.erase(kLastProcessFile);
+            station.disk.failOn(operation, path, platform::Outcome::Broken);
+            if (passes)
+                station.time.after(
+                    500, [&] { station.disk.failOn(operation, path, platform::Outcome::Done); });
+            loadSetupFlags(app);
+            Get_CCini(app);
+            station.disk.failOn(operation, path, platform::Outcome::Done);
+            const std::string told = station.getIfThere(kLastProcessFile);
+            if (passes) {
+                EXPECT_TRUE(values.TndrNOpreAUTH == -1 && values.PrintTipLine) << operation << path;
+            }
+            EXPECT_EQ(told.find("  OPTIONS NOT READ - device or network error - ") != told.npos,
+                      !passes)
+                << operation << path << told;
+        }
+    }
+    values.NoPartialSupport = 0;
+    station.erase(kOptions);
+    const std::uint64_t begun = station.time.milliseconds();
+    loadSetupFlags(app);
+    EXPECT_EQ(station.time.milliseconds(), begun) << "a restaurant without options waits for none";
 }
 
 TEST(FileFormats, TellTheUsedFieldsOfTheConfiguration)
