@@ -40,6 +40,23 @@ bool parseKept(std::string_view content, Kept &kept)
     return true;
 }
 
+/// One of the card files in `Remotedir`, and nothing else that a file may name.
+bool isCardFile(const ProcessValues &values, const std::string &target)
+{
+    constexpr std::string_view kMonth = "MMYY";
+    for (const std::string_view ahead : {"\\data\\CCFinal", "\\data\\"}) {
+        const std::size_t at = values.Remotedir.size() + ahead.size();
+        const std::string digits = at < target.size() ? target.substr(at, kMonth.size()) : "";
+        platform::DateTime month;
+        month.month = wholeNumber(Left(digits, 2));
+        month.year = 2000 + wholeNumber(Right(digits, 2));
+        if (month.month >= 1 && month.month <= 12 &&
+            (target == monthFile(values, month) || target == deletedFile(values, month)))
+            return true;
+    }
+    return target == pendingFile(values);
+}
+
 void tell(App &app, const std::string &what)
 {
     traceProcess(app, {"  KEPT RECORD " + what});
@@ -117,7 +134,12 @@ public:
     {
         std::string content;
         Kept kept;
-        if (!done(app.files.read(path, content, kMostKept)) || !parseKept(content, kept)) {
+        const Outcome read = app.files.read(path, content, kMostKept);
+        if (done(read) && content.empty()) { // stored, but not removed
+            app.files.removeIfThere(path);
+            return;
+        }
+        if (!done(read) || !parseKept(content, kept) || !isCardFile(app.values, kept.target)) {
             ++result.unreadable;
             tell(app, "cannot be read - " + path);
             return;
@@ -127,7 +149,8 @@ public:
         far = outcome;
         if (done(outcome)) {
             ++result.stored;
-            app.files.removeIfThere(path);
+            if (!done(app.files.removeIfThere(path)))
+                app.files.write(path, {}); // or it would come back when the record has been moved
             return;
         }
         result.waiting.push_back(kept.record);

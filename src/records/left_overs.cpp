@@ -19,12 +19,12 @@ std::set<std::string> workFolders(const ProcessValues &values)
 
 } // namespace
 
-void takeRoleLock(App &app)
+platform::Outcome takeRoleLock(App &app)
 {
     const platform::ErrorsIgnored ignored(app.run);
     const std::string folder = app.values.Maindir + "Data\\";
     app.files.makeFolder(folder);
-    app.roleLock.take(folder + app.system.executableName() + ".lock");
+    return app.roleLock.take(folder + app.system.executableName() + ".lock");
 }
 
 bool holdsRoleLock(const App &app)

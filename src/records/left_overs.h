@@ -8,7 +8,8 @@ namespace records {
 /// "Data\" + the executable's name + ".lock" in `Maindir`: held from here to the end of the
 /// program. The folder is made when it is missing. Whoever cannot have it, because another program
 /// of this role runs or because of a failure, works as ever and clears nothing away.
-void takeRoleLock(App &app);
+/// Locked when another program of this role lives.
+platform::Outcome takeRoleLock(App &app);
 /// No other program of this role runs on `Maindir`, so that nothing it left is in use.
 bool holdsRoleLock(const App &app);
 

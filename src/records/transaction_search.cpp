@@ -11,22 +11,34 @@ namespace {
 
 using platform::Outcome;
 
+constexpr int kMostMonths = 24;
+
 /// What moves records appends to the next file before it takes them out of the one before, so that
-/// a search in this order meets them.
+/// a search in this order meets them. A record may have been finished in any month since.
 std::vector<std::string> filesToSearch(App &app, const CardRecord &record,
                                        const std::string &target)
 {
     const platform::DateTime today = app.clock.now();
     const int day = dayOf(record.text(CCDate));
-    const platform::DateTime taken =
-        day == 0 ? today : platform::DateTime{day / 10000, day / 100 % 100, day % 100, 0, 0, 0, 0};
-    std::vector<std::string> files;
-    for (const std::string &file : {target, pendingFile(app.values), monthFile(app.values, taken),
-                                    monthFile(app.values, today), deletedFile(app.values, taken),
-                                    deletedFile(app.values, today)})
-        if (std::find(files.begin(), files.end(), file) == files.end())
-            files.push_back(file);
-    return files;
+    platform::DateTime month =
+        day == 0 ? today : platform::DateTime{day / 10000, day / 100 % 100, 1, 0, 0, 0, 0};
+    const int since = (today.year - month.year) * 12 + today.month - month.month;
+    std::vector<platform::DateTime> months = {month};
+    for (int n = std::min(since, kMostMonths); n > 0; --n) {
+        month = {month.year + month.month / 12, month.month % 12 + 1, 1, 0, 0, 0, 0};
+        months.push_back(month);
+    }
+    months.push_back(today);
+    std::vector<std::string> files = {target, pendingFile(app.values)};
+    for (const platform::DateTime &each : months) {
+        files.push_back(monthFile(app.values, each));
+        files.push_back(deletedFile(app.values, each));
+    }
+    std::vector<std::string> once;
+    for (const std::string &file : files)
+        if (std::find(once.begin(), once.end(), file) == once.end())
+            once.push_back(file);
+    return once;
 }
 
 /// What of a field tells transactions apart: letters and digits of the identifier, the trimmed text

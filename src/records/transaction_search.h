@@ -22,9 +22,9 @@ struct Sighting {
     bool found() const { return slot > 0; }
 };
 
-/// Searches `target`, "CCPending.dat", and the month and deleted files of the record's month and of
-/// today's, from their first slot to their last; one that does not exist holds nothing. Failures
-/// end nothing.
+/// Searches `target`, "CCPending.dat", and the month and deleted files of every month from the
+/// record's (24 after it at most) to today's, from their first slot to their last; one that does
+/// not exist holds nothing. Failures end nothing.
 Sighting findTransaction(App &app, const CardRecord &record, const std::string &target);
 
 } // namespace records

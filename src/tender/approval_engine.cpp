@@ -195,7 +195,10 @@ bool Tender::readAnswer()
     ExchangeFile file;
     platform::patiently(app.run, platform::Wait::Result, [&] {
         file = readExchange(app, local.answer);
-        return file.outcome;
+        // One that says nothing may be half of one.
+        return done(file.outcome) && !namesOutcome(answerText(file.text))
+                   ? platform::Outcome::NotThere
+                   : file.outcome;
     });
     const std::string answer = answerText(file.text);
     if (!done(file.outcome) || (file.longer && !namesOutcome(answer))) {

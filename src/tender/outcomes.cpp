@@ -144,6 +144,10 @@ void Tender::confirmRecord()
         return;
     stored = confirmStored(app, storedIn, storedRecord, stored);
     keepUnstored();
+    // Who holds the lock may still write over it: the next start looks once more.
+    platform::Outcome outcome = platform::Outcome::Done;
+    if (stored.unlocked && stored.stored() && !kept && storedRecord.text(CCstatus) == "Approved")
+        keepRecord(app, storedIn, storedRecord, outcome);
 }
 
 /// A charge that is in no card file is kept at the station, whole, and somebody is told.
@@ -261,8 +265,11 @@ void Tender::writeAnswer(const std::string &content)
 /// the result; the answer of the payment server goes at once.
 void Tender::resultDealtWith()
 {
-    if (answerFlushed && recorded() && !app.ending())
-        noteTaken(app, resultTaken);
+    if (!answerFlushed || !recorded() || app.ending())
+        return;
+    noteTaken(app, resultTaken);
+    if (!resultTaken.empty())
+        noteAnswered(app, asked);
 }
 
 void Tender::traceAnswer()

@@ -4,6 +4,7 @@
 #include "records/exchange_file.h"
 #include "tender/evidence.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tender {
@@ -71,6 +72,13 @@ bool namesOutcome(std::string_view line)
            startsWith(trimmed, "<RESULT_SUCCESS>F");
 }
 
+bool saysAnything(std::string_view text)
+{
+    const std::vector<std::string> lines = platform::splitLines(text);
+    return std::any_of(lines.begin(), lines.end(),
+                       [](const std::string &line) { return namesOutcome(line); });
+}
+
 void traceResponse(App &app, const std::string &name, const std::vector<std::string> &lines)
 {
     TraceLines trace = {std::string(54, '-'),
@@ -107,18 +115,19 @@ ReadResult readResultFile(App &app, const std::string &name)
     ExchangeFile file;
     platform::patiently(app.run, platform::Wait::Result, [&] {
         file = readExchange(app, name);
-        return file.outcome;
+        // One that says nothing may be half of one.
+        return done(file.outcome) && !saysAnything(file.text) ? platform::Outcome::NotThere
+                                                              : file.outcome;
     });
     if (done(file.outcome))
         app.files.replaceWhole("C:\\Lumbrio\\ResponseBACKUP.txt", file.content);
     else
         traceProcess(app, {std::string("  RESULT NOT READ - ") + platform::textOf(file.outcome)});
     app.values.CCdata.set(GCbalance, "0");
-    ReadResult read{file.outcome, file.longer, false, platform::splitLines(file.text),
-                    resultMark(file.content, file.modified)};
+    ReadResult read{file.outcome, file.longer, saysAnything(file.text),
+                    platform::splitLines(file.text), resultMark(file.content, file.modified)};
     for (const std::string &line : read.lines) {
         applyResultLine(line, app.values.CCdata);
-        read.namesOutcome = read.namesOutcome || namesOutcome(line);
     }
     traceResponse(app, name, read.lines);
     app.files.write("c:\\Lumbrio\\XLMread.txt", resultDebugFile(app.values.CCdata));

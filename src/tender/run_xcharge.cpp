@@ -62,7 +62,10 @@ void Tender::Run_Xcharge()
         return;
     const ReadResult read = readResult();
     resultTaken = read.mark;
-    if (read.unreadable())
+    if (isAnEarlierPayments())
+        outcomeUnknown(kResultFile, "The payment answered for another amount",
+                       "a payment before this one is still open");
+    else if (read.unreadable())
         outcomeUnknown(kResultFile, kNotRead,
                        read.longer ? "longer than a result can be"
                                    : platform::textOf(read.outcome));
@@ -217,8 +220,29 @@ void Tender::startPaymentAt(const std::string &commandLine, int &shellAt)
     if (shellAt != 0 && fields.Label4 != std::to_string(shellAt))
         return;
     app.run.consequence = kMayBeCharged;
+    if (shellAt == 0)
+        notePayment();
     app.system.start(commandLine, platform::WindowStyle::Normal);
     shellAt = shellAt == 0 ? kSecondStart : kNoStart;
+}
+
+void Tender::notePayment()
+{
+    openBefore = openPayments(app);
+    for (const AskedPayment &open : openBefore)
+        traceProcess(app, {"  A PAYMENT BEFORE THIS ONE HAS NOT ANSWERED - receipt " +
+                           open.receipt + ", amount " + open.amount + " - " + open.stamp});
+    asked = {stampOf(app.clock.now()), fields.Label3[6], fields.Text4};
+    noteAsked(app, asked);
+}
+
+/// A payment application that a tender has given up goes on, and may answer the next one. Its
+/// approval must not pay for another guest.
+bool Tender::isAnEarlierPayments() const
+{
+    const CardRecord &CCdata = app.values.CCdata;
+    return !openBefore.empty() && Left(CCdata.raw(CResponse), 1) == "S" &&
+           isForAnotherAmount(CCdata, fields.Text4);
 }
 
 ReadResult Tender::readResult()

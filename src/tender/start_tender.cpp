@@ -83,6 +83,8 @@ void Tender::Start_Tender()
     if (isTenderRole())
         app.run.consequence = kNotCharged;
     const bool iniLocked = findDirectories();
+    if (isTenderRole() && anotherTenderLives())
+        return;
     if (isTenderRole())
         removeOldAnswer();
     readModeFlag();
@@ -127,6 +129,23 @@ void Tender::readModeFlag()
     fields.Label3[13] = app.values.X1009 ? "True" : "False";
 }
 
+/// A command pressed twice starts two tenders of one check: the second would charge the card again,
+/// and answer in place of the first. A lock that cannot be had for another reason is not in the
+/// way.
+bool Tender::anotherTenderLives()
+{
+    if (takeRoleLock(app) != platform::Outcome::Locked)
+        return false;
+    app.dialogs.notice({"A CARD IS BEING TAKEN",
+                        "Another card window is open at this station. Finish the card in that one. "
+                        "Nothing was charged here. If there is no other card window, restart this "
+                        "station.",
+                        {},
+                        {}});
+    endTender();
+    return true;
+}
+
 /// Not every end of a tender writes an answer, and the one of the guest before may say "Approved".
 /// No card is charged beside one that can neither be removed nor emptied.
 void Tender::removeOldAnswer()
@@ -146,7 +165,6 @@ void Tender::removeOldAnswer()
 /// Of tenders of this station that did not come to their end.
 void Tender::clearWhatOthersLeft()
 {
-    takeRoleLock(app);
     if (const TraceLines lines = clearLeftOvers(app); !lines.empty())
         traceProcess(app, lines);
     if (holdsRoleLock(app))

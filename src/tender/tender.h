@@ -7,6 +7,7 @@
 #include "printing/printer.h"
 #include "printing/slip.h"
 #include "records/careful_append.h"
+#include "tender/asked_payments.h"
 #include "tender/local_request.h"
 #include "tender/result_reader.h"
 #include "tender/tender_fields.h"
@@ -74,6 +75,7 @@ private:
     void startTimer();
     bool findDirectories();
     void readModeFlag();
+    bool anotherTenderLives();
     void removeOldAnswer();
     void clearWhatOthersLeft();
     void storeKept();
@@ -149,6 +151,8 @@ private:
     bool waitForResult(const std::string &commandLine);
     void startPaymentAt(const std::string &commandLine, int &shellAt);
     std::string argument(const std::string &value, const char *name);
+    void notePayment();
+    bool isAnEarlierPayments() const;
     ReadResult readResult();
     void judgeResult();
 
@@ -210,8 +214,10 @@ private:
     records::CardRecord storedRecord;
     std::string storedIn;
     records::CarefulRecord stored;
-    std::string resultTaken; // mark of the result that was read
-    bool kept = false;       // in the station's own folder instead
+    AskedPayment asked;                   // of this tender
+    std::vector<AskedPayment> openBefore; // when it was asked
+    std::string resultTaken;              // mark of the result that was read
+    bool kept = false;                    // in the station's own folder instead
     bool answerFlushed = false;
     bool answered = true;                  // the answer stands, or none was asked for
     std::vector<platform::Notice> notices; // for when record and answer are done with

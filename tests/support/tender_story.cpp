@@ -40,9 +40,10 @@ TenderStory::TenderStory()
     paymentAnswers(approvedResult());
 }
 
-TenderStory::TenderStory(TenderStory &earlier, int) : station(&earlier.station)
+TenderStory::TenderStory(TenderStory &earlier, int lives) : station(&earlier.station)
 {
-    earlier.app.roleLock.release(); // it has died
+    if (lives == 0)
+        earlier.app.roleLock.release();
     paymentAnswers(approvedResult());
 }
 

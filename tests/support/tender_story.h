@@ -72,8 +72,8 @@ public:
     /// The station with its files: configuration, options, mode flag, payment application,
     /// employees, and a request for table 12, receipt 1043, server 7, 48.50.
     TenderStory();
-    /// The same station, one process later.
-    explicit TenderStory(TenderStory &earlier, int);
+    /// The same station, one process later; with `lives` 0 the earlier one has died.
+    explicit TenderStory(TenderStory &earlier, int lives);
 
     /// Writes "LumbrioINI.dat" with this field on top of what the station has.
     void configure(int field, const std::string &text);

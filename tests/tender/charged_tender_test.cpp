@@ -307,6 +307,45 @@ TEST_P(Stranger, HasWrittenOverItAndWhereItStandsCannotBeFoundOut)
     EXPECT_EQ(kept().size(), 1U);
 }
 
+TEST(NextGuest, IsNotPaidForByThePaymentThatTheGuestBeforeGaveUp)
+{
+    TenderStory before;
+    before.paymentKeepsSilent();
+    before.station.time.at(20'000, [&] { before.tender.SSCommand1_Click(); }); // "Cancel"
+    before.run();
+    TenderStory next(before, 0);
+    std::string boxes;
+    next.station.dialogs.noted = &boxes;
+    next.request("\"3\",\"2003\",\"7\",\"5.65\"\r\n");
+    next.paymentAnswers(support::approvedResult()); // of 48.50
+    next.run();
+    EXPECT_EQ(next.answer().substr(1, 8), "Declined");
+    EXPECT_NE(boxes.find("[OUTCOME UNKNOWN] The payment answered for another amount"),
+              std::string::npos);
+    EXPECT_TRUE(next.pending().empty());
+}
+
+TEST(CommandPressedTwice, ChargesTheCardOnce)
+{
+    TenderStory first;
+    std::string boxes;
+    std::string answer;
+    std::size_t payments = 0;
+    first.station.time.at(2'000, [&] {
+        first.station.put("C:\\Lumbrio\\Xsend.ans", "");
+        TenderStory second(first, 1);
+        second.station.dialogs.noted = &boxes;
+        second.run(10'000);
+        payments = second.station.system.started.size();
+        EXPECT_TRUE(second.station.run.ending() && second.answered());
+    });
+    first.run();
+    EXPECT_EQ(payments, 0U);
+    EXPECT_NE(boxes.find("[A CARD IS BEING TAKEN]"), std::string::npos);
+    EXPECT_EQ(first.answer().substr(1, 8), "Approved");
+    EXPECT_EQ(first.pending().size(), 1U);
+}
+
 TEST(SameTransaction, IsKnownAgainAfterAManagersSaveAndIsNoOther)
 {
     CardRecord taken;
