@@ -45,6 +45,7 @@ public:
 
 private:
     void hear(bool on);
+    void leaveEnterAlone();
 
     QVBoxLayout *content;
     QHBoxLayout *commands;
@@ -128,15 +129,27 @@ void Box::hear(bool on)
 {
     for (int item = 1; item < commands->count(); ++item) // behind the stretch
         commands->itemAt(item)->widget()->setEnabled(on);
-    if (on)
-        commands->itemAt(1)->widget()->setFocus();
+}
+
+/// A swipe or a barcode ends in Enter: the command is pressed by a finger, or by the space bar once
+/// the Tab key has reached it.
+void Box::leaveEnterAlone()
+{
+    for (QPushButton *button : findChildren<QPushButton *>()) {
+        button->setDefault(false);
+        button->setAutoDefault(false);
+    }
+    setFocusPolicy(Qt::StrongFocus);
+    setFocus();
 }
 
 int Box::wait(Run &run, std::uint64_t unheard)
 {
     const std::uint64_t begun = run.milliseconds();
-    if (unheard > 0)
+    if (unheard > 0) {
         hear(false);
+        leaveEnterAlone();
+    }
     const bool openedAtTheEnd = run.ending();
     placeInFront(*this);
     show();
