@@ -30,22 +30,28 @@ constexpr int kLeastRow = 34;       // for a finger
 constexpr int kRowMargin = 15;      // above and below a text, together
 constexpr double kLeastLetters = 6; // pt
 
-/// Without the blanks and NULs around it; one that is not there is empty.
+/// Without the blanks and NULs around it.
+std::string_view withoutBlanks(std::string_view cell)
+{
+    const auto isBlank = [](char c) { return c == ' ' || c == '\0'; };
+    while (!cell.empty() && isBlank(cell.front()))
+        cell.remove_prefix(1);
+    while (!cell.empty() && isBlank(cell.back()))
+        cell.remove_suffix(1);
+    return cell;
+}
+
+/// Without what is around it; one that is not there is empty.
 std::string_view columnOf(std::string_view row, int column)
 {
-    constexpr std::string_view kBlanks(" \0", 2);
     std::size_t begin = 0;
     for (; column > 0 && begin != std::string_view::npos; --column) {
         const std::size_t bar = row.find('|', begin);
         begin = bar == std::string_view::npos ? bar : bar + 1;
     }
-    if (begin == std::string_view::npos)
-        return {};
-    const std::string_view cell = row.substr(begin, row.find('|', begin) - begin);
-    const std::size_t first = cell.find_first_not_of(kBlanks);
-    return first == std::string_view::npos
+    return begin == std::string_view::npos
                ? std::string_view()
-               : cell.substr(first, cell.find_last_not_of(kBlanks) - first + 1);
+               : withoutBlanks(row.substr(begin, row.find('|', begin) - begin));
 }
 
 /// How bright a colour is to the eye, 0 to 1.
@@ -90,6 +96,49 @@ int cellWidth(const QFont &font, const QString &text)
 {
     return static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(text))) + 2 * kPadding;
 }
+
+/// What the amounts of a column need.
+class AmountMeasure {
+public:
+    AmountMeasure(const MListColumn &column, const QFont &plain)
+        : measures(column.look != Look::Text), font(fontOf(column, plain)),
+          digit(cellWidth(font, QStringLiteral("0")) - 2 * kPadding)
+    {
+        if (measures)
+            widen(cellWidth(font, column.widest));
+    }
+
+    void take(std::string_view cell)
+    {
+        if (!measures)
+            return;
+        cell = withoutBlanks(cell);
+        if (cell.size() > shortest || !std::all_of(cell.begin(), cell.end(), isNarrow))
+            widen(cellWidth(font, toQt(cell)));
+    }
+
+    /// 0 for a column of text.
+    int width() const { return widest; }
+
+private:
+    /// None of them is wider than a digit.
+    static bool isNarrow(char c)
+    {
+        return (c >= '0' && c <= '9') || c == '.' || c == ',' || c == '-';
+    }
+
+    void widen(int width)
+    {
+        widest = std::max(widest, width);
+        shortest = static_cast<std::size_t>((widest - 2 * kPadding) / std::max(digit, 1));
+    }
+
+    bool measures;
+    QFont font;
+    int digit;
+    int widest = 0;
+    std::size_t shortest = 0; // characters that fit in, whatever digits they are
+};
 
 /// Takes `missing` from the columns that may lose it, in proportion and at most half of each. Gives
 /// what was taken.
@@ -228,6 +277,14 @@ std::string_view MListRows::itemData(std::size_t row) const
     return std::string_view(bytes).substr(all[row].itemData, endOf(row) - all[row].itemData);
 }
 
+std::size_t MListRows::fingerprint() const
+{
+    std::size_t sum = size();
+    for (std::size_t row = 0; row < size(); ++row)
+        sum += std::hash<std::string_view>()(text(row));
+    return sum;
+}
+
 MListModel::MListModel(std::vector<MListColumn> theColumns, QObject *parent)
     : QAbstractTableModel(parent), all(std::move(theColumns))
 {
@@ -339,6 +396,7 @@ MList::MList(QWidget *parent) : QTableView(parent), list({}, this)
 void MList::setColumns(std::vector<MListColumn> columns)
 {
     list.setColumns(std::move(columns));
+    measured = 0;
     shareWidth();
 }
 
@@ -347,9 +405,11 @@ void MList::setRows(MListRows rows)
     const QModelIndex chosen = currentIndex();
     const std::string entry(
         chosen.isValid() ? list.rows().itemData(static_cast<std::size_t>(chosen.row())) : "");
+    const std::size_t before = std::exchange(measured, rows.fingerprint());
     list.setRows(std::move(rows));
-    measureAmounts();
-    shareWidth();
+    // To share the width anew is to paint everything anew.
+    if (measured != before && measureAmounts())
+        shareWidth();
     executeDelayedItemsLayout(); // else it is painted now, and laid out and painted again later
     if (chosen.isValid())
         goToRow(list.find(entry));
@@ -425,24 +485,27 @@ void MList::changeEvent(QEvent *event)
     }
 }
 
-/// Only what may be wider than all before is measured: a list has many rows.
-void MList::measureAmounts()
+/// A list has many rows: each is walked once, and only a text that could be wider than all before
+/// it is measured.
+bool MList::measureAmounts()
 {
-    const std::vector<MListColumn> &columns = list.columns();
-    amountWidths.assign(columns.size(), 0);
-    for (std::size_t n = 0; n < columns.size(); ++n) {
-        if (columns[n].look == Look::Text)
-            continue;
-        const QFont own = fontOf(columns[n], font());
-        const int digit = cellWidth(own, QStringLiteral("0")) - 2 * kPadding;
-        int &widest = amountWidths[n] = cellWidth(own, columns[n].widest);
-        for (std::size_t row = 0; row < list.rows().size(); ++row) {
-            const std::string_view text = columnOf(list.rows().text(row), static_cast<int>(n));
-            const bool letters = text.find_first_not_of("0123456789.,-") != text.npos;
-            if (letters || static_cast<int>(text.size()) * digit + 2 * kPadding > widest)
-                widest = std::max(widest, cellWidth(own, toQt(text)));
+    std::vector<AmountMeasure> measures;
+    for (const MListColumn &column : list.columns())
+        measures.emplace_back(column, font());
+    for (std::size_t row = 0; row < list.rows().size(); ++row) {
+        std::string_view rest = list.rows().text(row);
+        for (AmountMeasure &measure : measures) {
+            const std::size_t bar = std::min(rest.find('|'), rest.size());
+            measure.take(rest.substr(0, bar));
+            rest.remove_prefix(std::min(bar + 1, rest.size()));
         }
     }
+    std::vector<int> widths;
+    for (const AmountMeasure &measure : measures)
+        widths.push_back(measure.width());
+    const bool changed = widths != amountWidths;
+    amountWidths = std::move(widths);
+    return changed;
 }
 
 std::vector<int> MList::wantedWidths() const

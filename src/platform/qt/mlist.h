@@ -30,6 +30,8 @@ public:
     std::size_t size() const { return all.size(); }
     std::string_view text(std::size_t row) const;
     std::string_view itemData(std::size_t row) const;
+    /// The same for the same texts in any order, and hardly ever for others.
+    std::size_t fingerprint() const;
     QRgb back(std::size_t row) const { return all[row].back; }
     void colour(std::size_t row, QRgb back) { all[row].back = back; }
 
@@ -116,11 +118,13 @@ protected:
 
 private:
     long chosenRow() const;
-    void measureAmounts();
+    /// True when they need another width than before.
+    bool measureAmounts();
     std::vector<int> wantedWidths() const;
     void shareWidth();
 
     MListModel list;
+    std::size_t measured = 0;      // MListRows::fingerprint() of the rows that were measured
     std::vector<int> amountWidths; // what the amounts of a column need; 0 for a column of text
 };
 
