@@ -34,6 +34,8 @@ void keepConfig(ProcessValues &values)
     trimmedInPlace(values.config, kOwnerCode);
 }
 
+constexpr std::size_t kMostOptions = 64U << 10U; // bytes of "CCard.dat"
+
 bool isMinusOne(const std::string &text)
 {
     return Val(text) == Money::fromWhole(-1);
@@ -48,6 +50,18 @@ std::string whatHolds(const ProcessValues &values)
            values.paymentDirectory;
 }
 
+/// Locked too while the point of sale has emptied it to write it anew: read just then, the records
+/// of this tender would go into directories that nobody looks into.
+platform::Outcome lockWhole(platform::SlotFile &file)
+{
+    long slots = 0;
+    const platform::Outcome outcome = file.lock();
+    if (!done(outcome) || !done(file.count(slots)) || slots > 0)
+        return outcome;
+    file.unlock();
+    return platform::Outcome::Locked;
+}
+
 /// Looks for the file, and reads it where it is there and its content is wanted. A share that
 /// stumbles must not decide how a card is charged: after the wait somebody can read what does.
 bool isThere(App &app, const std::string &path, std::string *content)
@@ -55,7 +69,9 @@ bool isThere(App &app, const std::string &path, std::string *content)
     bool there = false;
     const platform::Outcome outcome = platform::patiently(app.run, platform::Wait::Options, [&] {
         const platform::Outcome found = app.files.exists(path, there);
-        return done(found) && there && content != nullptr ? app.files.read(path, *content) : found;
+        return done(found) && there && content != nullptr
+                   ? app.files.read(path, *content, kMostOptions)
+                   : found;
     });
     if (done(outcome) || outcome == platform::Outcome::NotThere)
         return there && done(outcome);
@@ -90,7 +106,7 @@ bool Get_INI(App &app, IniLock wait)
             return false;
         if (wait == IniLock::WaitedFor)
             platform::patiently(app.run, platform::Wait::Configuration,
-                                [&file] { return file.lock(); });
+                                [&file] { return lockWhole(file); });
         locked = done(file.lock());
         if ((!locked && !app.run.errorsIgnored()) || !done(file.read(1, config.data())))
             return false;

@@ -325,6 +325,17 @@ TEST(NextGuest, IsNotPaidForByThePaymentThatTheGuestBeforeGaveUp)
     EXPECT_TRUE(next.pending().empty());
 }
 
+TEST(EmptiedConfiguration, IsWaitedForUntilThePointOfSaleHasWrittenIt)
+{
+    TenderStory story;
+    const std::string whole = story.station.get("C:\\Lumbrio\\LumbrioINI.dat");
+    story.station.put("C:\\Lumbrio\\LumbrioINI.dat", "");
+    story.station.time.at(600, [&] { story.station.put("C:\\Lumbrio\\LumbrioINI.dat", whole); });
+    story.run();
+    EXPECT_EQ(story.answer().substr(1, 8), "Approved");
+    EXPECT_EQ(story.pending().size(), 1U) << "on the share, where the manager looks";
+}
+
 TEST(CommandPressedTwice, ChargesTheCardOnce)
 {
     TenderStory first;
