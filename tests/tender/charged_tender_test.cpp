@@ -283,6 +283,8 @@ TEST_P(Stranger, WritesOverTheRecordAndItIsAppendedAgain)
     story.run();
     EXPECT_EQ(word(), "Approved");
     EXPECT_EQ(whilePrinting, 1U) << "a kill now would lose it";
+    EXPECT_EQ(story.station.disk.logText().find("write f/Lumbrio/CCPending"), std::string::npos)
+        << "no slot is written to that its holder may be writing to";
     EXPECT_EQ(ours(), 1U);
 }
 
