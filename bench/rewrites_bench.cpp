@@ -7,7 +7,7 @@
 #include "records/card_files.h"
 #include "simulator/records_generator.h"
 #include "simulator/sandbox.h"
-#include "tests/support/faulty_disk.h"
+#include "support/faulty_disk.h"
 
 #include <filesystem>
 
