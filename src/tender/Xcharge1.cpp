@@ -1,5 +1,6 @@
 #include "tender/Xcharge1.h"
 
+#include "platform/hardening.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/qt_text.h"
 #include "tender/ManagerApproval.h"
@@ -55,7 +56,12 @@ Xcharge1::Xcharge1(records::App &theApp, printing::Printer &printer)
     setWindowTitle(QStringLiteral("Xcharge Credit Card Interface"));
 }
 
-Xcharge1::~Xcharge1() = default;
+Xcharge1::~Xcharge1()
+{
+    if (shown)
+        for (std::string *text : cardTexts(*shown))
+            platform::wipe(*text);
+}
 
 void Xcharge1::gatherArrays()
 {
@@ -83,7 +89,9 @@ void Xcharge1::connectCommands()
     click(ui->Command3, &Tender::Command3_Click);     // "Start Xcharge"
     const auto typed = [this](QLineEdit *box, void (Tender::*handler)(const std::string &)) {
         connect(box, &QLineEdit::textEdited, this, [this, handler](const QString &text) {
-            (tender.*handler)(platform::fromQt(text));
+            std::string bytes = platform::fromQt(text);
+            (tender.*handler)(bytes);
+            platform::wipe(bytes);
         });
     };
     typed(ui->Text2, &Tender::Text2_Change);
@@ -116,11 +124,22 @@ void Xcharge1::closeAsked()
         ui->SSCommand1->click(); // "Cancel"; nothing while it is disabled
 }
 
+/// The copy holds the card as long as the fields do, and no longer.
+void Xcharge1::keepShown(const TenderFields &fields)
+{
+    const bool first = !shown;
+    if (first)
+        shown.emplace();
+    for (std::string *text : cardTexts(*shown))
+        first ? platform::keepSecret(*text) : platform::wipe(*text);
+    *shown = fields;
+}
+
 void Xcharge1::refresh(const TenderFields &fields)
 {
     if (shown == fields)
         return;
-    shown = fields;
+    keepShown(fields);
     showTender(fields);
     showCard(fields);
     showState(fields);

@@ -50,6 +50,7 @@ private:
     void showSetup() override;
     void removePaymentApplication() override;
 
+    void keepShown(const TenderFields &fields);
     void showTender(const TenderFields &fields);
     void showCard(const TenderFields &fields);
     void showState(const TenderFields &fields);

@@ -5,6 +5,8 @@
 #include "tender/tender.h"
 #include "tender/track.h"
 
+#include <utility>
+
 namespace tender {
 
 using namespace records;
@@ -33,13 +35,15 @@ void Tender::Text2_Change(const std::string &typed)
 {
     if (!awaitsCard())
         return;
-    const std::string text = withoutControls(typed);
-    const std::size_t start = text.rfind('%');
-    fields.Text2 = start == std::string::npos ? text : text.substr(start);
-    fields.Text1 = Left(fields.Text2, kShownOfSwipe);
+    std::string text = withoutControls(typed);
+    if (const std::size_t start = text.rfind('%'); start != std::string::npos)
+        text.erase(0, start);
+    platform::setSecret(fields.Text2, std::move(text));
+    platform::setSecret(fields.Text1, Left(fields.Text2, kShownOfSwipe));
     show();
-    Timer1.setInterval(endsTrack(text) ? kSettleTime : 0);
-    if (endsTrack(text))
+    const bool ended = endsTrack(fields.Text2);
+    Timer1.setInterval(ended ? kSettleTime : 0);
+    if (ended)
         view.focus(TenderBox::Text5);
 }
 
@@ -47,16 +51,16 @@ void Tender::Text5_Change(const std::string &typed)
 {
     if (!awaitsCard())
         return;
-    const std::string text = withoutControls(typed);
+    std::string text = withoutControls(typed);
     Timer1.setInterval(0);
     if (text == "%") {
-        fields.Text5.clear();
+        platform::wipe(fields.Text5);
         Text2_Change(text);
         view.focus(TenderBox::Text2);
         return;
     }
-    fields.Text5 = text;
-    if (endsTrack(text))
+    platform::setSecret(fields.Text5, std::move(text));
+    if (endsTrack(fields.Text5))
         captureSwipe();
 }
 
@@ -138,10 +142,9 @@ void Tender::invalidCard()
 
 void Tender::wipeCard()
 {
-    for (std::string *text :
-         {&fields.Text1, &fields.Text2, &fields.Text5, &TrackData, &fields.Label3[0],
-          &fields.Label3[1], &fields.Label3[2], &fields.Label3[3]})
+    for (std::string *text : cardTexts(fields))
         platform::wipe(*text);
+    platform::wipe(TrackData);
 }
 
 void Tender::resetCapture()

@@ -4,6 +4,8 @@
 #include "records/card_helpers.h"
 #include "records/delimited.h"
 
+#include <algorithm>
+
 namespace tender {
 
 using namespace records;
@@ -47,19 +49,28 @@ std::string orDefault(const std::string &text, const char *fallback)
     return isBlank(text) ? std::string(fallback) : text;
 }
 
+/// In one piece of memory: a list of the values would be a copy of the card more.
 std::string requestLine(const LocalRequest &request)
 {
-    std::vector<std::string> values = {request.charge ? "C6" : "C1",
-                                       orDefault(request.server, "9999"),
-                                       orDefault(request.receipt, "999"),
-                                       orDefault(request.number, "99999999999999"),
-                                       orDefault(request.cardText, "9999"),
-                                       orDefault(request.amount, "1.00"),
-                                       "99999"};
+    std::string line;
+    platform::keepSecret(line);
+    const auto add = [&line](std::string_view value, const char *fallback) {
+        line.append(line.empty() ? "\"" : ",\"");
+        line.append(isBlank(value) ? fallback : value).append("\"");
+    };
+    add(request.charge ? "C6" : "C1", "");
+    add(request.server, "9999");
+    add(request.receipt, "999");
+    add(request.number, "99999999999999");
+    add(request.cardText, "9999");
+    add(request.amount, "1.00");
+    add("99999", "");
     const std::string verify = Trim(request.verify);
     if (request.typed && !verify.empty() && verify != "000")
-        values.push_back(verify);
-    return quotedValues(values);
+        add(verify, "");
+    std::replace(line.begin(), line.end(), '\0', ' ');
+    line.append("\r\n");
+    return line;
 }
 
 std::string localAmount(std::string_view amount)

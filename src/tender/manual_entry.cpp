@@ -1,5 +1,7 @@
 #include "tender/manual_entry.h"
 
+#include "platform/hardening.h"
+
 namespace tender {
 
 namespace {
@@ -13,6 +15,12 @@ std::string fontFile(const records::App &app)
 }
 
 } // namespace
+
+TypedCard::~TypedCard()
+{
+    for (std::string *text : {&number, &expiry, &verify})
+        platform::wipe(*text);
+}
 
 bool processAllowed(std::string_view number, std::string_view expiry)
 {

@@ -9,11 +9,13 @@
 
 namespace tender {
 
-/// A card as it was typed, digits alone.
+/// A card as it was typed, digits alone; wiped when it goes.
 struct TypedCard {
     std::string number;
     std::string expiry; // "MMYY" as typed
     std::string verify; // from the back of the card; may be empty
+
+    ~TypedCard();
 };
 
 /// At least 10 characters of the number and 4 of the expiry.

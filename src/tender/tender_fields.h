@@ -71,4 +71,11 @@ struct TenderFields {
     bool operator==(const TenderFields &) const = default;
 };
 
+/// Those that hold what is read of a card: wiped when it is done with.
+inline std::array<std::string *, 7> cardTexts(TenderFields &fields)
+{
+    return {&fields.Text1,     &fields.Text2,     &fields.Text5,    &fields.Label3[0],
+            &fields.Label3[1], &fields.Label3[2], &fields.Label3[3]};
+}
+
 } // namespace tender

@@ -1,5 +1,6 @@
 #include "tender/track.h"
 
+#include "platform/hardening.h"
 #include "records/text.h"
 
 namespace tender {
@@ -23,6 +24,12 @@ void splitName(std::string_view name, CardData &card)
 }
 
 } // namespace
+
+CardData::~CardData()
+{
+    for (std::string *text : {&number, &expiry, &firstName, &lastName})
+        platform::wipe(*text);
+}
 
 std::optional<CardData> parseTrack(std::string_view track)
 {

@@ -10,12 +10,14 @@
 
 namespace tender {
 
-/// A card as a swipe or a keypad gave it.
+/// A card as a swipe gave it; wiped when it goes.
 struct CardData {
     std::string number;
     std::string expiry; // "YYMM"
     std::string firstName;
     std::string lastName;
+
+    ~CardData();
 };
 
 /// Number from position 3 to the first "^", the name up to the next, the expiry behind it. A name

@@ -7,6 +7,8 @@
 #include "tender/command_line.h"
 #include "tender/evidence.h"
 
+#include <set>
+
 namespace {
 
 using namespace records;
@@ -336,6 +338,24 @@ TEST(EmptiedConfiguration, IsWaitedForUntilThePointOfSaleHasWrittenIt)
     story.run();
     EXPECT_EQ(story.answer().substr(1, 8), "Approved");
     EXPECT_EQ(story.pending().size(), 1U) << "on the share, where the manager looks";
+}
+
+TEST(SwipedCard, StaysInTheRoomThatIsWipedAndKeptOutOfDumps)
+{
+    TenderStory story;
+    story.takeCardsHere();
+    std::set<const char *> rooms;
+    story.view.onRefresh = [&](const tender::TenderFields &fields) {
+        for (const std::string *text :
+             {&fields.Text1, &fields.Text2, &fields.Text5, &fields.Label3[0]})
+            rooms.insert(text->data());
+    };
+    for (const char *typed : {"%", "%B41", "%B41%B4111"}) // character by character
+        story.swipe(typed, "", 2000);
+    story.swipe(story.kTrack1, story.kTrack2, 2100);
+    story.run();
+    EXPECT_EQ(story.answer().substr(1, 8), "Approved");
+    EXPECT_EQ(rooms.size(), 4U) << "where one moves its old room is given back unwiped";
 }
 
 TEST(CommandPressedTwice, ChargesTheCardOnce)
