@@ -168,6 +168,7 @@ void EntryDetails::readSlot()
     slots.open(platform::SlotUse::Read);
     slots.lock();
     count = slots.count();
+    records::traceTail(app, slots);
     slots.read(fields.Label1_1, record.data());
 }
 

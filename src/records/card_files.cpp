@@ -175,11 +175,16 @@ long countRecords(App &app, const std::string &file)
     return done(slots.open(SlotUse::Read)) ? slots.count() : 0;
 }
 
+void traceTail(App &app, const std::string &file, std::size_t bytes)
+{
+    if (const std::size_t tail = bytes % kCardSlotLength; tail > 0)
+        traceProcess(app,
+                     {"  LAST RECORD NOT WHOLE - " + std::to_string(tail) + " bytes - " + file});
+}
+
 void traceTail(App &app, SlotFile &slots)
 {
-    if (const std::size_t bytes = slots.tail(); bytes > 0)
-        traceProcess(app, {"  LAST RECORD NOT WHOLE - " + std::to_string(bytes) + " bytes - " +
-                           slots.path()});
+    traceTail(app, slots.path(), slots.tail());
 }
 
 void moveSettledRecords(App &app)

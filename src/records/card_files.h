@@ -64,8 +64,10 @@ bool removeRecord(App &app, const std::string &file, long slot, const CardRecord
 
 /// Number of records: length / 500 to the nearest; 0 without the file.
 long countRecords(App &app, const std::string &file);
-/// A line in the process trace when the file, which is open, ends between two slots: somebody's
-/// last record is not whole. Said by whoever reads the whole file.
+/// A line in the process trace when a file of so many bytes ends between two slots: somebody's last
+/// record is not whole. Said once by whoever reads a whole file, or a record of it for a person.
+void traceTail(App &app, const std::string &file, std::size_t bytes);
+/// The same for a file that is open.
 void traceTail(App &app, platform::SlotFile &slots);
 
 /// The trimmed `CCAdjStatus` begins with "Com", in just these letters.

@@ -52,6 +52,7 @@ private:
         long count = 0;
         if (done(outcome))
             outcome = live.count(count);
+        traceTail(app, live);
         for (long slot = 1; slot <= count && done(outcome); ++slot)
             outcome = decide(slot, target);
         const Outcome closed = target.close(); // unlocks, then flushes
