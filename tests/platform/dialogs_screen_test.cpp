@@ -72,10 +72,10 @@ TEST_F(DialogsOnScreen, let_no_key_of_before_send_a_notice_or_a_failure_away_unr
             press(Qt::Key_Escape);
         });
         station.time.after(1500, [] { press(Qt::Key_Return); });
-    station.time.after(2000, [] {
-        press(Qt::Key_Tab);
-        press(Qt::Key_Space);
-    });
+        station.time.after(2000, [] {
+            press(Qt::Key_Tab);
+            press(Qt::Key_Space);
+        });
         if (ends)
             station.run.fail("Writing", "CCPending.dat", platform::Outcome::NoRoom);
         else

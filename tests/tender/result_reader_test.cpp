@@ -1,8 +1,8 @@
 // The result of the payment application: which line sets which field, and that no file, however
 // broken, sets a wrong one.
+#include "records/exchange_file.h"
 #include "support/golden_table.h"
 #include "support/test_station.h"
-#include "records/exchange_file.h"
 #include "tender/result_reader.h"
 
 namespace {
