@@ -1,6 +1,7 @@
 #include "roles/application.h"
 
 #include "platform/hardening.h"
+#include "platform/patience.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_printers.h"
@@ -21,20 +22,33 @@ std::unique_ptr<platform::Disk> chosenDisk(const ProgramOptions &options)
     return options.wrapDisk ? options.wrapDisk(std::move(disk)) : std::move(disk);
 }
 
-platform::Installation readInstallation(platform::Disk &disk, const std::string &folder)
+platform::Outcome readWhole(platform::DiskFile &file, std::string &text)
 {
-    std::unique_ptr<platform::DiskFile> file;
-    const std::string path = folder + "/installation.ini";
-    std::uint64_t size = 0;
-    if (!done(disk.open(path, platform::OpenMode::Read, file)) || !done(file->size(size)))
-        return {};
     constexpr std::uint64_t kLongest = 1U << 20U;
-    std::string text(static_cast<std::size_t>(std::min(size, kLongest)), '\0');
+    std::uint64_t size = 0;
+    if (const platform::Outcome outcome = file.size(size); !done(outcome))
+        return outcome;
+    text.resize(static_cast<std::size_t>(std::min(size, kLongest)));
     std::size_t got = 0;
-    if (!done(file->readAt(0, text.data(), text.size(), got)))
-        return {};
+    const platform::Outcome outcome = file.readAt(0, text.data(), text.size(), got);
     text.resize(got);
-    return platform::parseInstallation(text);
+    return outcome;
+}
+
+/// Without the file everything has its default. One that cannot be read is no such file: the
+/// station would print elsewhere and pay with another login than it should.
+platform::Installation readInstallation(platform::Disk &disk, platform::Run &run,
+                                        const std::string &path, platform::Outcome &outcome)
+{
+    std::string text;
+    outcome = platform::patiently(run, platform::Wait::Options, [&] {
+        std::unique_ptr<platform::DiskFile> file;
+        const platform::Outcome opened = platform::patiently(run, platform::Wait::Lease, [&] {
+            return disk.open(path, platform::OpenMode::Read, file);
+        });
+        return done(opened) ? readWhole(*file, text) : opened;
+    });
+    return done(outcome) ? platform::parseInstallation(text) : platform::Installation();
 }
 
 platform::Maker makerOf(platform::System &system)
@@ -49,10 +63,12 @@ struct Program::Parts {
 
     std::unique_ptr<platform::Disk> disk;
     platform::Drives drives;
-    platform::Installation installation;
     platform::QtClock clock;
     platform::QtEventLoop loop;
     platform::Run run;
+    std::string installationFile;
+    platform::Outcome installationRead = platform::Outcome::Done;
+    platform::Installation installation;
     platform::Files files;
     platform::QtDialogs dialogs;
     std::unique_ptr<platform::System> system;
@@ -62,14 +78,21 @@ struct Program::Parts {
 
 Program::Parts::Parts(const ProgramOptions &options)
     : disk(chosenDisk(options)), drives(*disk, platform::Drives::defaultRoot()),
-      installation(readInstallation(*disk, drives.root())), clock(options.clockScale), loop(clock),
-      run(loop, clock), files(*disk, drives, run), dialogs(run),
+      clock(options.clockScale), loop(clock), run(loop, clock),
+      installationFile(drives.root() + "/installation.ini"),
+      installation(readInstallation(*disk, run, installationFile, installationRead)),
+      files(*disk, drives, run), dialogs(run),
       system(platform::runningSystem(drives, installation)),
       printers(*disk, installation, drives.root(), makerOf(*system)),
       services{run, files, clock, dialogs, *system, printers, installation}
 {
     files.signWorkFiles(makerOf(*system));
     run.reportFailure = [this](const std::string &text) { dialogs.systemMessage(text); };
+    if (done(installationRead) || installationRead == platform::Outcome::NotThere)
+        return;
+    run.consequence = "It says how this station pays and prints. Nothing has been started and no "
+                      "card has been charged. See that the file can be read, then start again.";
+    run.fail("Reading", installationFile, installationRead);
 }
 
 Program::Program(const ProgramOptions &options) : parts(std::make_unique<Parts>(options)) {}

@@ -20,7 +20,8 @@ struct ProgramOptions {
 class Program {
 public:
     /// Needs the application object; reads installation.ini and nothing else: no printer, no
-    /// share and no network is touched here.
+    /// share and no network is touched here. Where it is there and cannot be read the program
+    /// says so and is ending already when this returns.
     explicit Program(const ProgramOptions &options = {});
     ~Program();
 

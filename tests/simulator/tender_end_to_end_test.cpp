@@ -179,6 +179,18 @@ TEST(KilledTender, LeavesAWholeRecordOrNone)
 }
 
 // A full house: every station tells its point of sale what lies on the share, once.
+TEST(UnreadableInstallation, IsSaidAndNoCardIsChargedWithTheUsualLogin)
+{
+    Restaurant restaurant;
+    fs::remove(restaurant.root + "/installation.ini");
+    fs::create_directory(restaurant.root + "/installation.ini");
+    ChildProcess tender = restaurant.start("48.50");
+    EXPECT_FALSE(tender.waitForEnd(4000)) << "its message waits for somebody";
+    tender.kill();
+    EXPECT_EQ(restaurant.records(), "");
+    EXPECT_FALSE(restaurant.station.files.exists("C:\\Lumbrio\\ResponseBACKUP.txt"));
+}
+
 TEST(TwentyTenders, AtOnceLoseAndDoubleNothing)
 {
     std::vector<Restaurant> stations(20);
