@@ -30,6 +30,7 @@ struct Installation {
     std::string helpPage;
     std::string editorCommand;  // %1 is the file; empty: the system's own
     std::string browserCommand; // %1 is the address; empty: the system's own
+    std::string unreadable;     // the file is there, and this is why it could not be read
 };
 
 /// Reads the text of installation.ini.

@@ -60,6 +60,7 @@ Sighting findIn(App &app, const std::string &file, const CardRecord &record)
     Sighting sighting{app.files.read(file, bytes), file, 0};
     if (bytes.size() >= platform::Files::kReadLimit)
         sighting.outcome = Outcome::Broken;
+    traceTail(app, file, bytes.size());
     bytes.resize((bytes.size() + kCardSlotLength - 1) / kCardSlotLength * kCardSlotLength, '\0');
     for (std::size_t at = 0; at < bytes.size() && done(sighting.outcome); at += kCardSlotLength) {
         CardRecord there;

@@ -38,17 +38,22 @@ platform::Outcome readWhole(platform::DiskFile &file, std::string &text)
 /// Without the file everything has its default. One that cannot be read is no such file: the
 /// station would print elsewhere and pay with another login than it should.
 platform::Installation readInstallation(platform::Disk &disk, platform::Run &run,
-                                        const std::string &path, platform::Outcome &outcome)
+                                        const std::string &path)
 {
     std::string text;
-    outcome = platform::patiently(run, platform::Wait::Options, [&] {
+    const platform::Outcome outcome = platform::patiently(run, platform::Wait::Options, [&] {
         std::unique_ptr<platform::DiskFile> file;
         const platform::Outcome opened = platform::patiently(run, platform::Wait::Lease, [&] {
             return disk.open(path, platform::OpenMode::Read, file);
         });
         return done(opened) ? readWhole(*file, text) : opened;
     });
-    return done(outcome) ? platform::parseInstallation(text) : platform::Installation();
+    platform::Installation installation;
+    if (done(outcome))
+        installation = platform::parseInstallation(text);
+    else if (outcome != platform::Outcome::NotThere)
+        installation.unreadable = std::string("Reading failed: ") + textOf(outcome) + "\n" + path;
+    return installation;
 }
 
 platform::Maker makerOf(platform::System &system)
@@ -66,8 +71,6 @@ struct Program::Parts {
     platform::QtClock clock;
     platform::QtEventLoop loop;
     platform::Run run;
-    std::string installationFile;
-    platform::Outcome installationRead = platform::Outcome::Done;
     platform::Installation installation;
     platform::Files files;
     platform::QtDialogs dialogs;
@@ -79,8 +82,7 @@ struct Program::Parts {
 Program::Parts::Parts(const ProgramOptions &options)
     : disk(chosenDisk(options)), drives(*disk, platform::Drives::defaultRoot()),
       clock(options.clockScale), loop(clock), run(loop, clock),
-      installationFile(drives.root() + "/installation.ini"),
-      installation(readInstallation(*disk, run, installationFile, installationRead)),
+      installation(readInstallation(*disk, run, drives.root() + "/installation.ini")),
       files(*disk, drives, run), dialogs(run),
       system(platform::runningSystem(drives, installation)),
       printers(*disk, installation, drives.root(), makerOf(*system)),
@@ -88,11 +90,6 @@ Program::Parts::Parts(const ProgramOptions &options)
 {
     files.signWorkFiles(makerOf(*system));
     run.reportFailure = [this](const std::string &text) { dialogs.systemMessage(text); };
-    if (done(installationRead) || installationRead == platform::Outcome::NotThere)
-        return;
-    run.consequence = "It says how this station pays and prints. Nothing has been started and no "
-                      "card has been charged. See that the file can be read, then start again.";
-    run.fail("Reading", installationFile, installationRead);
 }
 
 Program::Program(const ProgramOptions &options) : parts(std::make_unique<Parts>(options)) {}
@@ -102,6 +99,17 @@ Program::~Program() = default;
 platform::Services &Program::services()
 {
     return parts->services;
+}
+
+bool Program::hasInstallation()
+{
+    const std::string &unreadable = parts->installation.unreadable;
+    if (unreadable.empty())
+        return true;
+    parts->run.consequence = "It says how this station pays and prints. Nothing has been started. "
+                             "See that the file can be read, then start again.";
+    parts->run.fail(unreadable);
+    return false;
 }
 
 void Program::turnUntilEnd()

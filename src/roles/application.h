@@ -20,12 +20,14 @@ struct ProgramOptions {
 class Program {
 public:
     /// Needs the application object; reads installation.ini and nothing else: no printer, no
-    /// share and no network is touched here. Where it is there and cannot be read the program
-    /// says so and is ending already when this returns.
+    /// share and no network is touched here.
     explicit Program(const ProgramOptions &options = {});
     ~Program();
 
     platform::Services &services();
+    /// False, and the program says so and ends, where installation.ini is there and cannot be read.
+    /// A role that has something to do before it ends asks Installation::unreadable itself.
+    bool hasInstallation();
     /// Turns the event loop until the end was asked for.
     void turnUntilEnd();
 

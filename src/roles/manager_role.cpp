@@ -72,6 +72,8 @@ private:
 
 std::shared_ptr<void> openManager(Program &program)
 {
+    if (!program.hasInstallation())
+        return {};
     return std::make_shared<ManagerRole>(program.services());
 }
 

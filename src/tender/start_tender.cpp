@@ -87,10 +87,15 @@ void Tender::Start_Tender()
         return;
     if (isTenderRole())
         removeOldAnswer();
+    // An unknown login must not pay, nor another printer print.
+    if (isTenderRole() && !app.installation.unreadable.empty())
+        app.run.fail(app.installation.unreadable);
     readModeFlag();
     if (app.values.X1009)
         prepareForCommandLine();
     readConfiguration(iniLocked);
+    if (isTenderRole()) // in the directory that is known for certain now
+        removeOldAnswer();
     if (isTenderRole() && !app.ending())
         clearWhatOthersLeft();
     if (app.ending() || (isTenderRole() && serverIsBatching()))

@@ -184,8 +184,10 @@ TEST(UnreadableInstallation, IsSaidAndNoCardIsChargedWithTheUsualLogin)
     Restaurant restaurant;
     fs::remove(restaurant.root + "/installation.ini");
     fs::create_directory(restaurant.root + "/installation.ini");
+    restaurant.station.put("C:\\Lumbrio\\Xsend.ans", "\"Approved\"\r\n"); // of the guest before
     ChildProcess tender = restaurant.start("48.50");
     EXPECT_FALSE(tender.waitForEnd(4000)) << "its message waits for somebody";
+    EXPECT_FALSE(restaurant.station.files.exists("C:\\Lumbrio\\Xsend.ans"));
     tender.kill();
     EXPECT_EQ(restaurant.records(), "");
     EXPECT_FALSE(restaurant.station.files.exists("C:\\Lumbrio\\ResponseBACKUP.txt"));
