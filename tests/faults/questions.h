@@ -196,8 +196,12 @@ private:
         const std::string word = answer.substr(0, answer.find('\r'));
         if (scene.receipt.empty() || happened.again)
             return {};
+        // Another tender that lives has an answer of its own to give.
+        const bool another = scene.boxes.find("A CARD IS BEING TAKEN") != std::string::npos;
         if (answer.find("of the guest before") != std::string::npos)
-            return happened.stopped || happened.lasting ? "" : "the answer of the guest before; ";
+            return happened.stopped || happened.lasting || another
+                       ? ""
+                       : "the answer of the guest before; ";
         const bool approved = word == "\"Approved\"" || word == "\"DECLINE but PARTAIL APPROVAL\"";
         if (approved && !(scene.charged() && (inCardFiles() > 0 || kept())))
             return "approved without a record; ";
