@@ -145,7 +145,7 @@ Outcome Drives::match(const std::string &parent, bool last, std::string &name, b
                  [&](const std::string &other) { return sameName(other, name); });
     std::sort(others.begin(), others.end());
     for (const std::string &other : others) {
-        outcome = fits(parent + "/" + other, last, there);
+        outcome = fits(std::string(parent).append("/").append(other), last, there);
         if (there)
             name = other;
         if (!done(outcome) || there)

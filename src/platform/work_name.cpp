@@ -82,7 +82,8 @@ Outcome removeWork(Disk &disk, const std::string &folder, const Maker &maker,
     for (std::string &name : names) {
         if (!isWorkOf(name, maker))
             continue;
-        if (const Outcome gone = disk.remove(folder + "/" + name); done(gone))
+        if (const Outcome gone = disk.remove(std::string(folder).append("/").append(name));
+            done(gone))
             removed.push_back(std::move(name));
         else if (gone != Outcome::NotThere)
             outcome = gone;

@@ -98,7 +98,7 @@ void Box::addFacts(const std::vector<std::pair<std::string, std::string>> &facts
         label->setProperty("part", QStringLiteral("hint"));
         value->setProperty("part", QStringLiteral("amount"));
         value->setTextFormat(Qt::PlainText);
-        value->setAccessibleName(toQt(name + " " + text));
+        value->setAccessibleName(toQt(std::string(name).append(" ").append(text)));
         grid->addWidget(label, row, 0);
         grid->addWidget(value, row, 1);
     }
