@@ -59,8 +59,8 @@ Outcome patiently(Run &run, Wait wait, const std::function<Outcome()> &attempt)
     const std::uint64_t begun = run.milliseconds();
     Outcome outcome = attempt();
     // An attempt may itself last long, on a share that has gone, or take no time at all.
-    for (std::uint32_t rested = 0; row.passes(outcome) && !run.ending() && rested < row.limit &&
-                                   run.milliseconds() - begun < row.limit;
+    for (std::uint32_t rested = 0; row.passes(outcome) && !run.ending() && !run.impatient() &&
+                                   rested < row.limit && run.milliseconds() - begun < row.limit;
          rested += kStep) {
         run.rest(kStep);
         outcome = attempt();

@@ -55,6 +55,7 @@ public:
     bool failed() const { return failure; }
 
     bool errorsIgnored() const { return ignoring > 0; }
+    bool impatient() const { return hurrying > 0; }
 
     /// What an end by fail() means for the guest's money and what to do next, as things stand just
     /// now: said behind the message. The procedures keep it true.
@@ -64,9 +65,11 @@ public:
 
 private:
     friend class ErrorsIgnored;
+    friend class Impatient;
     EventLoop &loop;
     const Clock &clock;
     int ignoring = 0;
+    int hurrying = 0;
     bool over = false;
     bool failure = false;
 };
@@ -80,6 +83,19 @@ public:
     ~ErrorsIgnored() { --run.ignoring; }
     ErrorsIgnored(const ErrorsIgnored &) = delete;
     ErrorsIgnored &operator=(const ErrorsIgnored &) = delete;
+
+private:
+    Run &run;
+};
+
+/// While one lives, patiently() makes one attempt and waits for nothing: what is about to be tried
+/// was waited for already.
+class Impatient {
+public:
+    explicit Impatient(Run &theRun) : run(theRun) { ++run.hurrying; }
+    ~Impatient() { --run.hurrying; }
+    Impatient(const Impatient &) = delete;
+    Impatient &operator=(const Impatient &) = delete;
 
 private:
     Run &run;

@@ -1,9 +1,10 @@
 #include "records/configuration.h"
 
 #include "platform/patience.h"
-
 #include "records/delimited.h"
 #include "records/trace.h"
+
+#include <optional>
 
 namespace records {
 
@@ -99,14 +100,16 @@ bool Get_INI(App &app, IniLock wait)
     ProcessValues &values = app.values;
     values.Maindir = "C:\\Lumbrio\\";
     bool locked = true;
+    std::optional<platform::Impatient> atOnce;
+    if (wait == IniLock::AtOnce)
+        atOnce.emplace(app.run);
     if (app.files.exists(kIniFile)) {
         LumbrioConfig config;
         platform::SlotFile file(app.files, kIniFile, LumbrioConfig::kSize);
         if (!done(file.open(platform::SlotUse::Read)))
             return false;
-        if (wait == IniLock::WaitedFor)
-            platform::patiently(app.run, platform::Wait::Configuration,
-                                [&file] { return lockWhole(file); });
+        platform::patiently(app.run, platform::Wait::Configuration,
+                            [&file] { return lockWhole(file); });
         locked = done(file.lock());
         if ((!locked && !app.run.errorsIgnored()) || !done(file.read(1, config.data())))
             return false;

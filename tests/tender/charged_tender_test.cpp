@@ -358,6 +358,18 @@ TEST(SwipedCard, StaysInTheRoomThatIsWipedAndKeptOutOfDumps)
     EXPECT_EQ(rooms.size(), 4U) << "where one moves its old room is given back unwiped";
 }
 
+TEST(LeasedConfiguration, IsWaitedForOnce)
+{
+    TenderStory story;
+    std::string boxes;
+    story.station.dialogs.noted = &boxes;
+    story.station.disk.failOn("open", "LumbrioINI.dat", Outcome::Leased);
+    story.run();
+    EXPECT_TRUE(story.station.run.failed());
+    EXPECT_GE(story.station.time.milliseconds(), 10'000U);
+    EXPECT_LT(story.station.time.milliseconds(), 12'000U);
+}
+
 TEST(CommandPressedTwice, ChargesTheCardOnce)
 {
     TenderStory first;
