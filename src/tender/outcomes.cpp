@@ -164,7 +164,7 @@ void Tender::keepUnstored()
     if (storedRecord.text(CCstatus) != "Approved")
         return;
     platform::Outcome outcome = platform::Outcome::Done;
-    kept = !keepRecord(app, storedIn, storedRecord, outcome).empty();
+    kept = kept || !keepRecord(app, storedIn, storedRecord, outcome).empty();
     if (!stored.stored() || !kept)
         notices.push_back(notStoredNotice(storedRecord, stored.outcome, kept, storedIn));
 }
