@@ -76,17 +76,17 @@ void Xcharge1::connectCommands()
     const auto click = [this](QAbstractButton *command, void (Tender::*handler)()) {
         connect(command, &QAbstractButton::clicked, this, [this, handler] { (tender.*handler)(); });
     };
-    click(ui->SSCommand1, &Tender::SSCommand1_Click); // "Cancel"
-    click(ui->SSCommand2, &Tender::SSCommand2_Click); // "Finish Tender"
-    click(ui->SSCommand3, &Tender::SSCommand3_Click); // "Enter Manually"
-    click(ui->SSCommand4, &Tender::SSCommand4_Click); // "Clear"
-    click(ui->SSCommand5, &Tender::SSCommand5_Click); // "CONFIG"
-    click(ui->SSCommand6, &Tender::SSCommand6_Click); // "View"
-    click(ui->SSCommand7, &Tender::SSCommand7_Click); // "NO" / "YES", slip with gratuity
-    click(ui->SSCommand8, &Tender::SSCommand8_Click); // "YES", approve offline
-    click(ui->SSCommand9, &Tender::SSCommand9_Click); // "NO", go on waiting
-    click(ui->SSPanel4, &Tender::SSPanel4_Click);     // the warning
-    click(ui->Command3, &Tender::Command3_Click);     // "Start Xcharge"
+    click(ui->SSCommand1, &Tender::cancel);                // "Cancel"
+    click(ui->SSCommand2, &Tender::finishTender);          // "Finish Tender"
+    click(ui->SSCommand3, &Tender::enterManually);         // "Enter Manually"
+    click(ui->SSCommand4, &Tender::clearSwipe);            // "Clear"
+    click(ui->SSCommand5, &Tender::openSetup);             // "CONFIG"
+    click(ui->SSCommand6, &Tender::showDigits);            // "View"
+    click(ui->SSCommand7, &Tender::switchGratuitySlip);    // "NO" / "YES", slip with gratuity
+    click(ui->SSCommand8, &Tender::askForOfflineApproval); // "YES", approve offline
+    click(ui->SSCommand9, &Tender::keepWaiting);           // "NO", go on waiting
+    click(ui->SSPanel4, &Tender::offerRemoval);            // the warning
+    click(ui->Command3, &Tender::startPaymentServer);      // "Start Xcharge"
     const auto typed = [this](QLineEdit *box, void (Tender::*handler)(const std::string &)) {
         connect(box, &QLineEdit::textEdited, this, [this, handler](const QString &text) {
             std::string bytes = platform::fromQt(text);
@@ -94,10 +94,10 @@ void Xcharge1::connectCommands()
             platform::wipe(bytes);
         });
     };
-    typed(ui->Text2, &Tender::Text2_Change);
-    typed(ui->Text5, &Tender::Text5_Change);
+    typed(ui->Text2, &Tender::takeFirstTrack);
+    typed(ui->Text5, &Tender::takeSecondTrack);
     connect(ui->SSCheck1, &QAbstractButton::toggled, this, // "Do not print a RECEIPT for Customer"
-            [this](bool checked) { tender.SSCheck1_Click(checked); });
+            [this](bool checked) { tender.setNoReceipt(checked); });
 }
 
 /// The controls, and the fonts that they bring in, wait until the operator sees the window.
@@ -150,13 +150,17 @@ void Xcharge1::refresh(const TenderFields &fields)
 
 void Xcharge1::showTender(const TenderFields &fields)
 {
-    put(*ui->Text4, fields.Text4.empty() ? std::string() : shownAmount(fields.Text4));
+    put(*ui->Text4, fields.amount.empty() ? std::string() : shownAmount(fields.amount));
     const int amountWidth = ui->Text4->fontMetrics().horizontalAdvance(ui->Text4->text());
     ui->Text4->setMinimumWidth(qMin(amountWidth + kBoxMargins, kWidestAmount));
-    for (const std::size_t item : {4U, 5U, 6U, 9U, 10U, 12U})
-        putValue(*Label3[item], fields.Label3[item]);
-    putValue(*ui->Label9, fields.Label9);
-    ui->Label13_3->setText(toQt(fields.Label13_3));
+    putValue(*Label3[4], fields.server);
+    putValue(*Label3[5], fields.table);
+    putValue(*Label3[6], fields.receipt);
+    putValue(*Label3[9], fields.totalWithGratuity);
+    putValue(*Label3[10], fields.gratuityPercent);
+    putValue(*Label3[12], fields.serverName);
+    putValue(*ui->Label9, fields.auditAmount);
+    ui->Label13_3->setText(toQt(fields.versionLine));
     if (!app.values.StationName.empty())
         ui->station->setText(toQt("Station " + app.values.StationName));
     ui->Label13_3->setToolTip(toQt(fields.versionToolTip));
@@ -164,11 +168,12 @@ void Xcharge1::showTender(const TenderFields &fields)
 
 void Xcharge1::showCard(const TenderFields &fields)
 {
-    putValue(*Label3[0], shownCardNumber(fields.Label3[0]));
-    for (const std::size_t item : {1U, 2U, 3U})
-        putValue(*Label3[item], fields.Label3[item]);
-    put(*ui->Text2, fields.Text2);
-    put(*ui->Text5, fields.Text5);
+    putValue(*Label3[0], shownCardNumber(fields.cardNumber));
+    putValue(*Label3[1], fields.expiry);
+    putValue(*Label3[2], fields.firstName);
+    putValue(*Label3[3], fields.lastName);
+    put(*ui->Text2, fields.firstTrack);
+    put(*ui->Text5, fields.secondTrack);
     putVisible(*ui->swipeRow, !fields.boxesLocked);
     ui->Text2->setReadOnly(fields.boxesLocked);
     ui->Text5->setReadOnly(fields.boxesLocked);
@@ -187,18 +192,18 @@ void Xcharge1::showState(const TenderFields &fields)
     putValue(*ui->stillOwed, fields.stillOwed);
     putVisible(*ui->partialRow, fields.partial);
     ui->stateCard->setAccessibleName(toQt("State: " + std::string(state.word)));
-    put(*ui->Text3, fields.Text3);
-    putVisible(*ui->Text3, !fields.Text3.empty());
-    putLook(*ui->Text3, "state", fields.Text3Red ? "declined" : "");
-    put(*ui->Text1, fields.Text1);
-    ui->Text1->setEchoMode(fields.Text1Masked ? QLineEdit::Password : QLineEdit::Normal);
+    put(*ui->Text3, fields.status);
+    putVisible(*ui->Text3, !fields.status.empty());
+    putLook(*ui->Text3, "state", fields.statusRed ? "declined" : "");
+    put(*ui->Text1, fields.cardOrResult);
+    ui->Text1->setEchoMode(fields.cardMasked ? QLineEdit::Password : QLineEdit::Normal);
     ui->resultCaption->setText(fields.result ? QStringLiteral("Result") : QStringLiteral("Card"));
-    putVisible(*ui->resultRow, !fields.Text1.empty());
-    putValue(*ui->Label4, fields.Label4);
-    putValue(*ui->Label7, fields.Label7);
+    putVisible(*ui->resultRow, !fields.cardOrResult.empty());
+    putValue(*ui->Label4, fields.sharedCount);
+    putValue(*ui->Label7, fields.waitCount);
     ui->waitBar->setValue(ui->Label7->text().toInt());
     putVisible(*ui->waitBar, !fields.result);
-    putVisible(*ui->countRow, fields.Label7Visible);
+    putVisible(*ui->countRow, fields.waitCountVisible);
 }
 
 void Xcharge1::showPanels(const TenderFields &fields)
@@ -206,39 +211,41 @@ void Xcharge1::showPanels(const TenderFields &fields)
     const std::string band = bandNotice(fields);
     putVisible(*ui->SSPanel2, !band.empty());
     ui->SSPanel2_text->setText(toQt(band));
-    putVisible(*ui->warningBand, fields.SSPanel4Visible);
-    ui->SSPanel4->setText(toQt(fields.SSPanel4));
-    putLook(*ui->SSPanel4, "state", fields.SSPanel4Red ? "declined" : "");
-    putVisible(*ui->SSRibbon1, fields.SSRibbonsVisible);
-    putVisible(*ui->SSRibbon2, fields.SSRibbonsVisible);
-    putVisible(*ui->SSPanel5, fields.SSPanel5Visible);
-    putVisible(*ui->stateCard, !fields.SSPanel5Visible);
-    putVisible(*ui->detailsCard, !fields.SSPanel5Visible);
-    putVisible(*ui->slipsCard, !fields.SSPanel5Visible);
+    putVisible(*ui->warningBand, fields.warningVisible);
+    ui->SSPanel4->setText(toQt(fields.warning));
+    putLook(*ui->SSPanel4, "state", fields.warningRed ? "declined" : "");
+    putVisible(*ui->SSRibbon1, fields.ribbonsVisible);
+    putVisible(*ui->SSRibbon2, fields.ribbonsVisible);
+    putVisible(*ui->SSPanel5, fields.offlinePanelVisible);
+    putVisible(*ui->stateCard, !fields.offlinePanelVisible);
+    putVisible(*ui->detailsCard, !fields.offlinePanelVisible);
+    putVisible(*ui->slipsCard, !fields.offlinePanelVisible);
 }
 
 void Xcharge1::showCommands(const TenderFields &fields)
 {
-    put(*ui->SSCommand1, fields.SSCommand1);
-    put(*ui->SSCommand2, fields.SSCommand2);
-    put(*ui->SSCommand3, fields.SSCommand3);
-    put(*ui->SSCommand4, fields.SSCommand4);
-    put(*ui->SSCommand5, fields.SSCommand5);
-    put(*ui->SSCommand6, fields.SSCommand6);
-    put(*ui->Command3, fields.Command3);
+    put(*ui->SSCommand1, fields.cancel);
+    put(*ui->SSCommand2, fields.finish);
+    put(*ui->SSCommand3, fields.enterManually);
+    put(*ui->SSCommand4, fields.clear);
+    put(*ui->SSCommand5, fields.setup);
+    put(*ui->SSCommand6, fields.view);
+    put(*ui->Command3, fields.startServer);
 }
 
 void Xcharge1::showOptions(const TenderFields &fields)
 {
-    ui->SSCommand7->setText(toQt(fields.SSCommand7Caption));
+    ui->SSCommand7->setText(toQt(fields.gratuitySlip));
     ui->SSCommand7->setAccessibleDescription(ui->SSCommand7->text());
     const QSignalBlocker quiet(ui->SSCheck1); // what is only shown is no choice of anybody
-    ui->SSCheck1->setChecked(fields.SSCheck1);
-    ui->SSCheck1->setEnabled(fields.SSCheck1Enabled);
-    for (const std::size_t item : {8U, 13U, 14U, 15U})
-        putValue(*Label3[item], fields.Label3[item]);
-    putValue(*ui->Label12, fields.Label12);
-    putValue(*ui->Label14, fields.Label14);
+    ui->SSCheck1->setChecked(fields.noReceipt);
+    ui->SSCheck1->setEnabled(fields.noReceiptEnabled);
+    putValue(*Label3[8], fields.version);
+    putValue(*Label3[13], fields.commandLineMode);
+    putValue(*Label3[14], fields.partialSupport);
+    putValue(*Label3[15], fields.saleKind);
+    putValue(*ui->Label12, fields.tipLine);
+    putValue(*ui->Label14, fields.cutBetweenCopies);
 }
 
 void Xcharge1::paintNow()
@@ -252,10 +259,10 @@ void Xcharge1::focus(TenderBox box)
     // A box that takes no swipe leaves the keyboard to the state, where Enter presses nothing.
     QWidget *locked = tender.state().boxesLocked ? ui->stateCard : nullptr;
     switch (box) {
-    case TenderBox::Text2: (locked ? locked : ui->Text2)->setFocus(); break;
-    case TenderBox::Text5: (locked ? locked : ui->Text5)->setFocus(); break;
-    case TenderBox::SSCommand1: ui->SSCommand1->setFocus(); break;
-    case TenderBox::SSCommand9: ui->SSCommand9->setFocus(); break;
+    case TenderBox::FirstTrack: (locked ? locked : ui->Text2)->setFocus(); break;
+    case TenderBox::SecondTrack: (locked ? locked : ui->Text5)->setFocus(); break;
+    case TenderBox::Cancel: ui->SSCommand1->setFocus(); break;
+    case TenderBox::KeepWaiting: ui->SSCommand9->setFocus(); break;
     }
 }
 

@@ -35,14 +35,14 @@ void Tender::Approval_Engine()
     const platform::ErrorsIgnored ignored(app.run);
     fields.cardTaken = true;
     app.values.StopWaiting = 0;
-    fields.SSCommand1.enabled = false;
+    fields.cancel.enabled = false;
     fields.boxesLocked = true;
-    for (CommandState *command : {&fields.SSCommand3, &fields.SSCommand4, &fields.SSCommand6})
+    for (CommandState *command : {&fields.enterManually, &fields.clear, &fields.view})
         command->enabled = false;
-    view.focus(TenderBox::Text2);
+    view.focus(TenderBox::FirstTrack);
     printing::Set_Printer(app, printer);
     Set_Data();
-    Timer2.setInterval(kWaitTimer);
+    waitTimer.setInterval(kWaitTimer);
     if (auditRefused(true)) {
         if (!app.ending())
             declined();
@@ -52,7 +52,7 @@ void Tender::Approval_Engine()
     if (!placeRequest(request))
         return;
     traceLocalRequest(request);
-    app.values.CCdata.set(CCName, fields.Label3[2] + " " + fields.Label3[3]);
+    app.values.CCdata.set(CCName, fields.firstName + " " + fields.lastName);
     printing::warmUp(app, printer); // the server has to be waited for anyway
     if (!waitForAnswer())
         return;
@@ -65,7 +65,7 @@ LocalRequest Tender::fillRequest()
 {
     CardRecord &CCdata = app.values.CCdata;
     LocalRequest request;
-    request.amount = localAmount(fields.Text4);
+    request.amount = localAmount(fields.amount);
     if (app.values.PreApproveTip) {
         const Money amount = Val(request.amount);
         request.amount = Format(amount + amount * Val(kPreApprovedShare), "#######.##");
@@ -74,15 +74,15 @@ LocalRequest Tender::fillRequest()
     }
     request.charge = app.values.TndrNOpreAUTH != 0;
     request.typed = !isSwiped(CCdata);
-    request.server = orDefault(fields.Label3[4], "9999");
-    request.receipt = orDefault(fields.Label3[6], "999");
-    request.number = fields.Label3[0];
-    request.cardText = request.typed ? fields.Label3[1] : TrackData;
+    request.server = orDefault(fields.server, "9999");
+    request.receipt = orDefault(fields.receipt, "999");
+    request.number = fields.cardNumber;
+    request.cardText = request.typed ? fields.expiry : TrackData;
     request.verify = CCdata.text(CCVerify);
     CCdata.set(CCstatus, "Dialing");
     CCdata.set(CCServer, request.server);
     CCdata.set(CCReceipt, request.receipt);
-    CCdata.set(CCTable, orDefault(fields.Label3[5], "999"));
+    CCdata.set(CCTable, orDefault(fields.table, "999"));
     return request;
 }
 
@@ -134,9 +134,9 @@ void Tender::requestNotPlaced(platform::Outcome outcome)
 /// The number appears with its last digits alone, and the verification digits not at all.
 void Tender::traceLocalRequest(const LocalRequest &request)
 {
-    traceProcess(app, {"First Name - " + fields.Label3[2], "Last Name - " + fields.Label3[3],
+    traceProcess(app, {"First Name - " + fields.firstName, "Last Name - " + fields.lastName,
                        "Card Number Ready - " + app.values.CCdata.text(HiddenNumb),
-                       "Card Expires on - " + fields.Label3[1], "Amount Sent - " + request.amount,
+                       "Card Expires on - " + fields.expiry, "Amount Sent - " + request.amount,
                        "New Request File name " + local.request});
 }
 
@@ -144,7 +144,7 @@ void Tender::traceLocalRequest(const LocalRequest &request)
 bool Tender::waitForAnswer()
 {
     startCounting();
-    Timer2.setInterval(kWaitTimer); // anew: the audit's question may have taken its time
+    waitTimer.setInterval(kWaitTimer); // anew: the audit's question may have taken its time
     for (bool there = false;;) {
         lookFor(local.answer, there);
         if (there)
@@ -157,9 +157,9 @@ bool Tender::waitForAnswer()
             continue;
         }
         const int count = countNow();
-        setLabel7(count);
+        setWaitCount(count);
         if (count >= kCancelFrom)
-            fields.SSCommand1.enabled = true;
+            fields.cancel.enabled = true;
         show();
         app.yield();
     }
@@ -172,7 +172,7 @@ bool Tender::noAnswer()
     if (last.there)
         return false;
     traceProcess(app, {"Unable to Connect - Internet may be down ",
-                       "Actual Seconds waited for Response  " + fields.Label7});
+                       "Actual Seconds waited for Response  " + fields.waitCount});
     if (last.unknown != nullptr) {
         outcomeUnknown(local.answer, last.unknown, last.reason);
         return true;
@@ -191,7 +191,7 @@ bool Tender::noAnswer()
 bool Tender::readAnswer()
 {
     waiting = false;
-    Timer2.setInterval(0);
+    waitTimer.setInterval(0);
     ExchangeFile file;
     platform::patiently(app.run, platform::Wait::Result, [&] {
         file = readExchange(app, local.answer);
@@ -211,7 +211,7 @@ bool Tender::readAnswer()
     }
     app.values.CCdata.set(CResponse, answer);
     traceProcess(app, {"Actual Response From Xcharge " + answer,
-                       "Actual Seconds for Response  " + fields.Label7});
+                       "Actual Seconds for Response  " + fields.waitCount});
     const std::string word = outcomeWord(answer);
     answering = true;
     app.values.TndrRESULT = word;
@@ -220,7 +220,7 @@ bool Tender::readAnswer()
     const std::string code = app.values.CCdata.text(CApprovalCode);
     fields.result = true;
     fields.approved = word == "Approved";
-    fields.SSCommand1.enabled = !fields.approved;
+    fields.cancel.enabled = !fields.approved;
     status(word + "\r\n" + code);
     statusPainted(word + " - " + code);
     return true;
@@ -294,11 +294,11 @@ bool Tender::stillThere(const std::string &file, platform::Outcome removed)
     return true;
 }
 
-void Tender::Command3_Click()
+void Tender::startPaymentServer()
 {
     app.system.start(app.values.paymentDirectory + "Xchrgsrv.exe / T",
                      platform::WindowStyle::Normal);
-    view.focus(TenderBox::Text2);
+    view.focus(TenderBox::FirstTrack);
 }
 
 } // namespace tender

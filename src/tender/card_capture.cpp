@@ -31,36 +31,36 @@ bool Tender::awaitsCard() const
 /// A reader that sends a first track alone types nothing into the second box: then its swipe is
 /// taken when the settle time is over. A "%" begins another card's: what was left of the one before
 /// must not go with it.
-void Tender::Text2_Change(const std::string &typed)
+void Tender::takeFirstTrack(const std::string &typed)
 {
     if (!awaitsCard())
         return;
     std::string text = withoutControls(typed);
     if (const std::size_t start = text.rfind('%'); start != std::string::npos)
         text.erase(0, start);
-    platform::setSecret(fields.Text2, std::move(text));
-    platform::setSecret(fields.Text1, Left(fields.Text2, kShownOfSwipe));
+    platform::setSecret(fields.firstTrack, std::move(text));
+    platform::setSecret(fields.cardOrResult, Left(fields.firstTrack, kShownOfSwipe));
     show();
-    const bool ended = endsTrack(fields.Text2);
-    Timer1.setInterval(ended ? kSettleTime : 0);
+    const bool ended = endsTrack(fields.firstTrack);
+    settleTimer.setInterval(ended ? kSettleTime : 0);
     if (ended)
-        view.focus(TenderBox::Text5);
+        view.focus(TenderBox::SecondTrack);
 }
 
-void Tender::Text5_Change(const std::string &typed)
+void Tender::takeSecondTrack(const std::string &typed)
 {
     if (!awaitsCard())
         return;
     std::string text = withoutControls(typed);
-    Timer1.setInterval(0);
+    settleTimer.setInterval(0);
     if (text == "%") {
-        platform::wipe(fields.Text5);
-        Text2_Change(text);
-        view.focus(TenderBox::Text2);
+        platform::wipe(fields.secondTrack);
+        takeFirstTrack(text);
+        view.focus(TenderBox::FirstTrack);
         return;
     }
-    platform::setSecret(fields.Text5, std::move(text));
-    if (endsTrack(fields.Text5))
+    platform::setSecret(fields.secondTrack, std::move(text));
+    if (endsTrack(fields.secondTrack))
         captureSwipe();
 }
 
@@ -69,23 +69,23 @@ void Tender::Text5_Change(const std::string &typed)
 void Tender::captureSwipe()
 {
     fields.cardTaken = true;
-    fields.Text3Red = true;
-    fields.Label4 = "0";
+    fields.statusRed = true;
+    fields.sharedCount = "0";
     status("Validating Card Number ");
-    Timer1.setInterval(kSettleTime);
-    while (fields.Label4 == "0" && !app.ending())
+    settleTimer.setInterval(kSettleTime);
+    while (fields.sharedCount == "0" && !app.ending())
         app.yield();
     if (!app.ending())
         Get_Number();
 }
 
 /// While a manager is asked nothing is taken; the timer comes again.
-void Tender::Timer1_Timer()
+void Tender::settleTimeOver()
 {
     if (askingManager)
         return;
-    Timer1.setInterval(0);
-    fields.Label4 = "1";
+    settleTimer.setInterval(0);
+    fields.sharedCount = "1";
     if (awaitsCard())
         Get_Number();
 }
@@ -93,11 +93,11 @@ void Tender::Timer1_Timer()
 void Tender::Get_Number()
 {
     fields.cardTaken = true;
-    platform::setSecret(TrackData, Trim(fields.Text2));
-    std::string second = Trim(fields.Text5);
+    platform::setSecret(TrackData, Trim(fields.firstTrack));
+    std::string second = Trim(fields.secondTrack);
     TrackData += second;
     platform::wipe(second);
-    fields.Text3Red = true;
+    fields.statusRed = true;
     status("Just a Moment Please ");
     std::optional<CardData> card = parseTrack(TrackData);
     if (!card) {
@@ -108,11 +108,11 @@ void Tender::Get_Number()
         expiredCard();
         return;
     }
-    platform::setSecret(fields.Label3[0], std::move(card->number));
-    fields.Label3[1] = card->expiry;
-    fields.Label3[2] = card->firstName;
-    fields.Label3[3] = card->lastName;
-    fields.Text3Red = false;
+    platform::setSecret(fields.cardNumber, std::move(card->number));
+    fields.expiry = card->expiry;
+    fields.firstName = card->firstName;
+    fields.lastName = card->lastName;
+    fields.statusRed = false;
     status("Dialing for Card Approval");
     if (app.values.managerCheckMode == "100")
         fields.cardTaken = false; // a manager's card is read, not charged
@@ -149,25 +149,25 @@ void Tender::wipeCard()
 
 void Tender::resetCapture()
 {
-    Timer1.setInterval(0);
+    settleTimer.setInterval(0);
     fields.cardTaken = false;
     wipeCard();
-    fields.Text3Red = false;
+    fields.statusRed = false;
     status("Waiting for Card Number ");
-    view.focus(TenderBox::Text2);
+    view.focus(TenderBox::FirstTrack);
 }
 
-void Tender::SSCommand4_Click()
+void Tender::clearSwipe()
 {
     if (awaitsCard())
         resetCapture();
 }
 
-void Tender::SSCommand3_Click()
+void Tender::enterManually()
 {
     if (!awaitsCard())
         return;
-    Timer1.setInterval(0); // of a swipe that nobody waits for any more
+    settleTimer.setInterval(0); // of a swipe that nobody waits for any more
     fields.cardTaken = true;
     view.setTopMost(false);
     const std::optional<TypedCard> card = view.askCard();
@@ -177,10 +177,10 @@ void Tender::SSCommand3_Click()
         return;
     if (card)
         enterTyped(*card);
-    else if (!fields.Text2.empty())
+    else if (!fields.firstTrack.empty())
         resetCapture(); // half a swipe that nobody waited for
     else
-        view.focus(TenderBox::Text2);
+        view.focus(TenderBox::FirstTrack);
 }
 
 /// Kept: a typed card is tested neither for its expiry nor for its brand; the bank does both.
@@ -190,11 +190,11 @@ void Tender::enterTyped(const TypedCard &card)
     TrackData = card.number;
     app.values.CCdata.set(CCSwiped, "False");
     app.values.CCdata.set(CCVerify, card.verify);
-    fields.Text1 = card.number;
-    fields.Label3[0] = card.number;
-    fields.Label3[1] = turnedExpiry(card.expiry);
-    fields.Label3[2].clear();
-    fields.Label3[3].clear();
+    fields.cardOrResult = card.number;
+    fields.cardNumber = card.number;
+    fields.expiry = turnedExpiry(card.expiry);
+    fields.firstName.clear();
+    fields.lastName.clear();
     traceProcess(app, {"Card number was manually type in", "Xcharge2 calling approval engine ",
                        std::string(58, '*')});
     show();
@@ -202,14 +202,14 @@ void Tender::enterTyped(const TypedCard &card)
 }
 
 /// Shows the digits that "XCHide.txt" masks.
-void Tender::SSCommand6_Click()
+void Tender::showDigits()
 {
-    if (!fields.SSCommand6.enabled)
+    if (!fields.view.enabled)
         return;
-    fields.Text1Masked = false;
-    fields.SSCommand6.enabled = false;
+    fields.cardMasked = false;
+    fields.view.enabled = false;
     show();
-    view.focus(TenderBox::Text2);
+    view.focus(TenderBox::FirstTrack);
 }
 
 } // namespace tender

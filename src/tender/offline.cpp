@@ -42,16 +42,16 @@ void Tender::Show_Offline_Panel() {}
 
 void Tender::showOfflinePanel()
 {
-    fields.SSPanel5Visible = true;
+    fields.offlinePanelVisible = true;
     show();
-    view.focus(TenderBox::SSCommand9); // or Enter would press "Cancel"
+    view.focus(TenderBox::KeepWaiting); // or Enter would press "Cancel"
 }
 
 void Tender::Hide_Offline_Panel()
 {
-    fields.SSPanel5Visible = false;
+    fields.offlinePanelVisible = false;
     show();
-    view.focus(TenderBox::Text2);
+    view.focus(TenderBox::FirstTrack);
 }
 
 /// The manager step's answer: "NO", or a name. Whatever the wait brings meanwhile waits for it. The
@@ -65,13 +65,13 @@ std::string Tender::askManager(const std::string &what)
     values.managerCheckMode = "100";
     askingManager = true;
     view.setTopMost(false);
-    view.askManager(what, Currency(fields.Text4));
+    view.askManager(what, Currency(fields.amount));
     while (values.managerResult.empty() && !app.ending())
         app.yield();
     view.setTopMost(true);
     askingManager = false;
     values.managerCheckMode.clear();
-    view.focus(TenderBox::Text2);
+    view.focus(TenderBox::FirstTrack);
     return app.ending() ? "NO" : values.managerResult;
 }
 
@@ -122,9 +122,9 @@ std::string Tender::answerOfPayment() const
 
 /// "YES". A card that was answered while the manager made up his mind takes the normal way on, and
 /// so does one that nobody approves: the wait that was told to stop has not seen it yet.
-void Tender::SSCommand8_Click()
+void Tender::askForOfflineApproval()
 {
-    if (!fields.SSPanel5Visible || askingManager || answering || app.ending())
+    if (!fields.offlinePanelVisible || askingManager || answering || app.ending())
         return;
     Hide_Offline_Panel();
     app.values.StopWaiting = kStop;
@@ -154,7 +154,7 @@ void Tender::approveOffline()
     answering = true;
     Set_Data();
     CardRecord &CCdata = app.values.CCdata;
-    CCdata.set(CCApprovedAmt, fields.Text4);
+    CCdata.set(CCApprovedAmt, fields.amount);
     CCdata.set(CResponse, "YOFFLINE ");
     CCdata.set(CApprovalCode, "OFFLINE ");
     CCdata.set(CCstatus, "Approved");
@@ -178,15 +178,15 @@ void Tender::approveOffline()
     endTender();
 }
 
-void Tender::SSCommand9_Click()
+void Tender::keepWaiting()
 {
     Hide_Offline_Panel();
 }
 
 /// "CONFIG". The setup screen can end the tender, so it opens only where "Cancel" could.
-void Tender::SSCommand5_Click()
+void Tender::openSetup()
 {
-    if (!fields.SSCommand5.enabled || askingManager || answering || app.ending())
+    if (!fields.setup.enabled || askingManager || answering || app.ending())
         return;
     const std::string manager = askManager("Open the card setup");
     if (!app.ending() && manager != "NO" && !answerHasCome())
@@ -194,9 +194,9 @@ void Tender::SSCommand5_Click()
     app.values.managerRequest.clear();
 }
 
-void Tender::SSPanel4_Click()
+void Tender::offerRemoval()
 {
-    if (!fields.SSPanel4Visible || answering || app.ending())
+    if (!fields.warningVisible || answering || app.ending())
         return;
     const platform::Answer answer = app.dialogs.message(
         "REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN",

@@ -82,8 +82,8 @@ void Tender::declined()
     traceAnswer();
     resultDealtWith();
     app.files.removeIfThere(auditFile(app.values));
-    fields.SSCommand1 = {true, true};
-    fields.SSCommand2.enabled = false;
+    fields.cancel = {true, true};
+    fields.finish.enabled = false;
     status("Please Click Cancel");
     if (Left(app.values.CCdata.raw(CResponse), 1) == "T")
         stayForOperator();
@@ -94,7 +94,7 @@ void Tender::declined()
 void Tender::stayForOperator()
 {
     answering = false;
-    fields.Label7Visible = true;
+    fields.waitCountVisible = true;
     show();
     showNotices();
 }
@@ -190,24 +190,24 @@ void Tender::offlineNotStored()
 printing::SlipContext Tender::slipContext() const
 {
     printing::SlipContext context;
-    context.requestText = fields.Label3[5];
-    context.seconds = fields.Label7;
-    context.tipPreApproved = fields.SSCommand7Caption == "YES";
+    context.requestText = fields.table;
+    context.seconds = fields.waitCount;
+    context.tipPreApproved = fields.gratuitySlip == "YES";
     context.preApprovedTip = preApprovedTip;
     context.totalWithTip = totalWithTip;
     context.transRecord = stored.slot;
-    context.noCustomerCopy = fields.SSCheck1;
+    context.noCustomerCopy = fields.noReceipt;
     return context;
 }
 
 void Tender::printSlips()
 {
-    if (!isDeletedPrepayment(fields.Label3[5]))
+    if (!isDeletedPrepayment(fields.table))
         printing::Set_Printer(app, printer);
     statusPainted("Approved Printing Receipt");
     traceProcess(app, {templatePosition(app, app.values.Maindir),
                        templatePosition(app, app.values.Remotedir),
-                       "  Printing Merchant " + fields.Label7});
+                       "  Printing Merchant " + fields.waitCount});
     printing::Print_Merch(app, printer, slipContext());
     printing::Print_Cust(app, printer, slipContext());
 }
@@ -280,7 +280,7 @@ void Tender::traceAnswer()
 void Tender::finish()
 {
     app.files.removeIfThere(auditFile(app.values));
-    fields.SSCommand1.visible = false;
+    fields.cancel.visible = false;
     status("Please Click Finish Tender");
     endTender();
 }
@@ -289,9 +289,9 @@ void Tender::finish()
 /// written by then, so that nothing waits for whoever reads the notice.
 void Tender::endTender()
 {
-    Timer1.setInterval(0);
-    Timer2.setInterval(0);
-    Timer5.setInterval(0);
+    settleTimer.setInterval(0);
+    waitTimer.setInterval(0);
+    timeoutTimer.setInterval(0);
     printer.closeJob();
     showNotices();
     if (answered)
@@ -309,16 +309,16 @@ void Tender::showNotices()
     tellUnprinted(app, printer.takeUnprinted());
 }
 
-void Tender::SSCommand1_Click()
+void Tender::cancel()
 {
-    if (!fields.SSCommand1.enabled || !fields.SSCommand1.visible || answering || app.ending())
+    if (!fields.cancel.enabled || !fields.cancel.visible || answering || app.ending())
         return;
     const platform::ErrorsIgnored ignored(app.run); // the answer is what counts
     const LastLook last = lookLast();
     if (last.there)
         return;
     traceProcess(app, {"Cancel was pressed", "Unable to Connect - Internet may be down ",
-                       "Actual Seconds waited for Response  " + fields.Label7});
+                       "Actual Seconds waited for Response  " + fields.waitCount});
     if (last.unknown != nullptr) {
         outcomeUnknown(answerOfPayment(), last.unknown, last.reason);
         return;
@@ -330,31 +330,31 @@ void Tender::SSCommand1_Click()
     endTender();
 }
 
-void Tender::SSCommand2_Click()
+void Tender::finishTender()
 {
-    if (fields.SSCommand2.enabled && !answering)
+    if (fields.finish.enabled && !answering)
         endTender();
 }
 
-void Tender::SSCommand7_Click()
+void Tender::switchGratuitySlip()
 {
-    fields.SSCommand7Caption = fields.SSCommand7Caption == "NO" ? "YES" : "NO";
+    fields.gratuitySlip = fields.gratuitySlip == "NO" ? "YES" : "NO";
     show();
-    view.focus(TenderBox::Text2);
+    view.focus(TenderBox::FirstTrack);
 }
 
-void Tender::SSCheck1_Click(bool checked)
+void Tender::setNoReceipt(bool checked)
 {
     // Inside a wait: a box that cannot be remembered must not end a card that is being charged.
     const platform::ErrorsIgnored ignored(app.run);
     const std::string path = app.values.Maindir + "CCnoPrint.dat";
-    fields.SSCheck1 = checked;
+    fields.noReceipt = checked;
     if (checked)
         app.files.createIfMissing(path);
     else
         app.files.removeIfThere(path);
     show();
-    view.focus(TenderBox::Text2); // the next swipe must not end in the check box
+    view.focus(TenderBox::FirstTrack); // the next swipe must not end in the check box
 }
 
 } // namespace tender

@@ -111,29 +111,29 @@ bool Tender::auditRefused(bool localPath)
         return false;
     // One that cannot be read agrees with no amount.
     const std::string audit = auditAmount(readExchange(app, path).text);
-    fields.Label9 = Currency(audit);
+    fields.auditAmount = Currency(audit);
     show();
-    if (amountsAgree(audit, fields.Text4))
+    if (amountsAgree(audit, fields.amount))
         return false;
     const platform::Answer answer = app.dialogs.message(
-        "AUDIT FAILED", auditQuestion(fields.Text4, localPath), platform::Buttons::OkCancel);
+        "AUDIT FAILED", auditQuestion(fields.amount, localPath), platform::Buttons::OkCancel);
     if (answer == platform::Answer::Ok)
         return false;
-    fields.Text1 = "Wrong Amount";
+    fields.cardOrResult = "Wrong Amount";
     app.values.TndrRESULT.clear();
     return true;
 }
 
 std::string Tender::buildCommandLine()
 {
-    if (isBlank(fields.Label3[4]))
-        fields.Label3[4] = "9999";
+    if (isBlank(fields.server))
+        fields.server = "9999";
     PaymentCall call;
     call.purchase = app.values.TndrNOpreAUTH != 0;
     call.partialSupport = app.values.NoPartialSupport == 0;
-    call.amount = argument(Trim(fields.Text4), "AMOUNT");
-    call.receipt = argument(fields.Label3[6], "RECEIPT");
-    call.clerk = argument(fields.Label3[4], "CLERK");
+    call.amount = argument(Trim(fields.amount), "AMOUNT");
+    call.receipt = argument(fields.receipt, "RECEIPT");
+    call.clerk = argument(fields.server, "CLERK");
     call.userId = app.installation.xchargeUserId;
     call.password = app.installation.xchargePassword;
     const std::string line = commandLine(call);
@@ -154,9 +154,9 @@ void Tender::startWait()
 {
     // Kept: the wording has outlived the value.
     traceProcess(app, {std::string(15, ' '), "  Setting a 20 second timer to wait for response"});
-    Timer2.setInterval(kWaitTimer);
+    waitTimer.setInterval(kWaitTimer);
     clearResult(app, kResultFile);
-    fields.SSCommand1.enabled = false;
+    fields.cancel.enabled = false;
     startCounting();
 }
 
@@ -198,15 +198,15 @@ bool Tender::waitForResult(const std::string &commandLine)
             return false;
         if (app.values.StopWaiting > 65534) {
             traceProcess(app, {"Unable to Connect - Internet may be down ",
-                               "Actual Seconds waited for Response  " + fields.Label7});
+                               "Actual Seconds waited for Response  " + fields.waitCount});
             waiting = false;
-            fields.Label7Visible = false;
-            fields.SSCommand1.enabled = true; // the operator's way out
+            fields.waitCountVisible = false;
+            fields.cancel.enabled = true; // the operator's way out
             show();
             return false;
         }
-        setLabel7(countNow());
-        fields.Label4 = fields.Label7;
+        setWaitCount(countNow());
+        fields.sharedCount = fields.waitCount;
         if (done(looked)) // or the card may be charged already, and would be once more
             startPaymentAt(commandLine, shellAt);
         show();
@@ -217,7 +217,7 @@ bool Tender::waitForResult(const std::string &commandLine)
 /// On the first pass, and once more at count 50: that revives a stalled payment application.
 void Tender::startPaymentAt(const std::string &commandLine, int &shellAt)
 {
-    if (shellAt != 0 && fields.Label4 != std::to_string(shellAt))
+    if (shellAt != 0 && fields.sharedCount != std::to_string(shellAt))
         return;
     app.run.consequence = kMayBeCharged;
     if (shellAt == 0)
@@ -232,7 +232,7 @@ void Tender::notePayment()
     for (const AskedPayment &open : openBefore)
         traceProcess(app, {"  A PAYMENT BEFORE THIS ONE HAS NOT ANSWERED - receipt " +
                            open.receipt + ", amount " + open.amount + " - " + open.stamp});
-    asked = {stampOf(app.clock.now()), fields.Label3[6], fields.Text4};
+    asked = {stampOf(app.clock.now()), fields.receipt, fields.amount};
     noteAsked(app, asked);
 }
 
@@ -242,19 +242,19 @@ bool Tender::isAnEarlierPayments() const
 {
     const CardRecord &CCdata = app.values.CCdata;
     return !openBefore.empty() && Left(CCdata.raw(CResponse), 1) == "S" &&
-           isForAnotherAmount(CCdata, fields.Text4);
+           isForAnotherAmount(CCdata, fields.amount);
 }
 
 ReadResult Tender::readResult()
 {
     waiting = false;
-    Timer2.setInterval(0);
+    waitTimer.setInterval(0);
     status("");
-    fields.Label4 = "10";
+    fields.sharedCount = "10";
     traceProcess(app,
                  {"  Got the answer file",
-                  " Total seconds it took for " + fields.Label3[12] + " swipe and Xcharge response",
-                  "  SECONDS = " + fields.Label7, "  Calling Xcharge Reader"});
+                  " Total seconds it took for " + fields.serverName + " swipe and Xcharge response",
+                  "  SECONDS = " + fields.waitCount, "  Calling Xcharge Reader"});
     app.values.CCdata.set(CResponse, " ");
     app.values.CCdata.set(CCaditionalFUNDS, "0");
     return readResultFile(app, kDefaultResultFile);
@@ -265,17 +265,17 @@ void Tender::judgeResult()
 {
     CardRecord &CCdata = app.values.CCdata;
     const std::string letter = Left(CCdata.raw(CResponse), 1);
-    fields.SSCommand1.enabled = true;
-    view.focus(TenderBox::SSCommand1);
+    fields.cancel.enabled = true;
+    view.focus(TenderBox::Cancel);
     answering = true;
     const bool success = letter == "S";
-    fields.SSCommand2.enabled = success;
+    fields.finish.enabled = success;
     if (letter == "T") {
-        Timer5.setInterval(kTimeoutTimer);
-        fields.Label4 = "1";
+        timeoutTimer.setInterval(kTimeoutTimer);
+        fields.sharedCount = "1";
     }
     app.values.TndrRESULT = success ? "Approved" : "Declined";
-    fields.Text1 = app.values.TndrRESULT;
+    fields.cardOrResult = app.values.TndrRESULT;
     fields.result = true;
     fields.approved = success;
     CCdata.set(CCstatus, app.values.TndrRESULT);

@@ -13,20 +13,20 @@ void Tender::Set_Data()
 
     CardRecord &CCdata = app.values.CCdata;
     const platform::DateTime now = app.clock.now();
-    const std::string number = Trim(fields.Label3[0]);
+    const std::string number = Trim(fields.cardNumber);
     CCdata.set(HiddenNumb, maskedNumber(number));
     CCdata.set(CCNumb, number);
     encodeCardNumber(CCdata);
-    CCdata.set(CCExpDate, turnedExpiry(Trim(fields.Label3[1])));
-    CCdata.set(CCName, Trim(fields.Label3[2]) + " " + Trim(fields.Label3[3]));
-    CCdata.set(CCSaleAmt, fields.Text4);
-    CCdata.set(CCServer, Trim(fields.Label3[4]));
-    CCdata.set(CCTable, Trim(fields.Label3[5]));
-    CCdata.set(CCTabAmt, fields.Text4);
+    CCdata.set(CCExpDate, turnedExpiry(Trim(fields.expiry)));
+    CCdata.set(CCName, Trim(fields.firstName) + " " + Trim(fields.lastName));
+    CCdata.set(CCSaleAmt, fields.amount);
+    CCdata.set(CCServer, Trim(fields.server));
+    CCdata.set(CCTable, Trim(fields.table));
+    CCdata.set(CCTabAmt, fields.amount);
     for (const CardField &field : {CCApprovedAmt, CResponse, CApprovalCode, CCstatus})
         CCdata.set(field, " ");
     CCdata.set(CCTip, "0");
-    CCdata.set(CCReceipt, Trim(fields.Label3[6]));
+    CCdata.set(CCReceipt, Trim(fields.receipt));
     CCdata.set(CCDate, Format(now, "MM/DD/YY"));
     CCdata.set(CCTime, Format(now, "HH:MM ampm "));
     CCdata.set(CCStation, app.values.StationName);

@@ -35,11 +35,13 @@ std::string batchMarker(const ProcessValues &values)
 
 Tender::Tender(App &theApp, printing::Printer &thePrinter, TenderView &theView)
     : app(theApp), printer(thePrinter), view(theView),
-      Timer1(app.clock, [this] { Timer1_Timer(); }), Timer2(app.clock, [this] { Timer2_Timer(); }),
-      Timer3(app.clock, [this] { startTimer(); }), Timer5(app.clock, [this] { Timer5_Timer(); })
+      settleTimer(app.clock, [this] { settleTimeOver(); }),
+      waitTimer(app.clock, [this] { tickOfWait(); }),
+      startTimer(app.clock, [this] { startOnce(); }),
+      timeoutTimer(app.clock, [this] { tickAfterTimeout(); })
 {
-    for (std::string *text :
-         {&fields.Text1, &fields.Text2, &fields.Text5, &TrackData, &fields.Label3[0]})
+    for (std::string *text : {&fields.cardOrResult, &fields.firstTrack, &fields.secondTrack,
+                              &TrackData, &fields.cardNumber})
         platform::keepSecret(*text);
 }
 
@@ -49,18 +51,18 @@ void Tender::Form_Load()
                             Format(app.values.config.text(kOwnerCode), "########.##");
     view.setTopMost(true);
     const platform::ErrorsIgnored ignored(app.run);
-    fields.Label14 = app.files.exists(kCutFlagFile) ? "YES" : "NO";
+    fields.cutBetweenCopies = app.files.exists(kCutFlagFile) ? "YES" : "NO";
     Get_AsstMgr(app);
     startProcessTrace(app);
     Get_AsstMgr(app);
     printing::Set_Printer(app, printer);
     show();
-    Timer3.setInterval(kStartDelay);
+    startTimer.setInterval(kStartDelay);
 }
 
-void Tender::startTimer()
+void Tender::startOnce()
 {
-    Timer3.setInterval(0);
+    startTimer.setInterval(0);
     Start_Tender();
 }
 
@@ -131,7 +133,7 @@ void Tender::readModeFlag()
 {
     app.values.X1009 = app.files.exists(app.values.Maindir + "X1009Version.dat");
     fields.X1009 = app.values.X1009;
-    fields.Label3[13] = app.values.X1009 ? "True" : "False";
+    fields.commandLineMode = app.values.X1009 ? "True" : "False";
 }
 
 /// A command pressed twice starts two tenders of one check: the second would charge the card again,
@@ -186,8 +188,8 @@ void Tender::storeKept()
 
 void Tender::prepareForCommandLine()
 {
-    fields.SSCommand2.enabled = false;
-    fields.Text1.clear();
+    fields.finish.enabled = false;
+    fields.cardOrResult.clear();
     status("PLEASE WAIT");
     statusPainted("Waiting for Xcharge Interface");
 }
@@ -209,10 +211,10 @@ void Tender::readConfiguration(bool iniLocked)
 
 void Tender::showOptions()
 {
-    fields.Label12 = app.values.PrintTipLine ? "YES" : "NO";
-    fields.Label3[14] = app.values.NoPartialSupport == 0 ? "YES" : "NO";
-    fields.Label3[15] = app.values.TndrNOpreAUTH == 0 ? "PreAuth" : "Purchase";
-    fields.Label13_3 = std::string("Version ") + kProgramVersion;
+    fields.tipLine = app.values.PrintTipLine ? "YES" : "NO";
+    fields.partialSupport = app.values.NoPartialSupport == 0 ? "YES" : "NO";
+    fields.saleKind = app.values.TndrNOpreAUTH == 0 ? "PreAuth" : "Purchase";
+    fields.versionLine = std::string("Version ") + kProgramVersion;
     show();
 }
 
@@ -296,31 +298,31 @@ void Tender::traceStart()
 
 void Tender::fillFields()
 {
-    fields.Label3[4] = app.values.EmployeeNumber;
+    fields.server = app.values.EmployeeNumber;
     Fetch_EmpName(app);
-    fields.Label3[12] = app.values.EmployeeFullName;
-    fields.Label3[5] = sentTable;
-    fields.Label3[6] = sentReceipt;
-    fields.Text4 = sentAmount;
+    fields.serverName = app.values.EmployeeFullName;
+    fields.table = sentTable;
+    fields.receipt = sentReceipt;
+    fields.amount = sentAmount;
 }
 
 /// Shown for the slip with gratuity; the total is not what is sent to the processor.
 void Tender::showGratuity()
 {
-    const Money sale = Val(fields.Text4);
+    const Money sale = Val(fields.amount);
     const Money percent = app.values.gratuityPercent;
     preApprovedTip = Val(Format(percent * sale / Money::fromWhole(100), "######.##"));
     totalWithTip = preApprovedTip + sale;
-    fields.Label3[9] = Currency(totalWithTip);
-    fields.Label3[10] = "%" + plainText(percent);
+    fields.totalWithGratuity = Currency(totalWithTip);
+    fields.gratuityPercent = "%" + plainText(percent);
     show();
 }
 
 bool Tender::refuseZeroAmount()
 {
-    if (!Val(fields.Text4).isZero())
+    if (!Val(fields.amount).isZero())
         return false;
-    fields.Text4 = "0.00";
+    fields.amount = "0.00";
     show();
     app.dialogs.message("ZERO AMOUNT", "The system was not able to obtain the amount of this TAB. "
                                        "Please Press Cancel and try again.");
@@ -331,24 +333,24 @@ bool Tender::refuseZeroAmount()
 void Tender::showFlags()
 {
     if (app.files.exists(app.values.Maindir + "XCHide.txt")) {
-        fields.Text1Masked = !app.values.X1009;
-        fields.SSCommand6Caption = "View";
-        fields.SSCommand6 = {!app.values.X1009, !app.values.X1009};
+        fields.cardMasked = !app.values.X1009;
+        fields.viewCaption = "View";
+        fields.view = {!app.values.X1009, !app.values.X1009};
     }
-    fields.SSCheck1 = app.files.exists(app.values.Maindir + "CCnoPrint.dat");
-    fields.SSCheck1Enabled = true;
+    fields.noReceipt = app.files.exists(app.values.Maindir + "CCnoPrint.dat");
+    fields.noReceiptEnabled = true;
 }
 
 void Tender::waitForCard()
 {
-    fields.Label3[8] = kProgramVersion;
-    fields.SSCommand1.enabled = true;
+    fields.version = kProgramVersion;
+    fields.cancel.enabled = true;
     fields.boxesLocked = app.values.X1009;
-    for (CommandState *command : {&fields.SSCommand3, &fields.SSCommand4, &fields.Command3})
+    for (CommandState *command : {&fields.enterManually, &fields.clear, &fields.startServer})
         command->enabled = !app.values.X1009;
     statusPainted(app.values.X1009 ? "Waiting for Xcharge Interface"
                                    : "Waiting for You to Swipe the Card");
-    view.focus(TenderBox::Text2);
+    view.focus(TenderBox::FirstTrack);
 }
 
 } // namespace tender

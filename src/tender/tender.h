@@ -43,21 +43,21 @@ public:
     void Get_Number();
 
     // What was typed into a swipe box; passed over while no card is awaited.
-    void Text2_Change(const std::string &typed);
-    void Text5_Change(const std::string &typed);
+    void takeFirstTrack(const std::string &typed);
+    void takeSecondTrack(const std::string &typed);
 
-    void SSCommand1_Click();           // "Cancel"
-    void SSCommand2_Click();           // "Finish Tender"
-    void SSCommand3_Click();           // "Enter Manually"
-    void SSCommand4_Click();           // "Clear"
-    void SSCommand5_Click();           // "CONFIG"
-    void SSCommand6_Click();           // "View"
-    void SSCommand7_Click();           // "NO" / "YES": slip with gratuity
-    void SSCommand8_Click();           // "YES", approve offline
-    void SSCommand9_Click();           // "NO", go on waiting
-    void SSPanel4_Click();             // the warning panel: remove the payment application
-    void Command3_Click();             // "Start Xcharge", the payment server
-    void SSCheck1_Click(bool checked); // "Do not print a RECEIPT for Customer"
+    void cancel();                   // "Cancel"
+    void finishTender();             // "Finish Tender"
+    void enterManually();            // "Enter Manually"
+    void clearSwipe();               // "Clear"
+    void openSetup();                // "CONFIG"
+    void showDigits();               // "View"
+    void switchGratuitySlip();       // "NO" / "YES": slip with gratuity
+    void askForOfflineApproval();    // "YES", approve offline
+    void keepWaiting();              // "NO", go on waiting
+    void offerRemoval();             // the warning panel: remove the payment application
+    void startPaymentServer();       // "Start Xcharge", the payment server
+    void setNoReceipt(bool checked); // "Do not print a RECEIPT for Customer"
     /// The hidden way out of "File Server Busy" when a batch has died: deletes the batch marker.
     void deleteBatchMarker();
 
@@ -72,7 +72,7 @@ protected:
 
 private:
     // start_tender.cpp
-    void startTimer();
+    void startOnce();
     bool findDirectories();
     void readModeFlag();
     bool anotherTenderLives();
@@ -106,7 +106,7 @@ private:
     void wipeCard();
     void resetCapture();
     void enterTyped(const TypedCard &card);
-    void Timer1_Timer();
+    void settleTimeOver();
 
     // approval_engine.cpp
     LocalRequest fillRequest();
@@ -182,9 +182,9 @@ private:
     // waits.cpp
     void startCounting();
     int countNow() const;
-    void setLabel7(int count);
-    void Timer2_Timer();
-    void Timer5_Timer();
+    void setWaitCount(int count);
+    void tickOfWait();
+    void tickAfterTimeout();
     void status(const std::string &text);
     void statusPainted(const std::string &text);
     void show();
@@ -193,13 +193,13 @@ private:
     printing::Printer &printer;
     TenderView &view;
     TenderFields fields;
-    platform::Timer Timer1;    // settle time of a swipe
-    platform::Timer Timer2;    // during the wait
-    platform::Timer Timer3;    // 100 ms after the load
-    platform::Timer Timer5;    // after a "T" result
-    std::string target;        // month file of this run's first step, kept over midnight
-    std::string declineTarget; // deleted file of the same month
-    std::string sentTable;     // values of "Xsend.req" until the fields show them
+    platform::Timer settleTimer;  // settle time of a swipe
+    platform::Timer waitTimer;    // during the wait
+    platform::Timer startTimer;   // 100 ms after the load
+    platform::Timer timeoutTimer; // after a "T" result
+    std::string target;           // month file of this run's first step, kept over midnight
+    std::string declineTarget;    // deleted file of the same month
+    std::string sentTable;        // values of "Xsend.req" until the fields show them
     std::string sentReceipt;
     std::string sentAmount;
     std::string TrackData; // the swipe as read, or the number as typed

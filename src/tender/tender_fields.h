@@ -1,5 +1,6 @@
 // TenderFields: the tender's working storage. What the tender screen shows and what slips and
-// procedures read is one plain struct; the screen only mirrors it.
+// procedures read is one plain struct; the screen only mirrors it. The comment beside a field
+// begins with the control that shows it.
 #pragma once
 
 #include <array>
@@ -15,58 +16,73 @@ struct CommandState {
 };
 
 struct TenderFields {
-    // Label3: 0 card number, 1 expiry "YYMM", 2 first name, 3 last name, 4 server number, 5 table,
-    // 6 receipt, 8 version, 9 total with gratuity, 10 "%" and the percent, 12 server's name,
-    // 13 value of X1009, 14 partial support "YES"/"NO", 15 "PreAuth"/"Purchase".
-    std::array<std::string, 16> Label3;
+    // Of the request and of who asks.
+    std::string amount;            // Text4, what is charged, as the request spells it
+    std::string server;            // Label3[4], the number
+    std::string serverName;        // Label3[12]
+    std::string table;             // Label3[5]
+    std::string receipt;           // Label3[6]
+    std::string totalWithGratuity; // Label3[9], currency
+    std::string gratuityPercent;   // Label3[10], "%" and the percent
+    std::string auditAmount;       // Label9, what the point of sale calculated; currency
 
-    std::string Text1;        // result line and what is read of a card
-    std::string Text2;        // takes the swipe as it arrives
-    std::string Text3;        // status line
-    std::string Text4;        // the amount charged, as the request spells it
-    std::string Text5;        // takes what follows a swipe's first part
-    std::string Label4 = "0"; // the count that timers and the wait share
-    std::string Label7 = "0"; // counts of the wait; one count is 960 ms
-    std::string Label9;       // the audit's amount
-    std::string Label12;      // tip line "YES"/"NO"
-    std::string Label13_3;    // "Version 5.68.0"
-    std::string Label14;      // cut between the copies "YES"/"NO"
-    std::string versionToolTip;
-    std::string SSCommand6Caption;        // "View" while card digits are masked
-    std::string SSCommand7Caption = "NO"; // "YES": slip with gratuity
-
-    std::string partApproved; // of a partial approval: what the bank gave,
-    std::string stillOwed;    // and what the guest has to pay otherwise
-
-    int waitingRecords = 0; // charged cards of this station that no card file holds yet
-
-    bool Label7Visible = false;
-    bool Text1Masked = false; // card digits show as asterisks
+    // Of the card.
+    std::string firstTrack;   // Text2, takes the swipe as it arrives
+    std::string secondTrack;  // Text5, takes what follows a swipe's first part
+    std::string cardNumber;   // Label3[0]
+    std::string expiry;       // Label3[1], "YYMM"
+    std::string firstName;    // Label3[2]
+    std::string lastName;     // Label3[3]
+    std::string cardOrResult; // Text1, what is read of a card, then the result
+    bool cardMasked = false;  // Text1, its characters show as asterisks
     bool boxesLocked = true;  // Text2 and Text5 take no swipe
     bool cardTaken = false;   // a card is being validated or charged: no other one is read
-    bool Text3Red = false;
-    bool SSCheck1Enabled = false; // once it is known where it is remembered
-    bool SSCheck1 = false;        // "Do not print a RECEIPT for Customer"
-    bool SSPanel2Visible = false; // wait panel
-    bool SSPanel4Visible = false; // warning panel
-    bool SSPanel5Visible = false; // offline panel
-    bool SSRibbonsVisible = false;
-    bool SSPanel4Red = false;
-    std::string SSPanel4; // the warning
 
-    CommandState SSCommand1{false, true}; // "Cancel"
-    CommandState SSCommand2{false, true}; // "Finish Tender"
-    CommandState SSCommand3{false, true}; // "Enter Manually"
-    CommandState SSCommand4{false, true}; // "Clear"
-    CommandState SSCommand5{false, true}; // "CONFIG"
-    CommandState SSCommand6{false, true}; // "View"
-    CommandState Command3{false, true};   // "Start Xcharge"
+    // Of the wait.
+    std::string status;               // Text3
+    bool statusRed = false;           // Text3
+    std::string waitCount = "0";      // Label7; one count is 960 ms
+    bool waitCountVisible = false;    // Label7
+    std::string sharedCount = "0";    // Label4, of timers and the wait together
+    bool waitPanelVisible = false;    // SSPanel2
+    std::string warning;              // SSPanel4
+    bool warningRed = false;          // SSPanel4
+    bool warningVisible = false;      // SSPanel4
+    bool ribbonsVisible = false;      // SSRibbon1 and SSRibbon2, beside the warning
+    bool offlinePanelVisible = false; // SSPanel5
 
-    bool X1009 = false;
-    bool result = false;   // there is a result (colours the state card)
-    bool approved = false; // and it is an approval,
-    bool partial = false;  // be it of a part alone
-    bool unknown = false;  // the bank has answered, and nobody can read it
+    // Of the result.
+    bool result = false;      // there is a result (colours the state card)
+    bool approved = false;    // and it is an approval,
+    bool partial = false;     // be it of a part only
+    bool unknown = false;     // the bank has answered, and nobody can read it
+    std::string partApproved; // of a partial approval: what the bank gave,
+    std::string stillOwed;    // and what the guest has to pay otherwise
+    int waitingRecords = 0;   // charged cards of this station that no card file holds yet
+
+    // Of the setup.
+    std::string version;             // Label3[8]
+    std::string versionLine;         // Label13[3], "Version 5.68.0"
+    std::string versionToolTip;      // Label13[3]
+    bool X1009 = false;              // the payment application is driven by its command line
+    std::string commandLineMode;     // Label3[13], X1009 as "True"/"False"
+    std::string partialSupport;      // Label3[14], "YES"/"NO"
+    std::string saleKind;            // Label3[15], "PreAuth"/"Purchase"
+    std::string tipLine;             // Label12, "YES"/"NO"
+    std::string cutBetweenCopies;    // Label14, "YES"/"NO"
+    std::string gratuitySlip = "NO"; // SSCommand7, "YES": slip with gratuity
+    std::string viewCaption;         // SSCommand6, "View" while card digits are masked
+    bool noReceipt = false;          // SSCheck1, "Do not print a RECEIPT for Customer"
+    bool noReceiptEnabled = false;   // SSCheck1, once it is known where it is remembered
+
+    // The commands.
+    CommandState cancel{false, true};        // SSCommand1, "Cancel"
+    CommandState finish{false, true};        // SSCommand2, "Finish Tender"
+    CommandState enterManually{false, true}; // SSCommand3, "Enter Manually"
+    CommandState clear{false, true};         // SSCommand4, "Clear"
+    CommandState setup{false, true};         // SSCommand5, "CONFIG"
+    CommandState view{false, true};          // SSCommand6, "View"
+    CommandState startServer{false, true};   // Command3, "Start Xcharge"
 
     bool operator==(const TenderFields &) const = default;
 };
@@ -74,8 +90,8 @@ struct TenderFields {
 /// Those that hold what is read of a card: wiped when it is done with.
 inline std::array<std::string *, 7> cardTexts(TenderFields &fields)
 {
-    return {&fields.Text1,     &fields.Text2,     &fields.Text5,    &fields.Label3[0],
-            &fields.Label3[1], &fields.Label3[2], &fields.Label3[3]};
+    return {&fields.cardOrResult, &fields.firstTrack, &fields.secondTrack, &fields.cardNumber,
+            &fields.expiry,       &fields.firstName,  &fields.lastName};
 }
 
 } // namespace tender

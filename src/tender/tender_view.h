@@ -9,7 +9,7 @@
 
 namespace tender {
 
-enum class TenderBox { Text2, Text5, SSCommand1, SSCommand9 };
+enum class TenderBox { FirstTrack, SecondTrack, Cancel, KeepWaiting };
 
 class TenderView {
 public:

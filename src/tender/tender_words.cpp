@@ -34,11 +34,11 @@ StateWords stateWords(const TenderFields &fields)
 {
     if (fields.result)
         return resultWords(fields);
-    if (fields.SSPanel4Visible)
+    if (fields.warningVisible)
         return {StateColour::Attention, "No answer yet",
                 fields.X1009 ? "The payment application has not answered."
                              : "The payment server has not answered."};
-    if (fields.Label7Visible)
+    if (fields.waitCountVisible)
         return {StateColour::Waiting, "Waiting",
                 fields.X1009 ? "The payment window takes the card." : "The bank is being asked."};
     const bool ready = !fields.boxesLocked && !fields.cardTaken;
@@ -47,7 +47,7 @@ StateWords stateWords(const TenderFields &fields)
 
 std::string bandNotice(const TenderFields &fields)
 {
-    if (fields.SSPanel2Visible && !fields.result)
+    if (fields.waitPanelVisible && !fields.result)
         return waitNotice(fields);
     if (fields.waitingRecords == 0)
         return {};

@@ -23,12 +23,12 @@ constexpr std::array<const char *, 9> kLadder = {"Waiting For Connection",
 void climbLadder(int count, TenderFields &fields, std::uint16_t &StopWaiting)
 {
     if (count >= 1)
-        fields.Text3 = kLadder[static_cast<std::size_t>(std::min(count, 9) - 1)];
+        fields.status = kLadder[static_cast<std::size_t>(std::min(count, 9) - 1)];
     if (!fields.X1009)
         return;
     if (count < 10) {
-        fields.SSCommand1.enabled = true;
-        fields.Text3 = "Waiting for Response from X-Charge";
+        fields.cancel.enabled = true;
+        fields.status = "Waiting for Response from X-Charge";
     }
     if (count >= 38)
         StopWaiting = kStop;
@@ -41,21 +41,21 @@ int countSince(std::uint32_t start, std::uint32_t now)
     return static_cast<int>((now - start) / kMillisecondsPerCount);
 }
 
-bool Label7_Change(int count, TenderFields &fields)
+bool reactToCount(int count, TenderFields &fields)
 {
     if (count > 20)
-        fields.SSCommand1.enabled = true;
+        fields.cancel.enabled = true;
     if (count == 10 && fields.X1009)
-        fields.Text3.clear();
+        fields.status.clear();
     if (count == 49) {
-        fields.SSPanel4 = "INTERNET or Phone Line may be DOWN";
-        fields.SSPanel4Red = true;
-        fields.SSPanel4Visible = true;
-        fields.SSRibbonsVisible = true;
+        fields.warning = "INTERNET or Phone Line may be DOWN";
+        fields.warningRed = true;
+        fields.warningVisible = true;
+        fields.ribbonsVisible = true;
     }
     if (count > 50) {
-        fields.SSCommand1.enabled = true;
-        fields.Text3 = "Connection Problems Press Cancel";
+        fields.cancel.enabled = true;
+        fields.status = "Connection Problems Press Cancel";
     }
     return count == 20 || count == 60 || count == 120 || count == 180;
 }
@@ -64,24 +64,24 @@ bool waitTimerTick(int count, TenderFields &fields, std::uint16_t &StopWaiting)
 {
     const int shared = count + 1;
     bool stops = false;
-    fields.Label4 = std::to_string(shared);
+    fields.sharedCount = std::to_string(shared);
     if (count > 8)
-        fields.SSCommand1.enabled = true;
+        fields.cancel.enabled = true;
     if (StopWaiting < kStop) {
         if (fields.X1009 && count == 10)
-            fields.Text3.clear();
+            fields.status.clear();
         if (count > 15)
-            fields.SSCommand1.enabled = true;
+            fields.cancel.enabled = true;
         if (shared >= 9) {
             stops = true;
-            fields.SSCommand1.enabled = true;
-            fields.SSPanel2Visible = true;
+            fields.cancel.enabled = true;
+            fields.waitPanelVisible = true;
         } else {
             climbLadder(count, fields, StopWaiting);
         }
     }
     if (count >= 10)
-        fields.SSCommand1.enabled = true;
+        fields.cancel.enabled = true;
     return stops;
 }
 

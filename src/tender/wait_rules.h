@@ -12,11 +12,11 @@ namespace tender {
 /// Whole counts between two ticks of the 32-bit millisecond clock, which may have wrapped once.
 int countSince(std::uint32_t start, std::uint32_t now);
 
-/// Reactions to `Label7` having changed to `count`. True at the counts at which the offline panel
+/// Reactions to a new count of the wait. True at the counts at which the offline panel
 /// would be shown (20, 60, 120, 180).
-bool Label7_Change(int count, TenderFields &fields);
+bool reactToCount(int count, TenderFields &fields);
 
-/// One tick of the wait timer, in both modes, at the value of `Label7`. True when the timer stops
+/// One tick of the wait timer, in both modes, at this count of the wait. True when the timer stops
 /// itself. Kept: at its usual intervals the first tick does, and the ladder and its end at count 38
 /// through `StopWaiting` are not reached.
 bool waitTimerTick(int count, TenderFields &fields, std::uint16_t &StopWaiting);

@@ -9,9 +9,9 @@ void Tender::startCounting()
 {
     app.values.StopWaiting = 0;
     waiting = true;
-    fields.Label7Visible = true;
-    fields.Label7 = "0";
-    fields.Label4 = "0";
+    fields.waitCountVisible = true;
+    fields.waitCount = "0";
+    fields.sharedCount = "0";
     startTick = app.clock.tick();
 }
 
@@ -20,34 +20,34 @@ int Tender::countNow() const
     return countSince(startTick, app.clock.tick());
 }
 
-void Tender::setLabel7(int count)
+void Tender::setWaitCount(int count)
 {
     const std::string text = std::to_string(count);
-    if (fields.Label7 == text)
+    if (fields.waitCount == text)
         return;
-    fields.Label7 = text;
-    if (Label7_Change(count, fields))
+    fields.waitCount = text;
+    if (reactToCount(count, fields))
         Show_Offline_Panel();
 }
 
-void Tender::Timer2_Timer()
+void Tender::tickOfWait()
 {
-    if (waitTimerTick(wholeNumber(fields.Label7), fields, app.values.StopWaiting))
-        Timer2.setInterval(0);
+    if (waitTimerTick(wholeNumber(fields.waitCount), fields, app.values.StopWaiting))
+        waitTimer.setInterval(0);
     show();
 }
 
-void Tender::Timer5_Timer()
+void Tender::tickAfterTimeout()
 {
-    setLabel7(wholeNumber(fields.Label7) + 1);
-    if (wholeNumber(fields.Label7) == 10 && fields.X1009)
-        fields.Text3.clear();
+    setWaitCount(wholeNumber(fields.waitCount) + 1);
+    if (wholeNumber(fields.waitCount) == 10 && fields.X1009)
+        fields.status.clear();
     show();
 }
 
 void Tender::status(const std::string &text)
 {
-    fields.Text3 = text;
+    fields.status = text;
     show();
 }
 
@@ -60,8 +60,7 @@ void Tender::statusPainted(const std::string &text)
 /// "CONFIG" can end the tender, so it goes with "Cancel"; but it withdraws no request.
 void Tender::show()
 {
-    fields.SSCommand5.enabled =
-        fields.SSCommand1.enabled && fields.SSCommand1.visible && !local.set();
+    fields.setup.enabled = fields.cancel.enabled && fields.cancel.visible && !local.set();
     view.refresh(fields);
 }
 

@@ -140,11 +140,11 @@ private:
         const std::uint64_t now = story.station.time.milliseconds();
         if (kind.local && now >= swipesAt) {
             swipesAt = now + kSwipes;
-            story.tender.Text2_Change(story.kTrack1);
-            story.tender.Text5_Change(story.kTrack2);
+            story.tender.takeFirstTrack(story.kTrack1);
+            story.tender.takeSecondTrack(story.kTrack2);
         }
         if (now >= kPatience && !story.station.run.ending())
-            story.tender.SSCommand1_Click();
+            story.tender.cancel();
     }
     void noticeCharge()
     {

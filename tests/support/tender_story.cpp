@@ -88,16 +88,16 @@ void TenderStory::serve()
 void TenderStory::swipe(const std::string &first, const std::string &second, std::uint64_t at)
 {
     station.time.at(at, [this, first, second] {
-        tender.Text2_Change(first);
+        tender.takeFirstTrack(first);
         if (!second.empty())
-            tender.Text5_Change(second);
+            tender.takeSecondTrack(second);
     });
 }
 
 void TenderStory::type(const tender::TypedCard &card)
 {
     view.typedCard = card;
-    station.time.at(500, [this] { tender.SSCommand3_Click(); });
+    station.time.at(500, [this] { tender.enterManually(); });
 }
 
 void TenderStory::run(std::uint64_t limit)

@@ -15,8 +15,8 @@ class FakeTenderView : public tender::TenderView {
 public:
     void refresh(const tender::TenderFields &fields) override
     {
-        if (fields.Text3 != status.back())
-            status.push_back(fields.Text3);
+        if (fields.status != status.back())
+            status.push_back(fields.status);
         if (onRefresh)
             onRefresh(fields);
     }

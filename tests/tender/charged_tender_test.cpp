@@ -215,7 +215,7 @@ TEST_P(ChargedTender, LeavesWhatTheBankWritesAfterItsLastLook)
         story.reply = std::nullopt;
     else
         story.paymentAnswers("RESULT=DECLINED\r\n");
-    story.station.time.at(30'000, [this] { story.tender.SSCommand1_Click(); }); // "Cancel"
+    story.station.time.at(30'000, [this] { story.tender.cancel(); }); // "Cancel"
     story.run();
     EXPECT_EQ(word(), "Declined");
     recordsAfterTheNextTender();
@@ -275,7 +275,7 @@ TEST_P(Stranger, WritesOverTheRecordAndItIsAppendedAgain)
     afterAppend(overwrite);
     std::size_t whilePrinting = 0;
     story.view.onRefresh = [&](const tender::TenderFields &fields) {
-        if (fields.Text3 != "Approved Printing Receipt" || whilePrinting > 0)
+        if (fields.status != "Approved Printing Receipt" || whilePrinting > 0)
             return;
         whilePrinting = ours();
         std::string bytes = story.station.get(TenderStory::kPending);
@@ -315,7 +315,7 @@ TEST(NextGuest, IsNotPaidForByThePaymentThatTheGuestBeforeGaveUp)
 {
     TenderStory before;
     before.paymentKeepsSilent();
-    before.station.time.at(20'000, [&] { before.tender.SSCommand1_Click(); }); // "Cancel"
+    before.station.time.at(20'000, [&] { before.tender.cancel(); }); // "Cancel"
     before.run();
     TenderStory next(before, 0);
     std::string boxes;
@@ -347,7 +347,7 @@ TEST(SwipedCard, StaysInTheRoomThatIsWipedAndKeptOutOfDumps)
     std::set<const char *> rooms;
     story.view.onRefresh = [&](const tender::TenderFields &fields) {
         for (const std::string *text :
-             {&fields.Text1, &fields.Text2, &fields.Text5, &fields.Label3[0]})
+             {&fields.cardOrResult, &fields.firstTrack, &fields.secondTrack, &fields.cardNumber})
             rooms.insert(text->data());
     };
     for (const char *typed : {"%", "%B41", "%B41%B4111"}) // character by character

@@ -56,8 +56,8 @@ TEST_P(UnprintedSlips, AreToldByNameBehindRecordAndAnswerUntilSomebodyPressesOk)
     story.station.dialogs.answerNext(platform::Answer::Ok, [&] {
         whileOpen = story.stored() && !story.station.run.ending() &&
                     story.answer().starts_with(row.partial ? "\"DECLINE but" : "\"Approved");
-        story.tender.SSCommand1_Click(); // neither hurries it away
-        story.tender.SSCommand2_Click();
+        story.tender.cancel(); // neither hurries it away
+        story.tender.finishTender();
     });
     story.run();
     EXPECT_TRUE(whileOpen && story.station.run.ending());
@@ -117,7 +117,7 @@ TEST(UnknownAnswer, IsNeverTakenForNoneWhenTheManagerApprovesOffline)
         };
         story.replyAfter = 60'000;
         story.paymentAnswers(support::approvedResult(), 60'000);
-        story.station.time.at(50'000, [&] { story.tender.SSCommand8_Click(); });
+        story.station.time.at(50'000, [&] { story.tender.askForOfflineApproval(); });
         story.station.time.at(70'000,
                               [&] { story.station.disk.failOn("look", ending, Outcome::Done); });
         story.run(100'000);

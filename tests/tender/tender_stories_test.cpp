@@ -17,10 +17,13 @@ std::string leftBehind(const TenderStory &story)
                        : station.run.ending() ? "ended\n"
                                               : "stays\n";
     const tender::TenderFields &fields = story.tender.state();
-    text += "screen " + fields.Text1 + "|" + fields.Label9;
-    for (const std::size_t item : {4, 5, 6, 9, 10, 12, 13, 14, 15, 0, 1, 2, 3})
-        text += "|" + fields.Label3[item];
-    text += fields.SSPanel5Visible ? "|offline panel" : "";
+    text += "screen " + fields.cardOrResult + "|" + fields.auditAmount;
+    for (const std::string &shown :
+         {fields.server, fields.table, fields.receipt, fields.totalWithGratuity,
+          fields.gratuityPercent, fields.serverName, fields.commandLineMode, fields.partialSupport,
+          fields.saleKind, fields.cardNumber, fields.expiry, fields.firstName, fields.lastName})
+        text += "|" + shown;
+    text += fields.offlinePanelVisible ? "|offline panel" : "";
     for (const std::string &status : story.view.status)
         text += status.empty() ? "\n" : "status " + status + "\n";
     for (const auto &started : station.system.started)
@@ -57,8 +60,8 @@ public:
     {
         verbs.insert({
             {"swipe", [&](W) { story.swipe(); }},
-            {"first-track", [&](W w) { tender.Text2_Change(w.all); }},
-            {"second-track", [&](W w) { tender.Text5_Change(w.all); }},
+            {"first-track", [&](W w) { tender.takeFirstTrack(w.all); }},
+            {"second-track", [&](W w) { tender.takeSecondTrack(w.all); }},
             {"type",
              [&](W w) {
                  story.type({w.all.substr(0, 16), w.all.substr(17, 4), w.all.substr(22)});
@@ -73,22 +76,22 @@ public:
             {"prefer", [&](W w) { story.station.printers.preferred = w.all; }},
             {"no-printers", [&](W) { story.station.printers.installed.clear(); }},
             {"role", [&](W w) { story.station.system.executable = w.all; }},
-            {"Cancel", [&](W) { tender.SSCommand1_Click(); }},
-            {"Enter-Manually", [&](W) { tender.SSCommand3_Click(); }},
-            {"CONFIG", [&](W) { tender.SSCommand5_Click(); }},
-            {"gratuity", [&](W) { tender.SSCommand7_Click(); }},
-            {"YES", [&](W) { tender.SSCommand8_Click(); }},
-            {"NO", [&](W) { tender.SSCommand9_Click(); }},
-            {"warning", [&](W) { tender.SSPanel4_Click(); }},
-            {"Start-Xcharge", [&](W) { tender.Command3_Click(); }},
-            {"no-receipt", [&](W) { tender.SSCheck1_Click(true); }},
+            {"Cancel", [&](W) { tender.cancel(); }},
+            {"Enter-Manually", [&](W) { tender.enterManually(); }},
+            {"CONFIG", [&](W) { tender.openSetup(); }},
+            {"gratuity", [&](W) { tender.switchGratuitySlip(); }},
+            {"YES", [&](W) { tender.askForOfflineApproval(); }},
+            {"NO", [&](W) { tender.keepWaiting(); }},
+            {"warning", [&](W) { tender.offerRemoval(); }},
+            {"Start-Xcharge", [&](W) { tender.startPaymentServer(); }},
+            {"no-receipt", [&](W) { tender.setNoReceipt(true); }},
             {"picture", [&](W) { tender.deleteBatchMarker(); }},
         });
         story.view.onManager = [this] { happen("manager"); };
         story.view.onBusy = [this] { happen("busy"); };
         story.station.system.onKill = [this](const std::string &) { happen("kill"); };
         story.view.onRefresh = [this](const tender::TenderFields &fields) {
-            if (fields.Text3 == "Approved Printing Receipt")
+            if (fields.status == "Approved Printing Receipt")
                 happen("printing");
         };
     }
@@ -110,7 +113,7 @@ private:
                 std::to_string(story.station.printers.collected.size()) + " slips" +
                 (story.station.has(TenderStory::kMarker) ? ", marker" : "") +
                 (story.view.hidden ? ", hidden" : "") +
-                (tender.state().SSPanel5Visible ? ", offline panel" : "") + ", mode " +
+                (tender.state().offlinePanelVisible ? ", offline panel" : "") + ", mode " +
                 story.app.values.managerCheckMode + "\n";
     }
 
@@ -119,14 +122,14 @@ private:
     {
         story.station.time.maxStep = 10;
         story.view.onRefresh = [this](const tender::TenderFields &fields) {
-            const std::string now = std::string(fields.SSCommand1.enabled ? " Cancel" : "") +
-                                    (fields.SSPanel2Visible ? " panel" : "") +
-                                    (fields.SSPanel4Visible ? " warning" : "") +
-                                    (fields.SSPanel4Red ? " red" : "") +
-                                    (fields.SSRibbonsVisible ? " ribbons" : "") +
-                                    (fields.Label7Visible ? " counting" : "") + ", " +
+            const std::string now = std::string(fields.cancel.enabled ? " Cancel" : "") +
+                                    (fields.waitPanelVisible ? " panel" : "") +
+                                    (fields.warningVisible ? " warning" : "") +
+                                    (fields.warningRed ? " red" : "") +
+                                    (fields.ribbonsVisible ? " ribbons" : "") +
+                                    (fields.waitCountVisible ? " counting" : "") + ", " +
                                     std::to_string(story.station.system.started.size()) +
-                                    " starts, " + fields.Text3 + "\n";
+                                    " starts, " + fields.status + "\n";
             if (std::exchange(watched, now) != now)
                 seen += std::to_string(story.station.time.milliseconds()) + now;
         };
