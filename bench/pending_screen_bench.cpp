@@ -56,7 +56,7 @@ public:
         app.values.Maindir = simulator::kSandboxMaindir;
         app.values.Remotedir = simulator::kSandboxRemotedir;
     }
-    void load() { list.SSCommand3_Click(); }
+    void load() { list.refresh(); }
     std::size_t rows() const { return list.rows().size(); }
 
 private:

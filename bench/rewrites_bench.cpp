@@ -67,9 +67,9 @@ void benchBulk(Manager &manager, Report &report)
         pending::Pending list(manager.app, manager.printer, manager.view);
         if (!manager.begin(kEntries))
             return report.fail("no card file");
-        list.SSCommand3_Click();
+        list.refresh();
         Instant start = now();
-        list.SSCommand11_Click();
+        list.forceAllNoTip();
         all.add(millisecondsSince(start) / 1000);
         long forced = 0;
         for (const pending::ListRow &row : list.rows())

@@ -78,35 +78,36 @@ void XchargeEntryDetals::connectCommands()
     const auto click = [this](QAbstractButton *command, void (EntryDetails::*handler)()) {
         connect(command, &QAbstractButton::clicked, this, [this, handler] { (entry.*handler)(); });
     };
-    click(ui->SSCommand1, &EntryDetails::SSCommand1_Click);   // "Done"
-    click(ui->SSCommand2, &EntryDetails::SSCommand2_Click);   // "Force NO TIP"
-    click(ui->SSCommand3, &EntryDetails::SSCommand3_Click);   // "Cancel"
-    click(ui->SSCommand4, &EntryDetails::SSCommand4_Click);   // "Undo TIP Adjustment"
-    click(ui->SSCommand5, &EntryDetails::SSCommand5_Click);   // "Delete This Entry "
-    click(ui->SSCommand7, &EntryDetails::SSCommand7_Click);   // "Customer"
-    click(ui->SSCommand8, &EntryDetails::SSCommand8_Click);   // "Merchant"
-    click(ui->SSCommand10, &EntryDetails::SSCommand10_Click); // "Save"
-    click(ui->SSCommand11, &EntryDetails::SSCommand11_Click); // "Force ALL NO TIP"
-    click(ui->SSCommand12, &EntryDetails::SSCommand12_Click); // "Delete and Print a Receipt"
-    click(ui->SSCommand13, &EntryDetails::SSCommand13_Click); // "UnDelete - Move to Pending List"
-    click(ui->SSCommand14, &EntryDetails::SSCommand14_Click); // "Force"
-    click(ui->SSCommand15, &EntryDetails::SSCommand15_Click); // "VOID"
-    click(ui->SSCommand16, &EntryDetails::SSCommand16_Click); // "Force ALL to Adjusted - Pending"
-    click(ui->SSCommand17, &EntryDetails::SSCommand17_Click); // "Clear Tip Amount"
-    click(ui->Label3_0, &EntryDetails::Label3_Click);         // the tab
-    click(ui->Command1, &EntryDetails::Command1_Click);       // "The Track Read Line has been ..."
-    click(ui->Command2, &EntryDetails::Command2_Click);       // "View Card #"
-    const auto arrow = [this](QAbstractButton *command, std::size_t index) {
-        connect(command, &QAbstractButton::clicked, this, [this, index] {
-            entry.SSCommand9_Click(index);
+    click(ui->SSCommand1, &EntryDetails::saveAndClose);      // "Done"
+    click(ui->SSCommand2, &EntryDetails::forceNoTip);        // "Force NO TIP"
+    click(ui->SSCommand3, &EntryDetails::cancel);            // "Cancel"
+    click(ui->SSCommand4, &EntryDetails::undoTip);           // "Undo TIP Adjustment"
+    click(ui->SSCommand5, &EntryDetails::deleteEntry);       // "Delete This Entry "
+    click(ui->SSCommand7, &EntryDetails::reprintCustomer);   // "Customer"
+    click(ui->SSCommand8, &EntryDetails::reprintMerchant);   // "Merchant"
+    click(ui->SSCommand10, &EntryDetails::save);             // "Save"
+    click(ui->SSCommand11, &EntryDetails::forceAllNoTip);    // "Force ALL NO TIP"
+    click(ui->SSCommand12, &EntryDetails::deleteAndPrint);   // "Delete and Print a Receipt"
+    click(ui->SSCommand13, &EntryDetails::undelete);         // "UnDelete - Move to Pending List"
+    click(ui->SSCommand14, &EntryDetails::forceAdjusted);    // "Force"
+    click(ui->SSCommand15, &EntryDetails::voidEntry);        // "VOID"
+    click(ui->SSCommand16, &EntryDetails::forceAllAdjusted); // "Force ALL to Adjusted - Pending"
+    click(ui->SSCommand17, &EntryDetails::clearTip);         // "Clear Tip Amount"
+    click(ui->Label3_0, &EntryDetails::offerQuickTips);      // the tab
+    click(ui->Command1, &EntryDetails::revealTrackLine);     // "The Track Read Line has been ..."
+    click(ui->Command2, &EntryDetails::revealNumber);        // "View Card #"
+    const auto arrow = [this](QAbstractButton *command, long by) {
+        connect(command, &QAbstractButton::clicked, this, [this, by] {
+            entry.step(by);
             selectTip();
         });
     };
-    arrow(ui->SSCommand9_0, 0); // previous
-    arrow(ui->SSCommand9_1, 1); // next
+    arrow(ui->SSCommand9_0, -1); // previous
+    arrow(ui->SSCommand9_1, 1);  // next
     for (std::size_t item = 0; item < Text1.size(); ++item)
-        connect(Text1[item], &QLineEdit::textChanged, this,
-                [this, item](const QString &text) { entry.Text1_Change(item, fromQt(text)); });
+        connect(Text1[item], &QLineEdit::textChanged, this, [this, item](const QString &text) {
+            entry.typeBox(static_cast<Box>(item), fromQt(text));
+        });
 }
 
 /// What is left is to look, to print, and to close by "Done" or "Cancel".
@@ -125,10 +126,10 @@ void XchargeEntryDetals::disableChanges()
 void XchargeEntryDetals::connectTip()
 {
     connect(ui->Text4, &QLineEdit::textChanged, this,
-            [this](const QString &text) { entry.Text4_Change(fromQt(text)); });
+            [this](const QString &text) { entry.typeTip(fromQt(text)); });
     for (std::size_t item = 0; item < SSCommand6.size(); ++item)
         connect(SSCommand6[item], &QAbstractButton::clicked, this, [this, item] {
-            entry.SSCommand6_Click(item); // "Quick Tip Buttons"
+            entry.takeQuickTip(item); // "Quick Tip Buttons"
             selectTip();
         });
     const std::array digits = {ui->digit_0, ui->digit_1, ui->digit_2, ui->digit_3, ui->digit_4,
@@ -167,7 +168,7 @@ void XchargeEntryDetals::selectTip()
 
 void XchargeEntryDetals::closeAsked()
 {
-    entry.SSCommand3_Click();
+    entry.cancel();
 }
 
 void XchargeEntryDetals::keyPressEvent(QKeyEvent *event)
@@ -204,20 +205,20 @@ void XchargeEntryDetals::refresh(const EntryFields &fields)
 void XchargeEntryDetals::showEntry(const EntryFields &fields)
 {
     for (std::size_t item = 1; item < Text1.size(); ++item)
-        put(*Text1[item], fields.Text1[item]);
-    putLook(*ui->Text1_11, "state", stateOf(fields.Text1[11]));
-    ui->Label1_1->setText(QString::number(fields.Label1_1));
-    ui->Label4_3->setText(toQt(fields.Label4_3));
-    ui->Label8->setText(toQt(fields.Label8));
-    ui->Label10->setText(toQt(fields.Label10));
+        put(*Text1[item], fields.boxes.values[item]);
+    putLook(*ui->Text1_11, "state", stateOf(fields.boxes[Box::Status]));
+    ui->Label1_1->setText(QString::number(fields.slot));
+    ui->Label4_3->setText(toQt(fields.ofRecords));
+    ui->Label8->setText(toQt(fields.file));
+    ui->Label10->setText(toQt(fields.openedFrom));
     showAmounts(fields);
 }
 
 void XchargeEntryDetals::showAmounts(const EntryFields &fields)
 {
     for (std::size_t item = 0; item < amountCaptions.size(); ++item) {
-        const bool wrong = fields.Text1Wrong[kAmountBoxes[item].first];
-        QLineEdit &box = *Text1[kAmountBoxes[item].first];
+        const bool wrong = fields.wrong[kAmountBoxes[item].first];
+        QLineEdit &box = *Text1[static_cast<std::size_t>(kAmountBoxes[item].first)];
         putLook(box, "state", wrong ? "wrong" : "");
         putLook(*amountCaptions[item], "state", wrong ? "declined" : "");
         amountCaptions[item]->setText(wrong ? QStringLiteral("Not an amount") : amountNames[item]);
@@ -227,24 +228,22 @@ void XchargeEntryDetals::showAmounts(const EntryFields &fields)
 
 void XchargeEntryDetals::showTip(const EntryFields &fields)
 {
-    put(*ui->Text4, fields.Text4);
-    ui->Text4->setReadOnly(fields.Text4Locked);
-    putLook(*ui->Text4, "state",
-            fields.Text4Wrong ? "wrong" : (fields.Text4Locked ? "locked" : ""));
-    ui->Text4->setAccessibleDescription(fields.Text4Wrong ? ui->tipFault->text() : QString());
-    putVisible(*ui->tipFault, fields.Text4Wrong);
-    putVisible(*ui->Label3_1, !fields.Text4Wrong);
-    ui->keypad->setDisabled(fields.Text4Locked);
-    ui->Label3_0->setText(toQt(fields.Label3_0));
-    ui->Label3_0->setAccessibleName(toQt("Tab: " + fields.Label3_0));
-    ui->Label3_1->setText(toQt(fields.Label3_1));
-    putLook(*ui->Label3_1, "part",
-            fields.Label3_1.size() > kLongestLargeTotal ? "large" : "amount");
-    ui->Label3_1->setAccessibleName(toQt("New Total: " + fields.Label3_1));
-    putVisible(*ui->SSPanel2, fields.SSPanel2Visible);
-    putVisible(*ui->lockedHint, !fields.SSPanel2Visible);
+    put(*ui->Text4, fields.tip);
+    ui->Text4->setReadOnly(fields.tipLocked);
+    putLook(*ui->Text4, "state", fields.tipWrong ? "wrong" : (fields.tipLocked ? "locked" : ""));
+    ui->Text4->setAccessibleDescription(fields.tipWrong ? ui->tipFault->text() : QString());
+    putVisible(*ui->tipFault, fields.tipWrong);
+    putVisible(*ui->Label3_1, !fields.tipWrong);
+    ui->keypad->setDisabled(fields.tipLocked);
+    ui->Label3_0->setText(toQt(fields.tab));
+    ui->Label3_0->setAccessibleName(toQt("Tab: " + fields.tab));
+    ui->Label3_1->setText(toQt(fields.total));
+    putLook(*ui->Label3_1, "part", fields.total.size() > kLongestLargeTotal ? "large" : "amount");
+    ui->Label3_1->setAccessibleName(toQt("New Total: " + fields.total));
+    putVisible(*ui->SSPanel2, fields.quickTipsVisible);
+    putVisible(*ui->lockedHint, !fields.quickTipsVisible);
     for (std::size_t item = 0; item < SSCommand6.size(); ++item) {
-        const QString tip = toQt(fields.SSCommand6[item]);
+        const QString tip = toQt(fields.quickTips[item]);
         SSCommand6[item]->setText(tip);
         putLook(*SSCommand6[item], "part", tip.isEmpty() ? "empty" : "quick");
         SSCommand6[item]->setAccessibleName(
@@ -255,9 +254,9 @@ void XchargeEntryDetals::showTip(const EntryFields &fields)
 /// A hidden box holds nothing: a screen reader would find it all the same.
 void XchargeEntryDetals::showCardData(const EntryFields &fields)
 {
-    put(*ui->Text1_0, fields.numberRevealed ? fields.Text1[0] : std::string());
-    put(*ui->Text2, fields.Text2);
-    put(*ui->Text3, fields.Text3);
+    put(*ui->Text1_0, fields.numberRevealed ? fields.boxes[Box::Number] : std::string());
+    put(*ui->Text2, fields.maskedNumber);
+    put(*ui->Text3, fields.slipNumber);
     putVisible(*ui->Text2, !fields.numberRevealed);
     putVisible(*ui->Text1_0, fields.numberRevealed);
     ui->Command2->setDisabled(fields.numberRevealed);
@@ -269,9 +268,9 @@ void XchargeEntryDetals::showCardData(const EntryFields &fields)
 void XchargeEntryDetals::showNotices(const EntryFields &fields)
 {
     const bool funds = fields.fundsNoticesVisible;
-    putVisible(*ui->noticeBand, fields.Label12Visible || funds);
-    ui->Label12->setText(toQt(fields.Label12));
-    putVisible(*ui->Label12, fields.Label12Visible);
+    putVisible(*ui->noticeBand, fields.cardNoticeVisible || funds);
+    ui->Label12->setText(toQt(fields.cardNotice));
+    putVisible(*ui->Label12, fields.cardNoticeVisible);
     for (QWidget *notice : std::initializer_list<QWidget *>{ui->Label4_26, ui->Text1_23,
                                                             ui->Label4_27, ui->fundsNotice})
         putVisible(*notice, funds);
@@ -279,10 +278,10 @@ void XchargeEntryDetals::showNotices(const EntryFields &fields)
 
 void XchargeEntryDetals::showCommands(const EntryFields &fields)
 {
-    ui->SSCommand9_0->setEnabled(fields.SSCommand9Enabled[0]);
-    ui->SSCommand9_1->setEnabled(fields.SSCommand9Enabled[1]);
-    putVisible(*ui->SSCommand12, fields.SSCommand12Visible);
-    putVisible(*ui->SSCommand13, fields.SSCommand13Visible);
+    ui->SSCommand9_0->setEnabled(fields.previousEnabled);
+    ui->SSCommand9_1->setEnabled(fields.nextEnabled);
+    putVisible(*ui->SSCommand12, fields.deleteAndPrintVisible);
+    putVisible(*ui->SSCommand13, fields.undeleteVisible);
 }
 
 void XchargeEntryDetals::focusTip()

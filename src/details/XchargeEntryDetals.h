@@ -65,7 +65,7 @@ private:
 
     records::App &app;
     std::unique_ptr<Ui::XchargeEntryDetals> ui;
-    std::array<platform::FittingEdit *, 25> Text1{};
+    std::array<platform::FittingEdit *, kBoxes> Text1{};
     std::array<QLabel *, 5> amountCaptions{}; // of kAmountBoxes
     std::array<QString, 5> amountNames;       // what they say
     std::array<QAbstractButton *, 15> SSCommand6{};

@@ -16,7 +16,7 @@ namespace details {
 
 namespace {
 
-bool takesAmount(std::size_t box)
+bool takesAmount(Box box)
 {
     return std::any_of(kAmountBoxes.begin(), kAmountBoxes.end(),
                        [box](const auto &amount) { return amount.first == box; });
@@ -40,7 +40,7 @@ std::string plainlyTyped(std::string_view before, std::string_view now)
 EntryDetails::EntryDetails(records::App &theApp, printing::Printer &thePrinter, EntryView &theView,
                            EntryCallbacks theCallbacks)
     : app(theApp), printer(thePrinter), view(theView), callbacks(std::move(theCallbacks)),
-      Timer1(app.clock, [this] { Timer1_Timer(); })
+      lateCommands(app.clock, [this] { showLateCommands(); })
 {
 }
 
@@ -50,11 +50,11 @@ void EntryDetails::open(const std::string &file, long slot, const std::string &s
         return;
     if (!loaded)
         load();
-    fields.Label8 = file;
-    fields.Label10 = source;
-    // Timer1 brings it, once a load: the screen of a second entry does without.
+    fields.file = file;
+    fields.openedFrom = source;
+    // It comes half a second after the load; a second entry on the same screen does without it.
     if (source == "PEND")
-        fields.SSCommand12Visible = false;
+        fields.deleteAndPrintVisible = false;
     setSlot(slot);
     Fill_data();
 }
@@ -64,7 +64,7 @@ bool EntryDetails::closeForRewrite()
     if (working)
         return false;
     const bool mayGo =
-        !loaded || (fields.Text1 == settled && !fields.Text4Wrong) ||
+        !loaded || (fields.boxes == settled && !fields.tipWrong) ||
         app.dialogs.message("ENTRY NOT SAVED",
                             "The entry that is open has changes that are not saved. They are lost "
                             "when you go on.",
@@ -94,15 +94,15 @@ bool EntryDetails::mayType() const
 void EntryDetails::load()
 {
     loaded = true;
-    fields.Label9 = records::deletedFile(app.values, app.clock.now());
-    Timer1.setInterval(500);
+    fields.deletedFile = records::deletedFile(app.values, app.clock.now());
+    lateCommands.setInterval(500);
 }
 
 void EntryDetails::unload()
 {
     if (!std::exchange(loaded, false))
         return;
-    Timer1.setInterval(0);
+    lateCommands.setInterval(0);
     // What a password has revealed is hidden again.
     fields = {};
     record = {};
@@ -119,24 +119,24 @@ void EntryDetails::show()
         view.refresh(fields);
 }
 
-void EntryDetails::Timer1_Timer()
+void EntryDetails::showLateCommands()
 {
-    Timer1.setInterval(0);
-    fields.SSCommand12Visible = fields.Label10 != "DELE";
+    lateCommands.setInterval(0);
+    fields.deleteAndPrintVisible = fields.openedFrom != "DELE";
     // Kept: an entry of any source can be moved to the pending list, also one that is there.
-    fields.SSCommand13Visible = true;
+    fields.undeleteVisible = true;
     show();
 }
 
 void EntryDetails::setSlot(long slot)
 {
-    fields.Label1_1 = slot;
+    fields.slot = slot;
 }
 
 void EntryDetails::setStatus(std::string_view status)
 {
     if (mayType())
-        fields.Text1[19] = status;
+        fields.boxes[Box::TipStatus] = status;
     show();
 }
 
@@ -149,72 +149,71 @@ void EntryDetails::Fill_data()
         return;
     stored = record;
     settleRecord(record);
-    fields.Label4_3 = "of " + std::to_string(count);
+    fields.ofRecords = "of " + std::to_string(count);
     fillBoxes(record, fields);
     if (app.values.lookOnly) {
-        fields.Text4Locked = true;
-        fields.SSPanel2Visible = false;
+        fields.tipLocked = true;
+        fields.quickTipsVisible = false;
     }
-    settled = fields.Text1;
+    settled = fields.boxes;
     show();
 }
 
 void EntryDetails::readSlot()
 {
     count = 0;
-    if (!records::makeIfMissing(app, fields.Label8))
+    if (!records::makeIfMissing(app, fields.file))
         return;
-    platform::SlotFile slots(app.files, fields.Label8, records::kCardSlotLength);
+    platform::SlotFile slots(app.files, fields.file, records::kCardSlotLength);
     slots.open(platform::SlotUse::Read);
     slots.lock();
     count = slots.count();
     records::traceTail(app, slots);
-    slots.read(fields.Label1_1, record.data());
+    slots.read(fields.slot, record.data());
 }
 
-void EntryDetails::Text1_Change(std::size_t index, const std::string &text)
+void EntryDetails::typeBox(Box box, const std::string &text)
 {
-    if (mayType() && index < fields.Text1.size()) {
-        fields.Text1[index] = plainlyTyped(fields.Text1[index], text);
+    if (mayType()) {
+        fields.boxes[box] = plainlyTyped(fields.boxes[box], text);
         // What the file holds may be no amount, and is not refused.
-        fields.Text1Wrong[index] =
-            takesAmount(index) && text != settled[index] && !records::typedAmount(text);
+        fields.wrong[box] = takesAmount(box) && text != settled[box] && !records::typedAmount(text);
     }
     show(); // a box holds what its field does
 }
 
-void EntryDetails::SSCommand3_Click()
+void EntryDetails::cancel()
 {
     if (!busy())
         unload();
 }
 
-void EntryDetails::SSCommand9_Click(std::size_t index)
+void EntryDetails::step(long by)
 {
     if (busy())
         return;
-    long slot = fields.Label1_1 + (index == 1 ? 1 : -1);
-    fields.SSCommand9Enabled = {true, true};
+    long slot = fields.slot + by;
+    fields.previousEnabled = fields.nextEnabled = true;
     if (slot < 2) {
         slot = 1;
-        fields.SSCommand9Enabled[0] = false;
+        fields.previousEnabled = false;
     }
     if (slot >= count) {
         slot = count;
-        fields.SSCommand9Enabled[1] = false;
+        fields.nextEnabled = false;
     }
     app.system.playSound(app.values.Maindir + "whoosh.wav");
     setSlot(slot);
     Fill_data();
 }
 
-void EntryDetails::SSCommand15_Click()
+void EntryDetails::voidEntry()
 {
     if (mayChange())
         app.dialogs.message("VOID", "This version cannot void yet. Nothing has been changed.");
 }
 
-void EntryDetails::Command1_Click()
+void EntryDetails::revealTrackLine()
 {
     if (busy() || !mayViewTrackLine(app.dialogs))
         return;
@@ -222,7 +221,7 @@ void EntryDetails::Command1_Click()
     show();
 }
 
-void EntryDetails::Command2_Click()
+void EntryDetails::revealNumber()
 {
     if (busy() || !mayViewNumber(app.dialogs))
         return;

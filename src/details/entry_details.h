@@ -33,45 +33,45 @@ public:
     EntryDetails(records::App &theApp, printing::Printer &thePrinter, EntryView &theView,
                  EntryCallbacks theCallbacks);
 
-    /// Shows slot `slot` of `file` (Label8, Label1(1)), opened from `source` (Label10: "PEND",
-    /// "ARCH", "DELE"). The first time, and after each unload, this is the screen's load.
+    /// Shows slot `slot` of `file` , opened from `source` ("PEND", "ARCH", "DELE"). The first time,
+    /// and after each unload, this is the screen's load.
     void open(const std::string &file, long slot, const std::string &source);
-    /// Reads Label1(1) of Label8 again and fills all boxes; what was typed is dropped. A missing
+    /// Reads the slot again and fills all boxes; what was typed is dropped. A missing
     /// file is created empty; a slot that does not exist shows an empty record.
     void Fill_data();
     /// Before the list rewrites the file, in which slots move: closes the screen, and asks first
     /// where something is not saved. False where it stays open: so the manager wants it, or a
     /// command works.
     bool closeForRewrite();
-    void setSlot(long slot);                 // Label1(1) alone; Fill_data follows
-    void setStatus(std::string_view status); // Text1(19) alone
+    void setSlot(long slot);                 // only the field; Fill_data follows
+    void setStatus(std::string_view status); // only the box
 
     // What the manager types, and no command may lose: while one works, the old text comes back. A
     // text that is not an amount (records/typed_amount.h) is not saved, nor is a part of it.
-    void Text1_Change(std::size_t index, const std::string &text);
+    void typeBox(Box box, const std::string &text);
     /// Any other amount than before makes the record "Adjusted - Pending".
-    void Text4_Change(const std::string &text);
+    void typeTip(const std::string &text);
 
-    void SSCommand1_Click();                  // "Done"
-    void SSCommand2_Click();                  // "Force NO TIP"
-    void SSCommand3_Click();                  // "Cancel", and the window's cross
-    void SSCommand4_Click();                  // "Undo TIP Adjustment"
-    void SSCommand5_Click();                  // "Delete This Entry "
-    void SSCommand6_Click(std::size_t index); // "Quick Tip Buttons", 0 to 14
-    void SSCommand7_Click();                  // "Customer": reprint
-    void SSCommand8_Click();                  // "Merchant": reprint
-    void SSCommand9_Click(std::size_t index); // arrows: 0 previous, 1 next
-    void SSCommand10_Click();                 // "Save"
-    void SSCommand11_Click();                 // "Force ALL NO TIP"
-    void SSCommand12_Click();                 // "Delete and Print a Receipt"
-    void SSCommand13_Click();                 // "UnDelete - Move to Pending List"
-    void SSCommand14_Click();                 // "Force" ("Change to Adjusted Pending")
-    void SSCommand15_Click();                 // "VOID"
-    void SSCommand16_Click();                 // "Force ALL to Adjusted - Pending"
-    void SSCommand17_Click();                 // "Clear Tip Amount"
-    void Label3_Click();                      // the tab: fills the quick tips
-    void Command1_Click();                    // the track read line
-    void Command2_Click();                    // "View Card #"
+    void saveAndClose();                  // "Done"
+    void forceNoTip();                    // "Force NO TIP"
+    void cancel();                        // "Cancel", and the window's cross
+    void undoTip();                       // "Undo TIP Adjustment"
+    void deleteEntry();                   // "Delete This Entry "
+    void takeQuickTip(std::size_t index); // "Quick Tip Buttons", 0 to 14
+    void reprintCustomer();               // "Customer": reprint
+    void reprintMerchant();               // "Merchant": reprint
+    void step(long by);                   // arrows: -1 previous, 1 next
+    void save();                          // "Save"
+    void forceAllNoTip();                 // "Force ALL NO TIP"
+    void deleteAndPrint();                // "Delete and Print a Receipt"
+    void undelete();                      // "UnDelete - Move to Pending List"
+    void forceAdjusted();                 // "Force" ("Change to Adjusted Pending")
+    void voidEntry();                     // "VOID"
+    void forceAllAdjusted();              // "Force ALL to Adjusted - Pending"
+    void clearTip();                      // "Clear Tip Amount"
+    void offerQuickTips();                // the tab: fills the quick tips
+    void revealTrackLine();               // the track read line
+    void revealNumber();                  // "View Card #"
 
     const EntryFields &state() const { return fields; }
 
@@ -84,7 +84,7 @@ private:
     bool mayType() const;
     void load();
     void unload();
-    void Timer1_Timer();
+    void showLateCommands();
     void readSlot();
     void show();
 
@@ -94,13 +94,13 @@ private:
     void setTip(const std::string &text);
     void setWrongTip(const std::string &text);
     void showTabAlone();
-    bool forceNoTip();
+    bool saveWithoutTip();
 
     // entry_save.cpp
     bool takeAmounts();
     bool exceedsBalance();
-    bool saveAndLeave();
-    bool save(bool scrambled);
+    bool saveThenClose();
+    bool write(bool scrambled);
     void tellOtherRecord();
     void reloadPending();
 
@@ -117,12 +117,12 @@ private:
     printing::Printer &printer;
     EntryView &view;
     EntryCallbacks callbacks;
-    platform::Timer Timer1; // once, 500 ms after the load
+    platform::Timer lateCommands; // Timer1: once, 500 ms after the load
     EntryFields fields;
     records::CardRecord record;
     // As they were read, or saved since: the slot, and the boxes.
     records::CardRecord stored;
-    std::array<std::string, 25> settled;
+    PerBox<std::string> settled;
     long count = 0;      // of the file, at the last Fill_data
     bool loaded = false; // the screen is there
     bool working = false;

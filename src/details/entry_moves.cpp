@@ -16,8 +16,7 @@ bool EntryDetails::moveRecord(const std::string &to, bool locked)
     CardRecord moved = record;
     encodePlainNumber(moved);
     const StoredRecord added = locked ? addRecord(app, to, moved) : addUnlocked(app, to, moved);
-    const bool removed =
-        done(added.outcome) && removeRecord(app, fields.Label8, fields.Label1_1, stored);
+    const bool removed = done(added.outcome) && removeRecord(app, fields.file, fields.slot, stored);
     if (!removed && !app.ending()) {
         reloadPending();
         app.dialogs.message("THE ENTRY HAS CHANGED",
@@ -30,27 +29,27 @@ bool EntryDetails::moveRecord(const std::string &to, bool locked)
 
 bool EntryDetails::stillThere()
 {
-    app.files.createIfMissing(fields.Label8);
-    const bool there = holdsRecord(app, fields.Label8, fields.Label1_1, stored);
+    app.files.createIfMissing(fields.file);
+    const bool there = holdsRecord(app, fields.file, fields.slot, stored);
     if (!there && !app.ending())
         tellOtherRecord();
     return there;
 }
 
-void EntryDetails::SSCommand5_Click()
+void EntryDetails::deleteEntry()
 {
     if (!mayChange())
         return;
     {
         const Working here(*this);
-        if (!moveRecord(fields.Label9, false))
+        if (!moveRecord(fields.deletedFile, false))
             return;
         reloadPending();
     }
     unload();
 }
 
-void EntryDetails::SSCommand13_Click()
+void EntryDetails::undelete()
 {
     if (!mayChange())
         return;

@@ -15,12 +15,28 @@ namespace {
 constexpr const char *kTotalMask = "########.##";
 
 /// Boxes that a save takes back, in its order.
-constexpr std::pair<std::size_t, CardField> kSavedBoxes[] = {
-    {0, CCNumb},         {1, CCExpDate},  {2, CCName},    {3, CCDescription}, {4, CCSaleAmt},
-    {5, CCServer},       {6, CCTable},    {7, CCTabAmt},  {8, CCApprovedAmt}, {9, CResponse},
-    {10, CApprovalCode}, {11, CCstatus},  {12, CCTip},    {13, CCReceipt},    {14, CCDate},
-    {15, CCTime},        {16, CCVerify},  {17, CCSwiped}, {18, CCStation},    {19, CCAdjStatus},
-    {22, GCbalance},     {24, CCXcTranID}};
+constexpr std::pair<Box, CardField> kSavedBoxes[] = {{Box::Number, CCNumb},
+                                                     {Box::Expiry, CCExpDate},
+                                                     {Box::Name, CCName},
+                                                     {Box::TrackLine, CCDescription},
+                                                     {Box::Sale, CCSaleAmt},
+                                                     {Box::Server, CCServer},
+                                                     {Box::Table, CCTable},
+                                                     {Box::Tab, CCTabAmt},
+                                                     {Box::Approved, CCApprovedAmt},
+                                                     {Box::Response, CResponse},
+                                                     {Box::ApprovalCode, CApprovalCode},
+                                                     {Box::Status, CCstatus},
+                                                     {Box::Tip, CCTip},
+                                                     {Box::Receipt, CCReceipt},
+                                                     {Box::Date, CCDate},
+                                                     {Box::Time, CCTime},
+                                                     {Box::Verification, CCVerify},
+                                                     {Box::Swiped, CCSwiped},
+                                                     {Box::Station, CCStation},
+                                                     {Box::TipStatus, CCAdjStatus},
+                                                     {Box::Balance, GCbalance},
+                                                     {Box::Transaction, CCXcTranID}};
 
 /// A field as a box shows it: NULs as blanks, without the padding.
 std::string boxText(const CardRecord &record, const CardField &field)
@@ -34,22 +50,22 @@ void fillTip(const CardRecord &record, EntryFields &fields)
 {
     const Money tab = record.value(CCTabAmt);
     const Money tip = record.value(CCTip);
-    fields.Text4 = plainText(tip);
-    fields.Text4Wrong = false;
-    fields.Label3_0 = Currency(tab);
-    fields.Label3_1 = Currency(tab + tip);
+    fields.tip = plainText(tip);
+    fields.tipWrong = false;
+    fields.tab = Currency(tab);
+    fields.total = Currency(tab + tip);
     // Yesterday's guest must not be tipped by the captions of today's.
-    fields.SSCommand6.fill({});
+    fields.quickTips = {};
 }
 
 void fillFlags(const CardRecord &record, EntryFields &fields)
 {
     const bool additionalFunds = record.text(CCGiftFlag) == "GS";
     const bool hasBalance = record.value(GCbalance) > Money();
-    fields.Text4Locked = additionalFunds;
-    fields.SSPanel2Visible = !additionalFunds;
-    fields.Label12 = hasBalance ? "This is GIFT / DEBIT CARD" : "THIS IS A PARTIAL APPROVAL";
-    fields.Label12Visible = additionalFunds || hasBalance;
+    fields.tipLocked = additionalFunds;
+    fields.quickTipsVisible = !additionalFunds;
+    fields.cardNotice = hasBalance ? "This is GIFT / DEBIT CARD" : "THIS IS A PARTIAL APPROVAL";
+    fields.cardNoticeVisible = additionalFunds || hasBalance;
     fields.fundsNoticesVisible = record.value(CCaditionalFUNDS) > Money();
 }
 
@@ -70,16 +86,16 @@ void settleRecord(CardRecord &record)
 void fillBoxes(const CardRecord &record, EntryFields &fields)
 {
     for (const auto &[box, field] : kSavedBoxes)
-        fields.Text1[box] = boxText(record, field);
-    fields.Text1Wrong.fill(false);
-    fields.Text1[0] = record.text(CCNumb);
-    fields.Text1[13] = Trim(fields.Text1[13]);
-    fields.Text1[20] = Format(boxText(record, CCAdjAmt), kTotalMask);
-    fields.Text1[21] = "   " + boxText(record, CCtype);
-    fields.Text1[23] = Currency(record.value(CCaditionalFUNDS));
-    fields.Text1[24] = Clean_Text(record.raw(CCXcTranID));
-    fields.Text2 = shownNumber(fields.Text1[0]);
-    fields.Text3 = boxText(record, HiddenNumb);
+        fields.boxes[box] = boxText(record, field);
+    fields.wrong = {};
+    fields.boxes[Box::Number] = record.text(CCNumb);
+    fields.boxes[Box::Receipt] = Trim(fields.boxes[Box::Receipt]);
+    fields.boxes[Box::NewTotal] = Format(boxText(record, CCAdjAmt), kTotalMask);
+    fields.boxes[Box::Brand] = "   " + boxText(record, CCtype);
+    fields.boxes[Box::FundsNeeded] = Currency(record.value(CCaditionalFUNDS));
+    fields.boxes[Box::Transaction] = Clean_Text(record.raw(CCXcTranID));
+    fields.maskedNumber = shownNumber(fields.boxes[Box::Number]);
+    fields.slipNumber = boxText(record, HiddenNumb);
     fillTip(record, fields);
     fillFlags(record, fields);
 }
@@ -87,7 +103,7 @@ void fillBoxes(const CardRecord &record, EntryFields &fields)
 void Save_Fields(const EntryFields &fields, CardRecord &record)
 {
     for (const auto &[box, field] : kSavedBoxes)
-        record.set(field, fields.Text1[box]);
+        record.set(field, fields.boxes[box]);
     // Or a number that stayed on the screen after a save would be plain under a flag of "1".
     if (!record.value(CCEncoded).isZero())
         record.set(CCEncoded, "0");

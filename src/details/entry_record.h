@@ -31,7 +31,7 @@ void encodePlainNumber(records::CardRecord &record);
 /// Kept: a shorter one shows in full, and so do 15 digits and tokens of the command-line mode.
 std::string shownNumber(std::string_view number);
 
-/// New totals as Text1(20) shows them.
+/// New totals as their box shows them.
 std::string totalText(records::Money total);
 
 } // namespace details

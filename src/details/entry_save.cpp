@@ -10,7 +10,6 @@ using namespace records;
 
 namespace {
 
-constexpr std::size_t kTipBox = 12;
 constexpr const char *kNothingSaved = " is not an amount. Nothing has been saved. ";
 
 } // namespace
@@ -19,8 +18,8 @@ constexpr const char *kNothingSaved = " is not an amount. Nothing has been saved
 bool EntryDetails::takeAmounts()
 {
     for (const auto &[box, name] : kAmountBoxes) {
-        std::string &text = fields.Text1[box];
-        if (fields.Text1Wrong[box] || (box == kTipBox && fields.Text4Wrong)) {
+        std::string &text = fields.boxes[box];
+        if (fields.wrong[box] || (box == Box::Tip && fields.tipWrong)) {
             app.dialogs.message("NOT AN AMOUNT",
                                 std::string("The ") + name + kNothingSaved + kAmountRule + ".");
             return false;
@@ -33,7 +32,7 @@ bool EntryDetails::takeAmounts()
 
 bool EntryDetails::exceedsBalance()
 {
-    const Money balance = Val(fields.Text1[22]);
+    const Money balance = Val(fields.boxes[Box::Balance]);
     if (balance.isZero() || tip() <= balance)
         return false;
     app.dialogs.message("YOU HAVE EXCEEDED THE CRD VALUE",
@@ -53,16 +52,16 @@ void EntryDetails::tellOtherRecord()
 }
 
 /// False when nothing is saved: the slot holds another record by now, or the program is ending.
-bool EntryDetails::save(bool scrambled)
+bool EntryDetails::write(bool scrambled)
 {
     CardRecord next = record;
     Save_Fields(fields, next);
     if (scrambled)
         encodePlainNumber(next);
-    app.files.createIfMissing(fields.Label8);
+    app.files.createIfMissing(fields.file);
     // Stepping through an empty file leads to slot 0: there is nothing to write.
     const bool written =
-        fields.Label1_1 < 1 || replaceRecord(app, fields.Label8, fields.Label1_1, stored, next);
+        fields.slot < 1 || replaceRecord(app, fields.file, fields.slot, stored, next);
     if (app.ending())
         return false;
     if (!written) {
@@ -70,7 +69,7 @@ bool EntryDetails::save(bool scrambled)
         return false;
     }
     stored = record = next;
-    settled = fields.Text1;
+    settled = fields.boxes;
     return true;
 }
 
@@ -82,14 +81,14 @@ void EntryDetails::reloadPending()
 }
 
 /// False, and the screen stays, when nothing is saved.
-bool EntryDetails::saveAndLeave()
+bool EntryDetails::saveThenClose()
 {
     bool saved = false;
     {
         const Working here(*this);
-        if (fields.Text4.empty())
-            fields.Text4 = "0";
-        saved = takeAmounts() && !exceedsBalance() && save(true);
+        if (fields.tip.empty())
+            fields.tip = "0";
+        saved = takeAmounts() && !exceedsBalance() && write(true);
         if (saved)
             reloadPending();
     }
@@ -100,35 +99,35 @@ bool EntryDetails::saveAndLeave()
     return saved;
 }
 
-void EntryDetails::SSCommand1_Click()
+void EntryDetails::saveAndClose()
 {
     if (mayChange())
-        saveAndLeave();
+        saveThenClose();
     else if (!busy())
         unload();
 }
 
 // Kept: without the balance check, and the number stays plain on the disk until a later "Done",
 // a deletion or the list's "Finish".
-void EntryDetails::SSCommand10_Click()
+void EntryDetails::save()
 {
     if (!mayChange())
         return;
     const Working here(*this);
-    if (takeAmounts() && save(false))
+    if (takeAmounts() && write(false))
         reloadPending();
     show();
 }
 
 // Kept: without a question, whatever a record held before, completed and empty ones included.
-void EntryDetails::SSCommand16_Click()
+void EntryDetails::forceAllAdjusted()
 {
     if (!mayChange())
         return;
     setStatus(kAdjusted);
     {
         const Working here(*this);
-        setEveryStatus(app, fields.Label8, kAdjusted);
+        setEveryStatus(app, fields.file, kAdjusted);
         if (app.ending())
             return;
         reloadPending();

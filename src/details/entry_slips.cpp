@@ -28,7 +28,7 @@ void EntryDetails::reprint(bool customer)
         return;
     const Working here(*this);
     printing::SlipContext context;
-    context.transRecord = fields.Label1_1;
+    context.transRecord = fields.slot;
     context.reprint = true;
     context.giftMarker = customer;
     const std::string selected = printer.selectedName();
@@ -56,12 +56,12 @@ void EntryDetails::reprint(bool customer)
     printer.selectExactly(selected);
 }
 
-void EntryDetails::SSCommand7_Click()
+void EntryDetails::reprintCustomer()
 {
     reprint(true);
 }
 
-void EntryDetails::SSCommand8_Click()
+void EntryDetails::reprintMerchant()
 {
     reprint(false);
 }
@@ -75,7 +75,7 @@ bool EntryDetails::voidSlipSettled()
                                    platform::Buttons::OkCancel) == platform::Answer::Ok;
 }
 
-void EntryDetails::SSCommand12_Click()
+void EntryDetails::deleteAndPrint()
 {
     if (!mayChange())
         return;
@@ -85,13 +85,13 @@ void EntryDetails::SSCommand12_Click()
         if (!stillThere())
             return;
         printing::SlipContext context;
-        context.transRecord = fields.Label1_1;
+        context.transRecord = fields.slot;
         printing::Set_Printer(app, printer);
         print([&] { printing::Print_Cust2(app, printer, context); });
         if (!voidSlipSettled())
             return;
     }
-    SSCommand5_Click(); // closes the screen
+    deleteEntry(); // closes the screen
 }
 
 } // namespace details

@@ -15,9 +15,9 @@ Money EntryDetails::tab() const
     return record.value(CCTabAmt);
 }
 
-void EntryDetails::Text4_Change(const std::string &text)
+void EntryDetails::typeTip(const std::string &text)
 {
-    if (!mayType() || fields.Text4Locked)
+    if (!mayType() || fields.tipLocked)
         return show(); // the box holds the old tip again
     if (typedAmount(text))
         setTip(text);
@@ -27,15 +27,15 @@ void EntryDetails::Text4_Change(const std::string &text)
 
 Money EntryDetails::tip() const
 {
-    return Val(typedAmount(fields.Text4).value_or(fields.Text4));
+    return Val(typedAmount(fields.tip).value_or(fields.tip));
 }
 
 /// The tip and the total of what was right before it are gone: they would pass for this one's.
 void EntryDetails::setWrongTip(const std::string &text)
 {
-    fields.Text4 = text;
-    fields.Text4Wrong = true;
-    for (std::string *of : {&fields.Label3_1, &fields.Text1[12], &fields.Text1[20]})
+    fields.tip = text;
+    fields.tipWrong = true;
+    for (std::string *of : {&fields.total, &fields.boxes[Box::Tip], &fields.boxes[Box::NewTotal]})
         of->clear();
     record.set(CCAdjAmt, stored.raw(CCAdjAmt));
     show();
@@ -44,15 +44,15 @@ void EntryDetails::setWrongTip(const std::string &text)
 // Any change makes the record adjusted, also one to nothing and on a declined record.
 void EntryDetails::setTip(const std::string &text)
 {
-    if (text == fields.Text4 && !fields.Text4Wrong)
+    if (text == fields.tip && !fields.tipWrong)
         return;
-    fields.Text4 = text;
-    fields.Text4Wrong = fields.Text1Wrong[12] = false;
+    fields.tip = text;
+    fields.tipWrong = fields.wrong[Box::Tip] = false;
     const Money total = tab() + tip();
-    fields.Label3_1 = Currency(total);
-    fields.Text1[12] = plainText(tip());
-    fields.Text1[20] = totalText(total);
-    fields.Text1[19] = kAdjusted;
+    fields.total = Currency(total);
+    fields.boxes[Box::Tip] = plainText(tip());
+    fields.boxes[Box::NewTotal] = totalText(total);
+    fields.boxes[Box::TipStatus] = kAdjusted;
     // Kept: the sign goes as the first character, so a total below zero leaves "$1.50)".
     record.set(CCAdjAmt, Currency(total).substr(1));
     show();
@@ -60,64 +60,65 @@ void EntryDetails::setTip(const std::string &text)
 
 void EntryDetails::showTabAlone()
 {
-    fields.Label3_1 = Currency(tab());
-    fields.Text1[12] = "0";
-    fields.Text1Wrong[12] = false;
-    fields.Text1[20] = totalText(tab());
+    fields.total = Currency(tab());
+    fields.boxes[Box::Tip] = "0";
+    fields.wrong[Box::Tip] = false;
+    fields.boxes[Box::NewTotal] = totalText(tab());
 }
 
-void EntryDetails::SSCommand2_Click()
+void EntryDetails::forceNoTip()
 {
     if (mayChange())
-        forceNoTip();
+        saveWithoutTip();
 }
 
 // Kept: any other status than "Adjusted - Pending" is taken for one without a tip, "Completed" and
 // a void too: the tip goes, and the record waits for the bank again.
-bool EntryDetails::forceNoTip()
+bool EntryDetails::saveWithoutTip()
 {
-    const bool stays = app.values.editMode == "KEEP" && Trim(fields.Text1[19]) == kAdjusted;
+    const bool stays =
+        app.values.editMode == "KEEP" && Trim(fields.boxes[Box::TipStatus]) == kAdjusted;
     if (!stays) {
         setTip("0");
         showTabAlone();
-        fields.Text1[19] = kAdjusted;
+        fields.boxes[Box::TipStatus] = kAdjusted;
     }
-    return saveAndLeave();
+    return saveThenClose();
 }
 
-// Kept: Text4 keeps the tip, so a balance that it exceeds refuses this save too.
-void EntryDetails::SSCommand4_Click()
+// Kept: the tip stays in its field, so a balance that it exceeds refuses this save too.
+void EntryDetails::undoTip()
 {
     if (!mayChange())
         return;
-    if (std::exchange(fields.Text4Wrong, false))
-        fields.Text4 = "0"; // taken back, whatever it was to be
+    if (std::exchange(fields.tipWrong, false))
+        fields.tip = "0"; // taken back, whatever it was to be
     showTabAlone();
-    fields.Text1[19] = kNotAdjusted;
-    saveAndLeave();
+    fields.boxes[Box::TipStatus] = kNotAdjusted;
+    saveThenClose();
 }
 
-void EntryDetails::SSCommand6_Click(std::size_t index)
+void EntryDetails::takeQuickTip(std::size_t index)
 {
-    if (mayType() && index < fields.SSCommand6.size())
-        setTip(fields.SSCommand6[index]);
+    if (mayType() && index < fields.quickTips.size())
+        setTip(fields.quickTips[index]);
 }
 
-void EntryDetails::SSCommand11_Click()
+void EntryDetails::forceAllNoTip()
 {
-    if (!mayChange() || !forceNoTip())
+    if (!mayChange() || !saveWithoutTip())
         return;
     if (callbacks.forceAllNoTip)
         callbacks.forceAllNoTip();
     unload();
 }
 
-void EntryDetails::SSCommand14_Click()
+void EntryDetails::forceAdjusted()
 {
     setStatus(kAdjusted);
 }
 
-void EntryDetails::SSCommand17_Click()
+void EntryDetails::clearTip()
 {
     if (!mayType())
         return;
@@ -125,11 +126,11 @@ void EntryDetails::SSCommand17_Click()
     view.focusTip();
 }
 
-void EntryDetails::Label3_Click()
+void EntryDetails::offerQuickTips()
 {
     if (working)
         return;
-    fields.SSCommand6 = quickTips(tab());
+    fields.quickTips = quickTips(tab());
     show();
 }
 

@@ -15,7 +15,7 @@ public:
     virtual ~EntryView() = default;
     /// Brings the screen up to date with the fields.
     virtual void refresh(const EntryFields &fields) = 0;
-    virtual void focusTip() = 0; // Text4
+    virtual void focusTip() = 0;
     virtual void setBusyPointer(bool on) = 0;
     /// The print dialog: the chosen one of `names`, `current` proposed; nothing for Cancel.
     virtual std::optional<std::string> choosePrinter(const std::vector<std::string> &names,

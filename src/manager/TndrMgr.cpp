@@ -15,18 +15,18 @@ TndrMgr::TndrMgr(records::App &theApp, ManagerRoutes routes)
       start(theApp, *this, std::move(routes))
 {
     ui->setupUi(this);
-    SSCommand = {nullptr,
-                 ui->SSCommand1,  // "Tech Only"
-                 ui->SSCommand2,  // "NEXT", during business hours
-                 ui->SSCommand3,  // "NEXT", after business hours
-                 ui->SSCommand4,  // "QUIT"
-                 ui->SSCommand5,  // "Supplies"
-                 ui->SSCommand6,  // "Backup"
-                 ui->SSCommand7,  // "View Log"
-                 ui->SSCommand8,  // "Tndr Log"
-                 ui->SSCommand9}; // "Config"
-    connect(ui->SSCommand3, &QAbstractButton::clicked, this, [this] { start.SSCommand3_Click(); });
-    connect(ui->SSCommand4, &QAbstractButton::clicked, this, [this] { start.SSCommand4_Click(); });
+    // Not served by this version.
+    for (QPushButton *later : {ui->SSCommand1,  // "Tech Only"
+                               ui->SSCommand2,  // "NEXT", during business hours
+                               ui->SSCommand5,  // "Supplies"
+                               ui->SSCommand6,  // "Backup"
+                               ui->SSCommand7,  // "View Log"
+                               ui->SSCommand8,  // "Tndr Log"
+                               ui->SSCommand9}) // "Config"
+        later->setEnabled(false);
+    connect(ui->SSCommand3, &QAbstractButton::clicked, this,
+            [this] { start.startAfterHours(); }); // "NEXT", after business hours
+    connect(ui->SSCommand4, &QAbstractButton::clicked, this, [this] { start.quit(); }); // "QUIT"
     setDefaultCommand(ui->SSCommand3);
     refresh(start.state());
 }
@@ -43,15 +43,15 @@ void TndrMgr::Form_Load()
 
 void TndrMgr::closeAsked()
 {
-    start.SSCommand4_Click(); // "QUIT"
+    start.quit(); // "QUIT"
 }
 
 void TndrMgr::refresh(const ManagerStartFields &fields)
 {
-    platform::putValue(*ui->Label5, fields.Label5);
+    platform::putValue(*ui->Label5, fields.version);
     ui->status->setText(toQt(fields.status));
-    for (std::size_t number = 1; number < SSCommand.size(); ++number)
-        SSCommand[number]->setEnabled(fields.SSCommandEnabled[number]);
+    ui->SSCommand3->setEnabled(fields.choicesEnabled);
+    ui->SSCommand4->setEnabled(fields.choicesEnabled);
 }
 
 void TndrMgr::paintNow()

@@ -5,10 +5,8 @@
 #include "manager/manager_start.h"
 #include "platform/qt/screen.h"
 
-#include <array>
 #include <memory>
 
-class QPushButton;
 namespace Ui {
 class TndrMgr;
 }
@@ -34,8 +32,7 @@ private:
 
     records::App &app;
     std::unique_ptr<Ui::TndrMgr> ui;
-    std::array<QPushButton *, 10> SSCommand{}; // from 1
-    ManagerStart start;                        // last: it refers to this view until it is gone
+    ManagerStart start; // last: it refers to this view until it is gone
 };
 
 } // namespace manager

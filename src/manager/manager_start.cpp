@@ -60,7 +60,7 @@ std::string stationMarker(const App &app)
 
 ManagerStart::ManagerStart(App &theApp, ManagerStartView &theView, ManagerRoutes theRoutes)
     : app(theApp), view(theView), routes(std::move(theRoutes)), inUse(theApp),
-      Timer1(app.clock, [this] { Timer1_Timer(); })
+      routeTimer(app.clock, [this] { goToList(); })
 {
 }
 
@@ -74,7 +74,7 @@ void ManagerStart::Form_Load()
     Get_INI(app);
     fillEmptyDirectories(app);
     app.values.StationName = app.system.computerName();
-    fields.Label5 = kProgramVersion;
+    fields.version = kProgramVersion;
     // Ahead of the log's first lines, which would have no folder at the very first start.
     ensureFolders();
     const platform::DateTime now = app.clock.now();
@@ -124,8 +124,7 @@ void ManagerStart::storeKept()
 
 void ManagerStart::enableChoices(bool on)
 {
-    for (const std::size_t number : {3U, 4U})
-        fields.SSCommandEnabled[number] = on;
+    fields.choicesEnabled = on;
     view.refresh(fields);
 }
 
@@ -197,9 +196,9 @@ void ManagerStart::backUp(const std::string &choice, const TraceLines &behind)
     log(app, lines);
 }
 
-void ManagerStart::SSCommand3_Click()
+void ManagerStart::startAfterHours()
 {
-    if (!fields.SSCommandEnabled[3])
+    if (!fields.choicesEnabled)
         return;
     enableChoices(false);
     const platform::ErrorsIgnored ignored(app.run);
@@ -209,12 +208,12 @@ void ManagerStart::SSCommand3_Click()
         Clean_Logs();
     }
     backUp("USER CHOSE AFTER Business Hours  ", {"XchargePend is loading now"});
-    Timer1.setInterval(kRouteDelay);
+    routeTimer.setInterval(kRouteDelay);
 }
 
-void ManagerStart::Timer1_Timer()
+void ManagerStart::goToList()
 {
-    Timer1.setInterval(0);
+    routeTimer.setInterval(0);
     bool goOn = false;
     {
         const platform::ErrorsIgnored ignored(app.run);
@@ -250,9 +249,9 @@ bool ManagerStart::overrides()
     return true;
 }
 
-void ManagerStart::SSCommand4_Click()
+void ManagerStart::quit()
 {
-    if (!fields.SSCommandEnabled[4])
+    if (!fields.choicesEnabled)
         return;
     enableChoices(false);
     {

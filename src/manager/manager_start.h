@@ -6,7 +6,6 @@
 #include "platform/clock.h"
 #include "records/app.h"
 
-#include <array>
 #include <functional>
 #include <string>
 #include <vector>
@@ -14,11 +13,9 @@
 namespace manager {
 
 struct ManagerStartFields {
-    std::string Label5; // version
-    std::string status; // what is being cleaned up, or was
-    /// By number: 1 "Tech Only", 2 "NEXT" (during business hours), 3 "NEXT" (after business hours),
-    /// 4 "QUIT", 5 "Supplies", 6 "Backup", 7 "View Log", 8 "Tndr Log", 9 "Config".
-    std::array<bool, 10> SSCommandEnabled{};
+    std::string version;         // Label5
+    std::string status;          // what is being cleaned up, or was
+    bool choicesEnabled = false; // SSCommand3 "NEXT" after business hours, SSCommand4 "QUIT"
 
     bool operator==(const ManagerStartFields &) const = default;
 };
@@ -45,8 +42,8 @@ public:
     /// Reads the configuration, makes the folders, begins the log and marks the files as in use.
     /// Errors are ignored.
     void Form_Load();
-    void SSCommand3_Click(); // "NEXT": after business hours
-    void SSCommand4_Click(); // "QUIT", and the window's cross
+    void startAfterHours(); // "NEXT" after business hours
+    void quit();            // "QUIT", and the window's cross
 
     const ManagerStartFields &state() const { return fields; }
 
@@ -56,7 +53,7 @@ private:
     void Clean_Logs();
     long deleteOld(const std::string &folder, const std::string &ending, int before);
     void backUp(const std::string &choice, const std::vector<std::string> &behind);
-    void Timer1_Timer();
+    void goToList();
     bool overrides();
     void tell(const std::string &status);
     void enableChoices(bool on);
@@ -66,7 +63,7 @@ private:
     ManagerRoutes routes;
     ManagerStartFields fields;
     ManagerInUse inUse;
-    platform::Timer Timer1; // 100 ms behind the choice
+    platform::Timer routeTimer; // Timer1: 100 ms after the choice
 };
 
 } // namespace manager

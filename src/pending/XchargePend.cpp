@@ -74,10 +74,10 @@ XchargePend::~XchargePend() = default;
 
 void XchargePend::gatherArrays()
 {
-    SSCommand = {nullptr,         ui->SSCommand1,  ui->SSCommand2,  ui->SSCommand3,
-                 ui->SSCommand4,  ui->SSCommand5,  ui->SScommand6,  ui->SSCommand7,
-                 ui->SSCommand8,  ui->SSCommand9,  ui->SSCommand10, ui->SSCommand11,
-                 ui->SSCommand12, ui->SSCommand13, ui->SSCommand14, ui->SSCommand15};
+    SSCommand = {ui->SSCommand1,  ui->SSCommand2,  ui->SSCommand3,  ui->SSCommand4,
+                 ui->SSCommand5,  ui->SScommand6,  ui->SSCommand7,  ui->SSCommand8,
+                 ui->SSCommand9,  ui->SSCommand10, ui->SSCommand11, ui->SSCommand12,
+                 ui->SSCommand13, ui->SSCommand14, ui->SSCommand15};
     SSOption1 = {ui->SSOption1_0, ui->SSOption1_1, ui->SSOption1_2, ui->SSOption1_3,
                  ui->SSOption1_4, ui->SSOption1_5, ui->SSOption1_6};
     Label5 = {ui->Label5_0, ui->Label5_1, ui->Label5_2};
@@ -89,24 +89,24 @@ void XchargePend::connectCommands()
     const auto click = [this](QAbstractButton *command, void (Pending::*handler)()) {
         connect(command, &QAbstractButton::clicked, this, [this, handler] { (list.*handler)(); });
     };
-    click(ui->SSCommand1, &Pending::SSCommand1_Click);   // "Done"
-    click(ui->SSCommand2, &Pending::SSCommand2_Click);   // "Process"
-    click(ui->SSCommand3, &Pending::SSCommand3_Click);   // "Refresh"
-    click(ui->SSCommand4, &Pending::SSCommand4_Click);   // "Print"
-    click(ui->SSCommand5, &Pending::SSCommand5_Click);   // "Finish"
-    click(ui->SScommand6, &Pending::SScommand6_Click);   // "Archive"
-    click(ui->SSCommand7, &Pending::SSCommand7_Click);   // "Totals by Servers"
-    click(ui->SSCommand10, &Pending::SSCommand10_Click); // "Totals by Terminal"
-    click(ui->SSCommand11, &Pending::SSCommand11_Click); // "Force ALL NO TIP"
-    click(ui->SSCommand12, &Pending::SSCommand12_Click); // "Totals by CC Type"
-    click(ui->SSCommand13, &Pending::SSCommand13_Click); // "Mark Completed"
-    click(ui->SSCommand14, &Pending::SSCommand14_Click); // "DELETE RED'S"
-    click(ui->SSCommand15, &Pending::SSCommand15_Click); // "Mark all completed"
-    click(ui->Image1, &Pending::Image1_Click);           // the picture in the corner
+    click(ui->SSCommand1, &Pending::leave);                 // "Done"
+    click(ui->SSCommand2, &Pending::process);               // "Process"
+    click(ui->SSCommand3, &Pending::refresh);               // "Refresh"
+    click(ui->SSCommand4, &Pending::print);                 // "Print"
+    click(ui->SSCommand5, &Pending::finish);                // "Finish"
+    click(ui->SScommand6, &Pending::showArchive);           // "Archive"
+    click(ui->SSCommand7, &Pending::showTotalsByServer);    // "Totals by Servers"
+    click(ui->SSCommand10, &Pending::showTotalsByTerminal); // "Totals by Terminal"
+    click(ui->SSCommand11, &Pending::forceAllNoTip);        // "Force ALL NO TIP"
+    click(ui->SSCommand12, &Pending::showTotalsByType);     // "Totals by CC Type"
+    click(ui->SSCommand13, &Pending::markDayCompleted);     // "Mark Completed"
+    click(ui->SSCommand14, &Pending::deleteDeclines);       // "DELETE RED'S"
+    click(ui->SSCommand15, &Pending::markAllCompleted);     // "Mark all completed"
+    click(ui->Image1, &Pending::markAllCompletedByPicture); // the picture in the corner
     for (std::size_t option = 0; option < SSOption1.size(); ++option)
         connect(SSOption1[option], &QAbstractButton::toggled, this, [this, option](bool on) {
             if (on)
-                list.SSOption1_Click(static_cast<int>(option));
+                list.sortBy(static_cast<int>(option));
         });
     connectRows();
     ui->SSCommand11->installEventFilter(this);
@@ -115,12 +115,12 @@ void XchargePend::connectCommands()
 void XchargePend::connectRows()
 {
     using platform::MList;
-    connect(ui->MList1, &MList::rowTapped, this, [this](long row) { list.MList1_Click(row); });
-    connect(ui->MList1, &MList::entered, this, [this](long row) { list.MList1_Enter(row); });
-    connect(ui->MList1, &MList::moved, this, [this] { list.MList1_Leave(); });
+    connect(ui->MList1, &MList::rowTapped, this, [this](long row) { list.openRow(row); });
+    connect(ui->MList1, &MList::entered, this, [this](long row) { list.enterReceipt(row); });
+    connect(ui->MList1, &MList::moved, this, [this] { list.dropReceipt(); });
     connect(ui->MList1, &MList::typed, this,
-            [this](const QString &text) { list.MList1_Type(fromQt(text)); });
-    connect(ui->MList1, &MList::backspaced, this, [this] { list.MList1_Backspace(); });
+            [this](const QString &text) { list.typeReceipt(fromQt(text)); });
+    connect(ui->MList1, &MList::backspaced, this, [this] { list.backspaceReceipt(); });
 }
 
 void XchargePend::Form_Load()
@@ -130,7 +130,7 @@ void XchargePend::Form_Load()
     ui->MList1->setFocus();
     list.Form_Load();
     if (fillAtLoad)
-        list.SSCommand3_Click();
+        list.refresh();
 }
 
 void XchargePend::showHeading()
@@ -145,7 +145,7 @@ void XchargePend::showHeading()
 void XchargePend::fillList()
 {
     if (formLoaded)
-        list.SSCommand3_Click();
+        list.refresh();
     else
         fillAtLoad = true;
 }
@@ -172,13 +172,13 @@ void XchargePend::keyPressEvent(QKeyEvent *event)
     if (event->key() != Qt::Key_Escape)
         return Screen::keyPressEvent(event);
     ui->MList1->setFocus();
-    list.MList1_Leave();
+    list.dropReceipt();
 }
 
 bool XchargePend::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Enter || event->type() == QEvent::Leave)
-        list.SSCommand11_Mouse(event->type() == QEvent::Enter);
+        list.hintForceAllNoTip(event->type() == QEvent::Enter);
     return Screen::eventFilter(watched, event);
 }
 
@@ -195,15 +195,16 @@ void XchargePend::refresh(const PendingFields &fields)
 
 void XchargePend::showTotals(const PendingFields &fields)
 {
-    for (std::size_t item = 0; item < Label5.size(); ++item)
-        putValue(*Label5[item], fields.Label5[item]);
-    if (fields.Label5[2] != "0") // while the list is read nothing moves
-        sizeTotals(fields.Label5[2].size() > kUsualTotal);
-    putValue(*ui->Label16, fields.Label16);
-    putValue(*ui->Label17, fields.Label17);
-    putValue(*ui->Label18, fields.Label18);
-    putValue(*ui->Label19, fields.Label19);
-    ui->Label18->setToolTip(toQt(fields.Label6));
+    putValue(*Label5[0], fields.tabTotal);
+    putValue(*Label5[1], fields.tipTotal);
+    putValue(*Label5[2], fields.grandTotal);
+    if (fields.grandTotal != "0") // while the list is read nothing moves
+        sizeTotals(fields.grandTotal.size() > kUsualTotal);
+    putValue(*ui->Label16, fields.fromDate);
+    putValue(*ui->Label17, fields.toDate);
+    putValue(*ui->Label18, fields.swipes);
+    putValue(*ui->Label19, fields.recordRead);
+    ui->Label18->setToolTip(toQt(fields.file));
 }
 
 void XchargePend::sizeTotals(bool wide)
@@ -215,32 +216,32 @@ void XchargePend::sizeTotals(bool wide)
 
 void XchargePend::showState(const PendingFields &fields)
 {
-    putValue(*ui->Label20, fields.Label20);
+    putValue(*ui->Label20, fields.connection);
     putLook(*ui->Label20, "state",
-            fields.Label20.empty() ? "" : (fields.connected ? "connected" : "offline"));
-    const bool missing = !fields.Label7.empty() && fields.Label7 != "0";
+            fields.connection.empty() ? "" : (fields.connected ? "connected" : "offline"));
+    const bool missing = fields.toAdjust > 0;
     const bool empty = ui->MList1->rows().rowCount() == 0;
     const std::string some = fields.notAdjusted > 0
                                  ? std::to_string(fields.notAdjusted) + " to adjust"
                                  : "Some to look at";
     putValue(*ui->Label7, empty ? "" : missing ? some : "All adjusted");
     putLook(*ui->Label7, "state", empty ? "" : missing ? "attention" : "approved");
-    ui->SSPanel1_0_text->setText(toQt(fields.SSPanel1_0));
+    ui->SSPanel1_0_text->setText(toQt(fields.notice));
     const bool types = !fields.receiptHint.empty();
     ui->hint->setText(types ? toQt(fields.receiptHint) : usualHint);
     putLook(*ui->hint, "part", types ? "strong" : "label");
     // In one place: rows must not jump under a finger.
-    ui->noticePlace->setCurrentWidget(fields.SSPanel1_0Visible && !types ? ui->SSPanel1_0
-                                                                         : ui->hintBand);
-    putVisible(*ui->SSPanel2, fields.SSPanel2Visible);
-    putVisible(*ui->MList1, !fields.SSPanel2Visible);
+    ui->noticePlace->setCurrentWidget(fields.noticeVisible && !types ? ui->SSPanel1_0
+                                                                     : ui->hintBand);
+    putVisible(*ui->SSPanel2, fields.batchQuestionVisible);
+    putVisible(*ui->MList1, !fields.batchQuestionVisible);
 }
 
 void XchargePend::showCommands(const PendingFields &fields)
 {
-    for (std::size_t number = 1; number < SSCommand.size(); ++number) {
-        QAbstractButton &command = *SSCommand[number];
-        const CommandState &state = fields.SSCommand[number];
+    for (std::size_t item = 0; item < SSCommand.size(); ++item) {
+        QAbstractButton &command = *SSCommand[item];
+        const CommandState &state = fields.commands.values[item];
         // Qt would hand the keyboard on to the next command, and a second Enter with it; also while
         // another window is in front.
         if (focusWidget() == &command && !(state.enabled && state.visible))
@@ -248,7 +249,7 @@ void XchargePend::showCommands(const PendingFields &fields)
         command.setEnabled(state.enabled);
         putVisible(command, state.visible);
     }
-    ui->Image1->setEnabled(fields.SSCommand[15].enabled); // the same command
+    ui->Image1->setEnabled(fields.commands[Command::MarkAllCompleted].enabled); // the same command
 }
 
 void XchargePend::showOptions(const PendingFields &fields)
@@ -257,7 +258,7 @@ void XchargePend::showOptions(const PendingFields &fields)
         QRadioButton &button = *SSOption1[option];
         const QSignalBlocker quiet(&button); // what the list decides is no choice of anybody
         button.setAutoExclusive(false);      // else one would always stay chosen
-        button.setChecked(static_cast<int>(option) == fields.SSOption1);
+        button.setChecked(static_cast<int>(option) == fields.sortedBy);
         button.setAutoExclusive(true);
     }
 }

@@ -76,9 +76,9 @@ private:
     records::App &app;
     EntryWindow entry;
     std::unique_ptr<Ui::XchargePend> ui;
-    std::array<QAbstractButton *, 16> SSCommand{}; // from 1; 6 is SScommand6
-    std::array<QRadioButton *, 7> SSOption1{};     // what the list is sorted by
-    std::array<QLabel *, 3> Label5{};              // total tabs, total tips, grand total
+    std::array<QAbstractButton *, kCommands> SSCommand{}; // as Command names them
+    std::array<QRadioButton *, 7> SSOption1{};            // what the list is sorted by
+    std::array<QLabel *, 3> Label5{};                     // total tabs, total tips, grand total
     QString usualHint;
     std::optional<PendingFields> shown;
     bool formLoaded = false;

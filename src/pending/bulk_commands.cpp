@@ -30,7 +30,7 @@ public:
 /// one that has become empty: a save would make an entry there.
 bool isThere(const details::EntryDetails &entry)
 {
-    return !entry.state().Text1[11].empty();
+    return !entry.state().boxes[details::Box::Status].empty();
 }
 
 constexpr const char *kForceCompleted =
@@ -41,14 +41,14 @@ constexpr const char *kOnlyIfBatched =
 
 } // namespace
 
-void Pending::SSCommand11_Click()
+void Pending::forceAllNoTip()
 {
     const Working here(*this, Work::Changes);
     if (!here)
         return;
     // The mouse leaves for the question, where nobody hears of it.
-    if (fields.SSPanel1_0 == kNoTipHint)
-        fields.SSPanel1_0Visible = false;
+    if (fields.notice == kNoTipHint)
+        fields.noticeVisible = false;
     show();
     const platform::Answer answer = app.dialogs.message(
         "FORCE ALL NO TIP",
@@ -56,17 +56,17 @@ void Pending::SSCommand11_Click()
         platform::Buttons::OkCancel);
     if (answer == platform::Answer::Ok && view.closeEntry()) {
         trace("     ***  USER CLICKED FORCE ALL NO TIPS  ***");
-        driveEntries([](details::EntryDetails &entry) { entry.SSCommand2_Click(); });
+        driveEntries([](details::EntryDetails &entry) { entry.forceNoTip(); });
     }
     app.values.editMode = "DO NOT KEEP";
 }
 
-void Pending::SSCommand15_Click()
+void Pending::markAllCompleted()
 {
     forceAllCompleted(std::string(kForceCompleted) + kOnlyIfBatched);
 }
 
-void Pending::Image1_Click()
+void Pending::markAllCompletedByPicture()
 {
     forceAllCompleted(kForceCompleted);
 }
@@ -77,9 +77,9 @@ void Pending::forceAllCompleted(const std::string &question)
     const Working here(*this, Work::Changes);
     if (!here)
         return;
-    enable(2, true);
-    fields.SSCommand[5].visible = true;
-    fields.SSCommand[2].visible = false;
+    enable(Command::Process, true);
+    fields.commands[Command::Finish].visible = true;
+    fields.commands[Command::Process].visible = false;
     show();
     trace("     ***  USER CLICKED FORCE ALL COMPLETED ***");
     const platform::Answer answer =
@@ -89,7 +89,7 @@ void Pending::forceAllCompleted(const std::string &question)
     trace("     ***  USER CLICKED OK DO IT  ***");
     driveEntries([](details::EntryDetails &entry) {
         entry.setStatus("Completed");
-        entry.SSCommand1_Click();
+        entry.saveAndClose();
     });
 }
 
@@ -98,7 +98,7 @@ void Pending::forceAllCompleted(const std::string &question)
 void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &step)
 {
     std::vector<long> slots;
-    for (const ListRow &row : MList1)
+    for (const ListRow &row : shownRows)
         slots.push_back(row.slot);
     app.values.editMode = "KEEP";
     NoScreen nobody;
@@ -108,7 +108,7 @@ void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &s
     for (const long slot : slots) {
         if (app.ending())
             break;
-        entry.open(fields.Label6, slot, "PEND");
+        entry.open(fields.file, slot, "PEND");
         if (isThere(entry))
             step(entry);
         else
@@ -140,7 +140,7 @@ void Pending::showQuietlyLoaded()
     long slot = 0;
     for (const CardRecord &record : last->file())
         fresh.add(++slot, record);
-    fields.Label4 = fields.Label19 = std::to_string(last->file().size());
+    fields.recordRead = std::to_string(last->file().size());
     clearList();
     takeRows(fresh);
     Enable_Buttons();

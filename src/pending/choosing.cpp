@@ -9,46 +9,46 @@ void Pending::showReceipt()
     show();
 }
 
-void Pending::MList1_Type(const std::string &text)
+void Pending::typeReceipt(const std::string &text)
 {
     receipt.type(text);
     showReceipt();
 }
 
-void Pending::MList1_Backspace()
+void Pending::backspaceReceipt()
 {
     receipt.backspace();
     showReceipt();
 }
 
-void Pending::MList1_Leave()
+void Pending::dropReceipt()
 {
     receipt.clear();
     showReceipt();
 }
 
-void Pending::MList1_Enter(long current)
+void Pending::enterReceipt(long current)
 {
     if (working) // the rows are not all there
         return;
-    const TypedReceipt::Entered entered = receipt.enter(MList1, current);
+    const TypedReceipt::Entered entered = receipt.enter(shownRows, current);
     if (entered.row >= 0 && entered.row != current)
         view.selectRow(entered.row);
     if (entered.opens)
-        MList1_Click(entered.row);
+        openRow(entered.row);
     else
         showReceipt();
 }
 
-void Pending::MList1_Click(long index)
+void Pending::openRow(long index)
 {
-    if (working || index < 0 || index >= static_cast<long>(MList1.size()))
+    if (working || index < 0 || index >= static_cast<long>(shownRows.size()))
         return;
     receipt.clear();
     fields.receiptHint.clear();
-    fields.Label8 = index;
-    view.showEntry(fields.Label6, MList1[static_cast<std::size_t>(index)].slot);
-    enable(12, false);
+    fields.clickedRow = index;
+    view.showEntry(fields.file, shownRows[static_cast<std::size_t>(index)].slot);
+    enable(Command::TotalsByType, false);
     show();
 }
 

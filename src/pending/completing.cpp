@@ -79,7 +79,7 @@ Outcome markCompleted(App &app, const std::string &date, const Progress &progres
               .progress = progress});
 }
 
-Outcome deleteDeclines(App &app, const Progress &progress)
+Outcome moveDeclines(App &app, const Progress &progress)
 {
     const platform::DateTime now = app.clock.now();
     return rewriteCardFile(

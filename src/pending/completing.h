@@ -31,7 +31,7 @@ platform::Outcome markCompleted(records::App &app, const std::string &date,
 
 /// "DELETE RED'S": records whose `CCstatus` begins with "Decl" move to the month's deleted file.
 /// Kept: a "Dec" without the "l" shows red and holds up the batch, but stays.
-platform::Outcome deleteDeclines(records::App &app, const Progress &progress);
+platform::Outcome moveDeclines(records::App &app, const Progress &progress);
 
 /// What became of a backup.
 struct Backup {

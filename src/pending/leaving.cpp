@@ -26,7 +26,7 @@ std::string Pending::markerFile() const
     return app.values.Remotedir + "ServerISBatching.dat";
 }
 
-void Pending::SSCommand5_Click()
+void Pending::finish()
 {
     if (const Working here(*this, Work::Changes); here && view.closeEntry())
         runFinish();
@@ -35,7 +35,7 @@ void Pending::SSCommand5_Click()
 void Pending::runFinish()
 {
     const platform::ErrorsIgnored ignored(app.run);
-    enable(1, false);
+    enable(Command::Done, false);
     Disable_Buttons();
     panel(kUpdating);
     const Outcome outcome = finishPending(app, [this](long slot) { showProgress(slot); });
@@ -63,20 +63,21 @@ void Pending::tellNotFinished(const std::string &reason)
 void Pending::endOfRewrite()
 {
     Enable_Buttons();
-    fields.SSCommand[5].visible = false;
-    fields.SSCommand[2].visible = true;
-    fields.SSPanel2Visible = false;
+    fields.commands[Command::Finish].visible = false;
+    fields.commands[Command::Process].visible = true;
+    fields.batchQuestionVisible = false;
     panel(kCompleted);
     Make_Sound();
 }
 
-void Pending::SSCommand1_Click()
+void Pending::leave()
 {
     const Working here(*this);
     if (!here || !view.closeEntry())
         return;
-    for (const int number : {1, 2, 3, 4, 5, 6})
-        enable(number, false);
+    for (const Command command : {Command::Done, Command::Process, Command::Refresh, Command::Print,
+                                  Command::Finish, Command::Archive})
+        enable(command, false);
     trace("     ***  USER CLICKED DONE  ***");
     if (app.values.lookOnly)
         return app.end();
@@ -86,9 +87,9 @@ void Pending::SSCommand1_Click()
     Pause(app, 250ms);
     leaving = "EXIT";
     runFinish();
-    Timer3.setInterval(kLongestExit);
+    exitTimer.setInterval(kLongestExit);
     while (leaving == "EXIT" && !app.ending()) {
-        enable(1, false);
+        enable(Command::Done, false);
         app.yield();
     }
     panel("Backing up Data = Please Wait");
@@ -99,13 +100,13 @@ void Pending::SSCommand1_Click()
     app.end();
 }
 
-void Pending::Timer3_Timer()
+void Pending::exitExpired()
 {
-    Timer3.setInterval(0);
+    exitTimer.setInterval(0);
     leaving = "Expired";
 }
 
-void Pending::SSCommand13_Click()
+void Pending::markDayCompleted()
 {
     const Working here(*this, Work::Changes);
     if (!here || !view.closeEntry())
@@ -114,8 +115,8 @@ void Pending::SSCommand13_Click()
                                   .input(" enter date ", "Enter the date of transactions to move",
                                          Format(app.clock.now(), "MM/DD/YYYY"))
                                   .value_or("");
-    fields.SSCommand[5].visible = false;
-    fields.SSCommand[2].visible = false;
+    fields.commands[Command::Finish].visible = false;
+    fields.commands[Command::Process].visible = false;
     Disable_Buttons();
     panel(kUpdating);
     markCompleted(app, typed, [this](long slot) { showProgress(slot); });
@@ -125,14 +126,14 @@ void Pending::SSCommand13_Click()
     endOfRewrite();
 }
 
-void Pending::SSCommand14_Click()
+void Pending::deleteDeclines()
 {
     const Working here(*this, Work::Changes);
     if (!here || !view.closeEntry())
         return;
     panel("Backing up Data File - Just a moment Please");
     backUpPending(app, kBatchBackup);
-    deleteDeclines(app, [this](long slot) { showProgress(slot); });
+    moveDeclines(app, [this](long slot) { showProgress(slot); });
     if (app.ending())
         return;
     loadList();

@@ -22,10 +22,13 @@ constexpr std::uint32_t kConnectionLook = 100;     // ms
 constexpr long kLookEvery = 16; // records; a look at the clock costs as much as a fifth of one
 
 /// Whether the command changes files. "Done" finishes too, but remains the way out.
-bool changes(int number)
+bool changes(Command command)
 {
-    constexpr std::array kChanging = {2, 5, 8, 11, 13, 14, 15};
-    return std::find(kChanging.begin(), kChanging.end(), number) != kChanging.end();
+    constexpr std::array kChanging = {Command::Process,         Command::Finish,
+                                      Command::Continue,        Command::ForceAllNoTip,
+                                      Command::MarkCompleted,   Command::DeleteDeclines,
+                                      Command::MarkAllCompleted};
+    return std::find(kChanging.begin(), kChanging.end(), command) != kChanging.end();
 }
 
 } // namespace
@@ -33,13 +36,14 @@ bool changes(int number)
 Pending::Pending(App &theApp, printing::Printer &thePrinter, PendingView &theView,
                  PendingRoutes theRoutes)
     : app(theApp), printer(thePrinter), view(theView), routes(std::move(theRoutes)),
-      Timer3(app.clock, [this] { Timer3_Timer(); }),
+      exitTimer(app.clock, [this] { exitExpired(); }),
       connectionTimer(app.clock, [this] { showConnection(); })
 {
-    fields.SSCommand[5].visible = false;
-    enable(8, false);
-    for (const int number : {6, 7, 10, 12})
-        enable(number, true);
+    fields.commands[Command::Finish].visible = false;
+    enable(Command::Continue, false);
+    for (const Command command : {Command::Archive, Command::TotalsByServer,
+                                  Command::TotalsByTerminal, Command::TotalsByType})
+        enable(command, true);
 }
 
 void Pending::Form_Load()
@@ -48,11 +52,12 @@ void Pending::Form_Load()
         return;
     if (app.values.Remotedir.empty())
         app.values.Remotedir = "C:\\Lumbrio\\";
-    fields.SSOption1 = -1;
-    enable(2, false);
-    enable(3, true);
-    for (const int number : {5, 11, 13, 14, 15})
-        enable(number, true);
+    fields.sortedBy = -1;
+    enable(Command::Process, false);
+    enable(Command::Refresh, true);
+    for (const Command command : {Command::Finish, Command::ForceAllNoTip, Command::MarkCompleted,
+                                  Command::DeleteDeclines, Command::MarkAllCompleted})
+        enable(command, true);
     if (!app.values.lookOnly)
         app.files.write(markerFile(), quotedLine(""));
     show();
@@ -68,18 +73,19 @@ details::EntryCallbacks Pending::entryCallbacks()
 {
     details::EntryCallbacks callbacks;
     callbacks.reloadPending = [this] { entrySaved(); };
-    callbacks.forceAllNoTip = [this] { SSCommand11_Click(); };
+    callbacks.forceAllNoTip = [this] { forceAllNoTip(); };
     callbacks.listWorks = [this] { return working; };
     return callbacks;
 }
 
-void Pending::enable(int number, bool on)
+void Pending::enable(Command command, bool on)
 {
-    const bool served = (number != 6 || routes.archive) && (number != 7 || routes.totalsByServer) &&
-                        (number != 10 || routes.totalsByTerminal) &&
-                        (number != 12 || routes.totalsByType);
-    const bool allowed = !(app.values.lookOnly && changes(number));
-    fields.SSCommand[static_cast<std::size_t>(number)].enabled = on && served && allowed;
+    const bool served = (command != Command::Archive || routes.archive) &&
+                        (command != Command::TotalsByServer || routes.totalsByServer) &&
+                        (command != Command::TotalsByTerminal || routes.totalsByTerminal) &&
+                        (command != Command::TotalsByType || routes.totalsByType);
+    const bool allowed = !(app.values.lookOnly && changes(command));
+    fields.commands[command].enabled = on && served && allowed;
 }
 
 /// Every save reloads the list, and none may wait for a line that is down: the last answer stays
@@ -102,9 +108,9 @@ void Pending::showConnection()
         return;
     connectionTimer.setInterval(0);
     fields.connected = *tested;
-    fields.Label20 =
+    fields.connection =
         fields.connected ? "Internet connection detected!!" : "No internet connection detected...";
-    enable(8, fields.connected);
+    enable(Command::Continue, fields.connected);
     show();
 }
 
@@ -115,17 +121,21 @@ void Pending::Make_Sound()
 
 void Pending::Disable_Buttons()
 {
-    for (const int number : {1, 2, 3, 4, 6, 7, 11})
-        enable(number, false);
+    for (const Command command :
+         {Command::Done, Command::Process, Command::Refresh, Command::Print, Command::Archive,
+          Command::TotalsByServer, Command::ForceAllNoTip})
+        enable(command, false);
     Make_Sound();
 }
 
 void Pending::Enable_Buttons()
 {
-    for (const int number : {1, 3, 4, 6})
-        enable(number, true);
-    for (const int number : {7, 10, 11, 12})
-        enable(number, !MList1.empty());
+    for (const Command command :
+         {Command::Done, Command::Refresh, Command::Print, Command::Archive})
+        enable(command, true);
+    for (const Command command : {Command::TotalsByServer, Command::TotalsByTerminal,
+                                  Command::ForceAllNoTip, Command::TotalsByType})
+        enable(command, !shownRows.empty());
     Make_Sound();
 }
 
@@ -133,8 +143,8 @@ void Pending::panel(const std::string &text)
 {
     receipt.clear(); // or it would hide the panel
     fields.receiptHint.clear();
-    fields.SSPanel1_0 = text;
-    fields.SSPanel1_0Visible = true;
+    fields.notice = text;
+    fields.noticeVisible = true;
     show();
     view.paintNow();
 }
@@ -150,7 +160,7 @@ void Pending::showProgress(long record)
     if (now - paintedAt < kPaintEvery)
         return;
     paintedAt = now;
-    fields.Label4 = fields.Label19 = std::to_string(record);
+    fields.recordRead = std::to_string(record);
     show();
     view.paintNow();
 }
@@ -161,7 +171,7 @@ void Pending::trace(const std::string &line)
     Write_Log(app);
 }
 
-void Pending::SSCommand3_Click()
+void Pending::refresh()
 {
     if (const Working here(*this); here)
         loadList();
@@ -173,11 +183,10 @@ void Pending::loadList()
     Disable_Buttons();
     check_Connection();
     ListBuilder fresh(app.clock.now());
-    fields.Label16 = fresh.oldest;
-    fields.Label17 = fresh.newest;
-    std::fill_n(fields.Label5.begin(), 3, "0");
-    fields.Label4Visible = true;
-    fields.Label6 = pendingFile(app.values);
+    fields.fromDate = fresh.oldest;
+    fields.toDate = fresh.newest;
+    fields.tabTotal = fields.tipTotal = fields.grandTotal = "0";
+    fields.file = pendingFile(app.values);
     clearList();
     show();
     view.paintNow();
@@ -194,11 +203,11 @@ void Pending::loadList()
 
 void Pending::clearList()
 {
-    fields.SSOption1 = -1;
+    fields.sortedBy = -1;
     sortColumn = 0;
-    enable(2, true);
-    MList1.clear();
-    MList2.clear();
+    enable(Command::Process, true);
+    shownRows.clear();
+    cardTypes.clear();
     showRows();
 }
 
@@ -214,15 +223,15 @@ void Pending::readList(ListBuilder &fresh, const std::function<void()> &atEachRe
         atEachRecord();
         fresh.add(slot, records[i]);
     }
-    fields.Label4 = fields.Label19 = std::to_string(records.size());
+    fields.recordRead = std::to_string(records.size());
 }
 
 std::vector<CardRecord> Pending::readRecords()
 {
     std::vector<CardRecord> records;
-    if (!makeIfMissing(app, fields.Label6))
+    if (!makeIfMissing(app, fields.file))
         return records;
-    platform::SlotFile file(app.files, fields.Label6, kCardSlotLength);
+    platform::SlotFile file(app.files, fields.file, kCardSlotLength);
     file.open(platform::SlotUse::Read);
     file.lock();
     traceTail(app, file);
@@ -242,40 +251,40 @@ std::vector<CardRecord> Pending::readRecords()
 
 void Pending::takeTotals(long listed, Money tabs, Money tips)
 {
-    fields.Label5[0] = Currency(tabs);
-    fields.Label5[1] = Currency(tips);
-    fields.Label5[2] = Currency(tabs + tips);
-    fields.Label18 = std::to_string(listed) + " Swipes";
+    fields.tabTotal = Currency(tabs);
+    fields.tipTotal = Currency(tips);
+    fields.grandTotal = Currency(tabs + tips);
+    fields.swipes = std::to_string(listed) + " Swipes";
 }
 
 void Pending::takeRows(ListBuilder &fresh)
 {
     if (fresh.sawNotAdjusted || fresh.sawDeleted)
-        enable(2, false);
-    fields.Label16 = fresh.oldest;
-    fields.Label17 = fresh.newest;
+        enable(Command::Process, false);
+    fields.fromDate = fresh.oldest;
+    fields.toDate = fresh.newest;
     colours.sawDeleted = fresh.sawDeleted;
-    MList1 = std::move(fresh.rows);
-    MList2 = std::move(fresh.types);
+    shownRows = std::move(fresh.rows);
+    cardTypes = std::move(fresh.types);
     colourRows();
     showRows();
     // Kept: the index of a row, so that after another order it may be another record.
-    if (fields.Label8 > 0 && fields.Label8 < static_cast<long>(MList1.size()))
-        view.selectRow(fields.Label8);
+    if (fields.clickedRow > 0 && fields.clickedRow < static_cast<long>(shownRows.size()))
+        view.selectRow(fields.clickedRow);
 }
 
 void Pending::colourRows()
 {
-    colours.processEnabled = fields.SSCommand[2].enabled;
-    colours.notice = fields.SSPanel1_0;
-    colours.noticeVisible = fields.SSPanel1_0Visible;
-    Color_Not_Adjusted(MList1, colours);
-    Color_Declines(MList1, colours);
-    fields.Label7 = std::to_string(colours.Label7);
+    colours.processEnabled = fields.commands[Command::Process].enabled;
+    colours.notice = fields.notice;
+    colours.noticeVisible = fields.noticeVisible;
+    Color_Not_Adjusted(shownRows, colours);
+    Color_Declines(shownRows, colours);
+    fields.toAdjust = colours.toAdjust;
     fields.notAdjusted = colours.white;
-    fields.SSPanel1_0 = colours.notice;
-    fields.SSPanel1_0Visible = colours.noticeVisible;
-    enable(2, colours.processEnabled);
+    fields.notice = colours.notice;
+    fields.noticeVisible = colours.noticeVisible;
+    enable(Command::Process, colours.processEnabled);
 }
 
 /// Kept: the count is that of the highest index, one short.
@@ -285,9 +294,9 @@ void Pending::traceList(long listed)
     app.values.ManagerLogBuffer = {rule,
                                    "-",
                                    "Current Credit Card File Loaded  ",
-                                   "  Tab Total   " + fields.Label5[0],
-                                   "  Tip Total   " + fields.Label5[1],
-                                   "  Grand Total " + fields.Label5[2],
+                                   "  Tab Total   " + fields.tabTotal,
+                                   "  Tip Total   " + fields.tipTotal,
+                                   "  Grand Total " + fields.grandTotal,
                                    "-",
                                    "  Total List Count " + std::to_string(listed - 1),
                                    "-",
@@ -295,19 +304,19 @@ void Pending::traceList(long listed)
     Write_Log(app);
 }
 
-void Pending::SSOption1_Click(int option)
+void Pending::sortBy(int option)
 {
     const Working here(*this);
     if (!here)
         return show();
-    fields.SSOption1 = option;
+    fields.sortedBy = option;
     Sort_Rows(sortColumnOf(option));
 }
 
 void Pending::Sort_Rows(int column)
 {
     sortColumn = column;
-    Sort_List(MList1, sortColumn);
+    Sort_List(shownRows, sortColumn);
     showRows();
     app.yield();
     colourRows();
@@ -318,17 +327,17 @@ void Pending::Sort_Rows(int column)
 void Pending::showRows()
 {
     receipt.rowsMoved();
-    view.showRows(MList1);
+    view.showRows(shownRows);
 }
 
-void Pending::SSCommand2_Click()
+void Pending::process()
 {
     if (const Working here(*this, Work::Changes); here)
         app.dialogs.message("Process",
                             "This version cannot batch out yet. Nothing has been changed.");
 }
 
-void Pending::SSCommand4_Click()
+void Pending::print()
 {
     const Working here(*this);
     if (!here)
@@ -336,7 +345,7 @@ void Pending::SSCommand4_Click()
     trace("     ***  USER CLICKED PRINT  ***");
     if (!choosePaper())
         return;
-    printList(app, printer, MList1, fields);
+    printList(app, printer, shownRows, fields);
     printing::tellUnprinted(
         app.dialogs, printer,
         "Please see to the printer, or choose another one, and print it again.");
@@ -359,17 +368,17 @@ bool Pending::choosePaper()
     return chosen.has_value();
 }
 
-void Pending::SSCommand11_Mouse(bool over)
+void Pending::hintForceAllNoTip(bool over)
 {
     if (working)
         return;
-    fields.SSPanel1_0Visible = over;
+    fields.noticeVisible = over;
     if (over)
-        fields.SSPanel1_0 = kNoTipHint;
+        fields.notice = kNoTipHint;
     show();
 }
 
-void Pending::SScommand6_Click()
+void Pending::showArchive()
 {
     const Working here(*this);
     if (!here || !routes.archive)
@@ -378,7 +387,7 @@ void Pending::SScommand6_Click()
     routes.archive();
 }
 
-void Pending::SSCommand7_Click()
+void Pending::showTotalsByServer()
 {
     const Working here(*this);
     if (!here || !routes.totalsByServer)
@@ -388,7 +397,7 @@ void Pending::SSCommand7_Click()
     routes.totalsByServer();
 }
 
-void Pending::SSCommand10_Click()
+void Pending::showTotalsByTerminal()
 {
     const Working here(*this);
     if (!here || !routes.totalsByTerminal)
@@ -398,7 +407,7 @@ void Pending::SSCommand10_Click()
     routes.totalsByTerminal();
 }
 
-void Pending::SSCommand12_Click()
+void Pending::showTotalsByType()
 {
     const Working here(*this);
     if (!here || !routes.totalsByType)

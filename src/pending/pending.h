@@ -42,40 +42,40 @@ public:
     /// What the entry that the list has opened needs of it; they refer to this list.
     details::EntryCallbacks entryCallbacks();
 
-    void SSCommand1_Click();           // "Done", and the window's cross
-    void SSCommand2_Click();           // "Process"
-    void SSCommand3_Click();           // "Refresh"
-    void SSCommand4_Click();           // "Print"
-    void SSCommand5_Click();           // "Finish"
-    void SScommand6_Click();           // "Archive"
-    void SSCommand7_Click();           // "Totals by Servers"
-    void SSCommand10_Click();          // "Totals by Terminal"
-    void SSCommand11_Click();          // "Force ALL NO TIP"
-    void SSCommand11_Mouse(bool over); // moved onto it, or off
-    void SSCommand12_Click();          // "Totals by CC Type"
-    void SSCommand13_Click();          // "Mark Completed"
-    void SSCommand14_Click();          // "DELETE RED'S"
-    void SSCommand15_Click();          // "Mark all completed"
-    void Image1_Click();               // the picture in the corner: the same, a shorter question
-    void SSOption1_Click(int option);  // 0 to 6
-    void MList1_Click(long index);     // a row, from 0
+    void leave();                      // "Done", and the window's cross
+    void process();                    // "Process"
+    void refresh();                    // "Refresh"
+    void print();                      // "Print"
+    void finish();                     // "Finish"
+    void showArchive();                // "Archive"
+    void showTotalsByServer();         // "Totals by Servers"
+    void showTotalsByTerminal();       // "Totals by Terminal"
+    void forceAllNoTip();              // "Force ALL NO TIP"
+    void hintForceAllNoTip(bool over); // moved onto it, or off
+    void showTotalsByType();           // "Totals by CC Type"
+    void markDayCompleted();           // "Mark Completed"
+    void deleteDeclines();             // "DELETE RED'S"
+    void markAllCompleted();           // "Mark all completed"
+    void markAllCompletedByPicture();  // the picture in the corner: the same, a shorter question
+    void sortBy(int option);           // 0 to 6
+    void openRow(long index);          // a row, from 0
     // Typing a receipt number; also while a command works, but then Enter does nothing.
-    void MList1_Type(const std::string &text);
-    void MList1_Backspace();
-    void MList1_Enter(long current); // the chosen row, from 0; -1: none
-    void MList1_Leave();             // Escape, an arrow, a finger
+    void typeReceipt(const std::string &text);
+    void backspaceReceipt();
+    void enterReceipt(long current); // the chosen row, from 0; -1: none
+    void dropReceipt();              // Escape, an arrow, a finger
 
     const PendingFields &state() const { return fields; }
-    const ListRows &rows() const { return MList1; }
-    /// MList2: "card type|tab|tip|total" for each listed record, in the order of the slots.
-    const std::vector<std::string> &types() const { return MList2; }
+    const ListRows &rows() const { return shownRows; }
+    /// cardTypes: "card type|tab|tip|total" for each listed record, in the order of the slots.
+    const std::vector<std::string> &types() const { return cardTypes; }
 
 private:
     enum class Work { Looks, Changes };
     class Working;
 
     // pending.cpp
-    void enable(int number, bool on);
+    void enable(Command command, bool on);
     void check_Connection();
     void showConnection();
     void Disable_Buttons();
@@ -104,7 +104,7 @@ private:
     void runFinish();
     void tellNotFinished(const std::string &reason);
     void endOfRewrite();
-    void Timer3_Timer();
+    void exitExpired();
     std::string markerFile() const;
 
     // bulk_commands.cpp
@@ -118,14 +118,14 @@ private:
     PendingView &view;
     PendingRoutes routes;
     PendingFields fields;
-    ListRows MList1;
-    std::vector<std::string> MList2;
+    ListRows shownRows;                 // MList1
+    std::vector<std::string> cardTypes; // MList2
     ListState colours;
     std::optional<RunningTotals> saved; // the file behind the last save of a bulk command
     int sortColumn = 0;
     TypedReceipt receipt;
     std::string leaving;                          // "EXIT", "Expired", "Operation is completed"
-    platform::Timer Timer3;                       // the longest that "Done" waits
+    platform::Timer exitTimer;                    // Timer3: the longest that "Done" waits
     platform::Timer connectionTimer;              // looks whether the test has an answer
     std::optional<std::uint64_t> connectionBegun; // when it was begun, ms
     std::uint64_t paintedAt = 0;

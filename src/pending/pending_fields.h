@@ -2,14 +2,35 @@
 // only mirrors them.
 #pragma once
 
-#include <array>
+#include "records/per_name.h"
+
 #include <string>
 
 namespace pending {
 
-/// On the status panel while the mouse is over "Force ALL NO TIP".
+/// On the notice panel while the mouse is over "Force ALL NO TIP".
 inline constexpr const char *kNoTipHint =
     "All entries with no tip will be forced no tip and marked adjusted";
+
+/// In the order of their controls, from SSCommand1 to SSCommand15.
+enum class Command {
+    Done,
+    Process,
+    Refresh,
+    Print,
+    Finish,
+    Archive, // SScommand6
+    TotalsByServer,
+    Continue,
+    Wait,
+    TotalsByTerminal,
+    ForceAllNoTip,
+    TotalsByType,
+    MarkCompleted,
+    DeleteDeclines, // "DELETE RED'S"
+    MarkAllCompleted,
+};
+inline constexpr std::size_t kCommands = 15;
 
 struct CommandState {
     bool enabled = true;
@@ -18,36 +39,29 @@ struct CommandState {
 };
 
 struct PendingFields {
-    // Label5: 0 total tabs, 1 total tips, 2 grand total, as currency; 3 actual and 4 estimated time
-    // of a batch.
-    std::array<std::string, 5> Label5;
-    bool batchTimesVisible = false; // Label5(3) and (4)
+    std::string tabTotal;   // Label5[0], as currency
+    std::string tipTotal;   // Label5[1]
+    std::string grandTotal; // Label5[2]
 
-    std::string Label4; // the record being read, as Label19
-    bool Label4Visible = false;
-    std::string Label6;   // the file's path
-    std::string Label7;   // above 0: rows still need a tip
-    long notAdjusted = 0; // so many of them are white
-    std::string Label16;  // "From Dater": oldest date on the list
-    std::string Label17;  // "To Date": newest
-    std::string Label18;  // rows, and " Swipes"
-    std::string Label19;  // the record being read
-    std::string Label20;  // the connection in words
+    std::string recordRead; // Label19 and Label4: its slot, while the file is walked through
+    std::string file;       // Label6, its path
+    int toAdjust = 0;       // Label7; above 0: rows still need a tip
+    long notAdjusted = 0;   // so many of them are white
+    std::string fromDate;   // Label16: oldest date on the list
+    std::string toDate;     // Label17: newest
+    std::string swipes;     // Label18: rows, and " Swipes"
+    std::string connection; // Label20, in words
     bool connected = false;
-    long Label8 = 0; // index of the row last clicked; 0 selects none
+    long clickedRow = 0; // Label8: index of the row last clicked; 0 selects none
 
-    std::string receiptHint; // of a receipt number that is typed; then it takes the panel's place
-    std::string SSPanel1_0;  // status panel
-    bool SSPanel1_0Visible = false;
-    bool SSPanel2Visible = false; // the question of a batch
+    std::string receiptHint; // of a receipt number that is typed; it takes the place of the notice
+    std::string notice;      // SSPanel1[0]
+    bool noticeVisible = false;
+    bool batchQuestionVisible = false; // SSPanel2
 
-    int SSOption1 = -1; // the chosen one, 0 to 6; -1: none
+    int sortedBy = -1; // SSOption1: the chosen one, 0 to 6; -1: none
 
-    /// By number: 1 "Done", 2 "Process", 3 "Refresh", 4 "Print", 5 "Finish", 6 "Archive"
-    /// (`SScommand6`), 7 "Totals by Servers", 8 "Continue", 9 "Wait", 10 "Totals by Terminal",
-    /// 11 "Force ALL NO TIP", 12 "Totals by CC Type", 13 "Mark Completed", 14 "DELETE RED'S",
-    /// 15 "Mark all completed".
-    std::array<CommandState, 16> SSCommand;
+    records::PerName<Command, CommandState, kCommands> commands; // SSCommand1 to SSCommand15
 
     bool operator==(const PendingFields &) const = default;
 };

@@ -214,22 +214,22 @@ int sortColumnOf(int option)
 
 void Color_Not_Adjusted(ListRows &rows, ListState &state)
 {
-    state.Label7 = 0;
+    state.toAdjust = 0;
     state.white = 0;
     for (ListRow &row : rows) {
         const std::string_view status = columnOf(row.text, 6);
         row.colour = RowColour::ButtonFace;
         if (startsWith(status, "Not")) {
             row.colour = RowColour::White;
-            ++state.Label7;
+            ++state.toAdjust;
             ++state.white;
         }
         if (startsWith(status, "N")) // Kept: so a "Not" counts twice
-            ++state.Label7;
+            ++state.toAdjust;
         if (startsWith(status, "Com"))
             row.colour = RowColour::LightGreen;
     }
-    if (rows.empty() || state.Label7 > 0)
+    if (rows.empty() || state.toAdjust > 0)
         state.processEnabled = false;
 }
 
@@ -246,7 +246,7 @@ void Color_Declines(ListRows &rows, ListState &state)
         }
     }
     // Kept: while something waits to be adjusted the notice stays as it is, red rows or not.
-    if (state.Label7 > 0)
+    if (state.toAdjust > 0)
         return;
     if (declines > 0)
         state.processEnabled = false;

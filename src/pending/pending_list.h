@@ -74,8 +74,9 @@ public:
     void reserve(std::size_t count);
 
     long listed = 0;
-    ListRows rows;                  // MList1
-    std::vector<std::string> types; // MList2: "card type|tab|tip|total", in the order of the slots
+    ListRows rows; // shownRows
+    std::vector<std::string>
+        types; // cardTypes: "card type|tab|tip|total", in the order of the slots
     records::Money tabs;
     records::Money tips;
     std::string oldest; // today as MM/DD/YYYY, or a record's own date
@@ -103,17 +104,17 @@ int sortColumnOf(int option);
 
 /// What the colour passes find and decide.
 struct ListState {
-    int Label7 = 0;              // above 0: somebody still has to adjust a row
+    int toAdjust = 0;            // above 0: somebody still has to adjust a row
     long white = 0;              // rows "Not Adjusted"
     bool sawDeleted = false;     // by the loader
-    bool processEnabled = false; // SSCommand2, "Process"
-    bool noticeVisible = false;  // SSPanel1(0)
+    bool processEnabled = false; // "Process"
+    bool noticeVisible = false;
     std::string notice;
 };
 
 /// "Not Adjusted" white, "Com..." light green, all others in the button's colour. A "Not" counts 2
-/// in Label7, any other status with an N 1. "Process" is disabled when that is above 0, and with an
-/// empty list.
+/// in `toAdjust`, any other status with an N 1. "Process" is disabled when that is above 0, and
+/// with an empty list.
 void Color_Not_Adjusted(ListRows &rows, ListState &state);
 
 /// Rows declined ("Dec...") red. When nothing waits to be adjusted: with a declined row "Process"

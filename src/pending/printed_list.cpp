@@ -62,8 +62,8 @@ public:
     void totals(const PendingFields &fields)
     {
         printer.line("");
-        printer.line("Tab Total " + fields.Label5[0] + "   Tip Total " + fields.Label5[1] +
-                     "    Grand Total " + fields.Label5[2]);
+        printer.line("Tab Total " + fields.tabTotal + "   Tip Total " + fields.tipTotal +
+                     "    Grand Total " + fields.grandTotal);
         printer.line(std::string(95, ' ') + "Last Page " + std::to_string(page));
     }
 
@@ -90,8 +90,8 @@ void printList(App &app, printing::Printer &printer, const ListRows &rows,
     printer.setLandscape(true);
     PrintedList list(app, printer);
     list.header();
-    if (app.files.exists(fields.Label6)) {
-        platform::SlotFile file(app.files, fields.Label6, kCardSlotLength);
+    if (app.files.exists(fields.file)) {
+        platform::SlotFile file(app.files, fields.file, kCardSlotLength);
         file.open(platform::SlotUse::Read);
         const long count = file.count();
         for (const ListRow &row : rows) {

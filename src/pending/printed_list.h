@@ -12,10 +12,10 @@ namespace pending {
 bool isRoll(platform::Printers &printers, const std::string &printerName);
 
 /// Prints the records of `rows`, in that order, on the selected printer; then the receipt printer
-/// is selected. Each record is read anew from the file (`Label6`), and a slot that is no longer
+/// is selected. Each record is read anew from the file (`file`), and a slot that is no longer
 /// there is passed over. A missing file leaves the headings alone.
 /// Kept: the lines have the tab as it stands in the file, not the approved amount; the totals are
-/// those of the screen (`Label5`).
+/// those of the screen.
 void printList(records::App &app, printing::Printer &printer, const ListRows &rows,
                const PendingFields &fields);
 

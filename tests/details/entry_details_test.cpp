@@ -118,20 +118,24 @@ struct Story : details::EntryView {
     {
         const details::EntryFields &f = entry.state();
         EXPECT_TRUE(f == shown || !open) << "the screen was not brought up to date";
-        std::string text = std::to_string(f.Label1_1) + " " + f.Label4_3 + " ";
-        text += f.SSCommand9Enabled[0] ? "<" : "-";
-        text += f.SSCommand9Enabled[1] ? "> " : "- ";
-        text += (f.numberRevealed ? f.Text1[0] : f.Text2) + ", tip " + f.Text4 + " of " +
-                f.Label3_0 + ", " + f.Label3_1 + ", " + f.Text1[20] + ", " + f.Text1[19] + "," +
-                f.Text1[21];
+        std::string text = std::to_string(f.slot) + " " + f.ofRecords + " ";
+        text += f.previousEnabled ? "<" : "-";
+        text += f.nextEnabled ? "> " : "- ";
+        text += (f.numberRevealed ? f.boxes[details::Box::Number] : f.maskedNumber) + ", tip " +
+                f.tip + " of " + f.tab + ", " + f.total + ", " + f.boxes[details::Box::NewTotal] +
+                ", " + f.boxes[details::Box::TipStatus] + "," + f.boxes[details::Box::Brand];
         const std::pair<bool, std::string> marks[] = {
-            {f.Label12Visible, f.Label12},       {f.fundsNoticesVisible, f.Text1[23] + " needed"},
-            {f.Text4Locked, "locked"},           {!f.SSPanel2Visible, "no quick tips"},
-            {f.SSCommand12Visible, "12"},        {f.SSCommand13Visible, "13"},
-            {f.trackLineRevealed, "track line"}, {busy != 0, "busy"}};
+            {f.cardNoticeVisible, f.cardNotice},
+            {f.fundsNoticesVisible, f.boxes[details::Box::FundsNeeded] + " needed"},
+            {f.tipLocked, "locked"},
+            {!f.quickTipsVisible, "no quick tips"},
+            {f.deleteAndPrintVisible, "12"},
+            {f.undeleteVisible, "13"},
+            {f.trackLineRevealed, "track line"},
+            {busy != 0, "busy"}};
         for (const auto &[on, mark] : marks)
             text += on ? ", " + mark : "";
-        for (const std::string &tip : f.SSCommand6)
+        for (const std::string &tip : f.quickTips)
             text += tip.empty() ? "" : " [" + tip + "]";
         return open ? text : "closed";
     }

@@ -207,10 +207,10 @@ private:
                  pressEntry({"tip 7.25", "Done"});
              }},
             {"Delete", [&] { pressEntry({"Delete"}); }},
-            {"Finish", [&] { night.list.SSCommand5_Click(); }},
-            {"Done", [&] { night.list.SSCommand1_Click(); }},
-            {"Mark Completed", [&] { night.list.SSCommand13_Click(); }},
-            {"DELETE RED'S", [&] { night.list.SSCommand14_Click(); }},
+            {"Finish", [&] { night.list.finish(); }},
+            {"Done", [&] { night.list.leave(); }},
+            {"Mark Completed", [&] { night.list.markDayCompleted(); }},
+            {"DELETE RED'S", [&] { night.list.deleteDeclines(); }},
             {"Move_Completed", [&] { records::moveSettledRecords(night.app); }},
         };
         details::doFirst(commands, command);

@@ -46,8 +46,8 @@ struct Night : ManagerStartView {
         words >> verb >> word >> date;
         const std::map<std::string, std::function<void()>> verbs = {
             {"Form_Load", [&] { start.Form_Load(); }},
-            {"NEXT", [&] { start.SSCommand3_Click(); }},
-            {"QUIT", [&] { start.SSCommand4_Click(); }},
+            {"NEXT", [&] { start.startAfterHours(); }},
+            {"QUIT", [&] { start.quit(); }},
             {"wait", [&] { station.advance(static_cast<std::uint64_t>(std::stoi(word))); }},
             {"September", [&] { station.time.setNow(kSeptember); }},
             {"fail", [&] { station.disk.failOn("rename", word, platform::Outcome::NoRoom); }},
@@ -81,9 +81,7 @@ struct Night : ManagerStartView {
     }
     void refresh(const ManagerStartFields &fields) override
     {
-        std::string now = fields.status + ":";
-        for (std::size_t n = 1; n < fields.SSCommandEnabled.size(); ++n)
-            now += fields.SSCommandEnabled[n] ? " " + std::to_string(n) : "";
+        const std::string now = fields.status + (fields.choicesEnabled ? ": 3 4" : ":");
         happened += now == shown ? "" : now + "\n";
         shown = now;
     }

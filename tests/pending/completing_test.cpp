@@ -103,7 +103,7 @@ TEST(Finish, WithoutTheLockLeavesAFileAloneThatAnotherHasReplacedMeanwhile)
         if (late.station.disk.operationLog()[n - 1].ends_with("flush f/Lumbrio/CCPending.Tmp"))
             faster.app.files.replaceWhole(Story::kPending, slotOf("CCReceipt=77"));
     };
-    late.list.SSCommand5_Click();
+    late.list.finish();
     EXPECT_EQ(late.get(Story::kPending), slotOf("CCReceipt=77"));
 }
 

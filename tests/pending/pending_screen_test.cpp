@@ -304,9 +304,9 @@ TEST(PrintedListOnPaper, NeedsNoMorePagesThanItHasMarks)
     for (int i = 0; i < 101; ++i)
         pending += slotOf("CCTip=12.50");
     story.station.put(Story::kPending, pending);
-    story.list.SSCommand3_Click();
+    story.list.refresh();
     story.printer.select("Office");
-    story.list.SSCommand4_Click();
+    story.list.print();
     const platform::PrintJob job = story.station.printers.collected.back().job;
     platform::Banners banners;
     for (const auto &[width, height] : {std::pair(216, 279), {210, 297}}) {

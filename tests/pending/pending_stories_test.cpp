@@ -24,25 +24,25 @@ std::string Story::press(const std::string &command)
              station.put(kPending, bytes);
          }},
         {"Form_Load", [&] { list.Form_Load(); }},
-        {"Done", [&] { list.SSCommand1_Click(); }},
-        {"Process", [&] { list.SSCommand2_Click(); }},
-        {"Refresh", [&] { list.SSCommand3_Click(); }},
-        {"Print", [&] { list.SSCommand4_Click(); }},
-        {"Finish", [&] { list.SSCommand5_Click(); }},
-        {"Archive", [&] { list.SScommand6_Click(); }},
-        {"Totals by Servers", [&] { list.SSCommand7_Click(); }},
-        {"Totals by Terminal", [&] { list.SSCommand10_Click(); }},
-        {"Force ALL NO TIP", [&] { list.SSCommand11_Click(); }},
-        {"Totals by CC Type", [&] { list.SSCommand12_Click(); }},
-        {"Mark Completed", [&] { list.SSCommand13_Click(); }},
-        {"DELETE RED'S", [&] { list.SSCommand14_Click(); }},
-        {"Mark all completed", [&] { list.SSCommand15_Click(); }},
-        {"picture", [&] { list.Image1_Click(); }},
+        {"Done", [&] { list.leave(); }},
+        {"Process", [&] { list.process(); }},
+        {"Refresh", [&] { list.refresh(); }},
+        {"Print", [&] { list.print(); }},
+        {"Finish", [&] { list.finish(); }},
+        {"Archive", [&] { list.showArchive(); }},
+        {"Totals by Servers", [&] { list.showTotalsByServer(); }},
+        {"Totals by Terminal", [&] { list.showTotalsByTerminal(); }},
+        {"Force ALL NO TIP", [&] { list.forceAllNoTip(); }},
+        {"Totals by CC Type", [&] { list.showTotalsByType(); }},
+        {"Mark Completed", [&] { list.markDayCompleted(); }},
+        {"DELETE RED'S", [&] { list.deleteDeclines(); }},
+        {"Mark all completed", [&] { list.markAllCompleted(); }},
+        {"picture", [&] { list.markAllCompletedByPicture(); }},
         {"saved", [&] { list.entrySaved(); }},
         {"Move_Completed", [&] { moveSettledRecords(app); }},
-        {"option ", [&] { list.SSOption1_Click(static_cast<int>(number)); }},
-        {"click ", [&] { list.MList1_Click(number); }},
-        {"mouse ", [&] { list.SSCommand11_Mouse(word == "over"); }},
+        {"option ", [&] { list.sortBy(static_cast<int>(number)); }},
+        {"click ", [&] { list.openRow(number); }},
+        {"mouse ", [&] { list.hintForceAllNoTip(word == "over"); }},
         {"entry ", [&] { EXPECT_TRUE(details::pressEntry(entry, word)) << word; }},
         {"OK", [&] { station.dialogs.choice = platform::Answer::Ok; }},
         {"Cancel", [&] { station.dialogs.choice = platform::Answer::Cancel; }},
@@ -108,8 +108,9 @@ std::string Story::show(const std::string &what) const
     std::string text;
     std::string hidden;
     if (what == "totals")
-        for (const std::string &part : {f.Label5[0], f.Label5[1], f.Label5[2], f.Label6, f.Label7,
-                                        f.Label16, f.Label17, f.Label18, f.Label19, f.Label20})
+        for (const std::string &part :
+             {f.tabTotal, f.tipTotal, f.grandTotal, f.file, std::to_string(f.toAdjust), f.fromDate,
+              f.toDate, f.swipes, f.recordRead, f.connection})
             text += (text.empty() ? "" : " | ") + part;
     if (what == "rows")
         for (const ListRow &row : list.rows())
@@ -118,18 +119,20 @@ std::string Story::show(const std::string &what) const
     if (what == "colours") {
         for (const ListRow &row : list.rows())
             text += kColours[static_cast<std::size_t>(row.colour)] + std::string(" ");
-        text += "Label7 " + f.Label7 + (f.SSCommand[2].enabled ? ", Process" : "") +
-                (f.SSPanel1_0Visible ? ", panel" : "");
+        text += "Label7 " + std::to_string(f.toAdjust) +
+                (f.commands[Command::Process].enabled ? ", Process" : "") +
+                (f.noticeVisible ? ", panel" : "");
     }
     if (what == "types")
         for (const std::string &type : list.types())
             text += type + "\n";
     if (what == "slots")
-        text = "option " + std::to_string(f.SSOption1) + ":" + slots();
+        text = "option " + std::to_string(f.sortedBy) + ":" + slots();
     if (what == "enabled") {
-        for (std::size_t n = 1; n < f.SSCommand.size(); ++n) {
-            text += f.SSCommand[n].enabled ? " " + std::to_string(n) : "";
-            hidden += f.SSCommand[n].visible ? "" : " " + std::to_string(n);
+        for (std::size_t n = 1; n <= kCommands; ++n) {
+            const CommandState &state = f.commands.values[n - 1];
+            text += state.enabled ? " " + std::to_string(n) : "";
+            hidden += state.visible ? "" : " " + std::to_string(n);
         }
         text += ", hidden" + hidden;
     }
@@ -137,7 +140,7 @@ std::string Story::show(const std::string &what) const
         for (const auto &[name, job] : station.printers.collected)
             text += "on " + name + "\n" + platform::describe(job);
     if (what == "entry")
-        text = entry.state().Text1[13] + ", tip " + entry.state().Text4;
+        text = entry.state().boxes[details::Box::Receipt] + ", tip " + entry.state().tip;
     if (what == "edit mode")
         text = app.values.editMode;
     if (what == "paints")
@@ -193,15 +196,15 @@ TEST(InternetOfTheList, IsTriedBesideTheScreenAndNotAtEachSave)
     story.station.put(Story::kPending, slotOf("CCReceipt=1"));
     const auto label = [&] {
         return std::to_string(story.station.system.connectionTests) + ": " +
-               story.list.state().Label20 +
-               (story.list.state().SSCommand[8].enabled ? " Continue" : "");
+               story.list.state().connection +
+               (story.list.state().commands[Command::Continue].enabled ? " Continue" : "");
     };
     const std::uint64_t begun = story.station.time.milliseconds();
     story.station.system.connected.reset();
     for (int save = 0; save < 40; ++save)
         story.list.entrySaved();
     EXPECT_LE(story.station.time.milliseconds() - begun, 40U) << "one turn for each record";
-    EXPECT_EQ(story.list.state().Label18, "1 Swipes");
+    EXPECT_EQ(story.list.state().swipes, "1 Swipes");
     EXPECT_EQ(label(), "1: ");
     story.station.system.connected = false;
     story.station.advance(100);
@@ -225,11 +228,11 @@ TEST(ReceiptOfTheList, IsNotLookedForWhileACommandWorksOnTheRows)
     std::string hint;
     story.station.time.after(100, [&] {
         for (const char *digit : {"1", "0"})
-            story.list.MList1_Type(digit);
-        story.list.MList1_Enter(-1);
+            story.list.typeReceipt(digit);
+        story.list.enterReceipt(-1);
         hint = story.list.state().receiptHint;
     });
-    story.list.SSCommand1_Click(); // "Done", which waits
+    story.list.leave(); // "Done", which waits
     EXPECT_EQ(hint.substr(0, 11), "Receipt 10.") << "no digit is lost, and nothing said too early";
 }
 
@@ -257,7 +260,8 @@ TEST(LookingOnly, ChangesNoFileByAnyCommandOfTheListAndOfAnEntry)
         story.entry.open(Story::kPending, 3, "PEND");
         for (const char *command : {"tip 9", "quick 3", "box 2=JANE", "Clear", "Force"})
             EXPECT_TRUE(details::pressEntry(story.entry, command));
-        EXPECT_EQ(story.entry.state().Text4 + story.entry.state().Text1[19].substr(0, 3),
+        EXPECT_EQ(story.entry.state().tip +
+                      story.entry.state().boxes[details::Box::TipStatus].substr(0, 3),
                   empty ? "0" : "0Not");
         for (const char *command :
              {"Force NO TIP", "Undo", "Delete", "Delete and Print", "Save", "Force ALL NO TIP",

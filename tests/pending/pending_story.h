@@ -59,9 +59,9 @@ struct Story : PendingView, details::EntryView {
 
     void refresh(const PendingFields &fields) override
     {
-        if (fields.SSPanel1_0Visible && panel != fields.SSPanel1_0)
-            happened += "panel: " + fields.SSPanel1_0 + "\n";
-        panel = fields.SSPanel1_0Visible ? fields.SSPanel1_0 : "";
+        if (fields.noticeVisible && panel != fields.notice)
+            happened += "panel: " + fields.notice + "\n";
+        panel = fields.noticeVisible ? fields.notice : "";
     }
     void showRows(const ListRows &) override {}
     void rowsColoured() override {}
