@@ -8,7 +8,6 @@
 #include "ui_XchargeEntryDetals.h"
 
 #include <QKeyEvent>
-#include <QScreen>
 
 #include <utility>
 
@@ -146,10 +145,7 @@ void XchargeEntryDetals::open(const std::string &file, long slot, const std::str
     entry.open(file, slot, source);
     if (app.ending())
         return;
-    setGeometry(screen()->availableGeometry());
-    showMaximized();
-    raise();
-    activateWindow();
+    openWhole();
     focusTip();
     selectTip();
 }
@@ -287,14 +283,6 @@ void XchargeEntryDetals::showCommands(const EntryFields &fields)
 void XchargeEntryDetals::focusTip()
 {
     ui->Text4->setFocus();
-}
-
-void XchargeEntryDetals::setBusyPointer(bool on)
-{
-    if (on)
-        setCursor(Qt::WaitCursor);
-    else
-        unsetCursor();
 }
 
 std::optional<std::string> XchargeEntryDetals::choosePrinter(const std::vector<std::string> &names,

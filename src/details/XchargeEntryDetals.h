@@ -51,7 +51,6 @@ private:
     // EntryView
     void refresh(const EntryFields &fields) override;
     void focusTip() override;
-    void setBusyPointer(bool on) override;
     std::optional<std::string> choosePrinter(const std::vector<std::string> &names,
                                              const std::string &current) override;
     void unload() override;

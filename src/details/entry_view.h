@@ -3,6 +3,7 @@
 #pragma once
 
 #include "details/entry_fields.h"
+#include "platform/view.h"
 
 #include <optional>
 #include <string>
@@ -10,18 +11,14 @@
 
 namespace details {
 
-class EntryView {
+class EntryView : public virtual platform::View {
 public:
-    virtual ~EntryView() = default;
     /// Brings the screen up to date with the fields.
     virtual void refresh(const EntryFields &fields) = 0;
     virtual void focusTip() = 0;
-    virtual void setBusyPointer(bool on) = 0;
     /// The print dialog: the chosen one of `names`, `current` proposed; nothing for Cancel.
     virtual std::optional<std::string> choosePrinter(const std::vector<std::string> &names,
                                                      const std::string &current) = 0;
-    /// The screen closes.
-    virtual void unload() = 0;
 };
 
 } // namespace details

@@ -4,6 +4,7 @@
 
 #include "manager/manager_in_use.h"
 #include "platform/clock.h"
+#include "platform/view.h"
 #include "records/app.h"
 
 #include <functional>
@@ -21,12 +22,9 @@ struct ManagerStartFields {
 };
 
 /// The narrow view that the procedures have of their screen.
-class ManagerStartView {
+class ManagerStartView : public virtual platform::View {
 public:
-    virtual ~ManagerStartView() = default;
     virtual void refresh(const ManagerStartFields &fields) = 0;
-    /// Paints what was refreshed before control goes on.
-    virtual void paintNow() = 0;
 };
 
 /// Where the choices lead to. Choices that this version cannot serve yet are greyed out.

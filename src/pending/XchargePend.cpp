@@ -284,19 +284,6 @@ void XchargePend::selectRow(long index)
     ui->MList1->goToRow(index);
 }
 
-void XchargePend::paintNow()
-{
-    Screen::paintNow();
-}
-
-void XchargePend::setBusyPointer(bool on)
-{
-    if (on)
-        setCursor(Qt::WaitCursor);
-    else
-        unsetCursor();
-}
-
 void XchargePend::showEntry(const std::string &file, long slot)
 {
     entry.open(file, slot);

@@ -59,8 +59,6 @@ private:
     void showRows(const ListRows &rows) override;
     void rowsColoured() override;
     void selectRow(long index) override;
-    void paintNow() override;
-    void setBusyPointer(bool on) override;
     void showEntry(const std::string &file, long slot) override;
     bool closeEntry() override;
     std::optional<std::string> choosePrinter(const std::vector<std::string> &names,

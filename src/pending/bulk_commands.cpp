@@ -13,17 +13,15 @@ using namespace records;
 namespace {
 
 /// The details without a window.
-class NoScreen : public details::EntryView {
+class NoScreen : public details::EntryView, public platform::WindowlessView {
 public:
     void refresh(const details::EntryFields &) override {}
     void focusTip() override {}
-    void setBusyPointer(bool) override {}
     std::optional<std::string> choosePrinter(const std::vector<std::string> &,
                                              const std::string &) override
     {
         return std::nullopt;
     }
-    void unload() override {}
 };
 
 /// False for a slot behind the end of a file that has become shorter since it was listed, and for

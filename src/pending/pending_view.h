@@ -3,6 +3,7 @@
 
 #include "pending/pending_fields.h"
 #include "pending/pending_list.h"
+#include "platform/view.h"
 
 #include <optional>
 #include <string>
@@ -10,9 +11,8 @@
 
 namespace pending {
 
-class PendingView {
+class PendingView : public virtual platform::View {
 public:
-    virtual ~PendingView() = default;
     /// Brings the screen, but for the list itself, up to date with the fields.
     virtual void refresh(const PendingFields &fields) = 0;
     /// Other rows, or another order: told before the rows of the last time go. `rows` stay where
@@ -22,10 +22,6 @@ public:
     virtual void rowsColoured() = 0;
     /// The row with this index is the selected one, and in sight.
     virtual void selectRow(long index) = 0;
-    /// Paints at once what was refreshed, without letting other events run: the next step is a long
-    /// one, or a file is locked.
-    virtual void paintNow() = 0;
-    virtual void setBusyPointer(bool on) = 0;
     /// Brings up `XchargeEntryDetals` for one record, opened from "PEND"; returns at once.
     virtual void showEntry(const std::string &file, long slot) = 0;
     /// Closes it, if it is open, before the file is rewritten. False where it stays: its changes

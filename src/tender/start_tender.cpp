@@ -49,7 +49,7 @@ void Tender::Form_Load()
 {
     fields.versionToolTip = "INTERNAL VERSION (MOST RECENT) IS " +
                             Format(app.values.config.text(kOwnerCode), "########.##");
-    view.setTopMost(true);
+    view.SetTopMostWindow(true);
     const platform::ErrorsIgnored ignored(app.run);
     fields.cutBetweenCopies = app.files.exists(kCutFlagFile) ? "YES" : "NO";
     Get_AsstMgr(app);
@@ -229,7 +229,7 @@ bool Tender::serverIsBatching()
 {
     if (!app.files.exists(batchMarker(app.values)))
         return false;
-    view.hideScreen();
+    view.hide();
     view.showServerBusy();
     return true;
 }

@@ -13,7 +13,7 @@ namespace pending {
 using support::recordOf;
 using support::slotOf;
 
-struct Story : PendingView, details::EntryView {
+struct Story : PendingView, details::EntryView, platform::WindowlessView {
     /// With `earlier`, another process on its drives. A grey story has none of the later screens.
     explicit Story(const Story *earlier = nullptr, bool grey = false)
         : station(support::VirtualTime::kDefaultStart,
@@ -67,7 +67,6 @@ struct Story : PendingView, details::EntryView {
     void rowsColoured() override {}
     void selectRow(long row) override { happened += "selected " + std::to_string(row) + "\n"; }
     void paintNow() override { ++paints; }
-    void setBusyPointer(bool) override {}
     void showEntry(const std::string &file, long slot) override
     {
         happened += "entry " + file + " " + std::to_string(slot) + "\n";
