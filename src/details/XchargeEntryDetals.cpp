@@ -4,6 +4,7 @@
 #include "platform/qt/controls.h"
 #include "platform/qt/fitting_edit.h"
 #include "platform/qt/qt_text.h"
+#include "records/status_words.h"
 #include "records/typed_amount.h"
 #include "ui_XchargeEntryDetals.h"
 
@@ -30,7 +31,7 @@ void put(FittingEdit &box, const std::string &value)
 
 const char *stateOf(const std::string &status)
 {
-    return status.starts_with("Dec") ? "declined" : "";
+    return records::beginsDeclined(status) ? "declined" : "";
 }
 
 } // namespace

@@ -10,9 +10,6 @@
 
 namespace details {
 
-inline constexpr const char *kAdjusted = "Adjusted - Pending";
-inline constexpr const char *kNotAdjusted = "Not Adjusted";
-
 /// What filling settles in the working copy, and a later save writes: a plain number, a brand where
 /// there was none, the approved amount as the tab, "0" for additional funds of nothing.
 void settleRecord(records::CardRecord &record);

@@ -2,6 +2,7 @@
 #include "details/entry_record.h"
 #include "details/entry_working.h"
 #include "records/card_files.h"
+#include "records/status_words.h"
 #include "records/typed_amount.h"
 
 namespace details {

@@ -2,6 +2,7 @@
 #include "details/entry_details.h"
 #include "details/entry_record.h"
 #include "details/quick_tips.h"
+#include "records/status_words.h"
 #include "records/typed_amount.h"
 
 #include <utility>

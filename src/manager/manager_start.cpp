@@ -1,8 +1,9 @@
 #include "manager/manager_start.h"
 
-#include "pending/completing.h"
+#include "records/backups.h"
 #include "records/configuration.h"
 #include "records/delimited.h"
+#include "records/flag_files.h"
 #include "records/kept_records.h"
 #include "records/left_overs.h"
 #include "records/trace.h"
@@ -48,12 +49,6 @@ void log(App &app, const TraceLines &lines)
         return;
     std::copy(lines.begin(), lines.end(), app.values.ManagerLogBuffer.begin());
     Write_Log(app);
-}
-
-/// A server is entering tips at a station.
-std::string stationMarker(const App &app)
-{
-    return app.values.Remotedir + "StationTips.dat";
 }
 
 } // namespace
@@ -183,7 +178,7 @@ long ManagerStart::deleteOld(const std::string &folder, const std::string &endin
 
 void ManagerStart::backUp(const std::string &choice, const TraceLines &behind)
 {
-    const pending::Backup backup = pending::backUpPending(app, pending::kBackup);
+    const Backup backup = backUpPending(app, kBackup);
     TraceLines lines = {"-", choice};
     if (backup.copies > 0) {
         lines.push_back("A backup of the data file was made at1  " +
@@ -217,9 +212,9 @@ void ManagerStart::goToList()
     bool goOn = false;
     {
         const platform::ErrorsIgnored ignored(app.run);
-        log(app, pending::backUpPending(app, pending::kBackup).failures);
-        goOn = app.values.lookOnly || !app.files.exists(stationMarker(app)) || overrides();
-        if (app.files.exists(app.values.Maindir + "X1009Version.dat"))
+        log(app, backUpPending(app, kBackup).failures);
+        goOn = app.values.lookOnly || !app.files.exists(stationMarker(app.values)) || overrides();
+        if (app.files.exists(commandLineFlag(app.values)))
             app.values.X1009 = true;
     }
     enableChoices(true);
@@ -231,7 +226,7 @@ void ManagerStart::goToList()
 bool ManagerStart::overrides()
 {
     std::string content;
-    app.files.read(stationMarker(app), content);
+    app.files.read(stationMarker(app.values), content);
     DelimitedReader values(content);
     std::string who;
     for (const char *heading : {"Start Time", "Server Number", "Server Name", "POS Station"})
@@ -245,7 +240,7 @@ bool ManagerStart::overrides()
                      "OVERRIDE."))
         return false;
     log(app, {"-", "USER CHOSE OVERRIDE  ", "-"});
-    app.files.removeIfThere(stationMarker(app));
+    app.files.removeIfThere(stationMarker(app.values));
     return true;
 }
 

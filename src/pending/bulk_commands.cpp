@@ -2,6 +2,7 @@
 // Whatever a save does there happens here too.
 #include "pending/pending.h"
 #include "pending/pending_working.h"
+#include "records/status_words.h"
 #include "records/trace.h"
 
 #include <utility>
@@ -86,7 +87,7 @@ void Pending::forceAllCompleted(const std::string &question)
         return trace("     ***  USER CLICKED CANCEL  ***");
     trace("     ***  USER CLICKED OK DO IT  ***");
     driveEntries([](details::EntryDetails &entry) {
-        entry.setStatus("Completed");
+        entry.setStatus(kCompleted);
         entry.saveAndClose();
     });
 }

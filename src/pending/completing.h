@@ -1,12 +1,10 @@
-// Rewrites of "CCPending.dat" that move settled, declined and dated records out of it, and the
-// backups around them.
+// Rewrites of "CCPending.dat" that move settled, declined and dated records out of it.
 #pragma once
 
 #include "records/app.h"
 
 #include <functional>
 #include <string>
-#include <vector>
 
 namespace pending {
 
@@ -32,20 +30,5 @@ platform::Outcome markCompleted(records::App &app, const std::string &date,
 /// "DELETE RED'S": records whose `CCstatus` begins with "Decl" move to the month's deleted file.
 /// Kept: a "Dec" without the "l" shows red and holds up the batch, but stays.
 platform::Outcome moveDeclines(records::App &app, const Progress &progress);
-
-/// What became of a backup.
-struct Backup {
-    platform::DateTime when;           // the moment that its name tells
-    std::string stamp;                 // MMDDYYYYHHMMSS, the beginning of its name
-    int copies = 0;                    // made; none where there was nothing to copy
-    std::vector<std::string> failures; // a line for the log for each copy that was not made
-};
-
-/// Copies "CCpending.dat" of `Remotedir`, if it is there, to "data\CCdata\" + MMDDYYYYHHMMSS +
-/// `name` in `Remotedir`, and in `Maindir` where that is another directory.
-Backup backUpPending(records::App &app, const std::string &name);
-
-inline constexpr const char *kBackup = "CCpending.dat";
-inline constexpr const char *kBatchBackup = "CCpendingBatch.dat";
 
 } // namespace pending

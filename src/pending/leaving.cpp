@@ -2,8 +2,10 @@
 #include "pending/completing.h"
 #include "pending/pending.h"
 #include "pending/pending_working.h"
+#include "records/backups.h"
 #include "records/card_files.h"
 #include "records/card_helpers.h"
+#include "records/flag_files.h"
 
 #include <chrono>
 
@@ -20,11 +22,6 @@ constexpr const char *kUpdating = "Updating Data File - Just a momnet Please";
 constexpr const char *kCompleted = "Operation is completed";
 
 } // namespace
-
-std::string Pending::markerFile() const
-{
-    return app.values.Remotedir + "ServerISBatching.dat";
-}
 
 void Pending::finish()
 {
@@ -96,7 +93,7 @@ void Pending::leave()
     Pause(app, 1500ms);
     if (app.values.Remotedir.empty())
         app.values.Remotedir = "C:\\Lumbrio\\";
-    app.files.removeIfThere(markerFile());
+    app.files.removeIfThere(batchMarker(app.values));
     app.end();
 }
 

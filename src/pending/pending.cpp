@@ -5,6 +5,7 @@
 #include "printing/unprinted.h"
 #include "records/card_files.h"
 #include "records/delimited.h"
+#include "records/flag_files.h"
 #include "records/trace.h"
 
 #include <algorithm>
@@ -59,7 +60,7 @@ void Pending::Form_Load()
                                   Command::DeleteDeclines, Command::MarkAllCompleted})
         enable(command, true);
     if (!app.values.lookOnly)
-        app.files.write(markerFile(), quotedLine(""));
+        app.files.write(batchMarker(app.values), quotedLine(""));
     show();
 }
 

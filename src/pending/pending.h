@@ -105,7 +105,6 @@ private:
     void tellNotFinished(const std::string &reason);
     void endOfRewrite();
     void exitExpired();
-    std::string markerFile() const;
 
     // bulk_commands.cpp
     void forceAllCompleted(const std::string &question);

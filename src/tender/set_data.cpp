@@ -1,4 +1,5 @@
 #include "records/card_helpers.h"
+#include "records/flag_files.h"
 #include "tender/tender.h"
 
 namespace tender {
@@ -9,7 +10,7 @@ using namespace records;
 void Tender::Set_Data()
 {
     // Kept: a tender that is past its own look at the marker takes the manager's marker away.
-    app.files.removeIfThere(app.values.Remotedir + "ServerISBatching.dat");
+    app.files.removeIfThere(batchMarker(app.values));
 
     CardRecord &CCdata = app.values.CCdata;
     const platform::DateTime now = app.clock.now();

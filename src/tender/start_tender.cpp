@@ -4,6 +4,7 @@
 #include "records/card_helpers.h"
 #include "records/configuration.h"
 #include "records/exchange_file.h"
+#include "records/flag_files.h"
 #include "records/kept_records.h"
 #include "records/left_overs.h"
 #include "records/lookups.h"
@@ -25,11 +26,6 @@ constexpr const char *kCutFlagFile = "c:\\Lumbrio\\data\\CCardCut.dat";
 // Characters; "DelPrePay" and what follows it is longer than the record's table.
 constexpr std::size_t kLongestTable = 50;
 constexpr std::uint32_t kStartDelay = 100; // ms; lets the operator see the screen first
-
-std::string batchMarker(const ProcessValues &values)
-{
-    return values.Remotedir + "ServerISBatching.dat";
-}
 
 } // namespace
 
@@ -131,7 +127,7 @@ bool Tender::findDirectories()
 
 void Tender::readModeFlag()
 {
-    app.values.X1009 = app.files.exists(app.values.Maindir + "X1009Version.dat");
+    app.values.X1009 = app.files.exists(commandLineFlag(app.values));
     fields.X1009 = app.values.X1009;
     fields.commandLineMode = app.values.X1009 ? "True" : "False";
 }
@@ -337,7 +333,7 @@ void Tender::showFlags()
         fields.viewCaption = "View";
         fields.view = {!app.values.X1009, !app.values.X1009};
     }
-    fields.noReceipt = app.files.exists(app.values.Maindir + "CCnoPrint.dat");
+    fields.noReceipt = app.files.exists(noReceiptFlag(app.values));
     fields.noReceiptEnabled = true;
 }
 
