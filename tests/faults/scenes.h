@@ -7,6 +7,10 @@
 #include "pending/pending_story.h"
 #include "records/text.h"
 #include "support/tender_story.h"
+#include "support/test_files.h"
+
+#include <algorithm>
+#include <filesystem>
 
 namespace faults {
 

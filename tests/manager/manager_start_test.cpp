@@ -5,6 +5,9 @@
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
+#include <chrono>
+#include <filesystem>
+#include <regex>
 #include <set>
 
 namespace {

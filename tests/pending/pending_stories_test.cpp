@@ -3,6 +3,9 @@
 #include "pending/pending_story.h"
 #include "support/golden_table.h"
 
+#include <filesystem>
+#include <regex>
+
 namespace pending {
 
 using namespace records;
