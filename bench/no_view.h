@@ -8,7 +8,7 @@ namespace bench {
 class NoView : public pending::PendingView, public platform::WindowlessView {
 public:
     void refresh(const pending::PendingFields &) override {}
-    void showRows(const pending::ListRows &) override {}
+    void showRows(const reports::ListRows &) override {}
     void rowsColoured() override {}
     void selectRow(long) override {}
     void showEntry(const std::string &, long) override {}

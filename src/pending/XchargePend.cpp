@@ -45,13 +45,13 @@ std::vector<MListColumn> columns()
             column("Terminal", "FRONT-BAR")};
 }
 
-QRgb colourOf(RowColour colour)
+QRgb colourOf(reports::RowColour colour)
 {
     switch (colour) {
-    case RowColour::White: return 0xffffffff;
-    case RowColour::LightGreen: return 0xff80ff80;
-    case RowColour::Red: return 0xffff0000;
-    case RowColour::ButtonFace: break;
+    case reports::RowColour::White: return 0xffffffff;
+    case reports::RowColour::LightGreen: return 0xff80ff80;
+    case reports::RowColour::Red: return 0xffff0000;
+    case reports::RowColour::ButtonFace: break;
     }
     return 0xffdfe5eb; // in daylight it must not look white
 }
@@ -195,11 +195,11 @@ void XchargePend::refresh(const PendingFields &fields)
 
 void XchargePend::showTotals(const PendingFields &fields)
 {
-    putValue(*Label5[0], fields.tabTotal);
-    putValue(*Label5[1], fields.tipTotal);
-    putValue(*Label5[2], fields.grandTotal);
-    if (fields.grandTotal != "0") // while the list is read nothing moves
-        sizeTotals(fields.grandTotal.size() > kUsualTotal);
+    putValue(*Label5[0], fields.totals.tabs);
+    putValue(*Label5[1], fields.totals.tips);
+    putValue(*Label5[2], fields.totals.grand);
+    if (fields.totals.grand != "0") // while the list is read nothing moves
+        sizeTotals(fields.totals.grand.size() > kUsualTotal);
     putValue(*ui->Label16, fields.fromDate);
     putValue(*ui->Label17, fields.toDate);
     putValue(*ui->Label18, fields.swipes);
@@ -263,12 +263,12 @@ void XchargePend::showOptions(const PendingFields &fields)
     }
 }
 
-void XchargePend::showRows(const ListRows &rows)
+void XchargePend::showRows(const reports::ListRows &rows)
 {
     constexpr std::size_t kUsualRow = 160; // bytes
     platform::MListRows copies;
     copies.reserve(rows.size(), rows.size() * kUsualRow);
-    for (const ListRow &row : rows)
+    for (const reports::ListRow &row : rows)
         copies.add(row.text, std::to_string(row.slot), colourOf(row.colour));
     ui->MList1->setRows(std::move(copies));
 }

@@ -56,7 +56,7 @@ private:
 
     // PendingView
     void refresh(const PendingFields &fields) override;
-    void showRows(const ListRows &rows) override;
+    void showRows(const reports::ListRows &rows) override;
     void rowsColoured() override;
     void selectRow(long index) override;
     void showEntry(const std::string &file, long slot) override;

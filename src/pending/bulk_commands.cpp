@@ -97,7 +97,7 @@ void Pending::forceAllCompleted(const std::string &question)
 void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &step)
 {
     std::vector<long> slots;
-    for (const ListRow &row : shownRows)
+    for (const reports::ListRow &row : shownRows)
         slots.push_back(row.slot);
     app.values.editMode = "KEEP";
     NoScreen nobody;
@@ -112,7 +112,8 @@ void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &s
             step(entry);
         else
             loadAgain = true; // so that the manager sees what is left
-        showProgress(slot);
+        if (progress.due())
+            showProgress(slot);
         app.glance();
     }
     showQuietlyLoaded();
@@ -126,8 +127,8 @@ void Pending::reloadQuietly()
     saved->take(readRecords());
     if (app.ending())
         return;
-    takeTotals(saved->listed(), saved->tabs(), saved->tips());
-    traceList(saved->listed());
+    takeTotals(saved->totals());
+    traceList(saved->totals().listed);
 }
 
 void Pending::showQuietlyLoaded()

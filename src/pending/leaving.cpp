@@ -23,6 +23,15 @@ constexpr const char *kCompleted = "Operation is completed";
 
 } // namespace
 
+/// A walk under the lock.
+std::function<void(long)> Pending::slotsShown()
+{
+    return [this](long slot) {
+        if (progress.due())
+            showProgress(slot);
+    };
+}
+
 void Pending::finish()
 {
     if (const Working here(*this, Work::Changes); here && view.closeEntry())
@@ -35,7 +44,7 @@ void Pending::runFinish()
     enable(Command::Done, false);
     Disable_Buttons();
     panel(kUpdating);
-    const Outcome outcome = finishPending(app, [this](long slot) { showProgress(slot); });
+    const Outcome outcome = finishPending(app, slotsShown());
     for (const std::string &failure : backUpPending(app, kBackup).failures)
         trace(failure);
     if (!done(outcome))
@@ -116,7 +125,7 @@ void Pending::markDayCompleted()
     fields.commands[Command::Process].visible = false;
     Disable_Buttons();
     panel(kUpdating);
-    markCompleted(app, typed, [this](long slot) { showProgress(slot); });
+    markCompleted(app, typed, slotsShown());
     if (app.ending())
         return;
     loadList();
@@ -130,7 +139,7 @@ void Pending::deleteDeclines()
         return;
     panel("Backing up Data File - Just a moment Please");
     backUpPending(app, kBatchBackup);
-    moveDeclines(app, [this](long slot) { showProgress(slot); });
+    moveDeclines(app, slotsShown());
     if (app.ending())
         return;
     loadList();

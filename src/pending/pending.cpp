@@ -1,12 +1,12 @@
 #include "pending/pending.h"
 
 #include "pending/pending_working.h"
-#include "pending/printed_list.h"
 #include "printing/unprinted.h"
 #include "records/card_files.h"
 #include "records/delimited.h"
 #include "records/flag_files.h"
 #include "records/trace.h"
+#include "reports/printed_list.h"
 
 #include <algorithm>
 #include <utility>
@@ -17,10 +17,8 @@ using namespace records;
 
 namespace {
 
-constexpr std::uint64_t kPaintEvery = 50;          // ms
 constexpr std::uint64_t kConnectionLasts = 30'000; // ms
 constexpr std::uint32_t kConnectionLook = 100;     // ms
-constexpr long kLookEvery = 16; // records; a look at the clock costs as much as a fifth of one
 
 /// Whether the command changes files. "Done" finishes too, but remains the way out.
 bool changes(Command command)
@@ -38,7 +36,7 @@ Pending::Pending(App &theApp, printing::Printer &thePrinter, PendingView &theVie
                  PendingRoutes theRoutes)
     : app(theApp), printer(thePrinter), view(theView), routes(std::move(theRoutes)),
       exitTimer(app.clock, [this] { exitExpired(); }),
-      connectionTimer(app.clock, [this] { showConnection(); })
+      connectionTimer(app.clock, [this] { showConnection(); }), progress(app.clock)
 {
     fields.commands[Command::Finish].visible = false;
     enable(Command::Continue, false);
@@ -157,10 +155,6 @@ void Pending::show()
 
 void Pending::showProgress(long record)
 {
-    const std::uint64_t now = app.clock.milliseconds();
-    if (now - paintedAt < kPaintEvery)
-        return;
-    paintedAt = now;
     fields.recordRead = std::to_string(record);
     show();
     view.paintNow();
@@ -184,20 +178,20 @@ void Pending::loadList()
     Disable_Buttons();
     check_Connection();
     ListBuilder fresh(app.clock.now());
-    fields.fromDate = fresh.oldest;
-    fields.toDate = fresh.newest;
-    fields.tabTotal = fields.tipTotal = fields.grandTotal = "0";
+    fields.fromDate = fresh.list.dates.oldest;
+    fields.toDate = fresh.list.dates.newest;
+    fields.totals = {"0", "0", "0"};
     fields.file = pendingFile(app.values);
     clearList();
     show();
     view.paintNow();
-    paintedAt = app.clock.milliseconds();
-    readList(fresh, [this] { app.glance(); });
+    progress.begin();
+    readList(fresh);
     if (app.ending())
         return;
-    takeTotals(fresh.listed, fresh.tabs, fresh.tips);
+    takeTotals(fresh.list.totals);
     takeRows(fresh);
-    traceList(fresh.listed);
+    traceList(fresh.list.totals.listed);
     Enable_Buttons();
     show();
 }
@@ -213,15 +207,15 @@ void Pending::clearList()
 }
 
 /// The lock lasts as long as the reading: what takes its time, rows and events, comes behind it.
-void Pending::readList(ListBuilder &fresh, const std::function<void()> &atEachRecord)
+void Pending::readList(ListBuilder &fresh)
 {
     const std::vector<CardRecord> records = readRecords();
-    fresh.reserve(records.size());
+    fresh.list.reserve(records.size());
     for (std::size_t i = 0; i < records.size() && !app.ending(); ++i) {
         const auto slot = static_cast<long>(i) + 1;
-        if (slot % kLookEvery == 0)
+        if (progress.dueAt(slot))
             showProgress(slot);
-        atEachRecord();
+        app.glance();
         fresh.add(slot, records[i]);
     }
     fields.recordRead = std::to_string(records.size());
@@ -244,29 +238,27 @@ std::vector<CardRecord> Pending::readRecords()
         records.emplace_back();
         if (!done(file.read(slot, records.back().data())) && slot > 1)
             records.back() = records[records.size() - 2];
-        if (!saved && slot % kLookEvery == 0) // a bulk command tells its own
+        if (!saved && progress.dueAt(slot)) // a bulk command tells its own
             showProgress(slot);
     }
     return records;
 }
 
-void Pending::takeTotals(long listed, Money tabs, Money tips)
+void Pending::takeTotals(const reports::Totals &totals)
 {
-    fields.tabTotal = Currency(tabs);
-    fields.tipTotal = Currency(tips);
-    fields.grandTotal = Currency(tabs + tips);
-    fields.swipes = std::to_string(listed) + " Swipes";
+    fields.totals = textsOf(totals);
+    fields.swipes = std::to_string(totals.listed) + " Swipes";
 }
 
 void Pending::takeRows(ListBuilder &fresh)
 {
     if (fresh.sawNotAdjusted || fresh.sawDeleted)
         enable(Command::Process, false);
-    fields.fromDate = fresh.oldest;
-    fields.toDate = fresh.newest;
+    fields.fromDate = fresh.list.dates.oldest;
+    fields.toDate = fresh.list.dates.newest;
     colours.sawDeleted = fresh.sawDeleted;
-    shownRows = std::move(fresh.rows);
-    cardTypes = std::move(fresh.types);
+    shownRows = std::move(fresh.list.rows);
+    cardTypes = std::move(fresh.list.types);
     colourRows();
     showRows();
     // Kept: the index of a row, so that after another order it may be another record.
@@ -295,9 +287,9 @@ void Pending::traceList(long listed)
     app.values.ManagerLogBuffer = {rule,
                                    "-",
                                    "Current Credit Card File Loaded  ",
-                                   "  Tab Total   " + fields.tabTotal,
-                                   "  Tip Total   " + fields.tipTotal,
-                                   "  Grand Total " + fields.grandTotal,
+                                   "  Tab Total   " + fields.totals.tabs,
+                                   "  Tip Total   " + fields.totals.tips,
+                                   "  Grand Total " + fields.totals.grand,
                                    "-",
                                    "  Total List Count " + std::to_string(listed - 1),
                                    "-",
@@ -317,7 +309,7 @@ void Pending::sortBy(int option)
 void Pending::Sort_Rows(int column)
 {
     sortColumn = column;
-    Sort_List(shownRows, sortColumn);
+    reports::Sort_List(shownRows, sortColumn);
     showRows();
     app.yield();
     colourRows();
@@ -346,7 +338,7 @@ void Pending::print()
     trace("     ***  USER CLICKED PRINT  ***");
     if (!choosePaper())
         return;
-    printList(app, printer, shownRows, fields);
+    reports::printList(app, printer, shownRows, fields.file, fields.totals);
     printing::tellUnprinted(
         app.dialogs, printer,
         "Please see to the printer, or choose another one, and print it again.");
@@ -356,11 +348,11 @@ void Pending::print()
 /// chooses. False for "Cancel".
 bool Pending::choosePaper()
 {
-    if (!isRoll(app.printers, printer.selectedName()))
+    if (!reports::isRoll(app.printers, printer.selectedName()))
         return true;
     const std::vector<std::string> names = app.printers.names();
     const auto page = std::find_if_not(names.begin(), names.end(), [this](const std::string &name) {
-        return isRoll(app.printers, name);
+        return reports::isRoll(app.printers, name);
     });
     const std::optional<std::string> chosen =
         view.choosePrinter(names, page == names.end() ? printer.selectedName() : *page);

@@ -10,6 +10,7 @@
 #include "platform/clock.h"
 #include "printing/printer.h"
 #include "records/app.h"
+#include "reports/walk_progress.h"
 
 #include <functional>
 #include <optional>
@@ -66,7 +67,7 @@ public:
     void dropReceipt();              // Escape, an arrow, a finger
 
     const PendingFields &state() const { return fields; }
-    const ListRows &rows() const { return shownRows; }
+    const reports::ListRows &rows() const { return shownRows; }
     /// cardTypes: "card type|tab|tip|total" for each listed record, in the order of the slots.
     const std::vector<std::string> &types() const { return cardTypes; }
 
@@ -84,9 +85,9 @@ private:
     void loadList();
     void clearList();
     void showRows();
-    void readList(ListBuilder &fresh, const std::function<void()> &atEachRecord);
+    void readList(ListBuilder &fresh);
     std::vector<records::CardRecord> readRecords();
-    void takeTotals(long listed, records::Money tabs, records::Money tips);
+    void takeTotals(const reports::Totals &totals);
     void takeRows(ListBuilder &fresh);
     void colourRows();
     void traceList(long listed);
@@ -102,6 +103,7 @@ private:
 
     // leaving.cpp
     void runFinish();
+    std::function<void(long)> slotsShown();
     void tellNotFinished(const std::string &reason);
     void endOfRewrite();
     void exitExpired();
@@ -117,7 +119,7 @@ private:
     PendingView &view;
     PendingRoutes routes;
     PendingFields fields;
-    ListRows shownRows;                 // MList1
+    reports::ListRows shownRows;        // MList1
     std::vector<std::string> cardTypes; // MList2
     ListState colours;
     std::optional<RunningTotals> saved; // the file behind the last save of a bulk command
@@ -127,7 +129,7 @@ private:
     platform::Timer exitTimer;                    // Timer3: the longest that "Done" waits
     platform::Timer connectionTimer;              // looks whether the test has an answer
     std::optional<std::uint64_t> connectionBegun; // when it was begun, ms
-    std::uint64_t paintedAt = 0;
+    reports::WalkProgress progress;
     bool working = false;
     bool loadAgain = false; // an entry was saved during a load
 };

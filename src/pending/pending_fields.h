@@ -3,6 +3,7 @@
 #pragma once
 
 #include "records/per_name.h"
+#include "reports/card_list.h"
 
 #include <string>
 
@@ -39,9 +40,7 @@ struct CommandState {
 };
 
 struct PendingFields {
-    std::string tabTotal;   // Label5[0], as currency
-    std::string tipTotal;   // Label5[1]
-    std::string grandTotal; // Label5[2]
+    reports::TotalTexts totals; // Label5
 
     std::string recordRead; // Label19 and Label4: its slot, while the file is walked through
     std::string file;       // Label6, its path

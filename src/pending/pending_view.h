@@ -2,7 +2,6 @@
 #pragma once
 
 #include "pending/pending_fields.h"
-#include "pending/pending_list.h"
 #include "platform/view.h"
 
 #include <optional>
@@ -17,7 +16,7 @@ public:
     virtual void refresh(const PendingFields &fields) = 0;
     /// Other rows, or another order: told before the rows of the last time go. `rows` stay where
     /// they are until the next call.
-    virtual void showRows(const ListRows &rows) = 0;
+    virtual void showRows(const reports::ListRows &rows) = 0;
     /// The rows are the same, their colours may be others.
     virtual void rowsColoured() = 0;
     /// The row with this index is the selected one, and in sight.

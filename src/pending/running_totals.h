@@ -15,15 +15,12 @@ public:
 
     /// Of the last reading, from slot 1 on.
     const std::vector<records::CardRecord> &file() const { return records; }
-    long listed() const { return count; }
-    records::Money tabs() const { return sums.tab; }
-    records::Money tips() const { return sums.tip; }
+    const reports::Totals &totals() const { return sums; }
 
 private:
     std::vector<records::CardRecord> records;
     std::vector<Counted> counted; // of each record
-    long count = 0;
-    Counted sums;
+    reports::Totals sums;
 };
 
 } // namespace pending

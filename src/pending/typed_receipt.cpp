@@ -22,11 +22,11 @@ bool beginsSo(std::string_view shown, std::string_view number)
            (!value.empty() && value == number && withoutZeros(shown).starts_with(value));
 }
 
-template <class Fits> ReceiptMatch matching(const ListRows &rows, bool whole, Fits fits)
+template <class Fits> ReceiptMatch matching(const reports::ListRows &rows, bool whole, Fits fits)
 {
     ReceiptMatch match{-1, 0, whole};
     for (std::size_t row = 0; row < rows.size(); ++row)
-        if (fits(columnOf(rows[row].text, 0)) && match.rows++ == 0)
+        if (fits(reports::columnOf(rows[row].text, 0)) && match.rows++ == 0)
             match.first = static_cast<long>(row);
     return match;
 }
@@ -44,7 +44,7 @@ std::string told(const ReceiptMatch &match, const std::string &number)
 
 } // namespace
 
-ReceiptMatch findReceipt(const ListRows &rows, std::string_view number)
+ReceiptMatch findReceipt(const reports::ListRows &rows, std::string_view number)
 {
     const std::string_view value = withoutZeros(number);
     const ReceiptMatch match = matching(
@@ -81,7 +81,7 @@ void TypedReceipt::clear()
     *this = {};
 }
 
-TypedReceipt::Entered TypedReceipt::enter(const ListRows &rows, long current)
+TypedReceipt::Entered TypedReceipt::enter(const reports::ListRows &rows, long current)
 {
     if (typed.empty() || (chosen >= 0 && chosen == current))
         return {current, current >= 0};

@@ -18,7 +18,7 @@ struct ReceiptMatch {
 /// The rows with this number, compared by value: "42" and "0042" are the row "042". Where there is
 /// none, those whose number begins so, as it is shown or without its zeros: "04" begins "042", "4"
 /// also "420". A number with anything but digits in it is none of the list's.
-ReceiptMatch findReceipt(const ListRows &rows, std::string_view number);
+ReceiptMatch findReceipt(const reports::ListRows &rows, std::string_view number);
 
 /// What is typed, up to the Enter behind it. It does not end by itself: a digit that is dropped
 /// makes another number of the rest.
@@ -39,7 +39,7 @@ public:
     /// Enter, while row `current` is the chosen one (-1: none is). Without a number that row opens;
     /// with one its only entry does. Of several, or of those that only begin so, the first is
     /// chosen, and opens with a second Enter.
-    Entered enter(const ListRows &rows, long current);
+    Entered enter(const reports::ListRows &rows, long current);
 
     /// What the screen says meanwhile; empty when nothing is typed.
     std::string hint() const;

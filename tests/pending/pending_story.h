@@ -52,7 +52,7 @@ struct Story : PendingView, details::EntryView, platform::WindowlessView {
     std::string slots() const
     {
         std::string text;
-        for (const ListRow &row : list.rows())
+        for (const reports::ListRow &row : list.rows())
             text += " " + std::to_string(row.slot);
         return text;
     }
@@ -63,7 +63,7 @@ struct Story : PendingView, details::EntryView, platform::WindowlessView {
             happened += "panel: " + fields.notice + "\n";
         panel = fields.noticeVisible ? fields.notice : "";
     }
-    void showRows(const ListRows &) override {}
+    void showRows(const reports::ListRows &) override {}
     void rowsColoured() override {}
     void selectRow(long row) override { happened += "selected " + std::to_string(row) + "\n"; }
     void paintNow() override { ++paints; }
