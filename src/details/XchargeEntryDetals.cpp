@@ -110,7 +110,7 @@ void XchargeEntryDetals::connectCommands()
         });
 }
 
-/// What is left is to look, to print, and to close by "Done" or "Cancel".
+/// Looking, printing and closing by "Done" or "Cancel" stay possible.
 void XchargeEntryDetals::disableChanges()
 {
     for (QWidget *command : std::initializer_list<QWidget *>{
@@ -182,7 +182,7 @@ void XchargeEntryDetals::keyPressEvent(QKeyEvent *event)
     }
 }
 
-/// Enter, pressed once too often, deletes and voids nothing: those commands take a finger or the
+/// An Enter too many must not delete or void anything: those commands take touch, mouse or the
 /// space bar.
 bool XchargeEntryDetals::dangerFocused() const
 {
@@ -248,7 +248,7 @@ void XchargeEntryDetals::showTip(const EntryFields &fields)
     }
 }
 
-/// A hidden box holds nothing: a screen reader would find it all the same.
+/// A hidden box is emptied: a screen reader would find its text.
 void XchargeEntryDetals::showCardData(const EntryFields &fields)
 {
     put(*ui->Text1_0, fields.numberRevealed ? fields.boxes[Box::Number] : std::string());
@@ -294,7 +294,7 @@ std::optional<std::string> XchargeEntryDetals::choosePrinter(const std::vector<s
     return choice.chosen();
 }
 
-/// What a password has revealed goes with the window, not when its object is destroyed.
+/// Clears what a password has revealed at once, not only when the object is destroyed.
 void XchargeEntryDetals::unload()
 {
     Screen::unload();

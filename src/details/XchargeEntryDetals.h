@@ -20,8 +20,8 @@ class FittingEdit;
 
 namespace details {
 
-/// Not modal; whoever opens it destroys it with Screen::Later once it is unloaded, and makes a new
-/// one for the next entry: what a password has revealed must not outlive its screen.
+/// Not modal. Its owner destroys it with Screen::Later once it is unloaded, and makes a new one for
+/// the next entry, so that what a password has revealed goes with it.
 class XchargeEntryDetals : public platform::Screen, private EntryView {
     Q_OBJECT
 

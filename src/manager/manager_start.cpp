@@ -23,7 +23,8 @@ constexpr std::uint32_t kRouteDelay = 100; // ms
 constexpr int kMonthsOfLogs = 7;
 constexpr int kDaysOfAnswers = 2;
 
-/// The day so long before `today`; the end of a month that is too short.
+/// The day (YYYYMMDD) so many months and days before `today`. A month without that day gives its
+/// last one.
 int dayBefore(const platform::DateTime &today, int months, int days)
 {
     using namespace std::chrono;
@@ -70,7 +71,7 @@ void ManagerStart::Form_Load()
     fillEmptyDirectories(app);
     app.values.StationName = app.system.computerName();
     fields.version = kProgramVersion;
-    // Ahead of the log's first lines, which would have no folder at the very first start.
+    // Before the first lines of the log: at the very first start it has no folder.
     ensureFolders();
     const platform::DateTime now = app.clock.now();
     log(app, {std::string(39, '='), "Program Startup on  " + Format(now, "DDDD MM/DD/YYYY"),
@@ -86,7 +87,7 @@ void ManagerStart::Form_Load()
     enableChoices(true);
 }
 
-/// Charged cards of this station that no card file would take so far.
+/// Stores charged cards of this station that could not be stored before.
 void ManagerStart::storeKept()
 {
     const KeptRecords kept = storeKeptRecords(app);
@@ -123,7 +124,7 @@ void ManagerStart::enableChoices(bool on)
     view.refresh(fields);
 }
 
-/// The log is written in `Maindir` and copies lie in both, so both have those folders.
+/// The log is in `Maindir` and backups are in both, so both need those folders.
 void ManagerStart::ensureFolders()
 {
     for (const std::string &directory : directories(app.values)) {
@@ -154,14 +155,14 @@ void ManagerStart::Clean_Logs()
     const std::string &payment = app.values.paymentDirectory;
     if (payment.empty())
         return;
-    // Kept: answers come in "LocalTran", so that none of them is ever cleaned.
+    // Kept: answers are in "LocalTran", so none of them is ever deleted.
     tell(std::to_string(deleteOld(payment + "LocalTrans", ".xca", answersBefore)) +
          " CC OLD ANSWER Files");
     tell(std::to_string(deleteOld(payment + "History", ".bak", answersBefore)) +
          " CC OLD HISTORY Files");
 }
 
-/// Files whose name has this ending and that were last written to before a day.
+/// Deletes the files with this ending that were last written before a day (YYYYMMDD).
 long ManagerStart::deleteOld(const std::string &folder, const std::string &ending, int before)
 {
     long deleted = 0;
@@ -222,7 +223,7 @@ void ManagerStart::goToList()
         routes.openList();
 }
 
-/// A station that crashed leaves its marker behind, and only a person can know.
+/// A station that crashed leaves its marker; only a person can know that.
 bool ManagerStart::overrides()
 {
     std::string content;

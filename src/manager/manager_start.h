@@ -15,7 +15,7 @@ namespace manager {
 
 struct ManagerStartFields {
     std::string version;         // Label5
-    std::string status;          // what is being cleaned up, or was
+    std::string status;          // of the clean-up
     bool choicesEnabled = false; // SSCommand3 "NEXT" after business hours, SSCommand4 "QUIT"
 
     bool operator==(const ManagerStartFields &) const = default;

@@ -31,7 +31,7 @@ Fate fateOfDay(App &app, const std::string &date, const CardRecord &record)
 {
     const int wanted = dayOf(date);
     const int day = dayOf(record.raw(CCDate));
-    // Kept: a text that is no date ends the program, a Cancel too, and the batch marker stays.
+    // Kept: a text that is not a date ends the program, so does Cancel, and the batch marker stays.
     if (wanted == 0)
         app.run.fail("This is not a date: \"" + date + "\"");
     const bool emptySlot = !isListed(record) && record.isEmpty(CCDate);

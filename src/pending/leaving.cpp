@@ -23,7 +23,7 @@ constexpr const char *kCompleted = "Operation is completed";
 
 } // namespace
 
-/// A walk under the lock.
+/// For a walk under the lock, in which no event may run.
 std::function<void(long)> Pending::slotsShown()
 {
     return [this](long slot) {
@@ -58,8 +58,7 @@ void Pending::runFinish()
     leaving = kCompleted;
 }
 
-/// "Done" is still waiting then, so that the manager has a minute to read it, and ends all the
-/// same.
+/// "Done" goes on waiting after it, so the manager has a minute to read it; then the program ends.
 void Pending::tellNotFinished(const std::string &reason)
 {
     panel("The data file could not be updated (" + reason + "). No entry is lost. Please " +
@@ -143,7 +142,7 @@ void Pending::deleteDeclines()
     if (app.ending())
         return;
     loadList();
-    // Behind the load, whose colour passes would hide it.
+    // After the load, whose colour passes would hide it.
     panel("all declines have been deleted");
 }
 

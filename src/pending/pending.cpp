@@ -20,7 +20,7 @@ namespace {
 constexpr std::uint64_t kConnectionLasts = 30'000; // ms
 constexpr std::uint32_t kConnectionLook = 100;     // ms
 
-/// Whether the command changes files. "Done" finishes too, but remains the way out.
+/// Whether the command changes files. "Done" does too, but it stays enabled as the way out.
 bool changes(Command command)
 {
     constexpr std::array kChanging = {Command::Process,         Command::Finish,
@@ -65,7 +65,8 @@ void Pending::Form_Load()
 void Pending::entrySaved()
 {
     loadAgain = true;
-    const Working here(*this); // loads when it is the outermost; else the command under way does
+    // Loads the list at its end; within another command that one does.
+    const Working here(*this);
 }
 
 details::EntryCallbacks Pending::entryCallbacks()
@@ -87,7 +88,7 @@ void Pending::enable(Command command, bool on)
     fields.commands[command].enabled = on && served && allowed;
 }
 
-/// Every save reloads the list, and none may wait for a line that is down: the last answer stays
+/// Every save reloads the list, and must not wait while the line is down: the last answer stays
 /// until the next one comes.
 void Pending::check_Connection()
 {
@@ -140,7 +141,7 @@ void Pending::Enable_Buttons()
 
 void Pending::panel(const std::string &text)
 {
-    receipt.clear(); // or it would hide the panel
+    receipt.clear(); // its hint would cover the notice
     fields.receiptHint.clear();
     fields.notice = text;
     fields.noticeVisible = true;
@@ -206,7 +207,7 @@ void Pending::clearList()
     showRows();
 }
 
-/// The lock lasts as long as the reading: what takes its time, rows and events, comes behind it.
+/// The file is locked only while it is read: building rows and running events come after that.
 void Pending::readList(ListBuilder &fresh)
 {
     const std::vector<CardRecord> records = readRecords();
@@ -231,14 +232,14 @@ std::vector<CardRecord> Pending::readRecords()
     file.lock();
     traceTail(app, file);
     const long count = file.count();
-    // Kept: a record that cannot be read shows as the one before it.
+    // Kept: a record that cannot be read is listed as the one before it.
     const platform::ErrorsIgnored ignored(app.run);
     records.reserve(static_cast<std::size_t>(count));
     for (long slot = 1; slot <= count; ++slot) {
         records.emplace_back();
         if (!done(file.read(slot, records.back().data())) && slot > 1)
             records.back() = records[records.size() - 2];
-        if (!saved && progress.dueAt(slot)) // a bulk command tells its own
+        if (!saved && progress.dueAt(slot)) // a bulk command shows its own progress
             showProgress(slot);
     }
     return records;
@@ -261,7 +262,7 @@ void Pending::takeRows(ListBuilder &fresh)
     cardTypes = std::move(fresh.list.types);
     colourRows();
     showRows();
-    // Kept: the index of a row, so that after another order it may be another record.
+    // Kept: by the index of the row, so in another order it may be another record.
     if (fields.clickedRow > 0 && fields.clickedRow < static_cast<long>(shownRows.size()))
         view.selectRow(fields.clickedRow);
 }
@@ -280,7 +281,7 @@ void Pending::colourRows()
     enable(Command::Process, colours.processEnabled);
 }
 
-/// Kept: the count is that of the highest index, one short.
+/// Kept: the logged count is one too low.
 void Pending::traceList(long listed)
 {
     const std::string rule(46, '=');
@@ -344,8 +345,8 @@ void Pending::print()
         "Please see to the printer, or choose another one, and print it again.");
 }
 
-/// Nobody could read the list on a receipt roll: where the next job would go to one, the manager
-/// chooses. False for "Cancel".
+/// On a receipt roll the list could not be read: where the next job would go to one, the manager
+/// chooses another printer. False for "Cancel".
 bool Pending::choosePaper()
 {
     if (!reports::isRoll(app.printers, printer.selectedName()))

@@ -1,5 +1,5 @@
-// The manager's list of "CCPending.dat" as rules: which records are on it, what it shows as their
-// tab, what its colours decide.
+// The manager's list of "CCPending.dat" as rules: which records are on it, which amount
+// counts as their tab, what their colours decide.
 #pragma once
 
 #include "reports/card_list.h"
@@ -24,10 +24,10 @@ class ListBuilder {
 public:
     explicit ListBuilder(const platform::DateTime &today) : list(today) {}
 
-    /// The record of a slot as it stands in the file; a slot that is not listed is passed over.
-    /// Kept: with an approved amount above 0 that amount is listed and totalled as the tab, be it
-    /// less (a partial approval) or more (a tip approved beforehand). The file keeps the tab, and
-    /// that is what the bank is sent, until somebody saves the entry.
+    /// The record of a slot as it stands in the file; an empty slot is ignored.
+    /// Kept: with an approved amount above 0 that amount is listed and totalled as the tab, whether
+    /// less (a partial approval) or more (a tip approved beforehand). The file keeps the tab, which
+    /// is what the bank gets, until somebody saves the entry.
     void add(long slot, records::CardRecord copy);
 
     reports::CardList list;

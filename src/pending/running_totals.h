@@ -7,8 +7,8 @@
 
 namespace pending {
 
-/// They are those of the whole file as it was read last, whoever has changed it; but only records
-/// that differ from those of the reading before are looked into again.
+/// Always those of the whole file as it was read last, whoever has changed it. For speed, only
+/// records that differ from the reading before are evaluated again.
 class RunningTotals {
 public:
     void take(std::vector<records::CardRecord> fresh);

@@ -68,7 +68,7 @@ void TypedReceipt::type(std::string_view text)
 
 void TypedReceipt::backspace()
 {
-    if (typed.size() > kLongestReceipt) // what is kept of it is another number
+    if (typed.size() > kLongestReceipt) // the rest would be another number
         return clear();
     said.clear();
     chosen = -1;
@@ -95,7 +95,7 @@ TypedReceipt::Entered TypedReceipt::enter(const reports::ListRows &rows, long cu
     return {chosen, false};
 }
 
-/// What is too long for a receipt may be a card that was swiped: nobody shall read its number.
+/// What is too long for a receipt may be a swiped card: its number must not be shown.
 std::string TypedReceipt::hint() const
 {
     if (typed.size() > kLongestReceipt)

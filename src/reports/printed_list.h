@@ -7,7 +7,7 @@
 
 namespace reports {
 
-/// Paper on which the rows would come out in letters of a millimetre.
+/// Paper so narrow that the letters of a row would be a millimetre high.
 bool isRoll(platform::Printers &printers, const std::string &printerName);
 
 /// Prints the records of `rows`, in that order, on the selected printer; then the receipt printer
