@@ -113,7 +113,7 @@ private:
     bool paint()
     {
         const int before = paints.count;
-        list.paintNow();
+        list.Screen::paintNow();
         return paints.count > before;
     }
 

@@ -4,11 +4,11 @@
 #include "platform/qt/controls.h"
 #include "platform/qt/fitting_edit.h"
 #include "platform/qt/qt_text.h"
-#include "records/status_words.h"
 #include "records/typed_amount.h"
 #include "ui_XchargeEntryDetals.h"
 
 #include <QKeyEvent>
+#include <QScreen>
 
 #include <utility>
 
@@ -31,7 +31,7 @@ void put(FittingEdit &box, const std::string &value)
 
 const char *stateOf(const std::string &status)
 {
-    return records::beginsDeclined(status) ? "declined" : "";
+    return status.starts_with("Dec") ? "declined" : "";
 }
 
 } // namespace
@@ -110,7 +110,7 @@ void XchargeEntryDetals::connectCommands()
         });
 }
 
-/// Looking, printing and closing by "Done" or "Cancel" stay possible.
+/// What is left is to look, to print, and to close by "Done" or "Cancel".
 void XchargeEntryDetals::disableChanges()
 {
     for (QWidget *command : std::initializer_list<QWidget *>{
@@ -146,7 +146,10 @@ void XchargeEntryDetals::open(const std::string &file, long slot, const std::str
     entry.open(file, slot, source);
     if (app.ending())
         return;
-    openWhole();
+    setGeometry(screen()->availableGeometry());
+    showMaximized();
+    raise();
+    activateWindow();
     focusTip();
     selectTip();
 }
@@ -182,7 +185,7 @@ void XchargeEntryDetals::keyPressEvent(QKeyEvent *event)
     }
 }
 
-/// An Enter too many must not delete or void anything: those commands take touch, mouse or the
+/// Enter, pressed once too often, deletes and voids nothing: those commands take a finger or the
 /// space bar.
 bool XchargeEntryDetals::dangerFocused() const
 {
@@ -248,7 +251,7 @@ void XchargeEntryDetals::showTip(const EntryFields &fields)
     }
 }
 
-/// A hidden box is emptied: a screen reader would find its text.
+/// A hidden box holds nothing: a screen reader would find it all the same.
 void XchargeEntryDetals::showCardData(const EntryFields &fields)
 {
     put(*ui->Text1_0, fields.numberRevealed ? fields.boxes[Box::Number] : std::string());
@@ -286,6 +289,14 @@ void XchargeEntryDetals::focusTip()
     ui->Text4->setFocus();
 }
 
+void XchargeEntryDetals::setBusyPointer(bool on)
+{
+    if (on)
+        setCursor(Qt::WaitCursor);
+    else
+        unsetCursor();
+}
+
 std::optional<std::string> XchargeEntryDetals::choosePrinter(const std::vector<std::string> &names,
                                                              const std::string &current)
 {
@@ -294,7 +305,7 @@ std::optional<std::string> XchargeEntryDetals::choosePrinter(const std::vector<s
     return choice.chosen();
 }
 
-/// Clears what a password has revealed at once, not only when the object is destroyed.
+/// What a password has revealed goes with the window, not when its object is destroyed.
 void XchargeEntryDetals::unload()
 {
     Screen::unload();

@@ -1,8 +1,7 @@
-// Saving: this record, and the repair that marks all records of the file.
+// Saves: of this record, and the repair that marks all records of the file.
 #include "details/entry_record.h"
 #include "details/entry_working.h"
 #include "records/card_files.h"
-#include "records/status_words.h"
 #include "records/typed_amount.h"
 
 namespace details {
@@ -15,7 +14,7 @@ constexpr const char *kNothingSaved = " is not an amount. Nothing has been saved
 
 } // namespace
 
-/// Commas become the point of the card files. False, with a message, where a box holds no amount.
+/// Commas become the point of the card files. False, and said, where a box holds no amount.
 bool EntryDetails::takeAmounts()
 {
     for (const auto &[box, name] : kAmountBoxes) {
@@ -43,7 +42,7 @@ bool EntryDetails::exceedsBalance()
     return true;
 }
 
-/// For a slot that holds another record by now: that one must not be overwritten or removed.
+/// Nobody's record shall be written over or taken out in place of the one shown.
 void EntryDetails::tellOtherRecord()
 {
     app.dialogs.message("THE ENTRY HAS CHANGED",
@@ -60,7 +59,7 @@ bool EntryDetails::write(bool scrambled)
     if (scrambled)
         encodePlainNumber(next);
     app.files.createIfMissing(fields.file);
-    // In an empty file the arrows lead to slot 0, where nothing can be written.
+    // Stepping through an empty file leads to slot 0: there is nothing to write.
     const bool written =
         fields.slot < 1 || replaceRecord(app, fields.file, fields.slot, stored, next);
     if (app.ending())
@@ -76,7 +75,7 @@ bool EntryDetails::write(bool scrambled)
 
 void EntryDetails::reloadPending()
 {
-    // Kept: the pending list is reloaded even when the archive has opened this screen.
+    // Kept: the pending list, also when the archive has opened this screen.
     if (callbacks.reloadPending)
         callbacks.reloadPending();
 }
@@ -108,8 +107,8 @@ void EntryDetails::saveAndClose()
         unload();
 }
 
-// Kept: no balance check, and the number is plain on the disk until a later "Done", a deletion or
-// the list's "Finish".
+// Kept: without the balance check, and the number stays plain on the disk until a later "Done",
+// a deletion or the list's "Finish".
 void EntryDetails::save()
 {
     if (!mayChange())
@@ -120,7 +119,7 @@ void EntryDetails::save()
     show();
 }
 
-// Kept: no question is asked, and all records are marked, completed and empty ones too.
+// Kept: without a question, whatever a record held before, completed and empty ones included.
 void EntryDetails::forceAllAdjusted()
 {
     if (!mayChange())

@@ -54,4 +54,9 @@ void TndrMgr::refresh(const ManagerStartFields &fields)
     ui->SSCommand4->setEnabled(fields.choicesEnabled);
 }
 
+void TndrMgr::paintNow()
+{
+    Screen::paintNow();
+}
+
 } // namespace manager

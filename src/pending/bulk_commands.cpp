@@ -1,8 +1,7 @@
-// Bulk commands: each takes one entry after the other through the details, without their screen.
-// So a save does here what it does there.
+// Bulk commands: each drives the details of one entry after the other, without their screen.
+// Whatever a save does there happens here too.
 #include "pending/pending.h"
 #include "pending/pending_working.h"
-#include "records/status_words.h"
 #include "records/trace.h"
 
 #include <utility>
@@ -13,20 +12,22 @@ using namespace records;
 
 namespace {
 
-/// For the details without a window.
-class NoScreen : public details::EntryView, public platform::WindowlessView {
+/// The details without a window.
+class NoScreen : public details::EntryView {
 public:
     void refresh(const details::EntryFields &) override {}
     void focusTip() override {}
+    void setBusyPointer(bool) override {}
     std::optional<std::string> choosePrinter(const std::vector<std::string> &,
                                              const std::string &) override
     {
         return std::nullopt;
     }
+    void unload() override {}
 };
 
-/// False for a slot past the end of a file that is shorter by now than when it was listed, and for
-/// one that is empty by now: a save would make an entry there.
+/// False for a slot behind the end of a file that has become shorter since it was listed, and for
+/// one that has become empty: a save would make an entry there.
 bool isThere(const details::EntryDetails &entry)
 {
     return !entry.state().boxes[details::Box::Status].empty();
@@ -45,7 +46,7 @@ void Pending::forceAllNoTip()
     const Working here(*this, Work::Changes);
     if (!here)
         return;
-    // The mouse leaves the command for the question without an event of its own.
+    // The mouse leaves for the question, where nobody hears of it.
     if (fields.notice == kNoTipHint)
         fields.noticeVisible = false;
     show();
@@ -70,7 +71,7 @@ void Pending::markAllCompletedByPicture()
     forceAllCompleted(kForceCompleted);
 }
 
-// Kept: declined rows are marked too, and "Finish" then archives them; the edit mode stays "KEEP".
+// Kept: declined rows are marked too, "Finish" then archives them; and the edit mode stays "KEEP".
 void Pending::forceAllCompleted(const std::string &question)
 {
     const Working here(*this, Work::Changes);
@@ -87,17 +88,17 @@ void Pending::forceAllCompleted(const std::string &question)
         return trace("     ***  USER CLICKED CANCEL  ***");
     trace("     ***  USER CLICKED OK DO IT  ***");
     driveEntries([](details::EntryDetails &entry) {
-        entry.setStatus(kCompleted);
+        entry.setStatus("Completed");
         entry.saveAndClose();
     });
 }
 
-/// The slots are noted before the first save: its reload puts the rows back into the order of the
-/// file, and a walk by index would then take one entry twice and miss another.
+/// The slots are taken before the first save: its reload brings the rows back into the order of
+/// the file, and a walk by index would meet one entry twice and miss another.
 void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &step)
 {
     std::vector<long> slots;
-    for (const reports::ListRow &row : shownRows)
+    for (const ListRow &row : shownRows)
         slots.push_back(row.slot);
     app.values.editMode = "KEEP";
     NoScreen nobody;
@@ -111,15 +112,14 @@ void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &s
         if (isThere(entry))
             step(entry);
         else
-            loadAgain = true; // the manager must see which entries are left
-        if (progress.due())
-            showProgress(slot);
+            loadAgain = true; // so that the manager sees what is left
+        showProgress(slot);
         app.glance();
     }
     showQuietlyLoaded();
 }
 
-/// The file is read and logged after each save; the screen shows only the last reading, at the end.
+/// One reading for each save, as the log tells it; the screen shows the last one, at the end.
 void Pending::reloadQuietly()
 {
     if (!saved)
@@ -127,8 +127,8 @@ void Pending::reloadQuietly()
     saved->take(readRecords());
     if (app.ending())
         return;
-    takeTotals(saved->totals());
-    traceList(saved->totals().listed);
+    takeTotals(saved->listed(), saved->tabs(), saved->tips());
+    traceList(saved->listed());
 }
 
 void Pending::showQuietlyLoaded()

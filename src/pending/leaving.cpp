@@ -2,10 +2,8 @@
 #include "pending/completing.h"
 #include "pending/pending.h"
 #include "pending/pending_working.h"
-#include "records/backups.h"
 #include "records/card_files.h"
 #include "records/card_helpers.h"
-#include "records/flag_files.h"
 
 #include <chrono>
 
@@ -23,13 +21,9 @@ constexpr const char *kCompleted = "Operation is completed";
 
 } // namespace
 
-/// For a walk under the lock, in which no event may run.
-std::function<void(long)> Pending::slotsShown()
+std::string Pending::markerFile() const
 {
-    return [this](long slot) {
-        if (progress.due())
-            showProgress(slot);
-    };
+    return app.values.Remotedir + "ServerISBatching.dat";
 }
 
 void Pending::finish()
@@ -44,7 +38,7 @@ void Pending::runFinish()
     enable(Command::Done, false);
     Disable_Buttons();
     panel(kUpdating);
-    const Outcome outcome = finishPending(app, slotsShown());
+    const Outcome outcome = finishPending(app, [this](long slot) { showProgress(slot); });
     for (const std::string &failure : backUpPending(app, kBackup).failures)
         trace(failure);
     if (!done(outcome))
@@ -58,7 +52,8 @@ void Pending::runFinish()
     leaving = kCompleted;
 }
 
-/// "Done" goes on waiting after it, so the manager has a minute to read it; then the program ends.
+/// "Done" is still waiting then, so that the manager has a minute to read it, and ends all the
+/// same.
 void Pending::tellNotFinished(const std::string &reason)
 {
     panel("The data file could not be updated (" + reason + "). No entry is lost. Please " +
@@ -101,7 +96,7 @@ void Pending::leave()
     Pause(app, 1500ms);
     if (app.values.Remotedir.empty())
         app.values.Remotedir = "C:\\Lumbrio\\";
-    app.files.removeIfThere(batchMarker(app.values));
+    app.files.removeIfThere(markerFile());
     app.end();
 }
 
@@ -124,7 +119,7 @@ void Pending::markDayCompleted()
     fields.commands[Command::Process].visible = false;
     Disable_Buttons();
     panel(kUpdating);
-    markCompleted(app, typed, slotsShown());
+    markCompleted(app, typed, [this](long slot) { showProgress(slot); });
     if (app.ending())
         return;
     loadList();
@@ -138,11 +133,11 @@ void Pending::deleteDeclines()
         return;
     panel("Backing up Data File - Just a moment Please");
     backUpPending(app, kBatchBackup);
-    moveDeclines(app, slotsShown());
+    moveDeclines(app, [this](long slot) { showProgress(slot); });
     if (app.ending())
         return;
     loadList();
-    // After the load, whose colour passes would hide it.
+    // Behind the load, whose colour passes would hide it.
     panel("all declines have been deleted");
 }
 

@@ -7,20 +7,23 @@
 
 namespace pending {
 
-/// Always those of the whole file as it was read last, whoever has changed it. For speed, only
-/// records that differ from the reading before are evaluated again.
+/// They are those of the whole file as it was read last, whoever has changed it; but only records
+/// that differ from those of the reading before are looked into again.
 class RunningTotals {
 public:
     void take(std::vector<records::CardRecord> fresh);
 
     /// Of the last reading, from slot 1 on.
     const std::vector<records::CardRecord> &file() const { return records; }
-    const reports::Totals &totals() const { return sums; }
+    long listed() const { return count; }
+    records::Money tabs() const { return sums.tab; }
+    records::Money tips() const { return sums.tip; }
 
 private:
     std::vector<records::CardRecord> records;
     std::vector<Counted> counted; // of each record
-    reports::Totals sums;
+    long count = 0;
+    Counted sums;
 };
 
 } // namespace pending

@@ -1,7 +1,5 @@
 #include "printing/slip_parts.h"
 
-#include "records/flag_files.h"
-
 namespace printing {
 
 using records::App;
@@ -171,7 +169,7 @@ void closeOrCut(const App &app, Printer &printer)
 
 bool customerCopySuppressed(const App &app, const SlipContext &context)
 {
-    return context.noCustomerCopy || app.files.exists(records::noReceiptFlag(app.values)) ||
+    return context.noCustomerCopy || app.files.exists(app.values.Maindir + "CCnoPrint.dat") ||
            records::startsWith(context.requestText, "DelPrePay");
 }
 

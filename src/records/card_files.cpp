@@ -1,5 +1,4 @@
 #include "records/card_files.h"
-#include "records/status_words.h"
 
 #include "records/card_rewrite.h"
 #include "records/trace.h"
@@ -75,7 +74,7 @@ bool makeIfMissing(App &app, const std::string &file)
 
 bool isSettled(const CardRecord &record)
 {
-    return beginsCompleted(record.text(CCAdjStatus));
+    return startsWith(record.text(CCAdjStatus), "Com");
 }
 
 StoredRecord appendAndClose(SlotFile &slots, const CardRecord &record)

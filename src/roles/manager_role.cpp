@@ -6,6 +6,8 @@
 #include "printing/printer.h"
 #include "records/app.h"
 
+#include <QScreen>
+
 #include <memory>
 #include <utility>
 
@@ -20,7 +22,7 @@ public:
     explicit ManagerRole(platform::Services &services)
         : app(services), printer(services.printers), start(app, {[this] { openList(); }})
     {
-        start.openWhole();
+        open(start);
     }
     ~ManagerRole()
     {
@@ -32,13 +34,19 @@ public:
     ManagerRole &operator=(const ManagerRole &) = delete;
 
 private:
+    static void open(Screen &screen)
+    {
+        screen.setGeometry(screen.screen()->availableGeometry());
+        screen.showMaximized();
+    }
+
     void openList()
     {
         list.reset(new pending::XchargePend(
             app, printer,
             {[this](const std::string &file, long slot) { openEntry(file, slot); },
              [this] { return !entry || entry->closeForRewrite(); }}));
-        list->openWhole();
+        open(*list);
         list->fillList();
         start.hide();
     }

@@ -4,6 +4,8 @@
 #include "records/app.h"
 #include "tender/Xcharge1.h"
 
+#include <QScreen>
+
 namespace roles {
 
 namespace {
@@ -24,7 +26,8 @@ struct TenderRole {
 std::shared_ptr<void> openTender(Program &program)
 {
     auto role = std::make_shared<TenderRole>(program.services());
-    role->screen.openWhole();
+    role->screen.setGeometry(role->screen.screen()->availableGeometry());
+    role->screen.showMaximized();
     return role;
 }
 

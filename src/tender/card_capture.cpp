@@ -169,9 +169,9 @@ void Tender::enterManually()
         return;
     settleTimer.setInterval(0); // of a swipe that nobody waits for any more
     fields.cardTaken = true;
-    view.SetTopMostWindow(false);
+    view.setTopMost(false);
     const std::optional<TypedCard> card = view.askCard();
-    view.SetTopMostWindow(true);
+    view.setTopMost(true);
     fields.cardTaken = false;
     if (app.ending())
         return;

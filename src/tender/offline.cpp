@@ -64,11 +64,11 @@ std::string Tender::askManager(const std::string &what)
     values.managerRequest = "XchargeAPPROVAL";
     values.managerCheckMode = "100";
     askingManager = true;
-    view.SetTopMostWindow(false);
+    view.setTopMost(false);
     view.askManager(what, Currency(fields.amount));
     while (values.managerResult.empty() && !app.ending())
         app.yield();
-    view.SetTopMostWindow(true);
+    view.setTopMost(true);
     askingManager = false;
     values.managerCheckMode.clear();
     view.focus(TenderBox::FirstTrack);

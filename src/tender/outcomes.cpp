@@ -2,7 +2,6 @@
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
 #include "records/card_files.h"
-#include "records/flag_files.h"
 #include "records/kept_records.h"
 #include "records/trace.h"
 #include "tender/command_line.h"
@@ -348,7 +347,7 @@ void Tender::setNoReceipt(bool checked)
 {
     // Inside a wait: a box that cannot be remembered must not end a card that is being charged.
     const platform::ErrorsIgnored ignored(app.run);
-    const std::string path = noReceiptFlag(app.values);
+    const std::string path = app.values.Maindir + "CCnoPrint.dat";
     fields.noReceipt = checked;
     if (checked)
         app.files.createIfMissing(path);

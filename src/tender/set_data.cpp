@@ -1,5 +1,4 @@
 #include "records/card_helpers.h"
-#include "records/flag_files.h"
 #include "tender/tender.h"
 
 namespace tender {
@@ -10,7 +9,7 @@ using namespace records;
 void Tender::Set_Data()
 {
     // Kept: a tender that is past its own look at the marker takes the manager's marker away.
-    app.files.removeIfThere(batchMarker(app.values));
+    app.files.removeIfThere(app.values.Remotedir + "ServerISBatching.dat");
 
     CardRecord &CCdata = app.values.CCdata;
     const platform::DateTime now = app.clock.now();

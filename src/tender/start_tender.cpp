@@ -4,7 +4,6 @@
 #include "records/card_helpers.h"
 #include "records/configuration.h"
 #include "records/exchange_file.h"
-#include "records/flag_files.h"
 #include "records/kept_records.h"
 #include "records/left_overs.h"
 #include "records/lookups.h"
@@ -27,6 +26,11 @@ constexpr const char *kCutFlagFile = "c:\\Lumbrio\\data\\CCardCut.dat";
 constexpr std::size_t kLongestTable = 50;
 constexpr std::uint32_t kStartDelay = 100; // ms; lets the operator see the screen first
 
+std::string batchMarker(const ProcessValues &values)
+{
+    return values.Remotedir + "ServerISBatching.dat";
+}
+
 } // namespace
 
 Tender::Tender(App &theApp, printing::Printer &thePrinter, TenderView &theView)
@@ -45,7 +49,7 @@ void Tender::Form_Load()
 {
     fields.versionToolTip = "INTERNAL VERSION (MOST RECENT) IS " +
                             Format(app.values.config.text(kOwnerCode), "########.##");
-    view.SetTopMostWindow(true);
+    view.setTopMost(true);
     const platform::ErrorsIgnored ignored(app.run);
     fields.cutBetweenCopies = app.files.exists(kCutFlagFile) ? "YES" : "NO";
     Get_AsstMgr(app);
@@ -127,7 +131,7 @@ bool Tender::findDirectories()
 
 void Tender::readModeFlag()
 {
-    app.values.X1009 = app.files.exists(commandLineFlag(app.values));
+    app.values.X1009 = app.files.exists(app.values.Maindir + "X1009Version.dat");
     fields.X1009 = app.values.X1009;
     fields.commandLineMode = app.values.X1009 ? "True" : "False";
 }
@@ -225,7 +229,7 @@ bool Tender::serverIsBatching()
 {
     if (!app.files.exists(batchMarker(app.values)))
         return false;
-    view.hide();
+    view.hideScreen();
     view.showServerBusy();
     return true;
 }
@@ -333,7 +337,7 @@ void Tender::showFlags()
         fields.viewCaption = "View";
         fields.view = {!app.values.X1009, !app.values.X1009};
     }
-    fields.noReceipt = app.files.exists(noReceiptFlag(app.values));
+    fields.noReceipt = app.files.exists(app.values.Maindir + "CCnoPrint.dat");
     fields.noReceiptEnabled = true;
 }
 

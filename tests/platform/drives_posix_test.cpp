@@ -2,10 +2,6 @@
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
-#include <chrono>
-#include <filesystem>
-#include <fstream>
-
 namespace {
 
 namespace fs = std::filesystem;

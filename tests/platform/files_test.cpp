@@ -2,8 +2,6 @@
 #include "support/test_files.h"
 #include "support/test_station.h"
 
-#include <regex>
-
 namespace {
 
 using namespace platform;

@@ -9,7 +9,6 @@
 #include <arpa/inet.h>
 #include <sys/stat.h>
 
-#include <filesystem>
 #include <thread>
 
 namespace {

@@ -1,0 +1,675 @@
+# The payment application takes the card. Everything that an approval shows and leaves behind.
+story approved
+shows
+== end
+  ended
+== folders
+  C:\Lumbrio\
+  F:\Lumbrio\
+== screen
+  card or result Approved
+  server 7
+  table 12
+  receipt 1043
+  with gratuity $57.23
+  gratuity %18
+  name of server Rosalind Test
+  command line True
+  partial support YES
+  kind PreAuth
+== status
+  PLEASE WAIT
+  Waiting for Xcharge Interface
+  
+  Approved
+  Approved Printing Receipt
+  Please Click Finish Tender
+== payment
+  starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+== records
+  in CCPending.dat
+  CCNumb D63579;=?ACE=
+  CCExpDate 0928
+  CCName ROSALIND/TEST
+  CCXcTranID 00002154
+  CCSaleAmt 48.50
+  CCServer 7
+  CCTable 12
+  CCTabAmt 48.50
+  CCApprovedAmt 48.50
+  CResponse SUCCESS
+  CApprovalCode 012345
+  CCstatus Approved
+  CCTip 0
+  CCReceipt 1043
+  CCDate 01/15/25
+  CCTime 01:05 PM
+  CCVerify 000
+  CCSwiped True
+  CCStation FRONT-BAR
+  CCAdjStatus Not Adjusted
+  CCGiftFlag 
+  CCEncoded 1
+  HiddenNumb XXXXXXXXXXXX1234
+  CCtype VISA
+  CCaditionalFUNDS 0
+  GCbalance 0
+  CCReserved2 
+  in data\CCFinal0125.dat
+== slips
+  [[Receipt TM-88]]
+  [MERCHANT COPY]
+  The Harbour Table
+  1 Quay Street
+  Port Town
+  __________________________________________________
+  01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
+  Name: ROSALIND/TEST
+  Card: XXXXXXXXXXXX1234  TransRecord 1
+  AUTH - 012345  Terminal FRONT-BAR
+  Amount      $48.50
+  Gratuity      ___________________________
+  Total          ___________________________
+  x_______________________________
+         Signature
+          ROSALIND/TEST                 
+  [MERCHANT COPY]
+  - - - cut - - -
+  [[Receipt TM-88]]
+  [CUSTOMER COPY]
+  The Harbour Table
+  1 Quay Street
+  Port Town
+  __________________________________________________
+  01/15/25  01:05 PM  1043 - 7 Rosalind - 12
+  Name: ROSALIND/TEST
+  Card: XXXXXXXXXXXX1234
+  Terminal / Station  FRONT-BAR
+  Amount      $48.50
+  Gratuity      ___________________________
+  Total          ___________________________
+  x_______________________________
+         Signature
+         ROSALIND/TEST                 
+  [CUSTOMER COPY]
+  - - - cut - - -
+== Xsend.ans
+  "Approved"
+  "48.50     "
+  "012345    "
+  "1043                "
+  "XXXXXXXXXXXX1234              "
+  "7         "
+  "12        "
+  "          "
+  "ROSALIND/TEST                 "
+  "SUCCESS             "
+== CCLastProcess.dat
+  ===========================================================
+  Process Started
+  On Wednesday 01/15/2025 at 01:05 PM
+  ==========================================================
+  Station Name FRONT-BAR
+  EXE name ********* TndrCC
+  Employee Name 
+  Employee Number # 7
+  __________________________________
+                 
+  Software Version - 5.68.0
+  USING 10/2009 VERSION  
+  Request File - C:\Lumbrio\Xsend.req
+  Table Number - 12
+  Receipt Number - 1043
+  Server (Employee) Number - 7
+  Sale Amount - 48.50
+                 
+  **********************************************************
+  ***       Waiting For card Swipe      ***
+  **********************************************************
+                 
+  ******************************************************
+  ******************************************************
+  ***********  X CHARGE REQUEST INFO  ******************
+  /TRANSACTIONTYPE:PreAuth
+  /LOCKTRANTYPE
+  /AMOUNT:48.50
+  /LOCKAMOUNT
+  /RECEIPT:1043
+  /LOCKRECEIPT
+  /CLERK:7
+  /LOCKCLERK
+  /RESULTFILE:C:/lumbrio/xResultFile.txt
+  /AUTOCLOSE
+  /PartialApprovalSupport:T
+  /USERID:pos
+  /PASSWORD:trelva
+  /STAYONTOP
+  /SMARTAUTOPROCESS
+  /HIDEMAINMENU
+  /GETXCACCOUNTID
+  /TOOLBAREXITBUTTON
+  /LARGEWINDOW
+  /TITLE:Lumbrio-Credit_Card_Processing 
+  ------------------------------------------------------
+  c:\Program Files\X-charge\Xcharge.exe
+  /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+  Calling Set Data
+                 
+    Setting a 20 second timer to wait for response
+    Got the answer file
+   Total seconds it took for Rosalind Test swipe and Xcharge response
+    SECONDS = 3
+    Calling Xcharge Reader
+  ------------------------------------------------------
+  ***********  X CHARGE RESPONSE INFO  ******************
+  Response File Name c:\Lumbrio\xResultFile.Txt
+  ------------------------------------------------------
+  RESULT=SUCCESS
+  APPROVALCODE=012345
+  SWIPED=True
+  NAME=ROSALIND/TEST
+  XCACCOUNTID=7401234567890
+  XCTRANSACTIONID=00002154
+  ACCOUNT=XXXXXXXXXXXX1234
+  ACCOUNTTYPE=VISA
+  EXPIRATION=0928
+  APPROVEDAMOUNT=48.50
+  End File Data c:\Lumbrio\xResultFile.Txt
+  ******************************************************
+  ------------------------------------------------------
+   CCmerchant.VRD is not in C:\Lumbrio\
+   CCmerchant.VRD is not in F:\Lumbrio\
+    Printing Merchant 3
+== TRACELOG.TXT
+  
+  ******  Make Respone File For Lumbrio ******
+  
+    File Name - C:\Lumbrio\Xsend.ans
+    TndrRESULT - Approved
+    CCdata.CCTabAmt  - 48.50     
+    CCdata.CApprovalCode - 012345    
+    CCdata.CCaditionalFUNDS - 0         
+    CCdata.GCbalance - 0         
+    CCdata.CCNumb - D63579;=?ACE=                 
+    CCdata.CCtype - VISA      
+    CCdata.HiddenNumb - XXXXXXXXXXXX1234              
+    CCdata.CCServer - 7         
+    CCdata.CCTable - 12        
+    CCdata.CCTroutID -           
+    CCdata.CCName - ROSALIND/TEST                 
+    CCdata.CCstatus - Approved  
+    CCdata.CResponse - SUCCESS             
+    Val(TndrNOpreAUTH) - 0-  0 =False -1=True
+  
+  ******  END Respone File For Lumbrio ******
+  
+
+# What the guest owes is stored before anything can go wrong with the paper.
+story approved and stored before it prints, like approved
+when it prints: look
+  no answer, 1 records, 0 slips
+
+# Nobody presses these at the right moment only.
+story approved beside commands that come too early or fail, like approved
+at 50 ms: press Cancel, though disabled
+fail open CCnoPrint.dat
+at 2 s: press No receipt
+shows
+== slips
+  - - - cut - - -
+- [[Receipt TM-88]]
+- ...
+- - - - cut - - -
+== CreditApproval.dat
+  "#### #### #### ACE="
+  "AUTH - 012345  Terminal FRONT-BAR"
+
+story approved with gratuity and no customer receipt, like approved
+at 1 s: press Gratuity
+at 1 s: press No receipt
+shows
+== slips
+- Gratuity      ___________________________
+- Total          ___________________________
++ Gratuity      $8.73
++ Total          $57.23
+- [[Receipt TM-88]]
+- ...
+- - - - cut - - -
+== CCnoPrint.dat
+  empty
+== CreditApproval.dat
+  "#### #### #### ACE="
+  "AUTH - 012345  Terminal FRONT-BAR"
+
+story approved deleted prepayment, like approved
+put C:\Lumbrio\Xsend.req | "DelPrePay 12","1043","7","48.50"\r\n
+shows
+- == slips
+== screen
+- table 12
++ table DelPrePay 12
+== records
+- CCTable 12
++ CCTable DelPrePay
+== Xsend.ans
+- "12        "
++ "DelPrePay "
+== CreditApproval.dat
+  "#### #### #### ACE="
+  "AUTH - 012345  Terminal FRONT-BAR"
+== CCLastProcess.dat
+- Table Number - 12
++ Table Number - DelPrePay 12
+== TRACELOG.TXT
+-   CCdata.CCTable - 12        
++   CCdata.CCTable - DelPrePay 
+
+story approved gift card, like approved
+put C:\Lumbrio\Data\CCnoPREauth.dat |
+bank approves, BALANCE=12.00, ADDITIONALFUNDSREQUIRED=0.00, NAME=ROSA "ROSE" TEST
+shows
+== records
+- CCName ROSALIND/TEST
++ CCName ROSA "ROSE" TEST
+- CCGiftFlag 
++ CCGiftFlag GS
+- CCaditionalFUNDS 0
+- GCbalance 0
++ CCaditionalFUNDS 0.00
++ GCbalance 12.00
+== slips
+- Name: ROSALIND/TEST
++ Name: ROSA "ROSE" TEST
+-         ROSALIND/TEST                 
++         ROSA "ROSE" TEST              
+  [MERCHANT COPY]
++ $12.00
++ [REMAINING BALANCE ON THIS GIFT CARD]
+- Name: ROSALIND/TEST
++ Name: ROSA "ROSE" TEST
+-        ROSALIND/TEST                 
++        ROSA "ROSE" TEST              
+  [CUSTOMER COPY]
++ $12.00
++ [REMAINING BALANCE ON THIS GIFT CARD]
+== Xsend.ans
+- "ROSALIND/TEST                 "
++ "ROSA "ROSE" TEST              "
+== CCLastProcess.dat
+  APPROVEDAMOUNT=48.50
++ BALANCE=12.00
++ ADDITIONALFUNDSREQUIRED=0.00
++ NAME=ROSA "ROSE" TEST
+== TRACELOG.TXT
+-   CCdata.CCaditionalFUNDS - 0         
+-   CCdata.GCbalance - 0         
++   CCdata.CCaditionalFUNDS - 0.00      
++   CCdata.GCbalance - 12.00     
+-   CCdata.CCName - ROSALIND/TEST                 
++   CCdata.CCName - ROSA "ROSE" TEST              
+
+# A purchase is a sale of its own: it is never batched, and stands in the month's file.
+story approved at once with a slip left open, like approved
+put F:\Lumbrio\Data\CCnoPREauth.dat |
+the system prefers Office Laser
+no cut
+shows
+== screen
+- kind PreAuth
++ kind Purchase
+== payment
+  starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+== records
+- in CCPending.dat
++ in data\CCFinal0125.dat
+- CCAdjStatus Not Adjusted
++ CCAdjStatus Completed
+- in data\CCFinal0125.dat
+== slips
+  [CUSTOMER COPY]
+- - - - cut - - -
+== CCLastProcess.dat
+- /TRANSACTIONTYPE:PreAuth
++ /TRANSACTIONTYPE:Purchase
+- /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
++ /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+== TRACELOG.TXT
+-   Val(TndrNOpreAUTH) - 0-  0 =False -1=True
++   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
+
+# The file of the month in which the tender began, whatever the clock says when it is stored.
+story approved over midnight of a month, like approved at once with a slip left open
+put F:\Lumbrio\Data\CCnoPREauth.dat |
+clock 2025-01-31 23:59:58
+shows
+== records
+- CCDate 01/15/25
+- CCTime 01:05 PM
++ CCDate 01/31/25
++ CCTime 11:59 PM
+== slips
+- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
++ 01/31/25  11:59 PM  1043 - 7 Rosalind - 12 - 3
+- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12
++ 01/31/25  11:59 PM  1043 - 7 Rosalind - 12
+  [CUSTOMER COPY]
++ - - - cut - - -
+== CCLastProcess.dat
+- On Wednesday 01/15/2025 at 01:05 PM
++ On Friday 01/31/2025 at 11:59 PM
+
+story approved with other directories, like approved
+configure 6 = D:\Station\
+configure 49 =
+put D:\Station\X1009Version.dat |
+put D:\Station\Xsend.req | 12,1043,7,48.50\r\n
+shows
+- == CCLastProcess.dat
+- == TRACELOG.TXT
+== folders
++ D:\Station\
+- F:\Lumbrio\
+== slips
+- Gratuity      ___________________________
+- Total          ___________________________
+  Amount      $48.50
+- Gratuity      ___________________________
+- Total          ___________________________
+
+story approved without a server or partial support, like approved
+put C:\Lumbrio\Xsend.req | "a,b","1,2",," 48.5 "\r\n
+put C:\Lumbrio\CCard.dat | x\n\n0\n0\n0\n0\n0\n-1\n-1\n0\n
+shows
+== screen
+  card or result Approved
+  server 9999
+  table a,b
+  receipt 1,2
+  with gratuity $57.23
+  gratuity %18
+  command line True
+  partial support NO
+  kind PreAuth
+== payment
+  starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.5 /LOCKAMOUNT /RECEIPT:1,2 /LOCKRECEIPT /CLERK:9999 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+== records
+- CCSaleAmt 48.50
+- ...
+- CCTabAmt 48.50
++ CCSaleAmt 48.5
++ CCServer 9999
++ CCTable a,b
++ CCTabAmt 48.5
+- CCReceipt 1043
++ CCReceipt 1,2
+== slips
+- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
++ 01/15/25  01:05 PM  1,2 - 9999  - a,b - 3
+- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12
++ 01/15/25  01:05 PM  1,2 - 9999  - a,b
+== Xsend.ans
+- "48.50     "
++ " 48.5     "
+- "1043                "
++ "1,2                 "
+- "7         "
+- "12        "
++ "9999      "
++ "a,b       "
+== CCLastProcess.dat
+- Employee Number # 7
++ Employee Number # 
+- Table Number - 12
+- ...
+- Sale Amount - 48.50
++ Table Number - a,b
++ Receipt Number - 1,2
++ Server (Employee) Number - 
++ Sale Amount -  48.5 
+- /AMOUNT:48.50
++ /AMOUNT:48.5
+- /RECEIPT:1043
++ /RECEIPT:1,2
+- /CLERK:7
++ /CLERK:9999
+- /PartialApprovalSupport:T
+  c:\Program Files\X-charge\Xcharge.exe
+- /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
++ /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.5 /LOCKAMOUNT /RECEIPT:1,2 /LOCKRECEIPT /CLERK:9999 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+-  Total seconds it took for Rosalind Test swipe and Xcharge response
++  Total seconds it took for  swipe and Xcharge response
+== TRACELOG.TXT
+-   CCdata.CCTabAmt  - 48.50     
++   CCdata.CCTabAmt  -  48.5     
+-   CCdata.CCServer - 7         
+-   CCdata.CCTable - 12        
++   CCdata.CCServer - 9999      
++   CCdata.CCTable - a,b       
+
+# The first result counts, also one that tells of no card.
+story approved without a card, like approved
+payment keeps silent
+at 9 s: put C:\lumbrio\xResultFile.txt | RESULT=SUCCESS\r\nAPPROVALCODE=012345\r\n
+shows
+== records
+- CCNumb D63579;=?ACE=
+- ...
+- CCXcTranID 00002154
++ CCNumb 
++ CCExpDate 
++ CCName 
+- CCApprovedAmt 48.50
++ CCApprovedAmt 
+- HiddenNumb XXXXXXXXXXXX1234
+- CCtype VISA
++ HiddenNumb XXXX XXXX XXXX
+== slips
+- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
+- Name: ROSALIND/TEST
+- Card: XXXXXXXXXXXX1234  TransRecord 1
++ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 8
++ Name: 
++ Card: XXXX XXXX XXXX  TransRecord 1
+-         ROSALIND/TEST                 
+  01/15/25  01:05 PM  1043 - 7 Rosalind - 12
+- Name: ROSALIND/TEST
+- Card: XXXXXXXXXXXX1234
++ Name: 
++ Card: XXXX XXXX XXXX
+-        ROSALIND/TEST                 
+== Xsend.ans
+- "XXXXXXXXXXXX1234              "
++ "XXXX XXXX XXXX                "
+- "ROSALIND/TEST                 "
++ "                              "
+== CCLastProcess.dat
+-   SECONDS = 3
++   SECONDS = 8
+- SWIPED=True
+- ...
+- APPROVEDAMOUNT=48.50
+   CCmerchant.VRD is not in F:\Lumbrio\
+-   Printing Merchant 3
++   Printing Merchant 8
+== TRACELOG.TXT
+-   CCdata.CCNumb - D63579;=?ACE=                 
+-   CCdata.CCtype - VISA      
+-   CCdata.HiddenNumb - XXXXXXXXXXXX1234              
++   CCdata.CCNumb -                               
++   CCdata.CCtype -           
++   CCdata.HiddenNumb - XXXX XXXX XXXX                
+-   CCdata.CCName - ROSALIND/TEST                 
++   CCdata.CCName -                               
+
+story approved into a locked file, like approved
+lock CCPending.dat
+shows
+== CCLastProcess.dat
+    Printing Merchant 3
++   KEPT RECORD written - receipt 1043, amount 48.50, code 012345 - C:\Lumbrio\Data\KeptRecord-20250115-130506.dat
+== TRACELOG.TXT
++ KEPT RECORD written - receipt 1043, amount 48.50, code 012345 - C:\Lumbrio\Data\KeptRecord-20250115-130506.dat
+
+story approved without a printer, like approved
+printers none
+answer Ok
+shows
+- == slips
+== boxes
+  [NOT PRINTED] The merchant's slip and the customer's slip were not printed: no printer is installed. The card is approved: do not run it again. Reprint from the manager's list.
+  Receipt: 1043
+  Amount: $48.50
+  Approval code: 012345 (Ok)
+== CCLastProcess.dat
+    Printing Merchant 3
++   NOT PRINTED - merchant's slip - no printer is installed
++   NOT PRINTED - customer's slip - no printer is installed
+== TRACELOG.TXT
+  ******  END Respone File For Lumbrio ******
+  
++   NOT PRINTED - merchant's slip - no printer is installed
++   NOT PRINTED - customer's slip - no printer is installed
+
+# The guest pays the rest with another card, so both slips must say what is left.
+story partial, like approved
+bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
+shows
+== records
+- CCApprovedAmt 48.50
++ CCApprovedAmt 30
+- CCAdjStatus Not Adjusted
+- CCGiftFlag 
++ CCAdjStatus Adjusted - Pending
++ CCAdjAmt 30
++ CCGiftFlag GS
+- CCaditionalFUNDS 0
++ CCaditionalFUNDS 18.50
+== slips
+- [MERCHANT COPY]
++ [PARTIAL PAYMENT MERCHANT COPY]
+- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
++ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12
+- Card: XXXXXXXXXXXX1234  TransRecord 1
++ Card: XXXXXXXXXXXX1234
+- Amount      $48.50
+- ...
+- [MERCHANT COPY]
++ [PARTIAL PAYMENT - A BALANCE IS STILL DUE]
++     Amount      
++         $30.00
++     Gratuity NOT Allowed
++   We are unable to put any more funds thru on this card
++   The original amount due was     $48.50
++   There is still a Balance Due of $18.50
++   (Please tip your server on the original amount due)
++ x_______________________________________________
++                               Signature
++ [PARTIAL PAYMENT MERCHANT COPY]
+- [[Receipt TM-88]]
+- [CUSTOMER COPY]
++ [PARTIAL PAYMENT CUSTOMER COPY]
+- Terminal / Station  FRONT-BAR
+- ...
+- [CUSTOMER COPY]
++ AUTH - 012345  Terminal FRONT-BAR
++ [PARTIAL PAYMENT - A BALANCE IS STILL DUE]
++     Amount      
++         $30.00
++     Gratuity NOT Allowed
++   We are unable to put any more funds thru on this card
++   The original amount due was     $48.50
++   There is still a Balance Due of $18.50
++   (Please tip your server on the original amount due)
++ x_______________________________________________
++                               Signature
++ [PARTIAL PAYMENT CUSTOMER COPY]
+  - - - cut - - -
++ Visa, Mastercard, Amx and Discover now require
++ us to accept a partial payment on a Tab
++ The card you used for this transaction has been
++ approved for a partial payment. You will need to
++ get the partial payment receipt signed and ask the
++ customer how they would like to pay the balance.
++ Once you know come back to the tender screen and click 
++ Split Tender, Put in the parial amount and the 
++ balance in the approiate box.
++ $48.50  
++ $30.00  
++ $18.50  
+== Xsend.ans
+- "Approved"
++ "DECLINE but PARTAIL APPROVAL"
+  "SUCCESS             "
++ "PARTAIL APPROVAL"
++ " APPROVAL AMOUNT - $30.00"
++ " BALANCE STILL OWING - $18.50"
+== CCLastProcess.dat
+  APPROVEDAMOUNT=48.50
++ APPROVEDAMOUNT=30
++ ADDITIONALFUNDSREQUIRED=18.50
+-  CCmerchant.VRD is not in C:\Lumbrio\
+-  CCmerchant.VRD is not in F:\Lumbrio\
+-   Printing Merchant 3
++  this is a partial approval 
++  not able to VRD 
+== TRACELOG.TXT
+-   CCdata.CCaditionalFUNDS - 0         
++   CCdata.CCaditionalFUNDS - 18.50     
+
+story partial at once, like partial
+put F:\Lumbrio\Data\CCnoPREauth.dat |
+bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
+shows
+== screen
+- kind PreAuth
++ kind Purchase
+== payment
+  starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+== records
+- in CCPending.dat
++ in data\CCFinal0125.dat
+- CCAdjStatus Adjusted - Pending
++ CCAdjStatus Completed
+- in data\CCFinal0125.dat
+== CCLastProcess.dat
+- /TRANSACTIONTYPE:PreAuth
++ /TRANSACTIONTYPE:Purchase
+- /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
++ /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+== TRACELOG.TXT
+-   Val(TndrNOpreAUTH) - 0-  0 =False -1=True
++   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
+
+story approved after the second start, like approved
+payment keeps silent
+at 51.1 s: bank approves now
+shows
+== status
+  
++ Connection Problems Press Cancel
++ 
+== payment
++ starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+== slips
+- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
++ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 52
+== CCLastProcess.dat
+-   SECONDS = 3
++   SECONDS = 52
+-   Printing Merchant 3
++   Printing Merchant 52
+
+story cancelled too late, like approved
+payment keeps silent
+at 20 s: bank approves now
+at 20 s: press Cancel
+shows
+== slips
+- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
++ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 20
+== CCLastProcess.dat
+-   SECONDS = 3
++   SECONDS = 20
+-   Printing Merchant 3
++   Printing Merchant 20

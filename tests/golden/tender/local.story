@@ -1,0 +1,652 @@
+cards are taken here
+at 500 ms: swipe
+
+# The screen takes the card, the payment server asks the bank.
+story local approved
+put C:\Lumbrio\XAudit.DAT | "48.5"\r\n
+shows
+== end
+  ended
+== folders
+  C:\Lumbrio\
+  F:\Lumbrio\
+== screen
+  card or result %B4111111111111111^
+  audit $48.50
+  server 7
+  table 12
+  receipt 1043
+  with gratuity $57.23
+  gratuity %18
+  name of server Rosalind Test
+  command line False
+  partial support YES
+  kind PreAuth
+  card 4111111111111111
+  expires 2809
+  first name ROSALIND A
+  last name TEST
+== status
+  Waiting for You to Swipe the Card
+  Validating Card Number 
+  Just a Moment Please 
+  Dialing for Card Approval
+  Approved\r\nA12345
+  Approved - A12345
+  Approved Printing Receipt
+  Please Click Finish Tender
+== payment
+  takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
+== records
+  in CCPending.dat
+  CCNumb D3456789:;<=>?@A
+  CCExpDate 0928
+  CCName ROSALIND A TEST
+  CCSaleAmt 48.50
+  CCServer 7
+  CCTable 12
+  CCTabAmt 48.50
+  CCApprovedAmt 
+  CResponse YA12345
+  CApprovalCode A12345
+  CCstatus Approved
+  CCTip 0
+  CCReceipt 1043
+  CCDate 01/15/25
+  CCTime 01:05 PM
+  CCVerify 000
+  CCSwiped True
+  CCStation FRONT-BAR
+  CCAdjStatus Not Adjusted
+  CCGiftFlag 
+  CCEncoded 1
+  HiddenNumb XXXX XXXX XXXX 1111
+  CCaditionalFUNDS 0
+  CCReserved2 
+== slips
+  [[Receipt TM-88]]
+  [MERCHANT COPY]
+  The Harbour Table
+  1 Quay Street
+  Port Town
+  __________________________________________________
+  01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 2
+  Name: ROSALIND A TEST
+  Card: #### #### #### 1111  TransRecord 1
+  AUTH - A12345  Terminal FRONT-BAR
+  Amount      $48.50
+  Gratuity      ___________________________
+  Total          ___________________________
+  x_______________________________
+         Signature
+          ROSALIND A TEST               
+  [MERCHANT COPY]
+  - - - cut - - -
+  [[Receipt TM-88]]
+  [CUSTOMER COPY]
+  The Harbour Table
+  1 Quay Street
+  Port Town
+  __________________________________________________
+  01/15/25  01:05 PM  1043 - 7 Rosalind - 12
+  Name: ROSALIND A TEST
+  Card: #### #### #### 1111
+  Terminal / Station  FRONT-BAR
+  Amount      $48.50
+  Gratuity      ___________________________
+  Total          ___________________________
+  x_______________________________
+         Signature
+         ROSALIND A TEST               
+  [CUSTOMER COPY]
+  - - - cut - - -
+== Xsend.ans
+  "Approved"
+  "48.50     "
+  "A12345    "
+  "1043                "
+  "XXXX XXXX XXXX 1111           "
+  "7         "
+  "12        "
+  "          "
+  "ROSALIND A TEST               "
+  "YA12345             "
+== CCLastProcess.dat
+  ===========================================================
+  Process Started
+  On Wednesday 01/15/2025 at 01:05 PM
+  ==========================================================
+  Station Name FRONT-BAR
+  EXE name ********* TndrCC
+  Employee Name 
+  Employee Number # 7
+  __________________________________
+                 
+  Software Version - 5.68.0
+  Request File - C:\Lumbrio\Xsend.req
+  Table Number - 12
+  Receipt Number - 1043
+  Server (Employee) Number - 7
+  Sale Amount - 48.50
+                 
+  **********************************************************
+  ***       Waiting For card Swipe      ***
+  **********************************************************
+                 
+  First Name - ROSALIND A
+  Last Name - TEST
+  Card Number Ready - XXXX XXXX XXXX 1111
+  Card Expires on - 2809
+  Amount Sent - 48.5
+  New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
+  Actual Response From Xcharge YA12345
+  Actual Seconds for Response  2
+  Approved or Declined Approved
+  SetPrinter Receipt TM-88
+   CCmerchant.VRD is not in C:\Lumbrio\
+   CCmerchant.VRD is not in F:\Lumbrio\
+    Printing Merchant 2
+== TRACELOG.TXT
+  
+  ******  Make Respone File For Lumbrio ******
+  
+    File Name - C:\Lumbrio\Xsend.ans
+    TndrRESULT - Approved
+    CCdata.CCTabAmt  - 48.50     
+    CCdata.CApprovalCode - A12345    
+    CCdata.CCaditionalFUNDS - 0         
+    CCdata.GCbalance -           
+    CCdata.CCNumb - D3456789:;<=>?@A              
+    CCdata.CCtype -           
+    CCdata.HiddenNumb - XXXX XXXX XXXX 1111           
+    CCdata.CCServer - 7         
+    CCdata.CCTable - 12        
+    CCdata.CCTroutID -           
+    CCdata.CCName - ROSALIND A TEST               
+    CCdata.CCstatus - Approved  
+    CCdata.CResponse - YA12345             
+    Val(TndrNOpreAUTH) - 0-  0 =False -1=True
+  
+  ******  END Respone File For Lumbrio ******
+  
+
+story local approved with a record that cannot be stored, like local approved
+fail append CCPending.dat
+answer Ok
+shows
+== screen
+- audit $48.50
+== boxes
+  [RECORD NOT STORED] The bank approved this card, but its record could not be stored (access denied). Do not charge the card again. The record is kept at this station, which stores it as soon as it can. Tell the manager.
+  Receipt: 1043
+  Amount: $48.50
+  Approval code: A12345
+  F:\Lumbrio\CCPending.dat (Ok)
+== records
+  in CCPending.dat
+== slips
+- Card: #### #### #### 1111  TransRecord 1
++ Card: #### #### #### 1111  TransRecord 0
+== CCLastProcess.dat
+  Actual Seconds for Response  2
++   RECORD NOT STORED - access denied - F:\Lumbrio\CCPending.dat
++   KEPT RECORD written - receipt 1043, amount 48.50, code A12345 - C:\Lumbrio\Data\KeptRecord-20250115-130504.dat
+== TRACELOG.TXT
++   RECORD NOT STORED - access denied - F:\Lumbrio\CCPending.dat
++ KEPT RECORD written - receipt 1043, amount 48.50, code A12345 - C:\Lumbrio\Data\KeptRecord-20250115-130504.dat
+
+story local approved with an answer that cannot be deleted, like local approved
+fail remove .ans
+shows
+== screen
+- audit $48.50
+== payment
+  takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
++ left FRONT-BAR011525130502.ans
+== CCLastProcess.dat
+  Actual Seconds for Response  2
++   NOT DELETED - access denied - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
+
+story local cancelled too late, like local approved
+payment keeps silent
+at 20 s: bank approves now
+at 20 s: press Cancel
+shows
+- == payment
+== screen
+- audit $48.50
+== slips
+- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 2
++ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 18
+== CCLastProcess.dat
+- Actual Seconds for Response  2
++ Actual Seconds for Response  18
+-   Printing Merchant 2
++   Printing Merchant 18
+
+# The digits of a card that the bank's answer repeats stand in no file.
+story local declined, like local approved
+payment answers: "N4111111111111111 IS NOT 4111-1111 1111 1111/2809 OR 123456789012"
+shows
+- == slips
+== screen
+- audit $48.50
+== status
+- Approved\r\nA12345
+- Approved - A12345
+- Approved Printing Receipt
++ Declined\r\nXXXX XXXX
++ Declined - XXXX XXXX
+== records
+- CResponse YA12345
+- CApprovalCode A12345
+- CCstatus Approved
++ CResponse NXXXX XXXX XXXX 1111
++ CApprovalCode XXXX XXXX
++ CCstatus Declined
+== Xsend.ans
+- "Approved"
++ "Declined"
+- "A12345    "
++ "XXXX XXXX "
+- "YA12345             "
++ "NXXXX XXXX XXXX 1111"
+== CCLastProcess.dat
+- Actual Response From Xcharge YA12345
++ Actual Response From Xcharge NXXXX XXXX XXXX 1111 IS NOT XXXX XXXX XXXX 1111/2809 OR 123456789012
+- Approved or Declined Approved
+- ...
+-   Printing Merchant 2
++ Approved or Declined Declined
+== TRACELOG.TXT
+-   TndrRESULT - Approved
++   TndrRESULT - Declined
+-   CCdata.CApprovalCode - A12345    
++   CCdata.CApprovalCode - XXXX XXXX 
+-   CCdata.CCstatus - Approved  
+-   CCdata.CResponse - YA12345             
++   CCdata.CCstatus - Declined  
++   CCdata.CResponse - NXXXX XXXX XXXX 1111
+
+story local declined by a small y, like local declined
+payment answers: "yA12345"
+shows
+== status
+- Declined\r\nXXXX XXXX
+- Declined - XXXX XXXX
++ Declined\r\nA12345
++ Declined - A12345
+== payment
+  takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
++ left FRONT-BAR011525130502-20250115-130505.ans
+== records
+- CResponse NXXXX XXXX XXXX 1111
+- CApprovalCode XXXX XXXX
++ CResponse yA12345
++ CApprovalCode A12345
+== Xsend.ans
+- "XXXX XXXX "
++ "A12345    "
+- "NXXXX XXXX XXXX 1111"
++ "yA12345             "
+== CCLastProcess.dat
+- Actual Response From Xcharge NXXXX XXXX XXXX 1111 IS NOT XXXX XXXX XXXX 1111/2809 OR 123456789012
++ Actual Response From Xcharge yA12345
+  Actual Seconds for Response  2
++   A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
+== TRACELOG.TXT
++ A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
+-   CCdata.CApprovalCode - XXXX XXXX 
++   CCdata.CApprovalCode - A12345    
+-   CCdata.CResponse - NXXXX XXXX XXXX 1111
++   CCdata.CResponse - yA12345             
+
+story local declined at once by an empty answer, like local declined
+payment answers:
+put F:\Lumbrio\Data\CCnoPREauth.dat |
+shows
+== screen
+- kind PreAuth
++ kind Purchase
+== status
+- Declined\r\nXXXX XXXX
+- Declined - XXXX XXXX
++ Declined\r\n
++ Declined - 
+== payment
+  takes "C6","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
+  left FRONT-BAR011525130502-20250115-130505.ans
+== records
+- CResponse NXXXX XXXX XXXX 1111
+- CApprovalCode XXXX XXXX
++ CResponse 
++ CApprovalCode 
+== Xsend.ans
+- "XXXX XXXX "
++ "          "
+- "NXXXX XXXX XXXX 1111"
++ "                    "
+== CCLastProcess.dat
+- Actual Response From Xcharge NXXXX XXXX XXXX 1111 IS NOT XXXX XXXX XXXX 1111/2809 OR 123456789012
++ Actual Response From Xcharge 
+  Actual Seconds for Response  2
++   A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
+== TRACELOG.TXT
++ A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
+-   CCdata.CApprovalCode - XXXX XXXX 
++   CCdata.CApprovalCode -           
+-   CCdata.CResponse - NXXXX XXXX XXXX 1111
+-   Val(TndrNOpreAUTH) - 0-  0 =False -1=True
++   CCdata.CResponse -                     
++   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
+
+story local declined by bytes, like local declined
+payment answers: \0\xFFY
+shows
+== status
+- Declined\r\nXXXX XXXX
+- Declined - XXXX XXXX
++ Declined\r\nY
++ Declined - Y
+== payment
+  takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
++ left FRONT-BAR011525130502-20250115-130505.ans
+== records
+- CResponse NXXXX XXXX XXXX 1111
+- CApprovalCode XXXX XXXX
++ CResponse \xFFY
++ CApprovalCode Y
+== Xsend.ans
+- "XXXX XXXX "
++ "Y         "
+- "NXXXX XXXX XXXX 1111"
++ "\xFFY                  "
+== CCLastProcess.dat
+- Actual Response From Xcharge NXXXX XXXX XXXX 1111 IS NOT XXXX XXXX XXXX 1111/2809 OR 123456789012
++ Actual Response From Xcharge \xFFY
+  Actual Seconds for Response  2
++   A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
+== TRACELOG.TXT
++ A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
+-   CCdata.CApprovalCode - XXXX XXXX 
++   CCdata.CApprovalCode - Y         
+-   CCdata.CResponse - NXXXX XXXX XXXX 1111
++   CCdata.CResponse - \xFFY                  
+
+story local declined by a long answer, like local declined
+payment answers at length
+shows
+== status
+- Declined\r\nXXXX XXXX
+- Declined - XXXX XXXX
++ Declined\r\nZZZZZZZZZZ
++ Declined - ZZZZZZZZZZ
+== payment
+  takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
++ left FRONT-BAR011525130502-20250115-130505.ans
+== records
+- CResponse NXXXX XXXX XXXX 1111
+- CApprovalCode XXXX XXXX
++ CResponse ZZZZZZZZZZZZZZZZZZZZ
++ CApprovalCode ZZZZZZZZZZ
+== Xsend.ans
+- "XXXX XXXX "
++ "ZZZZZZZZZZ"
+- "NXXXX XXXX XXXX 1111"
++ "ZZZZZZZZZZZZZZZZZZZZ"
+== CCLastProcess.dat
+- Actual Response From Xcharge NXXXX XXXX XXXX 1111 IS NOT XXXX XXXX XXXX 1111/2809 OR 123456789012
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++ Actual Response From Xcharge ZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZ
+  Actual Seconds for Response  2
++   A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
+== TRACELOG.TXT
++ A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
+-   CCdata.CApprovalCode - XXXX XXXX 
++   CCdata.CApprovalCode - ZZZZZZZZZZ
+-   CCdata.CResponse - NXXXX XXXX XXXX 1111
++   CCdata.CResponse - ZZZZZZZZZZZZZZZZZZZZ
+
+story local cancelled in the wait, like local declined
+payment keeps silent
+at 30 s: press Cancel
+shows
+- == payment
+- == records
+- == TRACELOG.TXT
+== status
+- Declined\r\nXXXX XXXX
+- Declined - XXXX XXXX
+- Please Click Finish Tender
+== Xsend.ans
+- "XXXX XXXX "
++ "          "
+- "NXXXX XXXX XXXX 1111"
++ "                    "
+== CCLastProcess.dat
+- Actual Response From Xcharge NXXXX XXXX XXXX 1111 IS NOT XXXX XXXX XXXX 1111/2809 OR 123456789012
+- Actual Seconds for Response  2
+- Approved or Declined Declined
++ Cancel was pressed
++ Unable to Connect - Internet may be down 
++ Actual Seconds waited for Response  29
+
+story local wait stopped, like local cancelled in the wait
+payment keeps silent
+at 9 s: stop waiting
+shows
+== CCLastProcess.dat
+- Cancel was pressed
+  Unable to Connect - Internet may be down 
+- Actual Seconds waited for Response  29
++ Actual Seconds waited for Response  7
+== TRACELOG.TXT
+  
+  ******  Make Respone File For Lumbrio ******
+  
+    File Name - C:\Lumbrio\Xsend.ans
+    TndrRESULT - Declined
+    CCdata.CCTabAmt  - 48.50     
+    CCdata.CApprovalCode -           
+    CCdata.CCaditionalFUNDS - 0         
+    CCdata.GCbalance -           
+    CCdata.CCNumb - D3456789:;<=>?@A              
+    CCdata.CCtype -           
+    CCdata.HiddenNumb - XXXX XXXX XXXX 1111           
+    CCdata.CCServer - 7         
+    CCdata.CCTable - 12        
+    CCdata.CCTroutID -           
+    CCdata.CCName - ROSALIND A TEST               
+    CCdata.CCstatus - Dialing   
+    CCdata.CResponse -                     
+    Val(TndrNOpreAUTH) - 0-  0 =False -1=True
+  
+  ******  END Respone File For Lumbrio ******
+  
+
+story local wait counts, like local wait stopped
+payment keeps silent
+watch
+shows
+- == Xsend.ans
+- == TRACELOG.TXT
+== end
+  waits
+== status
+  Dialing for Card Approval
++ Connection Problems Press Cancel
+== payment
+  left FRONT-BAR011525130502.req
+== watched
+  0, 0 starts, 
+  100 Cancel, 0 starts, Waiting for You to Swipe the Card
+  500 Cancel, 0 starts, Validating Card Number 
+  2000 Cancel, 0 starts, Just a Moment Please 
+  2000 Cancel, 0 starts, Dialing for Card Approval
+  2000 counting, 0 starts, Dialing for Card Approval
+  16400 Cancel counting, 0 starts, Dialing for Card Approval
+  22000 Cancel panel counting, 0 starts, Dialing for Card Approval
+  49040 Cancel panel warning red ribbons counting, 0 starts, Dialing for Card Approval
+  50960 Cancel panel warning red ribbons counting, 0 starts, Connection Problems Press Cancel
+== CCLastProcess.dat
+- Unable to Connect - Internet may be down 
+- Actual Seconds waited for Response  7
+
+story local answer not read, like local wait stopped
+answer Ok
+fail open .ans
+shows
+== status
+  Dialing for Card Approval
++ The payment answered, but its answer cannot be read
+== payment
+  takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
+  left FRONT-BAR011525130502.ans
+== boxes
+  [OUTCOME UNKNOWN] The payment answered, but its answer cannot be read (access denied). The card may be charged. Do not run it again before the manager has looked into the payment application. The point of sale was told "Declined".
+  Receipt: 1043
+  Amount: $48.50
+  C:\Lumbrio\Data\Unknown-20250115-130505 (Ok)
+== CCLastProcess.dat
+- Unable to Connect - Internet may be down 
+- Actual Seconds waited for Response  7
++   ANSWER NOT READ - access denied - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   OUTCOME UNKNOWN - access denied - C:\Lumbrio\Data\Unknown-20250115-130505
+== TRACELOG.TXT
++ OUTCOME UNKNOWN - access denied - C:\Lumbrio\Data\Unknown-20250115-130505
+
+story local folder missing, like local wait stopped
+erase c:\Program Files\X-Charge\LocalTran
+answer Ok
+shows
+== boxes
+  [Request File] The request for this card cannot be written to the Xcharge folder, so this card was not charged. Please try again, or check the connection to the Xcharge computer. (Ok)
+== CCLastProcess.dat
+- First Name - ROSALIND A
+- ...
+- Actual Seconds waited for Response  7
++   REQUEST NOT WRITTEN - not there - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
+
+story local request not written, like local folder missing
+fail rename .req
+answer Ok
+shows
+== CCLastProcess.dat
+-   REQUEST NOT WRITTEN - not there - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
++   REQUEST NOT WRITTEN - access denied - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
+
+story local audit refused, like local wait stopped
+put C:\Lumbrio\XAudit.DAT | "40.00"\r\n
+answer Cancel
+shows
+== screen
+- card or result %B4111111111111111^
++ card or result Wrong Amount
++ audit $40.00
+== status
+  Dialing for Card Approval
++ Please Click Cancel
+== boxes
+  [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL (Ok, Cancel)
+== records
+  in CCPending.dat
+  CCNumb D3456789:;<=>?@A
+  CCExpDate 0928
+  CCName ROSALIND A TEST
+  CCSaleAmt 48.50
+  CCServer 7
+  CCTable 12
+  CCTabAmt 48.50
+  CCApprovedAmt 
+  CResponse 
+  CApprovalCode 
+  CCstatus 
+  CCTip 0
+  CCReceipt 1043
+  CCDate 01/15/25
+  CCTime 01:05 PM
+  CCVerify 000
+  CCSwiped True
+  CCStation FRONT-BAR
+  CCAdjStatus Not Adjusted
+  CCGiftFlag 
+  CCEncoded 1
+  HiddenNumb XXXX XXXX XXXX 1111
+  CCaditionalFUNDS 0
+  CCReserved2 
+== Xsend.ans
+- "Declined"
++ ""
++ ""
+== CCLastProcess.dat
+- First Name - ROSALIND A
+- ...
+- Actual Seconds waited for Response  7
+== TRACELOG.TXT
+-   TndrRESULT - Declined
++   TndrRESULT - 
+-   CCdata.CCstatus - Dialing   
++   CCdata.CCstatus -           
+
+# Who only checks a manager's card charges nobody.
+story local managers card read, like local wait stopped
+at 400 ms: a manager's card is read
+shows
+- == Xsend.ans
+- == TRACELOG.TXT
+== end
+  stays
+== CCLastProcess.dat
+- First Name - ROSALIND A
+- ...
+- Actual Seconds waited for Response  7

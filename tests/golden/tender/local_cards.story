@@ -1,0 +1,352 @@
+cards are taken here
+
+story local approved after a broken track, like local approved
+answer Ok
+at 500 ms: first track %B4111111111111111^TEST/R?
+at 500 ms: second track ;4111111111111111=28091010000000000?
+at 900 ms: second track ;4111111111111111=28091010000000000?+9?
+at 10 s: swipe
+shows
+== screen
+- audit $48.50
+== status
+  Just a Moment Please 
++ Waiting for Card Number 
++ Validating Card Number 
++ Just a Moment Please 
+== boxes
+  [INVALID] You have entered an INVALID CARD NUMBER
+         Please Try Another Card (Ok)
+== CCLastProcess.dat
+- New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
++ New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130511.req
+== BadSwipe.dat
+  %B4111111111111111^TEST/R?;4111111111111111=28091010000000000?
+
+story local approved after a second track by itself, like local approved after a broken track
+answer Ok
+at 500 ms: first track ;4111111111111111=28091010000?
+at 500 ms: second track +5?
+at 900 ms: second track +5?+9?
+at 10 s: swipe
+shows
+== BadSwipe.dat
+  ;4111111111111111=28091010000?+5?
+
+story local approved after an expired card, like local approved after a broken track
+answer Ok
+at 500 ms: first track %B4111111111111111^TEST/R^2412101?
+at 500 ms: second track ;4111111111111111=28091010000000000?
+at 900 ms: second track ;4111111111111111=28091010000000000?+9?
+at 10 s: swipe
+shows
+- == BadSwipe.dat
+== boxes
+  [Expired] You have entered an EXPIRED CARD NUMBER. Please Try Another Card (Ok)
+
+# The card that a guest took back before it was whole is not charged.
+story local approved beside what others left, like local approved
+put c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130000.tmp | card
+put c:\Program Files\X-Charge\LocalTran\front-bar011525130000.req.7.new | card
+put c:\Program Files\X-Charge\LocalTran\FRONT-BAR-2011525130000.tmp | other's
+at 500 ms: first track %B5500000000000004^OTHER/GUEST^2809
+at 900 ms: press Enter Manually
+at 1 s: first track %B5500000000000004^OTHER/GUEST^2809
+at 1.5 s: first track %B5500000000000004^OTHER/GUEST^2809%B4111111111111111^TEST/ROSALIND A^28091010000000000000?
+at 1.5 s: second track ;4111111111111111=28091010000000000?
+shows
+== screen
+- audit $48.50
+== status
+  Waiting for You to Swipe the Card
++ Waiting for Card Number 
+== payment
+  takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
++ left FRONT-BAR-2011525130000.tmp
++ left front-bar011525130000.req.7.new
+== CCLastProcess.dat
+  On Wednesday 01/15/2025 at 01:05 PM
++   REQUEST OF A TENDER THAT WAS ENDED - receipt , amount , card XXXX XXXX XXXX  - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130000.tmp
++   IT IS REMOVED
+- New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
++ New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130503.req
+== TRACELOG.TXT
++ REQUEST OF A TENDER THAT WAS ENDED - receipt , amount , card XXXX XXXX XXXX  - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130000.tmp
++ IT IS REMOVED
+
+story local approved by command line beside a swipe, like approved
+put C:\Lumbrio\X1009Version.dat |
+at 900 ms: swipe
+
+story local approved swiped without a second track, like local approved
+at 500 ms: first track %B4111111111111111^TEST/ROSALIND A^28091010000000000000?
+at 900 ms: second track +9?
+shows
+== screen
+- audit $48.50
+== payment
+  takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?+9?","48.5","99999"
+
+story local approved swiped without a slash, like local approved
+at 500 ms: first track %B5500000000000004^HARBOUR TABLE^2501101?
+at 500 ms: second track ;4111111111111111=28091010000000000?
+at 900 ms: second track ;4111111111111111=28091010000000000?+9?
+shows
+== screen
+- card or result %B4111111111111111^
+- audit $48.50
++ card or result %B5500000000000004^
+- card 4111111111111111
+- ...
+- last name TEST
++ card 5500000000000004
++ expires 2501
++ first name  
++ last name HARBOUR TABLE
+== payment
+  takes "C1","7","1043","5500000000000004","%B5500000000000004^HARBOUR TABLE^2501101?;4111111111111111=28091010000000000?","48.5","99999"
+== records
+- CCNumb D3456789:;<=>?@A
+- CCExpDate 0928
+- CCName ROSALIND A TEST
++ CCNumb E73456789:;<=>?D
++ CCExpDate 0125
++ CCName HARBOUR TABLE
+- HiddenNumb XXXX XXXX XXXX 1111
++ HiddenNumb XXXX XXXX XXXX 0004
+== slips
+- Name: ROSALIND A TEST
+- Card: #### #### #### 1111  TransRecord 1
++ Name: HARBOUR TABLE
++ Card: #### #### #### 0004  TransRecord 1
+-         ROSALIND A TEST               
++           HARBOUR TABLE               
+- Name: ROSALIND A TEST
+- Card: #### #### #### 1111
++ Name: HARBOUR TABLE
++ Card: #### #### #### 0004
+-        ROSALIND A TEST               
++          HARBOUR TABLE               
+== Xsend.ans
+- "XXXX XXXX XXXX 1111           "
++ "XXXX XXXX XXXX 0004           "
+- "ROSALIND A TEST               "
++ "  HARBOUR TABLE               "
+== CCLastProcess.dat
+- First Name - ROSALIND A
+- ...
+- Card Expires on - 2809
++ First Name -  
++ Last Name - HARBOUR TABLE
++ Card Number Ready - XXXX XXXX XXXX 0004
++ Card Expires on - 2501
+== TRACELOG.TXT
+-   CCdata.CCNumb - D3456789:;<=>?@A              
++   CCdata.CCNumb - E73456789:;<=>?D              
+-   CCdata.HiddenNumb - XXXX XXXX XXXX 1111           
++   CCdata.HiddenNumb - XXXX XXXX XXXX 0004           
+-   CCdata.CCName - ROSALIND A TEST               
++   CCdata.CCName -   HARBOUR TABLE               
+
+story local approved typed, like local approved
+type card 4111111111111111 0928 123
+at 500 ms: press Enter Manually
+shows
+== screen
+- card or result %B4111111111111111^
+- audit $48.50
++ card or result 4111111111111111
+- first name ROSALIND A
+- last name TEST
+== status
+- Validating Card Number 
+- Just a Moment Please 
+- Dialing for Card Approval
+== payment
+  takes "C1","7","1043","4111111111111111","2809","48.5","99999","123"
+== records
+- CCName ROSALIND A TEST
++ CCName 
+- CCVerify 000
+- CCSwiped True
++ CCVerify 123
++ CCSwiped False
+== slips
+- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 2
+- Name: ROSALIND A TEST
++ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 1
++ Name: 
+-         ROSALIND A TEST               
+  01/15/25  01:05 PM  1043 - 7 Rosalind - 12
+- Name: ROSALIND A TEST
++ Name: 
+-        ROSALIND A TEST               
+== Xsend.ans
+- "ROSALIND A TEST               "
++ "                              "
+== CCLastProcess.dat
+- First Name - ROSALIND A
+- Last Name - TEST
++ Card number was manually type in
++ Xcharge2 calling approval engine 
++ **********************************************************
++ First Name - 
++ Last Name - 
+- New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
++ New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130500.req
+- Actual Seconds for Response  2
++ Actual Seconds for Response  1
+-   Printing Merchant 2
++   Printing Merchant 1
+== TRACELOG.TXT
+-   CCdata.CCName - ROSALIND A TEST               
++   CCdata.CCName -                               
+
+story local approved typed at once, like local approved typed
+put C:\Lumbrio\CCard.dat | x\n\n-1\n-1\n-1\n-1\n-1\n-1\n0\n-1\n
+put F:\Lumbrio\Data\CCnoPREauth.dat |
+type card 4111111111111111 0928
+at 500 ms: press Enter Manually
+shows
+== screen
+- kind PreAuth
++ kind Purchase
+== payment
+  takes "C6","7","1043","4111111111111111","2809","58.2","99999"
+== records
+- CCSaleAmt 48.50
++ CCSaleAmt 58.2
+- CCApprovedAmt 
++ CCApprovedAmt 58.2
+- CCVerify 123
++ CCVerify 
+== CCLastProcess.dat
+- Amount Sent - 48.5
++ Amount Sent - 58.2
+== TRACELOG.TXT
+-   Val(TndrNOpreAUTH) - 0-  0 =False -1=True
++   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
+
+story local approved typed with the defaults, like local approved typed
+put C:\Lumbrio\Xsend.req | ,,,48.50\r\n
+type card 5500000000000004 1130 000
+at 500 ms: press Enter Manually
+shows
+== screen
+  card or result 5500000000000004
+  with gratuity $57.23
+  gratuity %18
+  command line False
+  partial support YES
+  kind PreAuth
+  card 5500000000000004
+  expires 3011
+== payment
+  takes "C1","9999","999","5500000000000004","3011","48.5","99999"
+== records
+- CCNumb D3456789:;<=>?@A
+- CCExpDate 0928
++ CCNumb E73456789:;<=>?D
++ CCExpDate 1130
+- CCServer 7
+- CCTable 12
++ CCServer 9999
++ CCTable 999
+- CCReceipt 1043
++ CCReceipt 999
+- CCVerify 123
++ CCVerify 000
+- HiddenNumb XXXX XXXX XXXX 1111
++ HiddenNumb XXXX XXXX XXXX 0004
+== slips
+- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 1
++ 01/15/25  01:05 PM  999 - 9999  - 999 - 1
+- Card: #### #### #### 1111  TransRecord 1
++ Card: #### #### #### 0004  TransRecord 1
+- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12
++ 01/15/25  01:05 PM  999 - 9999  - 999
+- Card: #### #### #### 1111
++ Card: #### #### #### 0004
+== Xsend.ans
+- "1043                "
+- ...
+- "12        "
++ "999                 "
++ "XXXX XXXX XXXX 0004           "
++ "9999      "
++ "999       "
+== CCLastProcess.dat
+- Employee Number # 7
++ Employee Number # 
+- Table Number - 12
+- Receipt Number - 1043
+- Server (Employee) Number - 7
++ Table Number - 
++ Receipt Number - 
++ Server (Employee) Number - 
+- Card Number Ready - XXXX XXXX XXXX 1111
+- Card Expires on - 2809
++ Card Number Ready - XXXX XXXX XXXX 0004
++ Card Expires on - 3011
+== TRACELOG.TXT
+-   CCdata.CCNumb - D3456789:;<=>?@A              
++   CCdata.CCNumb - E73456789:;<=>?D              
+-   CCdata.HiddenNumb - XXXX XXXX XXXX 1111           
+-   CCdata.CCServer - 7         
+-   CCdata.CCTable - 12        
++   CCdata.HiddenNumb - XXXX XXXX XXXX 0004           
++   CCdata.CCServer - 9999      
++   CCdata.CCTable - 999       
+
+story local card before the request, like cancelled before a swipe
+first track %B4111111111111111^TEST/ROSALIND A^28091010000000000000?
+second track ;4111111111111111=28091010000000000?
+shows
+- == Xsend.ans
+== end
+  stays
+== CCLastProcess.dat
+- Cancel was pressed
+- Unable to Connect - Internet may be down 
+- Actual Seconds waited for Response  0
+
+story local setup and removal, like local cancelled in the wait
+put c:\Program Files\X-Charge\Xchrgsrv.exe | program
+put F:\Lumbrio\ini\3\ButtonAM.dat | "1111","Margaret Manager","01/01/2030"\r\n
+answer Cancel
+answer Ok
+payment keeps silent
+when the manager is asked: pass 2 s
+when the manager is asked: approve NO
+when the manager is asked (2): approve Margaret Manager
+at 350 ms: first track %B4111111111111111^TEST/ROSALIND A^28091010000000000000?
+at 400 ms: press Warning, though disabled
+at 400 ms: press Start Xcharge
+at 400 ms: press CONFIG
+at 2.45 s: press CONFIG
+at 52 s: press Warning
+at 52 s: press Warning
+shows
+- == Xsend.ans
+== end
+  waits
+== status
+- Validating Card Number 
+  Dialing for Card Approval
++ Connection Problems Press Cancel
+== payment
+  starts c:\Program Files\X-Charge\Xchrgsrv.exe / T
+  left FRONT-BAR011525130503.req
+== boxes
+  [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
+  [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
+== asked
+  Open the card setup $48.50
+  Open the card setup $48.50
+  setup
+  remove
+== CCLastProcess.dat
+- New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
+- ...
+- Actual Seconds waited for Response  29
++ New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130503.req

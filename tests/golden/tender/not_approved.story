@@ -1,0 +1,591 @@
+story declined, like approved without a card
+bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
+shows
+- == slips
+== screen
+- card or result Approved
++ card or result Declined
+== status
+- Approved
+- Approved Printing Receipt
+- Please Click Finish Tender
++ Declined
++ Please Click Cancel
+== records
+- CCNumb 
++ CCNumb D63579;=?ACE=
+- CCName 
++ CCName ROSALIND/TEST
+- CResponse SUCCESS
+- CApprovalCode 012345
+- CCstatus Approved
++ CResponse DECLINED
++ CApprovalCode 
++ CCstatus Declined
+- CCGiftFlag 
++ CCGiftFlag GS
+- HiddenNumb XXXX XXXX XXXX
+- CCaditionalFUNDS 0
++ HiddenNumb XXXXXXXXXXXX1234
++ CCaditionalFUNDS 18.50
+== Xsend.ans
+- "Approved"
++ "Declined"
++ "Declined"
+- "012345    "
++ "          "
+- "XXXX XXXX XXXX                "
++ "XXXXXXXXXXXX1234              "
+- "                              "
+- "SUCCESS             "
++ "ROSALIND/TEST                 "
++ "DECLINED            "
+== CCLastProcess.dat
+-   SECONDS = 8
++   SECONDS = 3
+- RESULT=SUCCESS
+- APPROVALCODE=012345
++ RESULT=DECLINED
++ XCACCOUNTID=7401234567890
++ ACCOUNT=XXXXXXXXXXXX1234
++ NAME=ROSALIND/TEST
++ ADDITIONALFUNDSREQUIRED=18.50
+-  CCmerchant.VRD is not in C:\Lumbrio\
+-  CCmerchant.VRD is not in F:\Lumbrio\
+-   Printing Merchant 8
+== TRACELOG.TXT
+-   TndrRESULT - Approved
++   TndrRESULT - Declined
+-   CCdata.CApprovalCode - 012345    
+-   CCdata.CCaditionalFUNDS - 0         
++   CCdata.CApprovalCode -           
++   CCdata.CCaditionalFUNDS - 18.50     
+-   CCdata.CCNumb -                               
++   CCdata.CCNumb - D63579;=?ACE=                 
+-   CCdata.HiddenNumb - XXXX XXXX XXXX                
++   CCdata.HiddenNumb - XXXXXXXXXXXX1234              
+-   CCdata.CCName -                               
+-   CCdata.CCstatus - Approved  
+-   CCdata.CResponse - SUCCESS             
++   CCdata.CCName - ROSALIND/TEST                 
++   CCdata.CCstatus - Declined  
++   CCdata.CResponse - DECLINED            
+
+story declined at once, like declined
+put F:\Lumbrio\Data\CCnoPREauth.dat |
+bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
+shows
+== screen
+- kind PreAuth
++ kind Purchase
+== payment
+  starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+== records
+- in CCPending.dat
++ in data\CCFinal0125.dat
++ in data\0125CCdeleted.dat
+- in data\CCFinal0125.dat
+== CCLastProcess.dat
+- /TRANSACTIONTYPE:PreAuth
++ /TRANSACTIONTYPE:Purchase
+- /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
++ /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+== TRACELOG.TXT
+-   Val(TndrNOpreAUTH) - 0-  0 =False -1=True
++   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
+
+# The approval of the guest before must never stand for this one.
+story declined with an answer that cannot be made anew, like declined
+put C:\Lumbrio\Xsend.ans | "Approved"\r\n
+fail open .new
+bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
+
+story declined with an answer that cannot be renamed, like declined
+put C:\Lumbrio\Xsend.ans | "Approved"\r\n
+fail rename Xsend.ans
+bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
+
+story declined with an answer that cannot be written, like declined
+answer Ok
+put C:\Lumbrio\Xsend.ans | "Approved"\r\n
+fail rename Xsend.ans
+fail open Xsend.ans
+bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
+shows
+- == Xsend.ans
+== end
+  failed
+== boxes
+  [NO ANSWER FOR THE POINT OF SALE] The point of sale gets no answer (access denied). This tender ended without an approval. Tell the manager before the card is run again.
+  Receipt: 1043
+  Amount: $48.50
+  Approved: $0.00
+  C:\Lumbrio\Xsend.ans (Ok)
+== CCLastProcess.dat
+  ******************************************************
+  ------------------------------------------------------
++   ANSWER NOT WRITTEN - access denied - old one removed - C:\Lumbrio\Xsend.ans
+
+story declined with approvals of earlier runs about, like declined
+put C:\Lumbrio\XAudit.DAT | 50.00
+put C:\lumbrio\xResultFile.txt | RESULT=SUCCESS\r\n
+bank declines
+answer Ok
+when an old program is ended: bank approves now
+when a box is open: bank approves now
+shows
+== screen
+  card or result Declined
++ audit $50.00
+== boxes
+  [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL - This station may need a Re-Boot (Ok, Cancel)
+== records
+- CCNumb D63579;=?ACE=
++ CCNumb 
+- CCName ROSALIND/TEST
++ CCName 
+- CCGiftFlag GS
++ CCGiftFlag 
+- HiddenNumb XXXXXXXXXXXX1234
+- CCaditionalFUNDS 18.50
++ HiddenNumb XXXX XXXX XXXX
++ CCaditionalFUNDS 0
+== Xsend.ans
+- "XXXXXXXXXXXX1234              "
++ "XXXX XXXX XXXX                "
+- "ROSALIND/TEST                 "
++ "                              "
+== CCLastProcess.dat
+  **********************************************************
+                 
++   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500.txt
+    Setting a 20 second timer to wait for response
++   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500-2.txt
+- XCACCOUNTID=7401234567890
+- ...
+- ADDITIONALFUNDSREQUIRED=18.50
+== TRACELOG.TXT
++ A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500.txt
++ A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500-2.txt
+-   CCdata.CCaditionalFUNDS - 18.50     
++   CCdata.CCaditionalFUNDS - 0         
+-   CCdata.CCNumb - D63579;=?ACE=                 
++   CCdata.CCNumb -                               
+-   CCdata.HiddenNumb - XXXXXXXXXXXX1234              
++   CCdata.HiddenNumb - XXXX XXXX XXXX                
+-   CCdata.CCName - ROSALIND/TEST                 
++   CCdata.CCName -                               
+
+story timed out and cancelled, like declined
+payment answers: RESULT=TIMEOUT\r\n
+at 20 s: look
+  "Declined"
+  "Declined", 1 records, 0 slips
+at 20 s: press Cancel
+shows
+== status
+  Please Click Cancel
++ 
+== records
+- CCNumb D63579;=?ACE=
++ CCNumb 
+- CCName ROSALIND/TEST
++ CCName 
+- CResponse DECLINED
++ CResponse TIMEOUT
+- CCGiftFlag GS
++ CCGiftFlag 
+- HiddenNumb XXXXXXXXXXXX1234
+- CCaditionalFUNDS 18.50
++ HiddenNumb XXXX XXXX XXXX
++ CCaditionalFUNDS 0
+== Xsend.ans
+- "Declined"
+  "1043                "
+- "XXXXXXXXXXXX1234              "
++ "XXXX XXXX XXXX                "
+- "ROSALIND/TEST                 "
+- "DECLINED            "
++ "                              "
++ "TIMEOUT             "
+== CCLastProcess.dat
+- RESULT=DECLINED
+- ...
+- ADDITIONALFUNDSREQUIRED=18.50
++ RESULT=TIMEOUT
+  ------------------------------------------------------
++ Cancel was pressed
++ Unable to Connect - Internet may be down 
++ Actual Seconds waited for Response  16
+== TRACELOG.TXT
+-   CCdata.CCaditionalFUNDS - 18.50     
++   CCdata.CCaditionalFUNDS - 0         
+-   CCdata.CCNumb - D63579;=?ACE=                 
++   CCdata.CCNumb -                               
+-   CCdata.HiddenNumb - XXXXXXXXXXXX1234              
++   CCdata.HiddenNumb - XXXX XXXX XXXX                
+-   CCdata.CCName - ROSALIND/TEST                 
++   CCdata.CCName -                               
+-   CCdata.CResponse - DECLINED            
++   CCdata.CResponse - TIMEOUT             
+
+story cancelled in the wait, like declined
+put C:\Lumbrio\XAudit.DAT | 48.50
+payment keeps silent
+at 7 s: press Cancel, though disabled
+at 11.6 s: put F:\Lumbrio\ServerISBatching.dat |
+at 11.6 s: press Cancel
+shows
+- == TRACELOG.TXT
+== screen
+- card or result Declined
++ audit $48.50
+== status
+- Declined
+- Please Click Cancel
+== records
+  in data\CCFinal0125.dat
+== Xsend.ans
+- "Declined"
+  "1043                "
+- "XXXXXXXXXXXX1234              "
++ "XXXX XXXX XXXX                "
+- "ROSALIND/TEST                 "
+- "DECLINED            "
++ "                              "
++ "                    "
+== CCLastProcess.dat
+-   Got the answer file
+-  Total seconds it took for Rosalind Test swipe and Xcharge response
+-   SECONDS = 3
+-   Calling Xcharge Reader
+- ------------------------------------------------------
+- ***********  X CHARGE RESPONSE INFO  ******************
+- Response File Name c:\Lumbrio\xResultFile.Txt
+- ------------------------------------------------------
+- RESULT=DECLINED
+- XCACCOUNTID=7401234567890
+- ACCOUNT=XXXXXXXXXXXX1234
+- NAME=ROSALIND/TEST
+- ADDITIONALFUNDSREQUIRED=18.50
+- End File Data c:\Lumbrio\xResultFile.Txt
+- ******************************************************
+- ------------------------------------------------------
++ Cancel was pressed
++ Unable to Connect - Internet may be down 
++ Actual Seconds waited for Response  11
+
+story cancelled before a swipe, like cancelled in the wait
+erase C:\Lumbrio\X1009Version.dat
+at 5 s: press Cancel
+shows
+- == payment
+- == records
+== screen
+- audit $48.50
+  name of server Rosalind Test
+- command line True
++ command line False
+== status
+  Waiting for You to Swipe the Card
+== Xsend.ans
+  "Declined"
+  "          "
+  "          "
+  "                    "
+  "                              "
+  "          "
+  "          "
+  "          "
+  "                              "
+  "                    "
+== CCLastProcess.dat
+- USING 10/2009 VERSION  
+                 
+- ******************************************************
+- ...
+-   Setting a 20 second timer to wait for response
+  Unable to Connect - Internet may be down 
+- Actual Seconds waited for Response  11
++ Actual Seconds waited for Response  0
+
+story payment application missing, like cancelled in the wait
+erase c:\Program Files\X-charge\Xcharge.exe
+answer Ok
+shows
+- == payment
+- == Xsend.ans
+== screen
+- audit $48.50
+== status
+- 
+== boxes
+  [Data File Not Found] The Xcharge Program was not found on this computer. Xcharge must first be installed on this computer before you can process a credit card. Pless contact Tech Support at 555-010-0199. (Ok)
+== CCLastProcess.dat
+- ******************************************************
+- ...
+- Actual Seconds waited for Response  11
+
+story audit refused, like payment application missing
+put C:\Lumbrio\XAudit.DAT | 50.00
+answer Cancel
+shows
+== screen
++ card or result Wrong Amount
++ audit $50.00
+== status
+  Waiting for Xcharge Interface
++ Please Click Cancel
+== boxes
+  [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL - This station may need a Re-Boot (Ok, Cancel)
+== records
++ in CCPending.dat
++ CCNumb 
++ CCExpDate 
++ CCName 
++ CCSaleAmt 
++ CCServer 
++ CCTable 
++ CCTabAmt 
++ CCApprovedAmt 
++ CResponse 
++ CApprovalCode 
++ CCstatus 
++ CCTip 
++ CCReceipt 
++ CCDate 
++ CCTime 
++ CCVerify 000
++ CCSwiped True
++ CCStation 
++ CCGiftFlag 
++ CCaditionalFUNDS 0
++ CCReserved2 
+== Xsend.ans
+  ""
+  ""
+  "          "
+  "          "
+  "                    "
+  "                              "
+  "          "
+  "          "
+  "          "
+  "                              "
+  "                    "
+== TRACELOG.TXT
+  
+  ******  Make Respone File For Lumbrio ******
+  
+    File Name - C:\Lumbrio\Xsend.ans
+    TndrRESULT - 
+    CCdata.CCTabAmt  -           
+    CCdata.CApprovalCode -           
+    CCdata.CCaditionalFUNDS - 0         
+    CCdata.GCbalance -           
+    CCdata.CCNumb -                               
+    CCdata.CCtype -           
+    CCdata.HiddenNumb -                               
+    CCdata.CCServer -           
+    CCdata.CCTable -           
+    CCdata.CCTroutID -           
+    CCdata.CCName -                               
+    CCdata.CCstatus -           
+    CCdata.CResponse -                     
+    Val(TndrNOpreAUTH) - 0-  0 =False -1=True
+  
+  ******  END Respone File For Lumbrio ******
+  
+
+story amount missing, like payment application missing
+put C:\Lumbrio\Xsend.req | 12,1043,7,$48.50\r\n
+put C:\Lumbrio\XAudit.DAT | 48.50
+answer Ok
+shows
+- == records
+== screen
+- with gratuity $57.23
++ with gratuity $0.00
+== boxes
+  [ZERO AMOUNT] The system was not able to obtain the amount of this TAB. Please Press Cancel and try again. (Ok)
+== XAudit.DAT
+  48.50 (no end of line)
+== CCLastProcess.dat
+- Sale Amount - 48.50
++ Sale Amount - $48.50
+
+story old result that cannot be deleted, like payment application missing
+put C:\lumbrio\xResultFile.txt |
+fail rename xResultFile.txt
+answer Ok
+shows
+== boxes
+  [Result File] The result of an earlier card cannot be removed from this computer, so this card was not charged. Please try again, or restart this station. (Ok)
+== Xsend.ans
+  "Declined"
+  "48.50     "
+  "          "
+  "1043                "
+  "XXXX XXXX XXXX                "
+  "7         "
+  "12        "
+  "          "
+  "                              "
+  "                    "
+== CCLastProcess.dat
+  **********************************************************
+                 
++   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied
++ ******************************************************
++ ******************************************************
++ ***********  X CHARGE REQUEST INFO  ******************
++ /TRANSACTIONTYPE:PreAuth
++ /LOCKTRANTYPE
++ /AMOUNT:48.50
++ /LOCKAMOUNT
++ /RECEIPT:1043
++ /LOCKRECEIPT
++ /CLERK:7
++ /LOCKCLERK
++ /RESULTFILE:C:/lumbrio/xResultFile.txt
++ /AUTOCLOSE
++ /PartialApprovalSupport:T
++ /USERID:pos
++ /PASSWORD:trelva
++ /STAYONTOP
++ /SMARTAUTOPROCESS
++ /HIDEMAINMENU
++ /GETXCACCOUNTID
++ /TOOLBAREXITBUTTON
++ /LARGEWINDOW
++ /TITLE:Lumbrio-Credit_Card_Processing 
++ ------------------------------------------------------
++ c:\Program Files\X-charge\Xcharge.exe
++ /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
++ Calling Set Data
++                
++   Setting a 20 second timer to wait for response
++   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied
++   OLD RESULT CANNOT BE DELETED - C:/lumbrio/xResultFile.txt
+== TRACELOG.TXT
+  A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied
+  A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied
+
+story data folder missing, like payment application missing
+erase F:\Lumbrio\data
+answer Ok
+shows
+- == records
+== end
+  failed
+== screen
+- name of server Rosalind Test
++ name of server XXXXXX
+== boxes
+  [] Creating failed: not there
+  F:\Lumbrio\\data\CCFinal0125.dat
+  
+  No card was charged. Try again; if this comes back, call the manager. (Ok)
+
+story request missing, like payment application missing
+erase C:\Lumbrio\Xsend.req
+put C:\Lumbrio\XAudit.DAT | 48.50
+answer Ok
+when a box is open: look
+  "File Not Found"
+  "   , 0 records, 0 slips
+shows
+- == records
+== screen
+- server 7
+- ...
+- name of server Rosalind Test
+== boxes
+  [Data File Not Found] The Lumbrio Transaction File for this transaction was Not Found. Pless OK to continue and  Go back to the Tender screen and try again. (Ok)
+== Xsend.ans
+  "File Not Found"
+  "          "
+  "          "
+  "                    "
+  "                              "
+  "          "
+  "          "
+  "          "
+  "                              "
+  "                    "
+== CCLastProcess.dat
+  ===========================================================
+  Process Started
+  On Wednesday 01/15/2025 at 01:05 PM
+
+story configuration locked, like request missing
+lock LumbrioINI.dat
+answer Ok
+shows
+- == Xsend.ans
+== end
+  failed
+== boxes
+  [] Locking failed: locked by another
+  C:\Lumbrio\LumbrioINI.dat
+  
+  No card was charged. Try again; if this comes back, call the manager. (Ok)
+
+story server busy, like request missing
+put F:\Lumbrio\ServerISBatching.dat |
+put C:\Lumbrio\Xsend.ans | old\r\n
+when the server is busy: press Picture
+when the server is busy: look
+  no answer, 0 records, 0 slips, hidden
+when the server is busy: end
+shows
+- == boxes
+- == Xsend.ans
+
+story helper of another role, like payment application missing
+role TndrMGR
+put C:\Lumbrio\Xsend.req | 12,1043,7,0\r\n
+put F:\Lumbrio\ServerISBatching.dat |
+shows
+- == boxes
+- == records
+== end
+  stays
+== screen
+- with gratuity $57.23
++ with gratuity $0.00
+== CCLastProcess.dat
+- EXE name ********* TndrCC
++ EXE name ********* TndrMGR
+- Sale Amount - 48.50
++ Sale Amount - 0
+
+story wait counts, like cancelled in the wait
+payment keeps silent
+watch
+shows
+- == Xsend.ans
+== end
+  waits
+== screen
+- audit $48.50
+== status
+  
++ Connection Problems Press Cancel
+== payment
++ starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+== watched
+  0, 0 starts, 
+  100, 0 starts, PLEASE WAIT
+  100, 0 starts, Waiting for Xcharge Interface
+  100 Cancel, 0 starts, Waiting for Xcharge Interface
+  600 counting, 1 starts, Waiting for Xcharge Interface
+  8600 Cancel panel counting, 1 starts, Waiting for Xcharge Interface
+  10200 Cancel panel counting, 1 starts, 
+  47640 Cancel panel warning red ribbons counting, 1 starts, 
+  48600 Cancel panel warning red ribbons counting, 2 starts, 
+  49560 Cancel panel warning red ribbons counting, 2 starts, Connection Problems Press Cancel
+== CCLastProcess.dat
+- Cancel was pressed
+- Unable to Connect - Internet may be down 
+- Actual Seconds waited for Response  11

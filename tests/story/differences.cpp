@@ -1,0 +1,224 @@
+#include "story/differences.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace story {
+
+namespace {
+
+constexpr const char *kMore = "- ...";
+constexpr std::size_t kLongRun = 4; // gone lines in a row from which on they are shortened
+
+/// Lines of `before` that are gone, and lines of `now` in their place.
+struct Hunk {
+    std::size_t at = 0, end = 0; // in `before`
+    std::size_t nowAt = 0, nowEnd = 0;
+};
+
+/// The lengths of the longest common parts of what follows each pair of places.
+std::vector<std::vector<std::size_t>> commonLengths(const Lines &before, const Lines &now)
+{
+    std::vector<std::vector<std::size_t>> length(before.size() + 1,
+                                                 std::vector<std::size_t>(now.size() + 1));
+    for (std::size_t i = before.size(); i-- > 0;)
+        for (std::size_t j = now.size(); j-- > 0;)
+            length[i][j] = before[i] == now[j] ? length[i + 1][j + 1] + 1
+                                               : std::max(length[i + 1][j], length[i][j + 1]);
+    return length;
+}
+
+std::vector<Hunk> hunksOf(const Lines &before, const Lines &now)
+{
+    const auto length = commonLengths(before, now);
+    std::vector<Hunk> hunks;
+    std::size_t i = 0;
+    std::size_t j = 0;
+    while (i < before.size() || j < now.size()) {
+        if (i < before.size() && j < now.size() && before[i] == now[j]) {
+            ++i, ++j;
+            continue;
+        }
+        if (hunks.empty() || hunks.back().end != i || hunks.back().nowEnd != j)
+            hunks.push_back({i, i, j, j});
+        if (j == now.size() || (i < before.size() && length[i + 1][j] >= length[i][j + 1]))
+            hunks.back().end = ++i;
+        else
+            hunks.back().nowEnd = ++j;
+    }
+    return hunks;
+}
+
+Lines shownGone(const Lines &before, const Hunk &hunk, bool shortened)
+{
+    const std::size_t count = hunk.end - hunk.at;
+    if (shortened && count == before.size() && count > 1)
+        return {kMore};
+    if (shortened && count >= kLongRun)
+        return {"- " + before[hunk.at], kMore, "- " + before[hunk.end - 1]};
+    Lines shown;
+    for (std::size_t i = hunk.at; i < hunk.end; ++i)
+        shown.push_back("- " + before[i]);
+    return shown;
+}
+
+/// Reads differences, a hunk at a time, and finds the place of each.
+class Reader {
+public:
+    Reader(const Lines &theBefore, const Lines &theShown) : before(theBefore), shown(theShown) {}
+
+    std::optional<Lines> read()
+    {
+        while (next < shown.size())
+            if (!readHunk())
+                return {};
+        made.insert(made.end(), before.begin() + offset(place), before.end());
+        return made;
+    }
+
+private:
+    static std::ptrdiff_t offset(std::size_t n) { return static_cast<std::ptrdiff_t>(n); }
+    Lines take(char mark)
+    {
+        Lines taken;
+        for (; next < shown.size() && shown[next][0] == mark && shown[next][1] == ' '; ++next)
+            taken.push_back(shown[next].substr(2));
+        return taken;
+    }
+    /// Where the gone lines that begin here end; npos when they do not begin here.
+    std::size_t endOfGone(std::size_t at, const Lines &gone) const
+    {
+        if (gone.size() == 1 && gone[0] == "...")
+            return at == 0 ? before.size() : std::string::npos;
+        if (gone.size() == 3 && gone[1] == "...") {
+            if (at >= before.size() || before[at] != gone[0])
+                return std::string::npos;
+            for (std::size_t last = at + kLongRun - 1; last < before.size(); ++last)
+                if (before[last] == gone[2])
+                    return last + 1;
+            return std::string::npos;
+        }
+        return stand(at, gone) ? at + gone.size() : std::string::npos;
+    }
+    bool stand(std::size_t at, const Lines &lines) const
+    {
+        return at + lines.size() <= before.size() &&
+               std::equal(lines.begin(), lines.end(), before.begin() + offset(at));
+    }
+    bool readHunk()
+    {
+        const std::size_t begun = next;
+        const Lines context = take(' ');
+        const Lines gone = take('-');
+        const Lines added = take('+');
+        if (next == begun)
+            return false; // no mark of ours
+        for (std::size_t at = place; at <= before.size(); ++at) {
+            const std::size_t goneAt = at + context.size();
+            if (!stand(at, context) || endOfGone(goneAt, gone) == std::string::npos)
+                continue;
+            made.insert(made.end(), before.begin() + offset(place),
+                        before.begin() + offset(goneAt));
+            made.insert(made.end(), added.begin(), added.end());
+            place = endOfGone(goneAt, gone);
+            return true;
+        }
+        return false;
+    }
+
+    const Lines &before;
+    const Lines &shown;
+    std::size_t next = 0;
+    std::size_t place = 0; // in `before`
+    Lines made;
+};
+
+/// Adds a hunk with as little around it as makes the place clear.
+void addHunk(Lines &shown, const Lines &before, const Lines &now, const Hunk &hunk,
+             std::size_t after)
+{
+    const auto from = [](const Lines &lines, std::size_t n) {
+        return lines.begin() + static_cast<std::ptrdiff_t>(n);
+    };
+    Lines wanted(now.begin(), from(now, hunk.nowEnd));
+    wanted.insert(wanted.end(), from(before, hunk.end), before.end());
+    for (const bool shortened : {true, false})
+        for (std::size_t context = 0; context <= hunk.at - after; ++context) {
+            Lines tried = shown;
+            for (std::size_t i = hunk.at - context; i < hunk.at; ++i)
+                tried.push_back("  " + before[i]);
+            const Lines gone = shownGone(before, hunk, shortened);
+            tried.insert(tried.end(), gone.begin(), gone.end());
+            for (std::size_t j = hunk.nowAt; j < hunk.nowEnd; ++j)
+                tried.push_back("+ " + now[j]);
+            if (applied(before, tried) == wanted) {
+                shown = tried;
+                return;
+            }
+        }
+}
+
+/// How many bytes of a letter of UTF-8 begin here; 0 when it is none or plain ASCII.
+std::size_t lengthOfLetter(const std::string &text, std::size_t at)
+{
+    const auto first = static_cast<unsigned char>(text[at]);
+    const std::size_t length = first < 0xC2 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 0;
+    for (std::size_t i = at + 1; i < at + length; ++i)
+        if (i >= text.size() || (static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80)
+            return 0;
+    return length;
+}
+
+} // namespace
+
+Lines differences(const Lines &before, const Lines &now)
+{
+    Lines shown;
+    std::size_t after = 0;
+    for (const Hunk &hunk : hunksOf(before, now)) {
+        addHunk(shown, before, now, hunk, after);
+        after = hunk.end;
+    }
+    return shown;
+}
+
+std::optional<Lines> applied(const Lines &before, const Lines &differences)
+{
+    return Reader(before, differences).read();
+}
+
+std::string plain(const std::string &text)
+{
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string line;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto code = static_cast<unsigned char>(text[i]);
+        if (const std::size_t length = lengthOfLetter(text, i); length > 0) {
+            line += text.substr(i, length);
+            i += length - 1;
+        } else if (code == '\r' || code == '\n' || code == 0) {
+            line += code == '\r' ? "\\r" : code == '\n' ? "\\n" : "\\0";
+        } else if (code < 0x20 || code >= 0x7F) {
+            line += std::string("\\x") + kDigits[code / 16] + kDigits[code % 16];
+        } else {
+            line += text[i];
+        }
+    }
+    return line;
+}
+
+Lines linesOf(const std::string &bytes)
+{
+    Lines lines;
+    std::size_t from = 0;
+    for (std::size_t end = 0; (end = bytes.find('\n', from)) != bytes.npos; from = end + 1) {
+        const bool pair = end > from && bytes[end - 1] == '\r';
+        lines.push_back(plain(bytes.substr(from, end - from - (pair ? 1 : 0))) +
+                        (pair ? "" : "\\n"));
+    }
+    if (from < bytes.size())
+        lines.push_back(plain(bytes.substr(from)) + " (no end of line)");
+    return lines;
+}
+
+} // namespace story
