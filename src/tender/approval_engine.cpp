@@ -39,7 +39,7 @@ void Tender::Approval_Engine()
     fields.boxesLocked = true;
     for (CommandState *command : {&fields.enterManually, &fields.clear, &fields.view})
         command->enabled = false;
-    view.focus(TenderBox::FirstTrack);
+    display.view.focus(TenderBox::FirstTrack);
     printing::Set_Printer(app, printer);
     Set_Data();
     waitTimer.setInterval(kWaitTimer);
@@ -91,6 +91,7 @@ LocalRequest Tender::fillRequest()
 bool Tender::placeRequest(const LocalRequest &request)
 {
     local = localFiles(app.values, app.clock.now());
+    fields.requestAtServer = true;
     // An earlier card's, of a clock that was set back.
     clearResult(app, local.answer);
     platform::Found found = platform::Found::Nothing;
@@ -160,7 +161,7 @@ bool Tender::waitForAnswer()
         setWaitCount(count);
         if (count >= kCancelFrom)
             fields.cancel.enabled = true;
-        show();
+        display.show();
         app.yield();
     }
 }
@@ -221,8 +222,8 @@ bool Tender::readAnswer()
     fields.result = true;
     fields.approved = word == "Approved";
     fields.cancel.enabled = !fields.approved;
-    status(word + "\r\n" + code);
-    statusPainted(word + " - " + code);
+    display.status(word + "\r\n" + code);
+    display.statusPainted(word + " - " + code);
     return true;
 }
 
@@ -298,7 +299,7 @@ void Tender::startPaymentServer()
 {
     app.system.start(app.values.paymentDirectory + "Xchrgsrv.exe / T",
                      platform::WindowStyle::Normal);
-    view.focus(TenderBox::FirstTrack);
+    display.view.focus(TenderBox::FirstTrack);
 }
 
 } // namespace tender

@@ -40,11 +40,11 @@ void Tender::takeFirstTrack(const std::string &typed)
         text.erase(0, start);
     platform::setSecret(fields.firstTrack, std::move(text));
     platform::setSecret(fields.cardOrResult, Left(fields.firstTrack, kShownOfSwipe));
-    show();
+    display.show();
     const bool ended = endsTrack(fields.firstTrack);
     settleTimer.setInterval(ended ? kSettleTime : 0);
     if (ended)
-        view.focus(TenderBox::SecondTrack);
+        display.view.focus(TenderBox::SecondTrack);
 }
 
 void Tender::takeSecondTrack(const std::string &typed)
@@ -56,7 +56,7 @@ void Tender::takeSecondTrack(const std::string &typed)
     if (text == "%") {
         platform::wipe(fields.secondTrack);
         takeFirstTrack(text);
-        view.focus(TenderBox::FirstTrack);
+        display.view.focus(TenderBox::FirstTrack);
         return;
     }
     platform::setSecret(fields.secondTrack, std::move(text));
@@ -71,7 +71,7 @@ void Tender::captureSwipe()
     fields.cardTaken = true;
     fields.statusRed = true;
     fields.sharedCount = "0";
-    status("Validating Card Number ");
+    display.status("Validating Card Number ");
     settleTimer.setInterval(kSettleTime);
     while (fields.sharedCount == "0" && !app.ending())
         app.yield();
@@ -98,7 +98,7 @@ void Tender::Get_Number()
     TrackData += second;
     platform::wipe(second);
     fields.statusRed = true;
-    status("Just a Moment Please ");
+    display.status("Just a Moment Please ");
     std::optional<CardData> card = parseTrack(TrackData);
     if (!card) {
         invalidCard();
@@ -113,7 +113,7 @@ void Tender::Get_Number()
     fields.firstName = card->firstName;
     fields.lastName = card->lastName;
     fields.statusRed = false;
-    status("Dialing for Card Approval");
+    display.status("Dialing for Card Approval");
     if (app.values.managerCheckMode == "100")
         fields.cardTaken = false; // a manager's card is read, not charged
     else
@@ -153,8 +153,8 @@ void Tender::resetCapture()
     fields.cardTaken = false;
     wipeCard();
     fields.statusRed = false;
-    status("Waiting for Card Number ");
-    view.focus(TenderBox::FirstTrack);
+    display.status("Waiting for Card Number ");
+    display.view.focus(TenderBox::FirstTrack);
 }
 
 void Tender::clearSwipe()
@@ -169,9 +169,9 @@ void Tender::enterManually()
         return;
     settleTimer.setInterval(0); // of a swipe that nobody waits for any more
     fields.cardTaken = true;
-    view.setTopMost(false);
-    const std::optional<TypedCard> card = view.askCard();
-    view.setTopMost(true);
+    display.view.setTopMost(false);
+    const std::optional<TypedCard> card = display.view.askCard();
+    display.view.setTopMost(true);
     fields.cardTaken = false;
     if (app.ending())
         return;
@@ -180,7 +180,7 @@ void Tender::enterManually()
     else if (!fields.firstTrack.empty())
         resetCapture(); // half a swipe that nobody waited for
     else
-        view.focus(TenderBox::FirstTrack);
+        display.view.focus(TenderBox::FirstTrack);
 }
 
 /// Kept: a typed card is tested neither for its expiry nor for its brand; the bank does both.
@@ -197,7 +197,7 @@ void Tender::enterTyped(const TypedCard &card)
     fields.lastName.clear();
     traceProcess(app, {"Card number was manually type in", "Xcharge2 calling approval engine ",
                        std::string(58, '*')});
-    show();
+    display.show();
     Approval_Engine();
 }
 
@@ -208,8 +208,8 @@ void Tender::showDigits()
         return;
     fields.cardMasked = false;
     fields.view.enabled = false;
-    show();
-    view.focus(TenderBox::FirstTrack);
+    display.show();
+    display.view.focus(TenderBox::FirstTrack);
 }
 
 } // namespace tender

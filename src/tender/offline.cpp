@@ -43,15 +43,15 @@ void Tender::Show_Offline_Panel() {}
 void Tender::showOfflinePanel()
 {
     fields.offlinePanelVisible = true;
-    show();
-    view.focus(TenderBox::KeepWaiting); // or Enter would press "Cancel"
+    display.show();
+    display.view.focus(TenderBox::KeepWaiting); // or Enter would press "Cancel"
 }
 
 void Tender::Hide_Offline_Panel()
 {
     fields.offlinePanelVisible = false;
-    show();
-    view.focus(TenderBox::FirstTrack);
+    display.show();
+    display.view.focus(TenderBox::FirstTrack);
 }
 
 /// The manager step's answer: "NO", or a name. Whatever the wait brings meanwhile waits for it. The
@@ -64,14 +64,14 @@ std::string Tender::askManager(const std::string &what)
     values.managerRequest = "XchargeAPPROVAL";
     values.managerCheckMode = "100";
     askingManager = true;
-    view.setTopMost(false);
-    view.askManager(what, Currency(fields.amount));
+    display.view.setTopMost(false);
+    display.view.askManager(what, Currency(fields.amount));
     while (values.managerResult.empty() && !app.ending())
         app.yield();
-    view.setTopMost(true);
+    display.view.setTopMost(true);
     askingManager = false;
     values.managerCheckMode.clear();
-    view.focus(TenderBox::FirstTrack);
+    display.view.focus(TenderBox::FirstTrack);
     return app.ending() ? "NO" : values.managerResult;
 }
 
@@ -190,7 +190,7 @@ void Tender::openSetup()
         return;
     const std::string manager = askManager("Open the card setup");
     if (!app.ending() && manager != "NO" && !answerHasCome())
-        view.showSetup();
+        display.view.showSetup();
     app.values.managerRequest.clear();
 }
 
@@ -205,7 +205,7 @@ void Tender::offerRemoval()
         "instructed by Tech Support to do so. Please press CANCEL now.",
         platform::Buttons::OkCancel);
     if (answer == platform::Answer::Ok && !answerHasCome() && !app.ending())
-        view.removePaymentApplication();
+        display.view.removePaymentApplication();
 }
 
 } // namespace tender

@@ -84,7 +84,7 @@ void Tender::declined()
     app.files.removeIfThere(auditFile(app.values));
     fields.cancel = {true, true};
     fields.finish.enabled = false;
-    status("Please Click Cancel");
+    display.status("Please Click Cancel");
     if (Left(app.values.CCdata.raw(CResponse), 1) == "T")
         stayForOperator();
     else
@@ -95,7 +95,7 @@ void Tender::stayForOperator()
 {
     answering = false;
     fields.waitCountVisible = true;
-    show();
+    display.show();
     showNotices();
 }
 
@@ -109,7 +109,7 @@ void Tender::outcomeUnknown(const std::string &result, const char *what, const c
     fields.unknown = true;
     fields.result = true;
     app.values.TndrRESULT = "Declined";
-    status(what);
+    display.status(what);
     const std::string trace = keepUnknown(app, result, reason);
     notices.push_back(unknownNotice(CCdata, what, reason, trace.empty() ? result : trace));
     writeAnswer(local.set() ? answerBlock("Declined", CCdata) : answerDeclined("Declined", CCdata));
@@ -204,7 +204,7 @@ void Tender::printSlips()
 {
     if (!isDeletedPrepayment(fields.table))
         printing::Set_Printer(app, printer);
-    statusPainted("Approved Printing Receipt");
+    display.statusPainted("Approved Printing Receipt");
     traceProcess(app, {templatePosition(app, app.values.Maindir),
                        templatePosition(app, app.values.Remotedir),
                        "  Printing Merchant " + fields.waitCount});
@@ -215,7 +215,7 @@ void Tender::printSlips()
 void Tender::printPartialSlips()
 {
     printing::Set_Printer(app, printer);
-    statusPainted("Approved Printing Receipt");
+    display.statusPainted("Approved Printing Receipt");
     traceProcess(app, {" this is a partial approval ", " not able to VRD "});
     printing::PrintPartial_Merch(app, printer, slipContext());
     printing::PrintPartial_Cust(app, printer, slipContext());
@@ -281,7 +281,7 @@ void Tender::finish()
 {
     app.files.removeIfThere(auditFile(app.values));
     fields.cancel.visible = false;
-    status("Please Click Finish Tender");
+    display.status("Please Click Finish Tender");
     endTender();
 }
 
@@ -303,7 +303,7 @@ void Tender::endTender()
 /// Each stays until somebody presses OK.
 void Tender::showNotices()
 {
-    show();
+    display.show();
     for (const platform::Notice &notice : std::exchange(notices, {}))
         app.dialogs.notice(notice);
     tellUnprinted(app, printer.takeUnprinted());
@@ -339,8 +339,8 @@ void Tender::finishTender()
 void Tender::switchGratuitySlip()
 {
     fields.gratuitySlip = fields.gratuitySlip == "NO" ? "YES" : "NO";
-    show();
-    view.focus(TenderBox::FirstTrack);
+    display.show();
+    display.view.focus(TenderBox::FirstTrack);
 }
 
 void Tender::setNoReceipt(bool checked)
@@ -353,8 +353,8 @@ void Tender::setNoReceipt(bool checked)
         app.files.createIfMissing(path);
     else
         app.files.removeIfThere(path);
-    show();
-    view.focus(TenderBox::FirstTrack); // the next swipe must not end in the check box
+    display.show();
+    display.view.focus(TenderBox::FirstTrack); // the next swipe must not end in the check box
 }
 
 } // namespace tender

@@ -112,7 +112,7 @@ bool Tender::auditRefused(bool localPath)
     // One that cannot be read agrees with no amount.
     const std::string audit = auditAmount(readExchange(app, path).text);
     fields.auditAmount = Currency(audit);
-    show();
+    display.show();
     if (amountsAgree(audit, fields.amount))
         return false;
     const platform::Answer answer = app.dialogs.message(
@@ -202,14 +202,14 @@ bool Tender::waitForResult(const std::string &commandLine)
             waiting = false;
             fields.waitCountVisible = false;
             fields.cancel.enabled = true; // the operator's way out
-            show();
+            display.show();
             return false;
         }
         setWaitCount(countNow());
         fields.sharedCount = fields.waitCount;
         if (done(looked)) // or the card may be charged already, and would be once more
             startPaymentAt(commandLine, shellAt);
-        show();
+        display.show();
         app.yield();
     }
 }
@@ -249,7 +249,7 @@ ReadResult Tender::readResult()
 {
     waiting = false;
     waitTimer.setInterval(0);
-    status("");
+    display.status("");
     fields.sharedCount = "10";
     traceProcess(app,
                  {"  Got the answer file",
@@ -266,7 +266,7 @@ void Tender::judgeResult()
     CardRecord &CCdata = app.values.CCdata;
     const std::string letter = Left(CCdata.raw(CResponse), 1);
     fields.cancel.enabled = true;
-    view.focus(TenderBox::Cancel);
+    display.view.focus(TenderBox::Cancel);
     answering = true;
     const bool success = letter == "S";
     fields.finish.enabled = success;
@@ -279,7 +279,7 @@ void Tender::judgeResult()
     fields.result = true;
     fields.approved = success;
     CCdata.set(CCstatus, app.values.TndrRESULT);
-    status(app.values.TndrRESULT);
+    display.status(app.values.TndrRESULT);
     encodeCardNumber(CCdata);
     if (!success)
         declined();

@@ -34,7 +34,7 @@ std::string batchMarker(const ProcessValues &values)
 } // namespace
 
 Tender::Tender(App &theApp, printing::Printer &thePrinter, TenderView &theView)
-    : app(theApp), printer(thePrinter), view(theView),
+    : app(theApp), printer(thePrinter), display(theView),
       settleTimer(app.clock, [this] { settleTimeOver(); }),
       waitTimer(app.clock, [this] { tickOfWait(); }),
       startTimer(app.clock, [this] { startOnce(); }),
@@ -49,14 +49,14 @@ void Tender::Form_Load()
 {
     fields.versionToolTip = "INTERNAL VERSION (MOST RECENT) IS " +
                             Format(app.values.config.text(kOwnerCode), "########.##");
-    view.setTopMost(true);
+    display.view.setTopMost(true);
     const platform::ErrorsIgnored ignored(app.run);
     fields.cutBetweenCopies = app.files.exists(kCutFlagFile) ? "YES" : "NO";
     Get_AsstMgr(app);
     startProcessTrace(app);
     Get_AsstMgr(app);
     printing::Set_Printer(app, printer);
-    show();
+    display.show();
     startTimer.setInterval(kStartDelay);
 }
 
@@ -183,15 +183,15 @@ void Tender::storeKept()
 {
     const KeptRecords found = storeKeptRecords(app);
     fields.waitingRecords = static_cast<int>(found.waiting.size()) + found.unreadable;
-    show();
+    display.show();
 }
 
 void Tender::prepareForCommandLine()
 {
     fields.finish.enabled = false;
     fields.cardOrResult.clear();
-    status("PLEASE WAIT");
-    statusPainted("Waiting for Xcharge Interface");
+    display.status("PLEASE WAIT");
+    display.statusPainted("Waiting for Xcharge Interface");
 }
 
 void Tender::readConfiguration(bool iniLocked)
@@ -215,7 +215,7 @@ void Tender::showOptions()
     fields.partialSupport = app.values.NoPartialSupport == 0 ? "YES" : "NO";
     fields.saleKind = app.values.TndrNOpreAUTH == 0 ? "PreAuth" : "Purchase";
     fields.versionLine = std::string("Version ") + kProgramVersion;
-    show();
+    display.show();
 }
 
 /// Until a typed card says otherwise.
@@ -229,8 +229,8 @@ bool Tender::serverIsBatching()
 {
     if (!app.files.exists(batchMarker(app.values)))
         return false;
-    view.hideScreen();
-    view.showServerBusy();
+    display.view.hideScreen();
+    display.view.showServerBusy();
     return true;
 }
 
@@ -315,7 +315,7 @@ void Tender::showGratuity()
     totalWithTip = preApprovedTip + sale;
     fields.totalWithGratuity = Currency(totalWithTip);
     fields.gratuityPercent = "%" + plainText(percent);
-    show();
+    display.show();
 }
 
 bool Tender::refuseZeroAmount()
@@ -323,7 +323,7 @@ bool Tender::refuseZeroAmount()
     if (!Val(fields.amount).isZero())
         return false;
     fields.amount = "0.00";
-    show();
+    display.show();
     app.dialogs.message("ZERO AMOUNT", "The system was not able to obtain the amount of this TAB. "
                                        "Please Press Cancel and try again.");
     endTender();
@@ -348,9 +348,9 @@ void Tender::waitForCard()
     fields.boxesLocked = app.values.X1009;
     for (CommandState *command : {&fields.enterManually, &fields.clear, &fields.startServer})
         command->enabled = !app.values.X1009;
-    statusPainted(app.values.X1009 ? "Waiting for Xcharge Interface"
-                                   : "Waiting for You to Swipe the Card");
-    view.focus(TenderBox::FirstTrack);
+    display.statusPainted(app.values.X1009 ? "Waiting for Xcharge Interface"
+                                           : "Waiting for You to Swipe the Card");
+    display.view.focus(TenderBox::FirstTrack);
 }
 
 } // namespace tender

@@ -8,10 +8,9 @@
 #include "printing/slip.h"
 #include "records/careful_append.h"
 #include "tender/asked_payments.h"
+#include "tender/display.h"
 #include "tender/local_request.h"
 #include "tender/result_reader.h"
-#include "tender/tender_fields.h"
-#include "tender/tender_view.h"
 
 #include <cstdint>
 #include <string>
@@ -185,14 +184,11 @@ private:
     void setWaitCount(int count);
     void tickOfWait();
     void tickAfterTimeout();
-    void status(const std::string &text);
-    void statusPainted(const std::string &text);
-    void show();
 
     records::App &app;
     printing::Printer &printer;
-    TenderView &view;
-    TenderFields fields;
+    Display display;
+    TenderFields &fields = display.fields;
     platform::Timer settleTimer;  // settle time of a swipe
     platform::Timer waitTimer;    // during the wait
     platform::Timer startTimer;   // 100 ms after the load

@@ -39,6 +39,7 @@ struct TenderFields {
     bool cardTaken = false;   // a card is being validated or charged: no other one is read
 
     // Of the wait.
+    bool requestAtServer = false;     // the card is with the payment server, or on its way there
     std::string status;               // Text3
     bool statusRed = false;           // Text3
     std::string waitCount = "0";      // Label7; one count is 960 ms

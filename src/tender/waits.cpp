@@ -34,7 +34,7 @@ void Tender::tickOfWait()
 {
     if (waitTimerTick(wholeNumber(fields.waitCount), fields, app.values.StopWaiting))
         waitTimer.setInterval(0);
-    show();
+    display.show();
 }
 
 void Tender::tickAfterTimeout()
@@ -42,26 +42,7 @@ void Tender::tickAfterTimeout()
     setWaitCount(wholeNumber(fields.waitCount) + 1);
     if (wholeNumber(fields.waitCount) == 10 && fields.X1009)
         fields.status.clear();
-    show();
-}
-
-void Tender::status(const std::string &text)
-{
-    fields.status = text;
-    show();
-}
-
-void Tender::statusPainted(const std::string &text)
-{
-    status(text);
-    view.paintNow();
-}
-
-/// "CONFIG" can end the tender, so it goes with "Cancel"; but it withdraws no request.
-void Tender::show()
-{
-    fields.setup.enabled = fields.cancel.enabled && fields.cancel.visible && !local.set();
-    view.refresh(fields);
+    display.show();
 }
 
 } // namespace tender
