@@ -123,7 +123,7 @@ void Tender::requestNotPlaced(platform::Outcome outcome)
                        local.request});
     app.values.TndrRESULT = "Declined";
     writeAnswer(answerBlock("Declined", app.values.CCdata));
-    traceAnswer();
+    traceAnswer(app);
     app.files.removeIfThere(auditFile(app.values));
     app.dialogs.message("Request File",
                         "The request for this card cannot be written to the Xcharge folder, so "
@@ -180,7 +180,7 @@ bool Tender::noAnswer()
     }
     app.values.TndrRESULT = "Declined";
     writeAnswer(answerBlock("Declined", app.values.CCdata));
-    traceAnswer();
+    traceAnswer(app);
     clearLateAnswer();
     app.files.removeIfThere(auditFile(app.values));
     endTender();
@@ -201,8 +201,8 @@ bool Tender::readAnswer()
                    ? platform::Outcome::NotThere
                    : file.outcome;
     });
-    const std::string answer = answerText(file.text);
-    if (!done(file.outcome) || (file.longer && !namesOutcome(answer))) {
+    const std::string text = answerText(file.text);
+    if (!done(file.outcome) || (file.longer && !namesOutcome(text))) {
         const char *const reason =
             file.longer ? "longer than an answer can be" : platform::textOf(file.outcome);
         traceProcess(app, {std::string("  ANSWER NOT READ - ") + reason + " - " + local.answer});
@@ -210,14 +210,14 @@ bool Tender::readAnswer()
         outcomeUnknown(local.answer, kNotRead, reason);
         return false;
     }
-    app.values.CCdata.set(CResponse, answer);
-    traceProcess(app, {"Actual Response From Xcharge " + answer,
+    app.values.CCdata.set(CResponse, text);
+    traceProcess(app, {"Actual Response From Xcharge " + text,
                        "Actual Seconds for Response  " + fields.waitCount});
-    const std::string word = outcomeWord(answer);
+    const std::string word = outcomeWord(text);
     answering = true;
     app.values.TndrRESULT = word;
     app.values.CCdata.set(CCstatus, word);
-    app.values.CCdata.set(CApprovalCode, answer.substr(std::min<std::size_t>(answer.size(), 1)));
+    app.values.CCdata.set(CApprovalCode, text.substr(std::min<std::size_t>(text.size(), 1)));
     const std::string code = app.values.CCdata.text(CApprovalCode);
     fields.result = true;
     fields.approved = word == "Approved";
@@ -232,12 +232,9 @@ void Tender::judgeAnswer()
 {
     if (app.values.CCdata.text(CCEncoded) != "1")
         encodeCardNumber(app.values.CCdata);
-    storeRecord(pendingFile(app.values));
-    // Without the lock its holder may be about to write to that slot.
-    if (stored.stored() && !stored.unlocked)
-        replaceRecord(app, pendingFile(app.values), stored.slot, app.values.CCdata,
-                      app.values.CCdata);
-    if (!stored.unlocked)
+    record.store(pendingFile(app.values));
+    record.writeAgain();
+    if (!record.unlocked())
         answerDealtWith();
     app.files.removeIfThere(auditFile(app.values));
     traceProcess(app, {"Approved or Declined " + app.values.TndrRESULT});
@@ -245,11 +242,11 @@ void Tender::judgeAnswer()
         traceProcess(app, {"SetPrinter " + printer.selectedName()});
         printSlips();
     }
-    confirmRecord();
-    if (stored.unlocked)
+    record.confirm();
+    if (record.unlocked())
         answerDealtWith();
     writeAnswer(answerBlock(app.values.TndrRESULT, app.values.CCdata));
-    traceAnswer();
+    traceAnswer(app);
     finish();
 }
 
@@ -258,7 +255,7 @@ void Tender::judgeAnswer()
 void Tender::answerDealtWith()
 {
     withdrawFromServer();
-    if (!recorded() && fields.approved)
+    if (!record.safe() && fields.approved)
         return;
     if (namesOutcome(app.values.CCdata.raw(CResponse)))
         stillThere(local.answer, app.files.removeIfThere(local.answer));

@@ -162,8 +162,8 @@ void Tender::approveOffline()
     app.values.TndrRESULT = "Approved";
     fields.result = true;
     fields.approved = true;
-    storeRecord(pendingFile(app.values));
-    if (!recorded()) {
+    record.store(pendingFile(app.values));
+    if (!record.safe()) {
         offlineNotStored();
         return;
     }
@@ -172,7 +172,7 @@ void Tender::approveOffline()
     printing::Print_Cust(app, printer, slipContext());
     traceProcess(app, offlineTrace());
     traceLog(app, offlineTrace());
-    confirmRecord();
+    record.confirm();
     writeAnswer(answerBlock("Approved", CCdata));
     app.files.removeIfThere(auditFile(app.values));
     endTender();
@@ -198,13 +198,13 @@ void Tender::offerRemoval()
 {
     if (!fields.warningVisible || answering || app.ending())
         return;
-    const platform::Answer answer = app.dialogs.message(
+    const platform::Answer pressed = app.dialogs.message(
         "REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN",
         "You are about to remove X-Charge from this computer. If you contine you will never be "
         "able to process credit cards on this computer again. Do not do this unless you have been "
         "instructed by Tech Support to do so. Please press CANCEL now.",
         platform::Buttons::OkCancel);
-    if (answer == platform::Answer::Ok && !answerHasCome() && !app.ending())
+    if (pressed == platform::Answer::Ok && !answerHasCome() && !app.ending())
         display.view.removePaymentApplication();
 }
 

@@ -1,8 +1,6 @@
-#include "platform/patience.h"
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
 #include "records/card_files.h"
-#include "records/kept_records.h"
 #include "records/trace.h"
 #include "tender/command_line.h"
 #include "tender/evidence.h"
@@ -25,31 +23,15 @@ std::string templatePosition(App &app, const std::string &directory)
     return (there ? " CCmerchant.VRD is in " : " CCmerchant.VRD is not in ") + directory;
 }
 
-TraceLines answerTrace(const App &app, const std::string &fileName)
-{
-    const CardRecord &CCdata = app.values.CCdata;
-    TraceLines lines = {"", "******  Make Respone File For Lumbrio ******", "",
-                        "  File Name - " + fileName, "  TndrRESULT - " + app.values.TndrRESULT};
-    lines.push_back("  CCdata.CCTabAmt  - " + CCdata.raw(CCTabAmt)); // with two blanks
-    for (const CardField &field :
-         {CApprovalCode, CCaditionalFUNDS, GCbalance, CCNumb, CCtype, HiddenNumb, CCServer, CCTable,
-          CCTroutID, CCName, CCstatus, CResponse})
-        lines.push_back(std::string("  CCdata.") + field.name + " - " + CCdata.raw(field));
-    lines.push_back("  Val(TndrNOpreAUTH) - " + std::to_string(app.values.TndrNOpreAUTH) +
-                    "-  0 =False -1=True");
-    lines.insert(lines.end(), {"", "******  END Respone File For Lumbrio ******", ""});
-    return lines;
-}
-
 } // namespace
 
 void Tender::approved()
 {
-    storeRecord(chooseTarget());
+    record.store(chooseTarget());
     printSlips();
-    confirmRecord();
+    record.confirm();
     writeAnswer(answerBlock(app.values.TndrRESULT, app.values.CCdata));
-    traceAnswer();
+    traceAnswer(app);
     resultDealtWith();
     finish();
 }
@@ -64,11 +46,11 @@ void Tender::partiallyApproved()
     fields.stillOwed = Currency(CCdata.raw(CCaditionalFUNDS));
     CCdata.set(CCAdjStatus, "Adjusted - Pending");
     CCdata.set(CCAdjAmt, CCdata.raw(CCApprovedAmt));
-    storeRecord(chooseTarget());
+    record.store(chooseTarget());
     printPartialSlips();
-    confirmRecord();
+    record.confirm();
     writeAnswer(answerPartial(CCdata));
-    traceAnswer();
+    traceAnswer(app);
     resultDealtWith();
     finish();
 }
@@ -76,10 +58,10 @@ void Tender::partiallyApproved()
 /// Kept: also after a refused audit, with an empty result word; its record is blank then.
 void Tender::declined()
 {
-    storeRecord(app.values.TndrNOpreAUTH != 0 ? declineTarget : pendingFile(app.values));
+    record.store(app.values.TndrNOpreAUTH != 0 ? declineTarget : pendingFile(app.values));
     const std::string word = app.values.TndrRESULT;
     writeAnswer(answerDeclined(word, app.values.CCdata));
-    traceAnswer();
+    traceAnswer(app);
     resultDealtWith();
     app.files.removeIfThere(auditFile(app.values));
     fields.cancel = {true, true};
@@ -113,7 +95,7 @@ void Tender::outcomeUnknown(const std::string &result, const char *what, const c
     const std::string trace = keepUnknown(app, result, reason);
     notices.push_back(unknownNotice(CCdata, what, reason, trace.empty() ? result : trace));
     writeAnswer(local.set() ? answerBlock("Declined", CCdata) : answerDeclined("Declined", CCdata));
-    traceAnswer();
+    traceAnswer(app);
     app.files.removeIfThere(auditFile(app.values));
     endTender();
 }
@@ -125,54 +107,6 @@ std::string Tender::chooseTarget()
         return pendingFile(app.values);
     app.values.CCdata.set(CCAdjStatus, "Completed");
     return target;
-}
-
-/// On the disk, flushed, before anything is printed or answered. A failed write is passed over by
-/// this routine's rules, but never without a line that tells what is missing.
-void Tender::storeRecord(const std::string &file)
-{
-    storedIn = file;
-    storedRecord = app.values.CCdata;
-    stored = addCarefully(app, file, storedRecord);
-    keepUnstored();
-}
-
-/// Once more before the answer, where the record was appended without the lock.
-void Tender::confirmRecord()
-{
-    if (!stored.unlocked || !stored.stored())
-        return;
-    stored = confirmStored(app, storedIn, storedRecord, stored);
-    keepUnstored();
-    // Who holds the lock may still write over it: the next start looks once more.
-    platform::Outcome outcome = platform::Outcome::Done;
-    if (stored.unlocked && stored.stored() && !kept && storedRecord.text(CCstatus) == "Approved")
-        keepRecord(app, storedIn, storedRecord, outcome);
-}
-
-/// A charge that is in no card file is kept at the station, whole, and somebody is told.
-void Tender::keepUnstored()
-{
-    if (done(stored.outcome) || app.ending())
-        return;
-    const char *const what =
-        stored.stored() ? "  RECORD STORED BUT NOT FLUSHED - " : "  RECORD NOT STORED - ";
-    const std::string line =
-        what + std::string(platform::textOf(stored.outcome)) + " - " + storedIn;
-    traceProcess(app, {line});
-    traceLog(app, {line});
-    if (storedRecord.text(CCstatus) != "Approved")
-        return;
-    platform::Outcome outcome = platform::Outcome::Done;
-    kept = kept || !keepRecord(app, storedIn, storedRecord, outcome).empty();
-    if (!stored.stored() || !kept)
-        notices.push_back(notStoredNotice(storedRecord, stored.outcome, kept, storedIn));
-}
-
-/// A power cut, a kill or a failure from here on leaves something that tells of the charge.
-bool Tender::recorded() const
-{
-    return done(stored.outcome) || kept;
 }
 
 /// Nobody has charged this card yet, and nobody would know that it was to be charged.
@@ -195,7 +129,7 @@ printing::SlipContext Tender::slipContext() const
     context.tipPreApproved = fields.gratuitySlip == "YES";
     context.preApprovedTip = preApprovedTip;
     context.totalWithTip = totalWithTip;
-    context.transRecord = stored.slot;
+    context.transRecord = record.slot();
     context.noCustomerCopy = fields.noReceipt;
     return context;
 }
@@ -222,59 +156,23 @@ void Tender::printPartialSlips()
     printing::Att_Server(app, printer);
 }
 
-/// Done when the whole answer lies there; NotThere when something else does, or nothing.
-platform::Outcome Tender::lookAtAnswer(const std::string &content)
-{
-    std::string there;
-    const platform::Outcome outcome = app.files.read(answerFile(app.values), there);
-    return done(outcome) && there != content ? platform::Outcome::NotThere : outcome;
-}
-
-/// Replaced whole; where that cannot be, in place. A whole answer stays even when its flush failed;
-/// half of one must not stand, nor an older one in its stead.
 void Tender::writeAnswer(const std::string &content)
 {
-    const platform::ErrorsIgnored ignored(app.run);
-    const std::string path = answerFile(app.values);
-    const platform::Outcome outcome = platform::patiently(app.run, platform::Wait::Answer, [&] {
-        const platform::Outcome replaced = app.files.replaceWhole(path, content);
-        return done(replaced) || done(lookAtAnswer(content))
-                   ? replaced
-                   : app.files.writeFlushed(path, content);
-    });
-    answerFlushed = done(outcome);
-    const platform::Outcome stands = answerFlushed ? outcome : lookAtAnswer(content);
-    answered = done(stands);
-    if (answerFlushed)
-        return;
-    if (answered) {
-        traceProcess(app, {std::string("  ANSWER NOT FLUSHED - ") + platform::textOf(outcome)});
-        return;
-    }
-    // One that cannot be read back may be whole.
-    const platform::Outcome removed =
-        stands == platform::Outcome::NotThere ? app.files.removeIfThere(path) : stands;
-    traceProcess(
-        app, {std::string("  ANSWER NOT WRITTEN - ") + platform::textOf(outcome) + " - old one " +
-              (app.files.exists(path) ? platform::textOf(removed) : "removed") + " - " + path});
-    notices.push_back(
-        notAnsweredNotice(app.values.CCdata, app.values.TndrRESULT, fields.unknown, outcome, path));
+    const platform::Outcome outcome = answer.write(content);
+    if (!done(outcome))
+        notices.push_back(notAnsweredNotice(app.values.CCdata, app.values.TndrRESULT,
+                                            fields.unknown, outcome, answerFile(app.values)));
 }
 
 /// The bank's word may go once its record and the answer are on the disk. The next tender deletes
 /// the result; the answer of the payment server goes at once.
 void Tender::resultDealtWith()
 {
-    if (!answerFlushed || !recorded() || app.ending())
+    if (!answer.flushed() || !record.safe() || app.ending())
         return;
     noteTaken(app, resultTaken);
     if (!resultTaken.empty())
         noteAnswered(app, asked);
-}
-
-void Tender::traceAnswer()
-{
-    traceLog(app, answerTrace(app, answerFile(app.values)));
 }
 
 void Tender::finish()
@@ -294,7 +192,7 @@ void Tender::endTender()
     timeoutTimer.setInterval(0);
     printer.closeJob();
     showNotices();
-    if (answered)
+    if (answer.stands())
         app.end();
     else
         app.run.endInFailure();

@@ -115,9 +115,9 @@ bool Tender::auditRefused(bool localPath)
     display.show();
     if (amountsAgree(audit, fields.amount))
         return false;
-    const platform::Answer answer = app.dialogs.message(
+    const platform::Answer pressed = app.dialogs.message(
         "AUDIT FAILED", auditQuestion(fields.amount, localPath), platform::Buttons::OkCancel);
-    if (answer == platform::Answer::Ok)
+    if (pressed == platform::Answer::Ok)
         return false;
     fields.cardOrResult = "Wrong Amount";
     app.values.TndrRESULT.clear();
@@ -178,10 +178,10 @@ bool Tender::oldResultRemains()
 }
 
 /// A file, or what has come in its place and cannot be read.
-platform::Outcome Tender::lookFor(const std::string &answer, bool &there)
+platform::Outcome Tender::lookFor(const std::string &file, bool &there)
 {
     platform::Found found = platform::Found::Nothing;
-    const platform::Outcome outcome = app.files.look(answer, found);
+    const platform::Outcome outcome = app.files.look(file, found);
     there = found != platform::Found::Nothing;
     return outcome;
 }

@@ -1,5 +1,4 @@
 #include "platform/hardening.h"
-#include "platform/patience.h"
 #include "printing/printer_choice.h"
 #include "records/card_helpers.h"
 #include "records/configuration.h"
@@ -88,7 +87,7 @@ void Tender::Start_Tender()
     if (isTenderRole() && anotherTenderLives())
         return;
     if (isTenderRole())
-        removeOldAnswer();
+        freeAnswer();
     // An unknown login must not pay, nor another printer print.
     if (isTenderRole() && !app.installation.unreadable.empty())
         app.run.fail(app.installation.unreadable);
@@ -97,7 +96,7 @@ void Tender::Start_Tender()
         prepareForCommandLine();
     readConfiguration(iniLocked);
     if (isTenderRole()) // in the directory that is known for certain now
-        removeOldAnswer();
+        freeAnswer();
     if (isTenderRole() && !app.ending())
         clearWhatOthersLeft();
     if (app.ending() || (isTenderRole() && serverIsBatching()))
@@ -155,18 +154,11 @@ bool Tender::anotherTenderLives()
 
 /// Not every end of a tender writes an answer, and the one of the guest before may say "Approved".
 /// No card is charged beside one that can neither be removed nor emptied.
-void Tender::removeOldAnswer()
+void Tender::freeAnswer()
 {
-    const std::string path = answerFile(app.values);
-    const platform::Outcome outcome = platform::patiently(app.run, platform::Wait::Answer, [&] {
-        bool there = false;
-        if (done(app.files.exists(path, there)) && !there)
-            return platform::Outcome::Done;
-        const platform::Outcome removed = app.files.removeIfThere(path);
-        return done(removed) ? removed : app.files.writeFlushed(path, {});
-    });
+    const platform::Outcome outcome = removeOldAnswer(app);
     if (!done(outcome))
-        app.run.fail("Removing the answer of an earlier tender", path, outcome);
+        app.run.fail("Removing the answer of an earlier tender", answerFile(app.values), outcome);
 }
 
 /// Of tenders of this station that did not come to their end.

@@ -6,11 +6,12 @@
 #include "platform/clock.h"
 #include "printing/printer.h"
 #include "printing/slip.h"
-#include "records/careful_append.h"
+#include "tender/answer.h"
 #include "tender/asked_payments.h"
 #include "tender/display.h"
 #include "tender/local_request.h"
 #include "tender/result_reader.h"
+#include "tender/tender_record.h"
 
 #include <cstdint>
 #include <string>
@@ -75,7 +76,7 @@ private:
     bool findDirectories();
     void readModeFlag();
     bool anotherTenderLives();
-    void removeOldAnswer();
+    void freeAnswer();
     void clearWhatOthersLeft();
     void storeKept();
     void prepareForCommandLine();
@@ -146,7 +147,7 @@ private:
     std::string buildCommandLine();
     void startWait();
     bool oldResultRemains();
-    platform::Outcome lookFor(const std::string &answer, bool &there);
+    platform::Outcome lookFor(const std::string &file, bool &there);
     bool waitForResult(const std::string &commandLine);
     void startPaymentAt(const std::string &commandLine, int &shellAt);
     std::string argument(const std::string &value, const char *name);
@@ -161,19 +162,13 @@ private:
     void declined();
     void stayForOperator();
     std::string chooseTarget();
-    void storeRecord(const std::string &file);
-    void confirmRecord();
-    void keepUnstored();
-    bool recorded() const;
     void offlineNotStored();
     void outcomeUnknown(const std::string &result, const char *what, const char *reason);
     printing::SlipContext slipContext() const;
     void printSlips();
     void printPartialSlips();
-    platform::Outcome lookAtAnswer(const std::string &content);
     void writeAnswer(const std::string &content);
     void resultDealtWith();
-    void traceAnswer();
     void finish();
     void showNotices();
     void endTender();
@@ -206,17 +201,12 @@ private:
     bool askingManager = false;
     bool waiting = false;   // for the bank's word
     bool answering = false; // from the result to the answer nothing may end the tender
-    // Of the record: as it was appended, where, and what became of that.
-    records::CardRecord storedRecord;
-    std::string storedIn;
-    records::CarefulRecord stored;
-    AskedPayment asked;                   // of this tender
-    std::vector<AskedPayment> openBefore; // when it was asked
-    std::string resultTaken;              // mark of the result that was read
-    bool kept = false;                    // in the station's own folder instead
-    bool answerFlushed = false;
-    bool answered = true;                  // the answer stands, or none was asked for
+    AskedPayment asked;     // of this tender
+    std::vector<AskedPayment> openBefore;  // when it was asked
+    std::string resultTaken;               // mark of the result that was read
     std::vector<platform::Notice> notices; // for when record and answer are done with
+    TenderRecord record{app, notices};
+    Answer answer{app};
 };
 
 } // namespace tender
