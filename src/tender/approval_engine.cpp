@@ -240,7 +240,7 @@ void Tender::judgeAnswer()
     traceProcess(app, {"Approved or Declined " + app.values.TndrRESULT});
     if (fields.approved) {
         traceProcess(app, {"SetPrinter " + printer.selectedName()});
-        printSlips();
+        printSlips(app, printer, display, slipContext(fields, gratuity, record.slot()));
     }
     record.confirm();
     if (record.unlocked())

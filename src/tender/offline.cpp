@@ -168,8 +168,9 @@ void Tender::approveOffline()
         return;
     }
     printing::Set_Printer(app, printer);
-    printing::Print_Merch(app, printer, slipContext());
-    printing::Print_Cust(app, printer, slipContext());
+    const printing::SlipContext context = slipContext(fields, gratuity, record.slot());
+    printing::Print_Merch(app, printer, context);
+    printing::Print_Cust(app, printer, context);
     traceProcess(app, offlineTrace());
     traceLog(app, offlineTrace());
     record.confirm();

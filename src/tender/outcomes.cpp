@@ -1,5 +1,3 @@
-#include "printing/printer_choice.h"
-#include "printing/slip.h"
 #include "records/card_files.h"
 #include "records/trace.h"
 #include "tender/command_line.h"
@@ -14,21 +12,10 @@ namespace tender {
 
 using namespace records;
 
-namespace {
-
-/// Whether the slip template lies in a directory; support people read it in the trace.
-std::string templatePosition(App &app, const std::string &directory)
-{
-    const bool there = app.files.exists(directory + "CCmerchant.VRD");
-    return (there ? " CCmerchant.VRD is in " : " CCmerchant.VRD is not in ") + directory;
-}
-
-} // namespace
-
 void Tender::approved()
 {
     record.store(chooseTarget());
-    printSlips();
+    printSlips(app, printer, display, slipContext(fields, gratuity, record.slot()));
     record.confirm();
     writeAnswer(answerBlock(app.values.TndrRESULT, app.values.CCdata));
     traceAnswer(app);
@@ -47,7 +34,7 @@ void Tender::partiallyApproved()
     CCdata.set(CCAdjStatus, "Adjusted - Pending");
     CCdata.set(CCAdjAmt, CCdata.raw(CCApprovedAmt));
     record.store(chooseTarget());
-    printPartialSlips();
+    printPartialSlips(app, printer, display, slipContext(fields, gratuity, record.slot()));
     record.confirm();
     writeAnswer(answerPartial(CCdata));
     traceAnswer(app);
@@ -119,41 +106,6 @@ void Tender::offlineNotStored()
     writeAnswer(answerBlock("Declined", app.values.CCdata));
     app.files.removeIfThere(auditFile(app.values));
     endTender();
-}
-
-printing::SlipContext Tender::slipContext() const
-{
-    printing::SlipContext context;
-    context.requestText = fields.table;
-    context.seconds = fields.waitCount;
-    context.tipPreApproved = fields.gratuitySlip == "YES";
-    context.preApprovedTip = preApprovedTip;
-    context.totalWithTip = totalWithTip;
-    context.transRecord = record.slot();
-    context.noCustomerCopy = fields.noReceipt;
-    return context;
-}
-
-void Tender::printSlips()
-{
-    if (!isDeletedPrepayment(fields.table))
-        printing::Set_Printer(app, printer);
-    display.statusPainted("Approved Printing Receipt");
-    traceProcess(app, {templatePosition(app, app.values.Maindir),
-                       templatePosition(app, app.values.Remotedir),
-                       "  Printing Merchant " + fields.waitCount});
-    printing::Print_Merch(app, printer, slipContext());
-    printing::Print_Cust(app, printer, slipContext());
-}
-
-void Tender::printPartialSlips()
-{
-    printing::Set_Printer(app, printer);
-    display.statusPainted("Approved Printing Receipt");
-    traceProcess(app, {" this is a partial approval ", " not able to VRD "});
-    printing::PrintPartial_Merch(app, printer, slipContext());
-    printing::PrintPartial_Cust(app, printer, slipContext());
-    printing::Att_Server(app, printer);
 }
 
 void Tender::writeAnswer(const std::string &content)

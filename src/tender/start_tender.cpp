@@ -298,14 +298,11 @@ void Tender::fillFields()
     fields.amount = sentAmount;
 }
 
-/// Shown for the slip with gratuity; the total is not what is sent to the processor.
 void Tender::showGratuity()
 {
-    const Money sale = Val(fields.amount);
     const Money percent = app.values.gratuityPercent;
-    preApprovedTip = Val(Format(percent * sale / Money::fromWhole(100), "######.##"));
-    totalWithTip = preApprovedTip + sale;
-    fields.totalWithGratuity = Currency(totalWithTip);
+    gratuity = gratuityOf(fields.amount, percent);
+    fields.totalWithGratuity = Currency(gratuity.total);
     fields.gratuityPercent = "%" + plainText(percent);
     display.show();
 }

@@ -5,13 +5,13 @@
 
 #include "platform/clock.h"
 #include "printing/printer.h"
-#include "printing/slip.h"
 #include "tender/answer.h"
 #include "tender/asked_payments.h"
 #include "tender/display.h"
 #include "tender/local_request.h"
 #include "tender/result_reader.h"
 #include "tender/tender_record.h"
+#include "tender/tender_slips.h"
 
 #include <cstdint>
 #include <string>
@@ -164,9 +164,6 @@ private:
     std::string chooseTarget();
     void offlineNotStored();
     void outcomeUnknown(const std::string &result, const char *what, const char *reason);
-    printing::SlipContext slipContext() const;
-    void printSlips();
-    void printPartialSlips();
     void writeAnswer(const std::string &content);
     void resultDealtWith();
     void finish();
@@ -195,8 +192,7 @@ private:
     std::string sentAmount;
     std::string TrackData; // the swipe as read, or the number as typed
     LocalFiles local;      // of the request that is out
-    records::Money preApprovedTip;
-    records::Money totalWithTip;
+    Gratuity gratuity;
     std::uint32_t startTick = 0;
     bool askingManager = false;
     bool waiting = false;   // for the bank's word

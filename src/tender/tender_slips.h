@@ -1,0 +1,34 @@
+// The slips of a tender: what they take from the screen, the order in which they are printed, and
+// the lines that tell of them in "CCLastProcess.dat".
+#pragma once
+
+#include "printing/slip.h"
+#include "records/app.h"
+#include "tender/display.h"
+
+#include <string_view>
+
+namespace tender {
+
+/// The tip that a guest approves in advance, and the sale with it. Shown and printed; the payment
+/// is asked for the sale only.
+struct Gratuity {
+    records::Money tip;
+    records::Money total;
+};
+
+/// `percent` of `amount`, cut to cents by the mask "######.##".
+Gratuity gratuityOf(std::string_view amount, const records::Money &percent);
+
+/// `slot` is the record's in its card file, 0 for none.
+printing::SlipContext slipContext(const TenderFields &fields, const Gratuity &gratuity, long slot);
+
+/// The merchant's and the guest's copy of an approval. Kept: no printer is chosen for a request
+/// that deletes a prepayment.
+void printSlips(records::App &app, printing::Printer &printer, Display &display,
+                const printing::SlipContext &context);
+/// Those of a partial approval, and the attention slip for the server.
+void printPartialSlips(records::App &app, printing::Printer &printer, Display &display,
+                       const printing::SlipContext &context);
+
+} // namespace tender
