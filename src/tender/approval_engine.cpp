@@ -42,7 +42,7 @@ void Tender::Approval_Engine()
     display.view.focus(TenderBox::FirstTrack);
     printing::Set_Printer(app, printer);
     Set_Data();
-    waitTimer.setInterval(kWaitTimer);
+    wait.startTimer(kWaitTimer);
     if (auditRefused(true)) {
         if (!app.ending())
             declined();
@@ -144,25 +144,15 @@ void Tender::traceLocalRequest(const LocalRequest &request)
 /// Until the answer file exists. False when the wait was stopped or the program is ending.
 bool Tender::waitForAnswer()
 {
-    startCounting();
-    waitTimer.setInterval(kWaitTimer); // anew: the audit's question may have taken its time
-    for (bool there = false;;) {
-        lookFor(local.answer, there);
-        if (there)
-            return true;
-        if (app.ending())
-            return false;
-        if (app.values.StopWaiting > 65534) {
-            if (noAnswer())
-                return false;
-            continue;
-        }
-        const int count = countNow();
-        setWaitCount(count);
-        if (count >= kCancelFrom)
-            fields.cancel.enabled = true;
-        display.show();
-        app.yield();
+    wait.start(local.answer);
+    wait.startTimer(kWaitTimer); // anew: the audit's question may have taken its time
+    for (;;) {
+        const WaitEnd end = wait.untilThere([this](platform::Outcome) {
+            if (wholeNumber(fields.waitCount) >= kCancelFrom)
+                fields.cancel.enabled = true;
+        });
+        if (end != WaitEnd::Stopped || noAnswer())
+            return end == WaitEnd::Answered;
     }
 }
 
@@ -191,8 +181,7 @@ bool Tender::noAnswer()
 /// the tender has ended.
 bool Tender::readAnswer()
 {
-    waiting = false;
-    waitTimer.setInterval(0);
+    wait.end();
     ExchangeFile file;
     platform::patiently(app.run, platform::Wait::Result, [&] {
         file = readExchange(app, local.answer);

@@ -1,4 +1,3 @@
-#include "platform/patience.h"
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
 #include "records/card_files.h"
@@ -7,14 +6,13 @@
 #include "tender/command_line.h"
 #include "tender/request.h"
 #include "tender/tender.h"
+#include "tender/wait_rules.h"
 
 namespace tender {
 
 using namespace records;
 
 namespace {
-
-constexpr std::uint16_t kStop = 65535;
 
 TraceLines offlineTrace()
 {
@@ -86,16 +84,7 @@ bool Tender::cardIsKnown() const
 bool Tender::answerHasCome()
 {
     bool there = false;
-    return !done(lookOnceMore(there)) || there;
-}
-
-/// Not Done: for a second nobody could tell. Without a wait there is none.
-platform::Outcome Tender::lookOnceMore(bool &there)
-{
-    if (!waiting)
-        return platform::Outcome::Done;
-    return platform::patiently(app.run, platform::Wait::Result,
-                               [&] { return lookFor(answerOfPayment(), there); });
+    return !done(wait.lookOnceMore(there)) || there;
 }
 
 /// The request is taken back first: from then on nobody takes it any more.
@@ -104,7 +93,7 @@ Tender::LastLook Tender::lookLast()
     const platform::ErrorsIgnored ignored(app.run);
     const bool withdrawn = withdrawFromServer();
     LastLook last;
-    const platform::Outcome looked = lookOnceMore(last.there);
+    const platform::Outcome looked = wait.lookOnceMore(last.there);
     if (!done(looked)) {
         last.unknown = "Nobody can see whether the payment has answered";
         last.reason = textOf(looked);
@@ -127,7 +116,7 @@ void Tender::askForOfflineApproval()
     if (!fields.offlinePanelVisible || askingManager || answering || app.ending())
         return;
     Hide_Offline_Panel();
-    app.values.StopWaiting = kStop;
+    app.values.StopWaiting = kStopWaiting;
     const std::string manager = askManager("Approve this card OFFLINE");
     if (app.ending())
         return;

@@ -140,8 +140,7 @@ void Tender::finish()
 void Tender::endTender()
 {
     settleTimer.setInterval(0);
-    waitTimer.setInterval(0);
-    timeoutTimer.setInterval(0);
+    wait.stopTimers();
     printer.closeJob();
     showNotices();
     if (answer.stands())

@@ -19,8 +19,7 @@ using namespace records;
 
 namespace {
 
-constexpr std::uint32_t kWaitTimer = 8000;    // ms
-constexpr std::uint32_t kTimeoutTimer = 1200; // ms
+constexpr std::uint32_t kWaitTimer = 8000; // ms
 constexpr std::chrono::milliseconds kKillPause(500);
 constexpr int kSecondStart = 50; // count of the wait
 constexpr int kNoStart = std::numeric_limits<int>::max();
@@ -154,10 +153,10 @@ void Tender::startWait()
 {
     // Kept: the wording has outlived the value.
     traceProcess(app, {std::string(15, ' '), "  Setting a 20 second timer to wait for response"});
-    waitTimer.setInterval(kWaitTimer);
+    wait.startTimer(kWaitTimer);
     clearResult(app, kResultFile);
     fields.cancel.enabled = false;
-    startCounting();
+    wait.start(kResultFile);
 }
 
 /// An old result that cannot be deleted would be taken for this card's: nothing is charged then.
@@ -177,41 +176,28 @@ bool Tender::oldResultRemains()
     return true;
 }
 
-/// A file, or what has come in its place and cannot be read.
-platform::Outcome Tender::lookFor(const std::string &file, bool &there)
-{
-    platform::Found found = platform::Found::Nothing;
-    const platform::Outcome outcome = app.files.look(file, found);
-    there = found != platform::Found::Nothing;
-    return outcome;
-}
-
 /// Until the result file exists. False when the wait was stopped or the program is ending.
 bool Tender::waitForResult(const std::string &commandLine)
 {
     int shellAt = 0;
-    for (bool there = false;;) {
-        const platform::Outcome looked = lookFor(kResultFile, there);
-        if (there)
-            return true;
-        if (app.ending())
-            return false;
-        if (app.values.StopWaiting > 65534) {
-            traceProcess(app, {"Unable to Connect - Internet may be down ",
-                               "Actual Seconds waited for Response  " + fields.waitCount});
-            waiting = false;
-            fields.waitCountVisible = false;
-            fields.cancel.enabled = true; // the operator's way out
-            display.show();
-            return false;
-        }
-        setWaitCount(countNow());
+    const WaitEnd end = wait.untilThere([&](platform::Outcome looked) {
         fields.sharedCount = fields.waitCount;
         if (done(looked)) // or the card may be charged already, and would be once more
             startPaymentAt(commandLine, shellAt);
-        display.show();
-        app.yield();
-    }
+    });
+    if (end == WaitEnd::Stopped)
+        waitStopped();
+    return end == WaitEnd::Answered;
+}
+
+void Tender::waitStopped()
+{
+    traceProcess(app, {"Unable to Connect - Internet may be down ",
+                       "Actual Seconds waited for Response  " + fields.waitCount});
+    wait.giveUp();
+    fields.waitCountVisible = false;
+    fields.cancel.enabled = true; // the operator's way out
+    display.show();
 }
 
 /// On the first pass, and once more at count 50: that revives a stalled payment application.
@@ -247,8 +233,7 @@ bool Tender::isAnEarlierPayments() const
 
 ReadResult Tender::readResult()
 {
-    waiting = false;
-    waitTimer.setInterval(0);
+    wait.end();
     display.status("");
     fields.sharedCount = "10";
     traceProcess(app,
@@ -271,8 +256,7 @@ void Tender::judgeResult()
     const bool success = letter == "S";
     fields.finish.enabled = success;
     if (letter == "T") {
-        timeoutTimer.setInterval(kTimeoutTimer);
-        fields.sharedCount = "1";
+        wait.countOn();
     }
     app.values.TndrRESULT = success ? "Approved" : "Declined";
     fields.cardOrResult = app.values.TndrRESULT;

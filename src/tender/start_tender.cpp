@@ -34,10 +34,9 @@ std::string batchMarker(const ProcessValues &values)
 
 Tender::Tender(App &theApp, printing::Printer &thePrinter, TenderView &theView)
     : app(theApp), printer(thePrinter), display(theView),
+      wait(app, display, [this] { Show_Offline_Panel(); }),
       settleTimer(app.clock, [this] { settleTimeOver(); }),
-      waitTimer(app.clock, [this] { tickOfWait(); }),
-      startTimer(app.clock, [this] { startOnce(); }),
-      timeoutTimer(app.clock, [this] { tickAfterTimeout(); })
+      startTimer(app.clock, [this] { startOnce(); })
 {
     for (std::string *text : {&fields.cardOrResult, &fields.firstTrack, &fields.secondTrack,
                               &TrackData, &fields.cardNumber})

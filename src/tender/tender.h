@@ -12,8 +12,8 @@
 #include "tender/result_reader.h"
 #include "tender/tender_record.h"
 #include "tender/tender_slips.h"
+#include "tender/tender_wait.h"
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -126,7 +126,6 @@ private:
     std::string askManager(const std::string &what);
     bool cardIsKnown() const;
     bool answerHasCome();
-    platform::Outcome lookOnceMore(bool &there);
     /// Before a wait is given up.
     struct LastLook {
         bool there = false;            // the bank's word, after all
@@ -147,8 +146,8 @@ private:
     std::string buildCommandLine();
     void startWait();
     bool oldResultRemains();
-    platform::Outcome lookFor(const std::string &file, bool &there);
     bool waitForResult(const std::string &commandLine);
+    void waitStopped();
     void startPaymentAt(const std::string &commandLine, int &shellAt);
     std::string argument(const std::string &value, const char *name);
     void notePayment();
@@ -170,32 +169,22 @@ private:
     void showNotices();
     void endTender();
 
-    // waits.cpp
-    void startCounting();
-    int countNow() const;
-    void setWaitCount(int count);
-    void tickOfWait();
-    void tickAfterTimeout();
-
     records::App &app;
     printing::Printer &printer;
     Display display;
     TenderFields &fields = display.fields;
-    platform::Timer settleTimer;  // settle time of a swipe
-    platform::Timer waitTimer;    // during the wait
-    platform::Timer startTimer;   // 100 ms after the load
-    platform::Timer timeoutTimer; // after a "T" result
-    std::string target;           // month file of this run's first step, kept over midnight
-    std::string declineTarget;    // deleted file of the same month
-    std::string sentTable;        // values of "Xsend.req" until the fields show them
+    TenderWait wait;
+    platform::Timer settleTimer; // settle time of a swipe
+    platform::Timer startTimer;  // 100 ms after the load
+    std::string target;          // month file of this run's first step, kept over midnight
+    std::string declineTarget;   // deleted file of the same month
+    std::string sentTable;       // values of "Xsend.req" until the fields show them
     std::string sentReceipt;
     std::string sentAmount;
     std::string TrackData; // the swipe as read, or the number as typed
     LocalFiles local;      // of the request that is out
     Gratuity gratuity;
-    std::uint32_t startTick = 0;
     bool askingManager = false;
-    bool waiting = false;   // for the bank's word
     bool answering = false; // from the result to the answer nothing may end the tender
     AskedPayment asked;     // of this tender
     std::vector<AskedPayment> openBefore;  // when it was asked

@@ -8,7 +8,6 @@ namespace tender {
 namespace {
 
 constexpr std::uint32_t kMillisecondsPerCount = 960;
-constexpr std::uint16_t kStop = 65535;
 
 constexpr std::array<const char *, 9> kLadder = {"Waiting For Connection",
                                                  "Communicating",
@@ -31,7 +30,7 @@ void climbLadder(int count, TenderFields &fields, std::uint16_t &StopWaiting)
         fields.status = "Waiting for Response from X-Charge";
     }
     if (count >= 38)
-        StopWaiting = kStop;
+        StopWaiting = kStopWaiting;
 }
 
 } // namespace
@@ -67,7 +66,7 @@ bool waitTimerTick(int count, TenderFields &fields, std::uint16_t &StopWaiting)
     fields.sharedCount = std::to_string(shared);
     if (count > 8)
         fields.cancel.enabled = true;
-    if (StopWaiting < kStop) {
+    if (StopWaiting < kStopWaiting) {
         if (fields.X1009 && count == 10)
             fields.status.clear();
         if (count > 15)

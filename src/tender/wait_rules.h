@@ -9,6 +9,9 @@
 
 namespace tender {
 
+/// `StopWaiting` at this value ends a wait.
+inline constexpr std::uint16_t kStopWaiting = 65535;
+
 /// Whole counts between two ticks of the 32-bit millisecond clock, which may have wrapped once.
 int countSince(std::uint32_t start, std::uint32_t now);
 
