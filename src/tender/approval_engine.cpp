@@ -77,7 +77,7 @@ LocalRequest Tender::fillRequest()
     request.server = orDefault(fields.server, "9999");
     request.receipt = orDefault(fields.receipt, "999");
     request.number = fields.cardNumber;
-    request.cardText = request.typed ? fields.expiry : TrackData;
+    request.cardText = request.typed ? fields.expiry : capture.track();
     request.verify = CCdata.text(CCVerify);
     CCdata.set(CCstatus, "Dialing");
     CCdata.set(CCServer, request.server);

@@ -1,8 +1,9 @@
+#include "tender/card_capture.h"
+
 #include "platform/hardening.h"
 #include "records/card_helpers.h"
 #include "records/exchange_file.h"
 #include "records/trace.h"
-#include "tender/tender.h"
 #include "tender/track.h"
 
 #include <utility>
@@ -23,15 +24,25 @@ bool endsTrack(const std::string &text)
 
 } // namespace
 
-bool Tender::awaitsCard() const
+CardCapture::CardCapture(App &theApp, Display &theDisplay, const ManagerStep &theManager,
+                         std::function<void()> theCharge)
+    : app(theApp), display(theDisplay), manager(theManager), charge(std::move(theCharge)),
+      settleTimer(app.clock, [this] { settleTimeOver(); })
 {
-    return !fields.boxesLocked && !fields.cardTaken && !askingManager && !app.ending();
+    for (std::string *text : {&fields.cardOrResult, &fields.firstTrack, &fields.secondTrack,
+                              &TrackData, &fields.cardNumber})
+        platform::keepSecret(*text);
+}
+
+bool CardCapture::awaitsCard() const
+{
+    return !fields.boxesLocked && !fields.cardTaken && !manager.asking() && !app.ending();
 }
 
 /// A reader that sends a first track alone types nothing into the second box: then its swipe is
 /// taken when the settle time is over. A "%" begins another card's: what was left of the one before
 /// must not go with it.
-void Tender::takeFirstTrack(const std::string &typed)
+void CardCapture::takeFirstTrack(const std::string &typed)
 {
     if (!awaitsCard())
         return;
@@ -47,7 +58,7 @@ void Tender::takeFirstTrack(const std::string &typed)
         display.view.focus(TenderBox::SecondTrack);
 }
 
-void Tender::takeSecondTrack(const std::string &typed)
+void CardCapture::takeSecondTrack(const std::string &typed)
 {
     if (!awaitsCard())
         return;
@@ -66,7 +77,7 @@ void Tender::takeSecondTrack(const std::string &typed)
 
 /// What a reader still sends while the card is being validated (a third track) is passed over: its
 /// "?" would charge the card once more.
-void Tender::captureSwipe()
+void CardCapture::captureSwipe()
 {
     fields.cardTaken = true;
     fields.statusRed = true;
@@ -80,9 +91,9 @@ void Tender::captureSwipe()
 }
 
 /// While a manager is asked nothing is taken; the timer comes again.
-void Tender::settleTimeOver()
+void CardCapture::settleTimeOver()
 {
-    if (askingManager)
+    if (manager.asking())
         return;
     settleTimer.setInterval(0);
     fields.sharedCount = "1";
@@ -90,7 +101,7 @@ void Tender::settleTimeOver()
         Get_Number();
 }
 
-void Tender::Get_Number()
+void CardCapture::Get_Number()
 {
     fields.cardTaken = true;
     platform::setSecret(TrackData, Trim(fields.firstTrack));
@@ -117,19 +128,19 @@ void Tender::Get_Number()
     if (app.values.managerCheckMode == "100")
         fields.cardTaken = false; // a manager's card is read, not charged
     else
-        Approval_Engine();
+        charge();
 }
 
-void Tender::expiredCard()
+void CardCapture::expiredCard()
 {
     app.dialogs.message("Expired",
                         "You have entered an EXPIRED CARD NUMBER. Please Try Another Card");
-    resetCapture();
+    reset();
 }
 
 /// The track is kept for whoever looks after the reader. A share that cannot be written to must
 /// not end the tender: the next swipe may be good.
-void Tender::invalidCard()
+void CardCapture::invalidCard()
 {
     app.dialogs.message(
         "INVALID", "You have entered an INVALID CARD NUMBER\r\n       Please Try Another Card");
@@ -137,17 +148,17 @@ void Tender::invalidCard()
         const platform::ErrorsIgnored ignored(app.run);
         app.files.append(app.values.Remotedir + "BadSwipe.dat", platform::textLine(TrackData));
     }
-    resetCapture();
+    reset();
 }
 
-void Tender::wipeCard()
+void CardCapture::wipeCard()
 {
     for (std::string *text : cardTexts(fields))
         platform::wipe(*text);
     platform::wipe(TrackData);
 }
 
-void Tender::resetCapture()
+void CardCapture::reset()
 {
     settleTimer.setInterval(0);
     fields.cardTaken = false;
@@ -157,13 +168,13 @@ void Tender::resetCapture()
     display.view.focus(TenderBox::FirstTrack);
 }
 
-void Tender::clearSwipe()
+void CardCapture::clearSwipe()
 {
     if (awaitsCard())
-        resetCapture();
+        reset();
 }
 
-void Tender::enterManually()
+void CardCapture::enterManually()
 {
     if (!awaitsCard())
         return;
@@ -178,13 +189,13 @@ void Tender::enterManually()
     if (card)
         enterTyped(*card);
     else if (!fields.firstTrack.empty())
-        resetCapture(); // half a swipe that nobody waited for
+        reset(); // half a swipe that nobody waited for
     else
         display.view.focus(TenderBox::FirstTrack);
 }
 
 /// Kept: a typed card is tested neither for its expiry nor for its brand; the bank does both.
-void Tender::enterTyped(const TypedCard &card)
+void CardCapture::enterTyped(const TypedCard &card)
 {
     fields.cardTaken = true;
     TrackData = card.number;
@@ -198,11 +209,10 @@ void Tender::enterTyped(const TypedCard &card)
     traceProcess(app, {"Card number was manually type in", "Xcharge2 calling approval engine ",
                        std::string(58, '*')});
     display.show();
-    Approval_Engine();
+    charge();
 }
 
-/// Shows the digits that "XCHide.txt" masks.
-void Tender::showDigits()
+void CardCapture::showDigits()
 {
     if (!fields.view.enabled)
         return;

@@ -1,7 +1,6 @@
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
 #include "records/card_files.h"
-#include "records/lookups.h"
 #include "records/trace.h"
 #include "tender/command_line.h"
 #include "tender/request.h"
@@ -52,27 +51,6 @@ void Tender::Hide_Offline_Panel()
     display.view.focus(TenderBox::FirstTrack);
 }
 
-/// The manager step's answer: "NO", or a name. Whatever the wait brings meanwhile waits for it. The
-/// managers are read anew: at the load the shared directory was not known yet.
-std::string Tender::askManager(const std::string &what)
-{
-    ProcessValues &values = app.values;
-    Get_AsstMgr(app);
-    values.managerResult.clear();
-    values.managerRequest = "XchargeAPPROVAL";
-    values.managerCheckMode = "100";
-    askingManager = true;
-    display.view.setTopMost(false);
-    display.view.askManager(what, Currency(fields.amount));
-    while (values.managerResult.empty() && !app.ending())
-        app.yield();
-    display.view.setTopMost(true);
-    askingManager = false;
-    values.managerCheckMode.clear();
-    display.view.focus(TenderBox::FirstTrack);
-    return app.ending() ? "NO" : values.managerResult;
-}
-
 /// The payment application knows the card of a command-line tender; a local one must have read it.
 bool Tender::cardIsKnown() const
 {
@@ -113,14 +91,14 @@ std::string Tender::answerOfPayment() const
 /// so does one that nobody approves: the wait that was told to stop has not seen it yet.
 void Tender::askForOfflineApproval()
 {
-    if (!fields.offlinePanelVisible || askingManager || answering || app.ending())
+    if (!fields.offlinePanelVisible || manager.asking() || answering || app.ending())
         return;
     Hide_Offline_Panel();
     app.values.StopWaiting = kStopWaiting;
-    const std::string manager = askManager("Approve this card OFFLINE");
+    const std::string approver = manager.ask("Approve this card OFFLINE");
     if (app.ending())
         return;
-    if (manager != "NO" && cardIsKnown() && requestWithdrawn() && !answerHasCome()) {
+    if (approver != "NO" && cardIsKnown() && requestWithdrawn() && !answerHasCome()) {
         approveOffline();
         return;
     }
@@ -176,10 +154,10 @@ void Tender::keepWaiting()
 /// "CONFIG". The setup screen can end the tender, so it opens only where "Cancel" could.
 void Tender::openSetup()
 {
-    if (!fields.setup.enabled || askingManager || answering || app.ending())
+    if (!fields.setup.enabled || manager.asking() || answering || app.ending())
         return;
-    const std::string manager = askManager("Open the card setup");
-    if (!app.ending() && manager != "NO" && !answerHasCome())
+    const std::string approver = manager.ask("Open the card setup");
+    if (!app.ending() && approver != "NO" && !answerHasCome())
         display.view.showSetup();
     app.values.managerRequest.clear();
 }

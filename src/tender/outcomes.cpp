@@ -139,7 +139,7 @@ void Tender::finish()
 /// written by then, so that nothing waits for whoever reads the notice.
 void Tender::endTender()
 {
-    settleTimer.setInterval(0);
+    capture.stop();
     wait.stopTimers();
     printer.closeJob();
     showNotices();

@@ -1,4 +1,3 @@
-#include "platform/hardening.h"
 #include "printing/printer_choice.h"
 #include "records/card_helpers.h"
 #include "records/configuration.h"
@@ -35,12 +34,9 @@ std::string batchMarker(const ProcessValues &values)
 Tender::Tender(App &theApp, printing::Printer &thePrinter, TenderView &theView)
     : app(theApp), printer(thePrinter), display(theView),
       wait(app, display, [this] { Show_Offline_Panel(); }),
-      settleTimer(app.clock, [this] { settleTimeOver(); }),
+      capture(app, display, manager, [this] { Approval_Engine(); }),
       startTimer(app.clock, [this] { startOnce(); })
 {
-    for (std::string *text : {&fields.cardOrResult, &fields.firstTrack, &fields.secondTrack,
-                              &TrackData, &fields.cardNumber})
-        platform::keepSecret(*text);
 }
 
 void Tender::Form_Load()

@@ -7,6 +7,7 @@
 #include "printing/printer.h"
 #include "tender/answer.h"
 #include "tender/asked_payments.h"
+#include "tender/card_capture.h"
 #include "tender/display.h"
 #include "tender/local_request.h"
 #include "tender/result_reader.h"
@@ -22,7 +23,7 @@ namespace tender {
 class Tender {
 public:
     Tender(records::App &theApp, printing::Printer &thePrinter, TenderView &theView);
-    virtual ~Tender() { wipeCard(); }
+    virtual ~Tender() = default;
 
     /// Load of the tender screen: restarts the trace "CCLastProcess.dat" and arms the 100 ms timer
     /// that runs Start_Tender. Errors are ignored.
@@ -38,23 +39,20 @@ public:
     /// Sends the card of the fields to the payment server as a file in "LocalTran\", waits for its
     /// answer, stores the record, prints and answers. Ends the program in all outcomes.
     void Approval_Engine();
-    /// Reads the swipe of the two boxes. A good card goes on to Approval_Engine (but for a
-    /// manager's card), any other is told of and the boxes wait for the next one.
-    void Get_Number();
 
     // What was typed into a swipe box; passed over while no card is awaited.
-    void takeFirstTrack(const std::string &typed);
-    void takeSecondTrack(const std::string &typed);
+    void takeFirstTrack(const std::string &typed) { capture.takeFirstTrack(typed); }
+    void takeSecondTrack(const std::string &typed) { capture.takeSecondTrack(typed); }
 
-    void cancel();                   // "Cancel"
-    void finishTender();             // "Finish Tender"
-    void enterManually();            // "Enter Manually"
-    void clearSwipe();               // "Clear"
-    void openSetup();                // "CONFIG"
-    void showDigits();               // "View"
-    void switchGratuitySlip();       // "NO" / "YES": slip with gratuity
-    void askForOfflineApproval();    // "YES", approve offline
-    void keepWaiting();              // "NO", go on waiting
+    void cancel();                                    // "Cancel"
+    void finishTender();                              // "Finish Tender"
+    void enterManually() { capture.enterManually(); } // "Enter Manually"
+    void clearSwipe() { capture.clearSwipe(); }       // "Clear"
+    void openSetup();                                 // "CONFIG"
+    void showDigits() { capture.showDigits(); }       // "View"
+    void switchGratuitySlip();                        // "NO" / "YES": slip with gratuity
+    void askForOfflineApproval();                     // "YES", approve offline
+    void keepWaiting();                               // "NO", go on waiting
     void offerRemoval();             // the warning panel: remove the payment application
     void startPaymentServer();       // "Start Xcharge", the payment server
     void setNoReceipt(bool checked); // "Do not print a RECEIPT for Customer"
@@ -98,16 +96,6 @@ private:
     // set_data.cpp
     void Set_Data();
 
-    // card_capture.cpp
-    bool awaitsCard() const;
-    void captureSwipe();
-    void invalidCard();
-    void expiredCard();
-    void wipeCard();
-    void resetCapture();
-    void enterTyped(const TypedCard &card);
-    void settleTimeOver();
-
     // approval_engine.cpp
     LocalRequest fillRequest();
     bool placeRequest(const LocalRequest &request);
@@ -123,7 +111,6 @@ private:
     bool stillThere(const std::string &file, platform::Outcome removed);
 
     // offline.cpp
-    std::string askManager(const std::string &what);
     bool cardIsKnown() const;
     bool answerHasCome();
     /// Before a wait is given up.
@@ -174,17 +161,16 @@ private:
     Display display;
     TenderFields &fields = display.fields;
     TenderWait wait;
-    platform::Timer settleTimer; // settle time of a swipe
-    platform::Timer startTimer;  // 100 ms after the load
-    std::string target;          // month file of this run's first step, kept over midnight
-    std::string declineTarget;   // deleted file of the same month
-    std::string sentTable;       // values of "Xsend.req" until the fields show them
+    ManagerStep manager{app, display};
+    CardCapture capture;
+    platform::Timer startTimer; // 100 ms after the load
+    std::string target;         // month file of this run's first step, kept over midnight
+    std::string declineTarget;  // deleted file of the same month
+    std::string sentTable;      // values of "Xsend.req" until the fields show them
     std::string sentReceipt;
     std::string sentAmount;
-    std::string TrackData; // the swipe as read, or the number as typed
-    LocalFiles local;      // of the request that is out
+    LocalFiles local; // of the request that is out
     Gratuity gratuity;
-    bool askingManager = false;
     bool answering = false; // from the result to the answer nothing may end the tender
     AskedPayment asked;     // of this tender
     std::vector<AskedPayment> openBefore;  // when it was asked

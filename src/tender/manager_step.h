@@ -1,0 +1,28 @@
+// ManagerStep: asks a manager before a tender does what a server may not decide.
+#pragma once
+
+#include "records/app.h"
+#include "tender/display.h"
+
+#include <string>
+
+namespace tender {
+
+class ManagerStep {
+public:
+    ManagerStep(records::App &theApp, Display &theDisplay) : app(theApp), display(theDisplay) {}
+
+    /// Shows the manager's screen and waits for the answer in `managerResult`: a name, or "NO",
+    /// also at the program's end. The list of managers is read anew, for at the load the shared
+    /// directory was not known yet. `managerRequest` stays set for the caller to clear.
+    std::string ask(const std::string &what);
+    /// Whatever comes meanwhile, a swipe or another command, is not taken.
+    bool asking() const { return isAsking; }
+
+private:
+    records::App &app;
+    Display &display;
+    bool isAsking = false;
+};
+
+} // namespace tender
