@@ -1,11 +1,8 @@
-#include "platform/hardening.h"
-#include "platform/patience.h"
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
 #include "records/card_files.h"
 #include "records/card_helpers.h"
 #include "records/delimited.h"
-#include "records/exchange_file.h"
 #include "records/trace.h"
 #include "tender/evidence.h"
 #include "tender/notices.h"
@@ -49,8 +46,11 @@ void Tender::Approval_Engine()
         return;
     }
     const LocalRequest request = fillRequest();
-    if (!placeRequest(request))
+    fields.requestAtServer = true;
+    if (const platform::Outcome placed = server.place(request); !done(placed)) {
+        requestNotPlaced(placed);
         return;
+    }
     traceLocalRequest(request);
     app.values.CCdata.set(CCName, fields.firstName + " " + fields.lastName);
     printing::warmUp(app, printer); // the server has to be waited for anyway
@@ -86,41 +86,10 @@ LocalRequest Tender::fillRequest()
     return request;
 }
 
-/// Written under a name that the payment server does not look at, then copied: the request appears
-/// whole. False when it does not appear at all; then nothing was charged.
-bool Tender::placeRequest(const LocalRequest &request)
-{
-    local = localFiles(app.values, app.clock.now());
-    fields.requestAtServer = true;
-    // An earlier card's, of a clock that was set back.
-    clearResult(app, local.answer);
-    platform::Found found = platform::Found::Nothing;
-    if (const platform::Outcome looked = app.files.look(local.answer, found);
-        !done(looked) || found != platform::Found::Nothing) {
-        requestNotPlaced(done(looked) ? platform::Outcome::Denied : looked);
-        return false;
-    }
-    std::string line = requestLine(request);
-    platform::Outcome outcome = app.files.write(local.work, line);
-    platform::wipe(line);
-    bool there = false;
-    if (done(outcome)) {
-        app.run.consequence = kMayBeCharged;
-        outcome = app.files.copy(local.work, local.request);
-        // One of which nobody knows may be charged: its answer is waited for.
-        there = !done(app.files.exists(local.request, there)) || there;
-    }
-    app.files.removeIfThere(local.work);
-    if (there)
-        return true;
-    requestNotPlaced(outcome);
-    return false;
-}
-
 void Tender::requestNotPlaced(platform::Outcome outcome)
 {
     traceProcess(app, {"  REQUEST NOT WRITTEN - " + std::string(platform::textOf(outcome)) + " - " +
-                       local.request});
+                       server.requestFile()});
     app.values.TndrRESULT = "Declined";
     writeAnswer(answerBlock("Declined", app.values.CCdata));
     traceAnswer(app);
@@ -138,13 +107,13 @@ void Tender::traceLocalRequest(const LocalRequest &request)
     traceProcess(app, {"First Name - " + fields.firstName, "Last Name - " + fields.lastName,
                        "Card Number Ready - " + app.values.CCdata.text(HiddenNumb),
                        "Card Expires on - " + fields.expiry, "Amount Sent - " + request.amount,
-                       "New Request File name " + local.request});
+                       "New Request File name " + server.requestFile()});
 }
 
 /// Until the answer file exists. False when the wait was stopped or the program is ending.
 bool Tender::waitForAnswer()
 {
-    wait.start(local.answer);
+    wait.start(server.answerFile());
     wait.startTimer(kWaitTimer); // anew: the audit's question may have taken its time
     for (;;) {
         const WaitEnd end = wait.untilThere([this](platform::Outcome) {
@@ -165,13 +134,13 @@ bool Tender::noAnswer()
     traceProcess(app, {"Unable to Connect - Internet may be down ",
                        "Actual Seconds waited for Response  " + fields.waitCount});
     if (last.unknown != nullptr) {
-        outcomeUnknown(local.answer, last.unknown, last.reason);
+        outcomeUnknown(server.answerFile(), last.unknown, last.reason);
         return true;
     }
     app.values.TndrRESULT = "Declined";
     writeAnswer(answerBlock("Declined", app.values.CCdata));
     traceAnswer(app);
-    clearLateAnswer();
+    server.putLateAnswerAside();
     app.files.removeIfThere(auditFile(app.values));
     endTender();
     return true;
@@ -182,23 +151,15 @@ bool Tender::noAnswer()
 bool Tender::readAnswer()
 {
     wait.end();
-    ExchangeFile file;
-    platform::patiently(app.run, platform::Wait::Result, [&] {
-        file = readExchange(app, local.answer);
-        // One that says nothing may be half of one.
-        return done(file.outcome) && !namesOutcome(answerText(file.text))
-                   ? platform::Outcome::NotThere
-                   : file.outcome;
-    });
-    const std::string text = answerText(file.text);
-    if (!done(file.outcome) || (file.longer && !namesOutcome(text))) {
-        const char *const reason =
-            file.longer ? "longer than an answer can be" : platform::textOf(file.outcome);
-        traceProcess(app, {std::string("  ANSWER NOT READ - ") + reason + " - " + local.answer});
-        withdrawFromServer();
-        outcomeUnknown(local.answer, kNotRead, reason);
+    const ServerAnswer read = server.readAnswer();
+    if (read.unreadable()) {
+        traceProcess(app, {std::string("  ANSWER NOT READ - ") + read.reason() + " - " +
+                           server.answerFile()});
+        server.withdraw();
+        outcomeUnknown(server.answerFile(), kNotRead, read.reason());
         return false;
     }
+    const std::string &text = read.text;
     app.values.CCdata.set(CResponse, text);
     traceProcess(app, {"Actual Response From Xcharge " + text,
                        "Actual Seconds for Response  " + fields.waitCount});
@@ -239,46 +200,12 @@ void Tender::judgeAnswer()
     finish();
 }
 
-/// The server's answer, once it is in a record. One that says neither yes nor no may be half of
-/// one, and is put aside.
+/// An approval that no record tells of leaves the server's answer where it is, as the evidence.
 void Tender::answerDealtWith()
 {
-    withdrawFromServer();
-    if (!record.safe() && fields.approved)
-        return;
-    if (namesOutcome(app.values.CCdata.raw(CResponse)))
-        stillThere(local.answer, app.files.removeIfThere(local.answer));
-    else
-        clearResult(app, local.answer);
-}
-
-/// One that the server has written since the last look is nobody's decline: it is put aside.
-void Tender::clearLateAnswer()
-{
-    if (local.set())
-        clearResult(app, local.answer);
-}
-
-/// What a server that is slow to look has not taken yet: it must not charge a card whose tender is
-/// over. False when it may still be there.
-bool Tender::withdrawFromServer()
-{
-    const platform::ErrorsIgnored ignored(app.run);
-    bool withdrawn = true;
-    if (local.set())
-        for (const std::string &own : {local.request, local.work})
-            withdrawn = !stillThere(own, app.files.removeIfThere(own)) && withdrawn;
-    return withdrawn;
-}
-
-/// Whether a file that had to go still lies there, or may lie there; the trace tells.
-bool Tender::stillThere(const std::string &file, platform::Outcome removed)
-{
-    bool there = true;
-    if (done(removed) || (done(app.files.exists(file, there)) && !there))
-        return false;
-    traceProcess(app, {"  NOT DELETED - " + std::string(platform::textOf(removed)) + " - " + file});
-    return true;
+    server.withdraw();
+    if (record.safe() || !fields.approved)
+        server.removeAnswer(app.values.CCdata.raw(CResponse));
 }
 
 void Tender::startPaymentServer()

@@ -69,7 +69,7 @@ bool Tender::answerHasCome()
 Tender::LastLook Tender::lookLast()
 {
     const platform::ErrorsIgnored ignored(app.run);
-    const bool withdrawn = withdrawFromServer();
+    const bool withdrawn = server.withdraw();
     LastLook last;
     const platform::Outcome looked = wait.lookOnceMore(last.there);
     if (!done(looked)) {
@@ -84,7 +84,7 @@ Tender::LastLook Tender::lookLast()
 
 std::string Tender::answerOfPayment() const
 {
-    return app.values.X1009 ? kResultFile : local.answer;
+    return app.values.X1009 ? kResultFile : server.answerFile();
 }
 
 /// "YES". A card that was answered while the manager made up his mind takes the normal way on, and
@@ -98,20 +98,13 @@ void Tender::askForOfflineApproval()
     const std::string approver = manager.ask("Approve this card OFFLINE");
     if (app.ending())
         return;
-    if (approver != "NO" && cardIsKnown() && requestWithdrawn() && !answerHasCome()) {
+    if (approver != "NO" && cardIsKnown() && server.withdrawRequest() && !answerHasCome()) {
         approveOffline();
         return;
     }
     Hide_Offline_Panel();
     app.values.StopWaiting = 0;
     app.values.managerRequest.clear();
-}
-
-/// A request that the server may still take would charge the guest a second time.
-bool Tender::requestWithdrawn()
-{
-    const platform::ErrorsIgnored ignored(app.run);
-    return !local.set() || !stillThere(local.request, app.files.removeIfThere(local.request));
 }
 
 /// Kept: a sale that would be charged at once is filed as pending too; nobody has charged it yet.

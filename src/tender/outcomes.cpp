@@ -81,7 +81,8 @@ void Tender::outcomeUnknown(const std::string &result, const char *what, const c
     display.status(what);
     const std::string trace = keepUnknown(app, result, reason);
     notices.push_back(unknownNotice(CCdata, what, reason, trace.empty() ? result : trace));
-    writeAnswer(local.set() ? answerBlock("Declined", CCdata) : answerDeclined("Declined", CCdata));
+    writeAnswer(server.begun() ? answerBlock("Declined", CCdata)
+                               : answerDeclined("Declined", CCdata));
     traceAnswer(app);
     app.files.removeIfThere(auditFile(app.values));
     endTender();
@@ -173,7 +174,7 @@ void Tender::cancel()
         return;
     }
     writeAnswer(answerBlock("Declined", app.values.CCdata));
-    clearLateAnswer();
+    server.putLateAnswerAside();
     app.files.removeIfThere(auditFile(app.values));
     deleteBatchMarker();
     endTender();

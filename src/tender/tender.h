@@ -9,8 +9,8 @@
 #include "tender/asked_payments.h"
 #include "tender/card_capture.h"
 #include "tender/display.h"
-#include "tender/local_request.h"
 #include "tender/result_reader.h"
+#include "tender/server_exchange.h"
 #include "tender/tender_record.h"
 #include "tender/tender_slips.h"
 #include "tender/tender_wait.h"
@@ -98,7 +98,6 @@ private:
 
     // approval_engine.cpp
     LocalRequest fillRequest();
-    bool placeRequest(const LocalRequest &request);
     void requestNotPlaced(platform::Outcome outcome);
     void traceLocalRequest(const LocalRequest &request);
     bool waitForAnswer();
@@ -106,9 +105,6 @@ private:
     bool readAnswer();
     void judgeAnswer();
     void answerDealtWith();
-    void clearLateAnswer();
-    bool withdrawFromServer();
-    bool stillThere(const std::string &file, platform::Outcome removed);
 
     // offline.cpp
     bool cardIsKnown() const;
@@ -121,7 +117,6 @@ private:
     };
     LastLook lookLast();
     std::string answerOfPayment() const;
-    bool requestWithdrawn();
     void approveOffline();
     void Hide_Offline_Panel();
 
@@ -161,6 +156,7 @@ private:
     Display display;
     TenderFields &fields = display.fields;
     TenderWait wait;
+    ServerExchange server{app};
     ManagerStep manager{app, display};
     CardCapture capture;
     platform::Timer startTimer; // 100 ms after the load
@@ -169,7 +165,6 @@ private:
     std::string sentTable;      // values of "Xsend.req" until the fields show them
     std::string sentReceipt;
     std::string sentAmount;
-    LocalFiles local; // of the request that is out
     Gratuity gratuity;
     bool answering = false; // from the result to the answer nothing may end the tender
     AskedPayment asked;     // of this tender
