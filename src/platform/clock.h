@@ -1,4 +1,4 @@
-// Clock and Timer: the only source of time. Production reads the system's clock, tests set a
+// Clock and Timer: the only source of time. The programs read the system's clock, tests set a
 // virtual one; both run the timers of the procedures and screens.
 #pragma once
 
@@ -33,12 +33,12 @@ class Clock {
 public:
     virtual ~Clock() = default;
     virtual DateTime now() const = 0;
-    /// Milliseconds on a clock that never goes back, with no meaning but their differences.
+    /// Milliseconds on a clock that never goes back; only differences have a meaning.
     virtual std::uint64_t milliseconds() const = 0;
     /// The same as a 32-bit count that wraps; differences are taken unsigned.
     std::uint32_t tick() const { return static_cast<std::uint32_t>(milliseconds()); }
 
-    /// Fires every timer that is due, each at most once. Called by the event loop's turn.
+    /// Fires every timer that is due, each at most once. Each turn of the event loop calls it.
     void fireDueTimers();
     /// When the next timer is due, on the scale of milliseconds().
     std::optional<std::uint64_t> nextDue() const;
@@ -48,8 +48,8 @@ private:
     std::vector<Timer *> timers;
 };
 
-/// Fires again and again at its interval until the interval is set to 0. A timer is not armed
-/// when built. A handler may set or stop any timer, and destroy its own.
+/// Fires repeatedly at its interval until the interval is set to 0. A new timer is stopped. A
+/// handler may set or stop any timer, and destroy its own.
 class Timer {
 public:
     Timer(Clock &theClock, std::function<void()> handler);

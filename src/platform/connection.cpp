@@ -166,7 +166,7 @@ void ConnectionTest::start(std::string_view address)
         last->answer = address.empty() ? Answer::Yes : Answer::No;
         return;
     }
-    // A thread, because nothing bounds the time that a name look-up takes.
+    // On a thread, because a name look-up may take any time.
     std::thread([server = *server, attempt = last] {
         attempt->answer = connectsUntil(server, attempt->end) ? Answer::Yes : Answer::No;
     }).detach();

@@ -1,4 +1,4 @@
-// Whether a server answers: the look at the network behind System::startConnectionTest().
+// Whether a server answers: what System::startConnectionTest() does on the network.
 #pragma once
 
 #include <chrono>
@@ -17,17 +17,17 @@ struct HostAndPort {
 /// "host:port" or "[address]:port"; nothing when a part is missing.
 std::optional<HostAndPort> parseHostAndPort(std::string_view text);
 
-/// Tries a server beside the program: nobody waits for it, neither a screen nor the program's end.
+/// Tries a server on a thread of its own. Neither a screen nor the program's end waits for it.
 class ConnectionTest {
 public:
-    /// `longest`: how long a server may take to accept, the look-up of its name included.
+    /// `longest`: how long a server may take to accept, including the look-up of its name.
     explicit ConnectionTest(std::chrono::milliseconds longest) : limit(longest) {}
 
-    /// Begins anew with an address as parseHostAndPort() takes it; an empty one passes without a
-    /// look, another text fails. Nothing while one is under way.
+    /// Starts a test of an address that parseHostAndPort() understands. An empty address passes at
+    /// once, any other text fails. Does nothing while a test is running.
     void start(std::string_view address);
-    /// Of the last one begun; nothing while it is under way, and before the first. What is still
-    /// under way at its limit has failed, and is left to itself.
+    /// The result of the last test; nothing while it is running, and before the first. A test that
+    /// is still running at its limit has failed; its thread ends some time later.
     std::optional<bool> result() const;
 
 private:

@@ -13,7 +13,7 @@ namespace platform {
 enum class Buttons { Ok, OkCancel, YesNo };
 enum class Answer { Ok, Cancel, Yes, No };
 
-/// What a person must know and act upon, in letters that can be read from two steps away.
+/// What a person must know and act upon, in letters large enough to read from two steps away.
 struct Notice {
     std::string title;                                      // what happened, in a few words
     std::string text;                                       // what it means, and what to do next
@@ -21,8 +21,8 @@ struct Notice {
     std::string file;                                       // that it is about; may be empty
 };
 
-/// Once the end was asked for, every call answers Cancel (No, nothing) at once and shows nothing.
-/// Escape and the window's cross answer Cancel (No; Ok where that is the only button).
+/// While the program ends, every call answers Cancel (No, nothing) at once and shows nothing.
+/// Escape and the window's close button answer Cancel (No; Ok where that is the only button).
 class Dialogs {
 public:
     explicit Dialogs(Run &theRun) : run(theRun) {}
@@ -39,7 +39,7 @@ public:
     void systemMessage(const std::string &text) { showFailure(text); }
 
 protected:
-    /// Where there are no large letters it is a message.
+    /// A message box, unless the implementation has large letters.
     virtual void show(const Notice &notice);
     virtual void showFailure(const std::string &text) { ask({}, text, Buttons::Ok); }
     /// An empty title stands for the program's name.

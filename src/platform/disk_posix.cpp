@@ -14,7 +14,7 @@ namespace platform {
 
 namespace {
 
-// Whatever the umask: every station of the share's group, and nobody else.
+// Whatever the umask: for the share's group, and nobody else.
 constexpr mode_t kNewFileMode = 0660;
 constexpr mode_t kNewFolderMode = 0770;
 
@@ -67,7 +67,7 @@ public:
     PosixFile(int theDescriptor, OpenMode theMode) : descriptor(theDescriptor), mode(theMode) {}
     ~PosixFile() override
     {
-        // Said aloud, because a child between fork and exec still shares the descriptor.
+        // Unlocked explicitly, because a child between fork and exec still shares the descriptor.
         if (locked)
             unlock();
         ::close(descriptor);
@@ -142,7 +142,7 @@ Outcome PosixFile::append(std::string_view bytes, std::uint64_t &landedAt)
         uninterrupted([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
     if (part < 0)
         return outcomeOf(errno);
-    // Nothing but an append moves this descriptor's position, so it is where the bytes end.
+    // Only appends move this descriptor's position, so it is where the bytes end.
     const off_t end = ::lseek(descriptor, 0, SEEK_CUR);
     if (end < 0)
         return outcomeOf(errno);
@@ -236,10 +236,10 @@ public:
 Outcome PosixDisk::open(const std::string &path, OpenMode mode, std::unique_ptr<DiskFile> &file)
 {
     file.reset();
-    // Not blocking: a named pipe or a device in a file's place must not hold the program up.
+    // Not blocking: opening a named pipe or a device must not stop the program.
     const int flags = flagsOf(mode) | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
     const int descriptor = openOrCreate(path.c_str(), flags);
-    if (descriptor < 0) // nothing but a lease makes an open "try again"
+    if (descriptor < 0) // only a lease makes an open "try again"
         return errno == EWOULDBLOCK ? Outcome::Leased : outcomeOf(errno);
     struct stat found = {};
     if (::fstat(descriptor, &found) != 0 || !S_ISREG(found.st_mode)) {
@@ -300,7 +300,7 @@ Outcome PosixDisk::renameToFree(const std::string &from, const std::string &to)
     const int result = ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
     if (result == 0 || (errno != EINVAL && errno != ENOSYS))
         return outcomeOfCall(result);
-    // Not every file system knows how; for a moment the file then has both names.
+    // Not every file system supports it; then the file has both names for a moment.
     if (::link(from.c_str(), to.c_str()) != 0)
         return outcomeOf(errno);
     return outcomeOfCall(::unlink(from.c_str()));
@@ -311,7 +311,7 @@ Outcome PosixDisk::makeDirectory(const std::string &path)
     struct stat made = {};
     if (::mkdir(path.c_str(), kNewFolderMode) != 0)
         return outcomeOf(errno);
-    // Its group, and that what is made in it gets that too, come from the folder around it.
+    // The group, and the rule that new files get it, come from the folder above.
     if (::stat(path.c_str(), &made) == 0)
         ::chmod(path.c_str(), kNewFolderMode | (made.st_mode & S_ISGID));
     return Outcome::Done;
@@ -339,8 +339,8 @@ std::uint64_t PosixDisk::changeStamp(const std::string &directory)
     struct stat found = {};
     timespec now = {};
     ::clock_gettime(CLOCK_REALTIME, &now);
-    // File systems stamp in steps of up to two seconds, so that a folder that has changed within
-    // the last ones may change again and keep its time.
+    // File systems store times in steps of up to two seconds, so a folder that changed within the
+    // last two may change again and keep its time.
     constexpr time_t kCoarsest = 3;
     if (::stat(directory.c_str(), &found) != 0 || found.st_mtim.tv_sec > now.tv_sec - kCoarsest)
         return 0;

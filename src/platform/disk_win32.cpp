@@ -168,7 +168,7 @@ Outcome Win32File::append(std::string_view bytes, std::uint64_t &landedAt)
 {
     if (!appends(mode) || bytes.size() > kLargestPart)
         return Outcome::Denied;
-    // The handle may append and nothing else, so that the system places every write at the end.
+    // The handle may only append, so that the system places every write at the end.
     DWORD part = 0;
     const auto wanted = static_cast<DWORD>(bytes.size());
     if (WriteFile(handle.get(), bytes.data(), wanted, &part, nullptr) == FALSE)
@@ -190,7 +190,7 @@ Outcome Win32File::cutBack(std::uint64_t from, std::uint64_t to)
     std::uint64_t bytes = 0;
     if (const Outcome outcome = size(bytes); !done(outcome) || bytes != from)
         return outcome;
-    // A handle for appending must not cut; this one is opened for it, and only if it is the same.
+    // A handle for appending cannot cut, so the file is opened again; it must still be the same.
     const Handle cutting = openHandle(path, GENERIC_WRITE, OPEN_EXISTING, 0);
     if (!cutting)
         return outcomeOf(GetLastError());
@@ -259,8 +259,8 @@ bool isLink(const std::string &path)
            (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
-/// Over a file that others hold open, this station's own lock on it included. Not every file
-/// system can do it.
+/// Replaces a file even while it is open, also by this station's own lock. Not every file system
+/// can do it.
 bool renameOverOpenFile(const std::string &from, const std::string &to)
 {
     // FILE_RENAME_INFO and FileRenameInfoEx as headers for newer systems have them.
@@ -285,9 +285,9 @@ bool renameOverOpenFile(const std::string &from, const std::string &to)
            SetFileInformationByHandle(file.get(), kRenameInfoEx, &info, sizeof info) != FALSE;
 }
 
-/// The bytes of one file over those of another. Used where the system cannot replace an open file
-/// (a share, mostly): the station that holds the lock on `to` has it open itself. A power cut
-/// during it leaves `from`, whole, beside it.
+/// Copies the bytes of one file over those of another, where the system cannot replace an open file
+/// (mostly on a share): the station that holds the lock on `to` has it open itself. After a power
+/// cut during the copy, `from` is still there, whole.
 Outcome copyOver(const std::string &from, const std::string &to)
 {
     const Handle source = openHandle(from, GENERIC_READ, OPEN_EXISTING, 0);
@@ -413,7 +413,7 @@ Outcome Win32Disk::list(const std::string &directory, std::vector<std::string> &
 
 Outcome Win32Disk::flushDirectory(const std::string &directory)
 {
-    // Where the system refuses it, the file system's own journal keeps the names.
+    // If the system refuses it, the file system's own journal keeps the names.
     const Handle folder =
         openHandle(directory, GENERIC_WRITE, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
     if (folder)

@@ -82,7 +82,7 @@ std::string Drives::resolve(std::string_view path) const
 
 Outcome Drives::resolve(std::string_view path, std::string &real) const
 {
-    path = path.substr(0, path.find('\0')); // where every system call would end it too
+    path = path.substr(0, path.find('\0')); // every system call would end it there too
     real = path;
     if (kind == Paths::AsTheyStand)
         return Outcome::Done;
@@ -110,7 +110,7 @@ Outcome Drives::walk(std::string at, const std::vector<std::string> &names, std:
     bool there = true;
     for (; next < names.size(); ++next) {
         std::string name = names[next];
-        if (there) { // behind a name that is not there nothing is
+        if (there) { // below a missing folder everything is missing
             const Outcome outcome = match(at, next + 1 == names.size(), name, there);
             if (!done(outcome))
                 return outcome;

@@ -1,4 +1,4 @@
-// Drives: turns the contracts' Windows paths ("C:\Lumbrio\Data\") into real ones.
+// Drives: turns Windows paths ("C:\Lumbrio\Data\") into real ones.
 #pragma once
 
 #include "platform/disk.h"
@@ -12,11 +12,11 @@
 namespace platform {
 
 /// On Windows a path is used as it stands. Elsewhere a drive letter is a sub-folder (one small
-/// letter) of the drives folder, `\` and `/` are the same, runs of separators count as one
-/// (except a leading `\\server`, which is the sub-folder "unc"), and each name is matched first as
-/// spelled and then without regard to case. A name that is not there keeps the spelling given,
-/// in the existing folder whatever its case. A path with neither a drive nor a leading separator
-/// is relative to drive c's root; "c\Lumbrio\" is such a path, not drive c.
+/// letter) of the drives folder, `\` and `/` are the same, several separators count as one (except
+/// a leading `\\server`, which is the sub-folder "unc"), and each name is matched first as spelled
+/// and then without regard to case. A name that does not exist keeps the spelling given, in the
+/// existing folder whatever its case. A path with neither a drive nor a leading separator is
+/// relative to drive c's root; "c\Lumbrio\" is such a path, not drive c.
 class Drives {
 public:
     enum class Paths { AsTheyStand, BelowRoot };
@@ -25,11 +25,11 @@ public:
     /// BelowRoot elsewhere; a test may keep its files below a folder on Windows too.
     Drives(Disk &theDisk, std::string root, Paths paths = systemPaths());
 
-    /// The real path. One that leads nowhere is no failure; that a folder on the way cannot be
-    /// looked at or listed is, for the file may be there in another spelling. "." and ".." are
-    /// worked out in the text, and ".." never leads above the drive.
+    /// The real path. A path that does not exist is no failure. A folder on the way that cannot be
+    /// looked at or listed is one, because the file may be there in another spelling. "." and ".."
+    /// are resolved in the text; ".." never leads above the drive.
     Outcome resolve(std::string_view path, std::string &real) const;
-    /// For those who create nothing: as spelled where it cannot be found out.
+    /// For callers that create nothing: the path as spelled if the real spelling is unknown.
     std::string resolve(std::string_view path) const;
     const std::string &root() const { return folder; }
 
@@ -54,7 +54,7 @@ private:
     Disk &disk;
     std::string folder;
     Paths kind;
-    // What the folders held, as long as they have not changed: a wait asks for the same missing
+    // The names in the folders, as long as these have not changed: a wait asks for the same missing
     // file hundreds of times a second.
     mutable std::map<std::string, Listing> listings;
 };

@@ -10,8 +10,8 @@ namespace platform {
 namespace {
 
 constexpr std::size_t kChunk = 64U << 10U;
-constexpr int kNameAttempts = 20; // each one needs another who takes the name just then
-constexpr int kLockAttempts = 20; // each one needs a replacement by another station just then
+constexpr int kNameAttempts = 20; // one fails only if another station takes the name just then
+constexpr int kLockAttempts = 20; // one fails only if another station replaces the file just then
 
 std::string parentOf(const std::string &realPath)
 {
@@ -58,8 +58,7 @@ Outcome Files::openReal(const std::string &real, OpenMode mode, std::unique_ptr<
     return patiently(run, Wait::Lease, [&] { return disk.open(real, mode, file); });
 }
 
-/// A new file written whole beside its place and then renamed over it; removed when anything
-/// fails on the way.
+/// A new file, written whole under another name and then renamed; removed if a step fails.
 template <typename Fill> Outcome Files::replaceFile(const std::string &real, Fill fill, Rename move)
 {
     const std::string beside = workName(real, maker);
@@ -78,7 +77,7 @@ template <typename Fill> Outcome Files::replaceFile(const std::string &real, Fil
     return outcome;
 }
 
-/// Finds the real path and makes the call on it, by the rules of a failure.
+/// Makes the call on the real path, and handles a failure.
 template <typename Call>
 Outcome Files::perform(std::string_view operation, std::string_view path, Call call)
 {
@@ -225,7 +224,7 @@ Outcome Files::createIfMissing(std::string_view path)
         const Outcome outcome = disk.look(real, found);
         if (!done(outcome) || found == Found::File)
             return outcome;
-        // Append, because another station may create it and write to it at this very moment.
+        // Append, because another station may create it and write to it at the same moment.
         std::unique_ptr<DiskFile> file;
         return openReal(real, OpenMode::Append, file);
     });
@@ -390,7 +389,7 @@ Outcome Files::writeNew(std::string_view beginning, std::string_view ending,
 
 Outcome Files::flushFolderOf(std::string_view path)
 {
-    // Shut or not: it belongs to what was written before.
+    // Also when shut: it completes what was written before.
     std::string real;
     const Outcome outcome = realPath(path, real);
     return judge("Writing", path, done(outcome) ? disk.flushDirectory(parentOf(real)) : outcome);

@@ -1,6 +1,6 @@
-// Files: what the rooms may do with files, in contract paths. It applies the two readings of a
-// failure (passed over inside ErrorsIgnored, else the program ends with the system's message) and
-// shuts once the end was asked for.
+// Files: what the rooms may do with files, by their Windows paths. A failure is ignored inside
+// ErrorsIgnored and else ends the program with the system's message. While the program ends, Files
+// is shut.
 #pragma once
 
 #include "platform/disk.h"
@@ -18,90 +18,91 @@
 
 namespace platform {
 
-/// Every call returns its outcome for whoever wants to trace it. A failure (other than a missing
-/// file in exists(), removeIfThere() or list()) outside ErrorsIgnored has already ended the
-/// program through Run::fail when the call returns. Shut (Run::ending()), nothing exists, reads
-/// give nothing and writes are dropped: Denied, without a message.
+/// Every call returns its outcome for callers that trace it. A failure (other than a missing file
+/// in exists(), removeIfThere() or list()) outside ErrorsIgnored has already ended the program
+/// through Run::fail when the call returns. When shut (Run::ending()), nothing exists, reads give
+/// nothing and writes are dropped: Denied, without a message.
 class Files {
 public:
     Files(Disk &theDisk, const Drives &theDrives, Run &theRun);
 
-    /// Who signs the work files from here on; set once, by whoever builds the services.
+    /// The station and role in the names of this program's work files; set once at the start.
     void signWorkFiles(Maker theMaker) { maker = std::move(theMaker); }
-    /// Removes the work files so signed from a folder, and gives their names; see removeWork().
+    /// Removes this maker's work files from a folder, and gives their names; see removeWork().
     Outcome removeWorkFiles(std::string_view folder, std::vector<std::string> &removed);
 
-    /// True for a file (not a folder) at the path. An empty path, or one that ends in a
-    /// separator, is no file. False also where the look fails, by the rules above.
+    /// True for a file (not a folder) at the path. An empty path, or one that ends in a separator,
+    /// is no file. False also after a failure, which is handled as above.
     bool exists(std::string_view path);
-    /// What stands at the path, by the same rules.
+    /// What is at the path; failures as in exists().
     Outcome look(std::string_view path, Found &found);
     bool folderExists(std::string_view path);
-    /// The same for those to whom not there and unknown are not alike.
+    /// exists() for callers that must tell missing from unknown.
     Outcome exists(std::string_view path, bool &there);
     /// When the file was last written to, in local time.
     Outcome modified(std::string_view path, DateTime &when);
-    /// Removing what is not there is a failure (NotThere); callers test first where it may be.
+    /// Removing a missing file is a failure (NotThere).
     Outcome remove(std::string_view path);
-    /// Removes the file when it is there; NotThere is no failure.
+    /// The same, but NotThere is no failure.
     Outcome removeIfThere(std::string_view path);
-    /// Whole copy, flushed, over whatever is at `to`, which is replaced at once: nobody sees half.
+    /// Whole copy, flushed. A file at `to` is replaced in one step, so that nobody sees half a
+    /// copy.
     Outcome copy(std::string_view from, std::string_view to);
-    /// Done when the folder is there already; its parent must exist.
+    /// Done if the folder already exists; its parent must exist.
     Outcome makeFolder(std::string_view path);
-    /// File names in a folder, sorted; empty when there is none, and where the listing fails.
+    /// File names in a folder, sorted; empty when there are none, and when the listing fails.
     std::vector<std::string> list(std::string_view folder);
-    /// The same for those to whom none and unknown are not alike.
+    /// The same for callers that must tell none from unknown.
     Outcome list(std::string_view folder, std::vector<std::string> &names);
 
-    /// "Create if missing": opened for output and closed when it is certain not to exist.
+    /// Creates an empty file if it is certain that none exists.
     Outcome createIfMissing(std::string_view path);
     /// The whole content; `limit` bytes at most (the rest is left out). Empty after a failure.
     Outcome read(std::string_view path, std::string &content, std::size_t limit = kReadLimit);
-    /// The same of a file that another program was to write there: a link is Broken.
+    /// The same for a file that another program writes: a link in its place is Broken.
     Outcome readNoLink(std::string_view path, std::string &content, std::size_t limit);
     /// Opened for output: replaces the content in place, creating the file.
     Outcome write(std::string_view path, std::string_view content);
-    /// Like write(), and on the disk when it returns.
+    /// Like write(), and flushed to the disk when it returns.
     Outcome writeFlushed(std::string_view path, std::string_view content);
     /// Opened for append, created when missing.
     Outcome append(std::string_view path, std::string_view content);
-    /// Opened for append and locked around the write. Outside ErrorsIgnored a refused lock is a
-    /// failure; inside, the write is done all the same.
+    /// Opened for append, locked during the write. Outside ErrorsIgnored a refused lock is a
+    /// failure; inside, the write is done anyway.
     Outcome appendLocked(std::string_view path, std::string_view content);
-    /// Gives a file another name, durably. Never takes the place of what is there: a failure.
+    /// Renames a file durably. Fails if the new name exists.
     Outcome rename(std::string_view from, std::string_view to);
-    /// `beginning` + `ending`, or with "-2", "-3" and so on between them where there is such a
-    /// file.
+    /// `beginning` + `ending`, or with "-2", "-3" and so on between them if that file exists.
     std::string freeName(std::string_view beginning, std::string_view ending);
 
-    /// Makes the name of a new file durable, by the same rules.
+    /// Makes the name of a new file durable.
     Outcome flushFolderOf(std::string_view path);
 
-    /// For SlotFile: the raw file behind a path, under the same rules.
+    /// For SlotFile: opens the raw file at a path; failures as above.
     Outcome open(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file);
-    /// The same without judging the outcome, even when shut. As every open does, it waits for a
-    /// lease to be given back.
+    /// The same, but a failure does not end the program, and it works when shut. Like every open it
+    /// waits until a lease is given back.
     Outcome tryOpen(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file);
-    /// Takes the lock through `file`, which was opened at `path` in `mode`. A file that was
-    /// replaced meanwhile is opened again, until the locked one is the one at the path.
+    /// Locks `file`, which was opened at `path` in `mode`. If the file was replaced meanwhile,
+    /// opens the path again, until the locked file is the one at the path.
     Outcome lock(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file);
-    /// New content written and flushed beside `path`, renamed over it, the folder flushed.
+    /// Writes and flushes the new content beside `path`, renames it over `path` and flushes the
+    /// folder.
     Outcome replaceWhole(std::string_view path, std::string_view content);
 
-    /// A new file, whole and durable when it appears, of the first of the names that freeName()
-    /// would try; never in the place of another. `path` is the one it got, or tried last.
+    /// Creates a new file, whole and durable when it appears, by the first free name that
+    /// freeName() tries; never replaces another. `path` is the name it got, or tried last.
     Outcome writeNew(std::string_view beginning, std::string_view ending, std::string_view content,
                      std::string &path);
 
-    /// Reports a failed operation by the rules above; returns `outcome`.
+    /// Reports a failed operation as described above; returns `outcome`.
     Outcome judge(std::string_view operation, std::string_view path, Outcome outcome);
     bool shut() const { return run.ending(); }
     Outcome realPath(std::string_view path, std::string &real) const
     {
         return drives.resolve(path, real);
     }
-    /// For those who create nothing: as spelled where it cannot be found out.
+    /// For callers that create nothing: the path as spelled if the real spelling is unknown.
     std::string realPath(std::string_view path) const { return drives.resolve(path); }
     Disk &rawDisk() { return disk; }
     Run &theRun() { return run; }
@@ -126,10 +127,9 @@ private:
     Maker maker;
 };
 
-/// Lines of a text file: ended by CR LF, LF or CR, a last one without an end included.
+/// Lines of a text file, ended by CR LF, LF or CR; the last line may have no end.
 std::vector<std::string> splitLines(std::string_view content);
-/// One line as every text file of the contracts has it: a NUL is written as a blank, the end is
-/// CR LF.
+/// One line as all our text files have it: a NUL is written as a blank, the end is CR LF.
 std::string textLine(std::string_view text);
 
 } // namespace platform

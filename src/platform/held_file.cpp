@@ -15,7 +15,7 @@ Outcome HeldFile::take(std::string_view path, std::string_view text)
         outcome = files.lock(path, OpenMode::AppendNoLink, opened);
     if (!done(outcome))
         return outcome;
-    // The lock is what counts: a text that cannot be written is merely not there.
+    // Only the lock counts, so a text that cannot be written is no failure.
     std::uint64_t size = 0;
     std::uint64_t landedAt = 0;
     if (done(opened->size(size)) && done(opened->cutBack(size, 0)) && !text.empty())

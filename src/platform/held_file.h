@@ -1,4 +1,5 @@
-// HeldFile: a file whose lock says that its holder lives. The system releases it when that dies.
+// HeldFile: a file whose lock shows that its holder is running. When the holder dies, the system
+// releases the lock.
 #pragma once
 
 #include "platform/files.h"
@@ -9,14 +10,14 @@
 
 namespace platform {
 
-/// The file itself stays when it is released; only the lock counts.
+/// Only the lock counts; the file itself stays when it is released.
 class HeldFile {
 public:
     explicit HeldFile(Files &theFiles) : files(theFiles) {}
 
-    /// Creates the file when it is missing, takes its lock, and puts `text` into it for others to
-    /// read. Locked when another holds it, whose text stays; Broken where a link stands in its
-    /// place. Failures end nothing. Once held it stays held, and taking it again changes nothing.
+    /// Creates the file if it is missing, takes its lock, and writes `text` into it for others to
+    /// read. Locked when another holds it, whose text stays; Broken if the path is a link. A
+    /// failure does not end the program. Taking it again while it is held changes nothing.
     Outcome take(std::string_view path, std::string_view text = {});
     bool held() const { return file != nullptr; }
     void release() { file.reset(); }

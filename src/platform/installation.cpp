@@ -33,7 +33,7 @@ std::string lowered(std::string_view text)
     return small;
 }
 
-/// Cuts off a comment: a `;` behind two blanks or a tab, so that a `;` inside a value stays.
+/// Cuts off a comment: a `;` after two blanks or a tab, so that a `;` inside a value stays.
 std::string_view withoutComment(std::string_view line)
 {
     for (std::size_t at = line.find(';'); at != std::string_view::npos;
@@ -77,7 +77,7 @@ std::optional<std::string> bytesIn(std::string_view text)
     return bytes;
 }
 
-/// A folder's path that stays below where it is put, with `/` throughout; empty when it does not.
+/// A relative path with `/`; empty if it would lead out of its folder.
 std::string folderBelow(std::string_view value)
 {
     std::string folder;

@@ -1,4 +1,4 @@
-// Installation: what the contracts leave to the place where the programs run, read once from
+// Installation: the settings that differ from one installation to the next, read once from
 // installation.ini in the drives folder (on Windows beside the executable).
 #pragma once
 
@@ -18,8 +18,8 @@ struct SpoolPrinter {
     std::string folder; // below the folder of installation.ini
 };
 
-/// Every key has a default; the file may be absent. Unknown sections and keys, a line that is
-/// nothing and a number or byte that is none are passed over.
+/// Every key has a default; the file may be missing. Unknown sections and keys, lines without a
+/// meaning and invalid numbers or bytes are ignored.
 struct Installation {
     std::vector<SpoolPrinter> spoolPrinters;                   // by their number, [printer.1] first
     std::string cutBytes = std::string("\x1D\x56\x42\x00", 4); // [printer.real] cut, raw

@@ -1,5 +1,5 @@
-// Outcome: how a single operation on a file or program ended. Nobody throws; a routine either
-// passes an outcome over (errors ignored) or the program ends with the system's own message.
+// Outcome: how a single operation on a file or program ended. Nothing throws; a failure is either
+// ignored (ErrorsIgnored) or ends the program with the system's own message.
 #pragma once
 
 namespace platform {

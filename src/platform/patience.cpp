@@ -21,7 +21,7 @@ bool isLocked(Outcome outcome)
     return outcome == Outcome::Locked;
 }
 
-/// Money hangs on it, so that anything is tried once more.
+/// Any failure is worth another attempt, because money depends on it.
 bool anyFailure(Outcome outcome)
 {
     return !done(outcome);
@@ -58,7 +58,7 @@ Outcome patiently(Run &run, Wait wait, const std::function<Outcome()> &attempt)
     const Row row = rowOf(wait);
     const std::uint64_t begun = run.milliseconds();
     Outcome outcome = attempt();
-    // An attempt may itself last long, on a share that has gone, or take no time at all.
+    // An attempt may itself take long (a share that has gone) or no time at all.
     for (std::uint32_t rested = 0; row.passes(outcome) && !run.ending() && !run.impatient() &&
                                    rested < row.limit && run.milliseconds() - begun < row.limit;
          rested += kStep) {

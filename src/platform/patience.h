@@ -1,5 +1,5 @@
-// Patience: the short waits for what passes by itself, all of them and their limits in one place:
-// a lease that its holder gives back, a lock held for a moment, a share that stumbles.
+// Patience: all short waits for failures that pass by themselves, and their limits: a lease that
+// its holder gives back, a lock held for a moment, a short failure of a share.
 #pragma once
 
 #include "platform/outcome.h"
@@ -22,10 +22,10 @@ enum class Wait {
 /// The longest wait, in milliseconds.
 std::uint32_t limitOf(Wait wait);
 
-/// Makes `attempt`, and makes it again in short steps, until it is done, fails in a way that does
-/// not pass by itself, or the limit is over. Gives the last outcome, for the caller to judge: while
-/// it is being attempted, failures are passed over. The windows are repainted meanwhile and nothing
-/// else happens: no input, timer or handler. At the end of the program nothing is waited for.
+/// Repeats `attempt` in short steps until it succeeds, fails in a way that does not pass by itself,
+/// or the limit is over. Gives the last outcome for the caller to judge: failures during the
+/// attempts are ignored. Meanwhile the windows are only repainted: no input, timer or handler runs.
+/// While the program ends, it does not wait.
 Outcome patiently(Run &run, Wait wait, const std::function<Outcome()> &attempt);
 
 } // namespace platform

@@ -24,7 +24,7 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 6> kBanners 
 
 constexpr double kColumnMm = 2;      // of plain text, about that of small receipt print
 constexpr std::size_t kUsualTab = 6; // columns, 12 mm
-constexpr double kWidestMm = 2000;   // keeps a nonsensical stop from making an endless line
+constexpr double kWidestMm = 2000;   // so that an absurd stop makes no endless line
 
 bool isControl(char c)
 {
@@ -48,7 +48,7 @@ std::vector<std::size_t> tabStops(std::string_view list)
     return stops;
 }
 
-/// The first stop behind `column`, or the next column, when all stops are passed.
+/// The first stop after `column`, or the next column when there is none.
 std::size_t nextColumn(const std::vector<std::size_t> &stops, std::size_t column)
 {
     if (stops.empty())

@@ -1,5 +1,5 @@
-// PrintJob: a slip or report as data, before it is paper. Rules write jobs, tests compare them,
-// platform/qt/ paints them.
+// PrintJob: a slip or report as data. Rules write jobs, tests compare them, platform/qt/ paints
+// them.
 #pragma once
 
 #include <string>
@@ -38,16 +38,16 @@ struct PrintJob {
     std::vector<PrintOperation> operations;
 };
 
-/// The words of a banner picture ("Picture2" is "MERCHANT COPY"), for plain text and for screen
-/// readers; the name itself for a picture that is not known.
+/// The text in a banner picture ("Picture2" is "MERCHANT COPY"), for plain text and for screen
+/// readers; the name itself for an unknown picture.
 std::string bannerText(std::string_view pictureName);
 
 /// A job as plain text: the lines as printed (tab stops at 2 mm a column, other control characters
-/// as blanks), a picture as its words in brackets, a cut as "- - - cut - - -", a new page as a
-/// form feed. Ends each line with CR LF.
+/// as blanks), a picture as its text in brackets, a cut as "- - - cut - - -", a new page as a form
+/// feed. Each line ends with CR LF.
 std::string plainText(const PrintJob &job);
 
-/// For tests and diagnosis: every operation on a line of its own, fonts included.
+/// For tests and diagnosis: one line for each operation, including fonts.
 std::string describe(const PrintJob &job);
 
 } // namespace platform

@@ -8,18 +8,18 @@ std::optional<ProgramCall> findProgram(std::string_view commandLine,
                                        const std::function<bool(const std::string &)> &isFile)
 {
     std::size_t from = 0;
-    std::size_t behind = 0; // what is skipped behind the program: a quote or nothing
+    std::size_t skipped = 0; // what is skipped behind the program: a quote or nothing
     char separator = ' ';
     if (!commandLine.empty() && commandLine.front() == '"') {
         from = 1;
-        behind = 1;
+        skipped = 1;
         separator = '"';
     }
     for (std::size_t end = from; end < commandLine.size();) {
         end = std::min(commandLine.find(separator, end + 1), commandLine.size());
         std::string program(commandLine.substr(from, end - from));
         if (isFile(program)) {
-            std::string_view rest = commandLine.substr(std::min(end + behind, commandLine.size()));
+            std::string_view rest = commandLine.substr(std::min(end + skipped, commandLine.size()));
             rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
             return ProgramCall{std::move(program), std::string(rest)};
         }

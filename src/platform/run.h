@@ -1,5 +1,5 @@
-// Run: the state of this process's run. Whether it is ending, whether errors are ignored just
-// now, and the one way to let the event loop turn during a wait.
+// Run: the state of this process: whether it is ending, whether errors are ignored at the moment,
+// and the only way to let the event loop turn during a wait.
 #pragma once
 
 #include "platform/clock.h"
@@ -11,17 +11,17 @@
 
 namespace platform {
 
-/// One turn of the event loop: deliver what is due (input, paints, timers), then rest a few
-/// milliseconds. Production turns Qt's loop; tests turn virtual time.
+/// One turn of the event loop: handles what is due (input, paints, timers), then sleeps a few
+/// milliseconds. The programs turn Qt's loop; tests turn virtual time.
 class EventLoop {
 public:
     virtual ~EventLoop() = default;
     virtual void turn() = 0;
-    /// The same without the rest, for work that goes on at once. It may be called a hundred
-    /// thousand times: a loop for which a turn costs something makes one every few milliseconds.
+    /// The same without the sleep, for use inside long work. It may be called a hundred thousand
+    /// times: a loop whose turns are expensive turns only every few milliseconds.
     virtual void glance() { turn(); }
-    /// Lets so much time pass and repaints the windows; no input, timer or handler runs. Nothing
-    /// passes where nobody waits.
+    /// Lets so much time pass and repaints the windows; no input, timer or handler runs. Does
+    /// nothing by default.
     virtual void rest(std::uint32_t) {}
 };
 
@@ -31,36 +31,36 @@ public:
     Run(const Run &) = delete;
     Run &operator=(const Run &) = delete;
 
-    /// Lets other events run once. Handlers that run inside do not inherit an ErrorsIgnored
-    /// scope of the caller: it is set aside for the turn and restored behind it.
+    /// Lets other events run once. Handlers that run inside do not inherit an ErrorsIgnored scope
+    /// of the caller: it is suspended for the turn and restored after it.
     void yield();
-    /// The same in the midst of work, by EventLoop::glance(): at every record of a list.
+    /// The same during long work, by EventLoop::glance(): called at every record of a list.
     void glance();
-    /// For patiently() alone: so much time passes, painted, and nothing else happens.
+    /// Only for patiently(): so much time passes, windows are repainted, nothing else happens.
     void rest(std::uint32_t milliseconds) { loop.rest(milliseconds); }
     std::uint64_t milliseconds() const { return clock.milliseconds(); }
 
-    /// Asks for the end of the program. From here on the file layer is shut and every dialog
-    /// answers Cancel; every loop tests ending(). What must still happen happens before.
+    /// Begins the end of the program. From here on the file layer is shut and every dialog answers
+    /// Cancel; every loop tests ending(). Whatever must still happen has to happen before.
     void end() { over = true; }
-    /// The same, with the exit code of a program that a failure ended; who ends it has said why.
+    /// The same, with the exit code for a failure; the caller has already shown why.
     void endInFailure() { over = failure = true; }
     bool ending() const { return over; }
 
     /// A file operation failed outside every ErrorsIgnored scope: shuts the file layer, shows the
-    /// system's own message once (`operation` and `path` named) and ends the program.
+    /// system's own message with `operation` and `path` once, and ends the program.
     void fail(std::string_view operation, std::string_view path, Outcome outcome);
-    /// The same for what is no file operation, such as a text that should be a date.
+    /// The same for other failures, such as a text that should be a date.
     void fail(const std::string &message);
     bool failed() const { return failure; }
 
     bool errorsIgnored() const { return ignoring > 0; }
     bool impatient() const { return hurrying > 0; }
 
-    /// What an end by fail() means for the guest's money and what to do next, as things stand just
-    /// now: said behind the message. The procedures keep it true.
+    /// What an end by fail() would mean for the guest's money at this moment, and what to do next;
+    /// shown after the message. The procedures keep it up to date.
     std::string consequence;
-    /// Shows the message of fail(); set by whoever builds the services.
+    /// Shows the message of fail(); set where the services are built.
     std::function<void(const std::string &text)> reportFailure;
 
 private:
@@ -74,9 +74,9 @@ private:
     bool failure = false;
 };
 
-/// While one lives, failed file operations are passed over: reads give nothing, writes do
-/// nothing, a refused lock is ignored. Set at the marked point from which a routine ignores
-/// errors; called routines inherit it.
+/// While one exists, failed file operations are ignored: reads give nothing, writes do nothing, a
+/// refused lock does not stop anything. Stands at the point from which a routine ignores errors;
+/// called routines inherit it.
 class ErrorsIgnored {
 public:
     explicit ErrorsIgnored(Run &theRun) : run(theRun) { ++run.ignoring; }
@@ -88,8 +88,8 @@ private:
     Run &run;
 };
 
-/// While one lives, patiently() makes one attempt and waits for nothing: what is about to be tried
-/// was waited for already.
+/// While one exists, patiently() makes one attempt and does not wait: the caller has already waited
+/// for the same failure.
 class Impatient {
 public:
     explicit Impatient(Run &theRun) : run(theRun) { ++run.hurrying; }

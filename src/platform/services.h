@@ -1,4 +1,4 @@
-// Services: everything a procedure may ask of the platform, as one set of references.
+// Services: everything that a procedure may use of the platform, as one set of references.
 #pragma once
 
 #include "platform/clock.h"

@@ -60,7 +60,7 @@ Outcome SlotFile::attach()
 {
     mode = openedFor == SlotUse::Append ? OpenMode::Append : OpenMode::ReadWrite;
     Outcome outcome = files.tryOpen(name, mode, file);
-    // A reader too asks for writing first: an exclusive lock needs it on some systems.
+    // A reader opens for writing too if it can: on some systems an exclusive lock needs that.
     if (outcome == Outcome::Denied && openedFor == SlotUse::Read) {
         mode = OpenMode::Read;
         outcome = files.tryOpen(name, mode, file);
@@ -158,7 +158,7 @@ Outcome SlotFile::read(long slot, std::span<char> into)
     return Outcome::Done;
 }
 
-/// Reads the slot at `offset`, and many after it when the slots are being walked in order.
+/// Reads the slot at `offset`, and many after it when slots are read in order.
 Outcome SlotFile::fillBuffer(std::uint64_t offset)
 {
     const bool walking = locked && offset == bufferAt + buffer.size();
@@ -195,7 +195,7 @@ Outcome SlotFile::append(std::string_view bytes, long &slot)
     if (openedFor != SlotUse::Append || bytes.size() != length)
         return judge("Writing", Outcome::Broken);
     dropBuffer();
-    // Without the lock the file may just have been replaced; the old one is nobody's any more.
+    // Without the lock the file may just have been replaced; nobody reads the old one any more.
     if (!locked && !isStillThere()) {
         if (const Outcome outcome = attach(); !done(outcome))
             return judge("Opening", outcome);
@@ -210,19 +210,19 @@ Outcome SlotFile::append(std::string_view bytes, long &slot)
     return judge("Writing", outcome);
 }
 
-/// A tail that counts as a slot becomes a whole one first, so that the record lands where it
-/// belongs: killed before it is moved there, the program would leave it across two slots. Behind a
-/// shorter tail the place is claimed with NUL.
+/// A tail that counts as a slot is first filled up to a whole one, so that the record lands in its
+/// slot at once: if it were moved there later, a kill in between would leave it across two slots.
+/// After a shorter tail the place is claimed with NUL.
 Outcome SlotFile::placeLocked(std::string_view bytes, std::uint64_t &landedAt)
 {
     std::uint64_t end = 0;
-    if (!done(file->size(end))) // then as without the lock: it lands in its slot in the end
+    if (!done(file->size(end))) // go on as without the lock: the record still gets into its slot
         return place(bytes, bytes, landedAt);
-    const std::uint64_t behind = end % length;
+    const std::uint64_t tail = end % length;
     const std::string nothing(length, '\0');
-    if (2 * behind < length)
-        return place(behind == 0 ? bytes : nothing, bytes, landedAt);
-    const std::string padding = nothing.substr(behind);
+    if (2 * tail < length)
+        return place(tail == 0 ? bytes : nothing, bytes, landedAt);
+    const std::string padding = nothing.substr(tail);
     std::uint64_t paddedAt = 0;
     Outcome outcome = file->append(padding, paddedAt);
     if (!done(outcome))
@@ -230,39 +230,40 @@ Outcome SlotFile::placeLocked(std::string_view bytes, std::uint64_t &landedAt)
     outcome = file->flush();
     if (done(outcome))
         outcome = place(bytes, bytes, landedAt);
-    // Where another has come between the padding may be part of his record.
+    // If another station has appended meanwhile, the padding may be part of its record.
     if (!done(outcome) && paddedAt == end)
         file->cutBack(end + padding.size(), end);
     return outcome;
 }
 
-/// Appends `claimed` first and looks afterwards: only where it has landed is certain, a length that
-/// was asked for before may be that of another's half-done write.
+/// Appends `claimed` first and then looks where it landed: only that is certain. A length that was
+/// read before may be that of another station's half-done write.
 Outcome SlotFile::place(std::string_view claimed, std::string_view bytes, std::uint64_t &landedAt)
 {
     std::uint64_t claim = 0;
     const Outcome outcome = file->append(claimed, claim);
-    // Nearest, and a half always up: of two who append behind half a slot, one would round up to
-    // where the other rounds down. Down, a rewrite that has walked the half would not look there.
-    const std::uint64_t behind = claim % length;
-    landedAt = claim - behind + (2 * behind >= length ? length : 0);
+    // To the nearest slot, and a half always up: of two stations that append after half a slot, one
+    // would round up to the slot that the other rounds down to. Rounded down, a rewrite that has
+    // already passed the half would not look there.
+    const std::uint64_t tail = claim % length;
+    landedAt = claim - tail + (2 * tail >= length ? length : 0);
     if (!done(outcome) || (landedAt == claim && claimed.data() == bytes.data()))
         return outcome;
-    // Behind a torn tail. What the record covers now is its claim: whoever else appends, locked or
-    // not, claims the next 500 bytes, so that no two move to the same slot.
-    // The head of it must not stand in the slot that the tail belongs to.
+    // After a torn tail. The bytes that the record covers now are its claim: any other append,
+    // locked or not, claims the next 500 bytes, so that no two move to the same slot. The head of
+    // the record must not stay in the slot that the tail belongs to.
     const std::string gap(landedAt > claim ? landedAt - claim : 0, '\0');
     const Outcome moved = rewriteAt(std::min(claim, landedAt), gap + std::string(bytes));
     if (!done(moved))
         giveUp(claim, std::max(claim, landedAt) + length);
     else if (landedAt < claim && locked)
         file->cutBack(claim + length, landedAt + length);
-    // Without the lock what is left of the claim stays, since somebody may be just behind it. It
-    // is less than half a slot and does not count.
+    // Without the lock the rest of the claim stays, since another append may come directly after
+    // it. It is less than half a slot and does not count.
     return moved;
 }
 
-/// Takes an append back, unless somebody has written behind it.
+/// Takes an append back, unless somebody has appended after it.
 void SlotFile::giveUp(std::uint64_t claim, std::uint64_t end)
 {
     std::uint64_t size = 0;
@@ -270,14 +271,14 @@ void SlotFile::giveUp(std::uint64_t claim, std::uint64_t end)
         file->cutBack(size, claim);
 }
 
-/// Through a second descriptor: on one for appending the system ignores the offset.
+/// Through a second descriptor, because one opened for appending ignores the offset.
 Outcome SlotFile::rewriteAt(std::uint64_t offset, std::string_view bytes)
 {
     std::unique_ptr<DiskFile> rewriting;
     const Outcome outcome = files.tryOpen(name, OpenMode::ReadWrite, rewriting);
     if (!done(outcome))
         return outcome;
-    // Replaced by another just now: it is not the file that the record was appended to.
+    // Just replaced by another station: not the file that the record was appended to.
     return isStillThere() ? rewriting->writeAt(offset, bytes) : Outcome::NotThere;
 }
 

@@ -1,5 +1,5 @@
-// SlotFile: fixed-length records at (slot - 1) x length in a shared file. It knows bytes only;
-// nobody else seeks.
+// SlotFile: fixed-length records at (slot - 1) x length in a shared file. It knows only bytes; no
+// other code computes offsets.
 #pragma once
 
 #include "platform/files.h"
@@ -18,9 +18,9 @@ enum class SlotUse {
     Append,  // created empty when missing; read and append
 };
 
-/// Open, lock, use, unlock, close; no file stays open across a user's decision. All reading and
-/// writing goes through the descriptor that holds the lock. Failures follow the rules of Files:
-/// inside ErrorsIgnored a refused lock is passed over and the write is done all the same.
+/// Open, lock, use, unlock, close; no file stays open while a user decides. All reading and writing
+/// goes through the descriptor that holds the lock. Failures are handled as in Files: inside
+/// ErrorsIgnored a refused lock is ignored and the write is done anyway.
 class SlotFile {
 public:
     SlotFile(Files &theFiles, std::string path, std::size_t slotLength);
@@ -32,13 +32,13 @@ public:
     /// Never waits. Checks that the file it locked is still the one at the path (it may have
     /// been replaced meanwhile), else opens it again and locks that one.
     Outcome lock();
-    /// Length / slot length to the nearest whole number, an exact half to the even one. 0 when
-    /// not open, shut or when the length cannot be read.
+    /// Length / slot length, rounded to the nearest whole number, an exact half to the even one. 0
+    /// when not open, shut, or when the length cannot be read.
     long count();
-    /// The same for those to whom none and unknown are not alike. A length of more than a million
-    /// slots is Broken.
+    /// The same for callers that must tell none from unknown. A length of more than a million slots
+    /// is Broken.
     Outcome count(long &slots);
-    /// Bytes behind the last whole slot; 0 as count() gives it.
+    /// Bytes after the last whole slot; 0 in the same cases as count().
     std::size_t tail();
     /// Fills `into` (at most one slot's length) from slot N, from 1. Past the end, and for N < 1,
     /// NUL bytes without an error; a short last slot is filled up with NUL. A read that fails
@@ -46,18 +46,18 @@ public:
     Outcome read(long slot, std::span<char> into);
     /// Writes at slot N; shorter than a slot leaves the slot's tail as it stands.
     Outcome write(long slot, std::string_view bytes);
-    /// `bytes` must be one whole slot. The system places it at the end, so that it never
-    /// overwrites what another process wrote, lock or no lock; `slot` is where it landed. Only
-    /// when the file's length is not a multiple of the slot length is it put into the next whole
-    /// slot, over a tail of less than half of one. Under the lock a longer tail is filled up with
-    /// NUL and flushed first, and no kill leaves the bytes anywhere but in their slot.
-    /// After a failure the file is as it was. Flushed to the disk before close() returns.
+    /// `bytes` must be one whole slot. The system places it at the end, so that it never overwrites
+    /// what another process wrote, with or without the lock; `slot` is where it landed. Only if the
+    /// file's length is not a multiple of the slot length, it is put into the next whole slot, over
+    /// a tail of less than half a slot. Under the lock a longer tail is first filled up with NUL
+    /// and flushed, so that a kill at any moment leaves the bytes only in their slot. After a
+    /// failure the file is as it was. Flushed to the disk before close() returns.
     Outcome append(std::string_view bytes, long &slot);
     Outcome unlock();
     /// Flushes what was written (after the unlock, on the still open descriptor) and closes.
     Outcome close();
     bool isOpen() const { return file != nullptr; }
-    /// The open file is the one at the path still; nobody has replaced it.
+    /// Whether the open file is still the one at the path and was not replaced.
     bool isStillThere() const;
     const std::string &path() const { return name; }
 
@@ -86,7 +86,8 @@ private:
     bool locked = false;
     bool written = false;
     bool startedFile = false; // the file's first record was appended here
-    // What was read last; a walk under the lock reads ahead, nobody else may rewrite meanwhile.
+    // What was read last. Under the lock, slots are read ahead, because nobody else may rewrite
+    // them.
     std::string buffer;
     std::uint64_t bufferAt = 0;
 };

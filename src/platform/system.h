@@ -20,28 +20,28 @@ public:
 
     /// Starts a program and does not wait. The program is the first prefix of `commandLine` up to
     /// a blank (or its end) that names a file, growing to the right; the rest is its arguments,
-    /// handed over as one text on Windows, split at blanks elsewhere. No open file is inherited.
+    /// passed as one text on Windows, split at blanks elsewhere. No open file is inherited.
     virtual Outcome start(const std::string &commandLine, WindowStyle style) = 0;
     /// Ends every process of that image name ("X-Charge.exe"), compared without regard to case.
-    /// On Windows it starts `cmd.exe /c TASKKILL /IM name /F` minimised; elsewhere only processes
-    /// whose program lies under the drives folder are ended. Never reports anything.
+    /// On Windows it starts `cmd.exe /c TASKKILL /IM name /F` minimised; elsewhere it ends only
+    /// processes whose program lies under the drives folder. Never reports anything.
     virtual void killImage(const std::string &imageName) = 0;
-    /// As the system spells it; elsewhere than on Windows the host name up to the first dot.
+    /// As the system spells it; except on Windows, the host name up to the first dot.
     virtual std::string computerName() = 0;
     /// The running executable's name without folder and extension.
     virtual std::string executableName() = 0;
     virtual Outcome openEditor(const std::string &path) = 0;
     virtual Outcome openBrowser(const std::string &address) = 0;
-    /// Begins to try the address of the installation's connection test, which has 2 s to answer;
-    /// nothing while one is under way. It goes on beside the program, and nobody is called.
+    /// Starts the test of the installation's connection test address, which has 2 s to answer. Does
+    /// nothing while a test is running. It runs on its own thread and calls nobody back.
     virtual void startConnectionTest() = 0;
-    /// Whether it answered the last one begun; nothing while that is under way.
+    /// Whether the address answered the last test; nothing while that is running.
     virtual std::optional<bool> connectionTested() const = 0;
     /// A sound file; silent when there is none or nothing to play it.
     virtual void playSound(const std::string &path) = 0;
 };
 
-/// The running system. `drives` turns contract paths into real ones.
+/// The running system. `drives` turns Windows paths into real ones.
 std::unique_ptr<System> runningSystem(const Drives &drives, const Installation &installation);
 
 } // namespace platform

@@ -44,8 +44,8 @@ Outcome outcomeOfStart(int error)
     }
 }
 
-/// What a started program gets: a session of its own, so that it lives on when we end, no signal
-/// blocked, none of our files, nothing to read and nowhere to write but the common error output.
+/// A started program gets its own session, so that it goes on when we end, no blocked signals, none
+/// of our files, no input, and only the common error output.
 class SpawnTerms {
 public:
     SpawnTerms()
@@ -95,7 +95,7 @@ bool isBelow(const std::string &path, const std::string &folder)
            path.find("/../") == std::string::npos;
 }
 
-/// The program of a running process, links followed; empty when it is not ours to know.
+/// The program of a running process, links followed; empty without the right to know it.
 std::string programOf(const std::string &process)
 {
     constexpr std::string_view kReplaced = " (deleted)"; // the file, since it was started
@@ -105,7 +105,7 @@ std::string programOf(const std::string &process)
     return program;
 }
 
-/// The program as it was called: a link in the drives folder that leads out of it still counts.
+/// The program as it was called: a link in the drives folder that leads out of it counts too.
 std::string calledAs(const std::string &process)
 {
     std::ifstream file(process + "/cmdline", std::ios::binary);
@@ -193,7 +193,7 @@ public:
     }
 
 private:
-    /// Runs the installation's command, %1 replaced, or what the desktop opens such a thing with.
+    /// Runs the installation's command with %1 replaced, or the desktop's program for such a file.
     Outcome open(const std::string &command, const std::string &what)
     {
         if (command.empty())
@@ -203,7 +203,7 @@ private:
             words = splitArguments(call->arguments);
             words.insert(words.begin(), call->program);
         } else {
-            words = splitArguments(command); // a name that the search path knows
+            words = splitArguments(command); // a program on the search path
         }
         if (words.empty())
             return Outcome::NotThere;
@@ -231,7 +231,7 @@ private:
         return outcomeOfStart(error);
     }
 
-    /// Programs started earlier that have ended meanwhile must not stay behind as zombies.
+    /// Programs that were started earlier and have ended must not remain as zombies.
     void reap()
     {
         std::erase_if(children,

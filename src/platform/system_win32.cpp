@@ -94,7 +94,7 @@ public:
             commandLine, [this](const std::string &path) { return isFile(drives.resolve(path)); });
         if (!call)
             return Outcome::NotThere;
-        // In quotes, so that the started program takes its arguments apart at the right blank.
+        // In quotes, so that the started program splits its arguments at the right blank.
         return create(quoted(wideText(drives.resolve(call->program))) + L" " +
                           wideText(call->arguments),
                       style);

@@ -1,5 +1,5 @@
-// Between the contracts' single-byte text and the system's wide text, by the code page of the
-// computer.
+// Converts between the single-byte text of our files and the system's wide text, by the code page
+// of the computer.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 namespace platform {
 
 std::wstring wideText(const std::string &text);
-/// A character that the code page has not becomes "?".
+/// A character that the code page does not have becomes "?".
 std::string narrowText(const std::wstring &text);
 
 } // namespace platform

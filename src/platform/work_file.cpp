@@ -72,7 +72,7 @@ Outcome WorkFile::carryOver(SlotFile &live, long &walked)
     return done(outcome) ? file->flush() : outcome;
 }
 
-/// Until nothing was appended to the live file while this one went to the disk.
+/// Repeats until nothing was appended to the live file while this one was flushed.
 Outcome WorkFile::comeUpWith(SlotFile &live, long &walked)
 {
     Outcome outcome = Outcome::Done;
@@ -99,7 +99,7 @@ Outcome WorkFile::replace(SlotFile &live, long walked)
         return files.judge("Replacing", live.path(), outcome);
     placed = true;
     outcome = files.flushFolderOf(live.path());
-    // Where the system could only copy this file over the live one, there is no old one left.
+    // If the system could only copy this file over the live one, there is no old one left.
     if (live.isStillThere() || live.count() == walked)
         return outcome;
     const Outcome carried = judge("Writing", carryOver(live, walked));

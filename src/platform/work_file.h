@@ -8,9 +8,9 @@
 
 namespace platform {
 
-/// While it is open nobody else can build one of the same name, and from the moment it is in place
-/// until it is closed its lock is that of the live file: no taker of the lock sees the change
-/// half-way. One that took nobody's place is removed again, unless the program is ending.
+/// While it is open nobody else can write one of the same name. It is locked from the beginning, so
+/// that it is the locked live file as soon as it is in place: no taker of the lock sees the change
+/// half-done. A work file that replaced nothing is removed again, unless the program is ending.
 class WorkFile {
 public:
     WorkFile(Files &theFiles, std::string path, std::size_t slotLength);
@@ -18,16 +18,17 @@ public:
     WorkFile(const WorkFile &) = delete;
     WorkFile &operator=(const WorkFile &) = delete;
 
-    /// Created, or emptied where one was left over, and locked; never through a link. A lock that
-    /// is refused, inside ErrorsIgnored too, means that another is at it: do not go on.
+    /// Creates the file, or empties one that was left over, and locks it; never through a link. A
+    /// refused lock, inside ErrorsIgnored too, means that another program is using it: do not go
+    /// on.
     Outcome create();
-    /// One whole slot behind the others. Slots are written many at a time, so that a failure may
-    /// show only in replace().
+    /// Adds one whole slot after the others. Slots are written many at a time, so that a failure
+    /// may show only in replace().
     void add(std::string_view slot);
-    /// Takes the place of `live`, which is open and whose slots 1 to `walked` are accounted for.
-    /// What others have appended behind them, which they may do without the lock, comes along: up
-    /// to the last look right before the renaming, and by one more look behind it. Not done when
-    /// `live` shrank, cannot be read or is no longer the file at its path.
+    /// Replaces `live`, which is open and whose slots 1 to `walked` were copied or moved. Records
+    /// that others appended after those, as they may without the lock, are copied too: those before
+    /// the last look, immediately before the rename, and those that one more look after it finds.
+    /// Fails if `live` shrank, cannot be read or is no longer the file at its path.
     Outcome replace(SlotFile &live, long walked);
 
 private:
