@@ -10,44 +10,80 @@ namespace {
 constexpr const char *kMore = "- ...";
 constexpr std::size_t kLongRun = 4; // gone lines in a row from which on they are shortened
 
+/// Up to the first blank, "=" or ":" behind a word; the whole line where there is none.
+std::string beginningOf(const std::string &line)
+{
+    const std::size_t word = std::min(line.find_first_not_of(' '), line.size());
+    return line.substr(0, std::min(line.find_first_of(" =:", word), line.size() - 1) + 1);
+}
+
+bool beginAlike(const std::string &one, const std::string &other)
+{
+    return one != other && beginningOf(one) == beginningOf(other);
+}
+
 /// Lines of `before` that are gone, and lines of `now` in their place.
 struct Hunk {
     std::size_t at = 0, end = 0; // in `before`
     std::size_t nowAt = 0, nowEnd = 0;
+    bool replaces = false; // one line by one that begins alike
 };
 
-/// The lengths of the longest common parts of what follows each pair of places.
-std::vector<std::vector<std::size_t>> commonLengths(const Lines &before, const Lines &now)
-{
-    std::vector<std::vector<std::size_t>> length(before.size() + 1,
-                                                 std::vector<std::size_t>(now.size() + 1));
-    for (std::size_t i = before.size(); i-- > 0;)
-        for (std::size_t j = now.size(); j-- > 0;)
-            length[i][j] = before[i] == now[j] ? length[i + 1][j + 1] + 1
-                                               : std::max(length[i + 1][j], length[i][j + 1]);
-    return length;
-}
-
-std::vector<Hunk> hunksOf(const Lines &before, const Lines &now)
-{
-    const auto length = commonLengths(before, now);
-    std::vector<Hunk> hunks;
-    std::size_t i = 0;
-    std::size_t j = 0;
-    while (i < before.size() || j < now.size()) {
-        if (i < before.size() && j < now.size() && before[i] == now[j]) {
-            ++i, ++j;
-            continue;
-        }
-        if (hunks.empty() || hunks.back().end != i || hunks.back().nowEnd != j)
-            hunks.push_back({i, i, j, j});
-        if (j == now.size() || (i < before.size() && length[i + 1][j] >= length[i][j + 1]))
-            hunks.back().end = ++i;
-        else
-            hunks.back().nowEnd = ++j;
+/// The way from one text to the other with the fewest lines to show.
+class Way {
+public:
+    Way(const Lines &theBefore, const Lines &theNow)
+        : before(theBefore), now(theNow), cost(before.size() + 1, std::vector<int>(now.size() + 1))
+    {
+        for (std::size_t i = before.size() + 1; i-- > 0;)
+            for (std::size_t j = now.size() + 1; j-- > 0;)
+                cost[i][j] = bestAt(i, j);
     }
-    return hunks;
-}
+
+    std::vector<Hunk> hunks() const
+    {
+        std::vector<Hunk> hunks;
+        std::size_t i = 0;
+        std::size_t j = 0;
+        while (i < before.size() || j < now.size()) {
+            if (has(i, j) && before[i] == now[j]) {
+                ++i, ++j;
+            } else if (has(i, j) && beginAlike(before[i], now[j]) &&
+                       cost[i][j] == cost[i + 1][j + 1] + kReplaced) {
+                hunks.push_back({i, i + 1, j, j + 1, true});
+                ++i, ++j;
+            } else {
+                if (hunks.empty() || hunks.back().replaces || hunks.back().end != i ||
+                    hunks.back().nowEnd != j)
+                    hunks.push_back({i, i, j, j, false});
+                const bool gone = i < before.size() &&
+                                  (j == now.size() || cost[i][j] == cost[i + 1][j] + kGoneOrNew);
+                (gone ? hunks.back().end = ++i : hunks.back().nowEnd = ++j);
+            }
+        }
+        return hunks;
+    }
+
+private:
+    static constexpr int kReplaced = 3;
+    static constexpr int kGoneOrNew = 2;
+
+    bool has(std::size_t i, std::size_t j) const { return i < before.size() && j < now.size(); }
+    int bestAt(std::size_t i, std::size_t j) const
+    {
+        if (has(i, j) && before[i] == now[j])
+            return cost[i + 1][j + 1];
+        if (!has(i, j))
+            return static_cast<int>(before.size() - i + now.size() - j) * kGoneOrNew;
+        const int apart = std::min(cost[i + 1][j], cost[i][j + 1]) + kGoneOrNew;
+        return beginAlike(before[i], now[j]) ? std::min(apart, cost[i + 1][j + 1] + kReplaced)
+                                             : apart;
+    }
+
+    const Lines &before;
+    const Lines &now;
+    std::vector<std::vector<int>> cost;
+};
 
 Lines shownGone(const Lines &before, const Hunk &hunk, bool shortened)
 {
@@ -109,6 +145,8 @@ private:
     {
         const std::size_t begun = next;
         const Lines context = take(' ');
+        if (context.size() == next - begun && next < shown.size() && shown[next][0] == '*')
+            return replace(context, shown[next++].substr(2));
         const Lines gone = take('-');
         const Lines added = take('+');
         if (next == begun)
@@ -126,6 +164,22 @@ private:
         return false;
     }
 
+    /// The first line that begins alike gives way to this one.
+    bool replace(const Lines &context, const std::string &line)
+    {
+        for (std::size_t at = place; at + context.size() < before.size(); ++at) {
+            const std::size_t replaced = at + context.size();
+            if (!stand(at, context) || !beginAlike(before[replaced], line))
+                continue;
+            made.insert(made.end(), before.begin() + offset(place),
+                        before.begin() + offset(replaced));
+            made.push_back(line);
+            place = replaced + 1;
+            return true;
+        }
+        return false;
+    }
+
     const Lines &before;
     const Lines &shown;
     std::size_t next = 0;
@@ -133,24 +187,34 @@ private:
     Lines made;
 };
 
+Lines shownHunk(const Lines &before, const Lines &now, const Hunk &hunk, std::size_t context,
+                bool shortly)
+{
+    Lines shown;
+    for (std::size_t i = hunk.at - context; i < hunk.at; ++i)
+        shown.push_back("  " + before[i]);
+    const bool replaces = hunk.replaces && shortly;
+    if (!replaces) {
+        const Lines gone = shownGone(before, hunk, shortly);
+        shown.insert(shown.end(), gone.begin(), gone.end());
+    }
+    for (std::size_t j = hunk.nowAt; j < hunk.nowEnd; ++j)
+        shown.push_back((replaces ? "* " : "+ ") + now[j]);
+    return shown;
+}
+
 /// Adds a hunk with as little around it as makes the place clear.
 void addHunk(Lines &shown, const Lines &before, const Lines &now, const Hunk &hunk,
              std::size_t after)
 {
-    const auto from = [](const Lines &lines, std::size_t n) {
-        return lines.begin() + static_cast<std::ptrdiff_t>(n);
-    };
-    Lines wanted(now.begin(), from(now, hunk.nowEnd));
-    wanted.insert(wanted.end(), from(before, hunk.end), before.end());
-    for (const bool shortened : {true, false})
+    Lines wanted(now.begin(), now.begin() + static_cast<std::ptrdiff_t>(hunk.nowEnd));
+    wanted.insert(wanted.end(), before.begin() + static_cast<std::ptrdiff_t>(hunk.end),
+                  before.end());
+    for (const bool shortly : {true, false})
         for (std::size_t context = 0; context <= hunk.at - after; ++context) {
             Lines tried = shown;
-            for (std::size_t i = hunk.at - context; i < hunk.at; ++i)
-                tried.push_back("  " + before[i]);
-            const Lines gone = shownGone(before, hunk, shortened);
-            tried.insert(tried.end(), gone.begin(), gone.end());
-            for (std::size_t j = hunk.nowAt; j < hunk.nowEnd; ++j)
-                tried.push_back("+ " + now[j]);
+            const Lines added = shownHunk(before, now, hunk, context, shortly);
+            tried.insert(tried.end(), added.begin(), added.end());
             if (applied(before, tried) == wanted) {
                 shown = tried;
                 return;
@@ -175,7 +239,7 @@ Lines differences(const Lines &before, const Lines &now)
 {
     Lines shown;
     std::size_t after = 0;
-    for (const Hunk &hunk : hunksOf(before, now)) {
+    for (const Hunk &hunk : Way(before, now).hunks()) {
         addHunk(shown, before, now, hunk, after);
         after = hunk.end;
     }

@@ -12,7 +12,7 @@ constexpr const char *kLike = ", like ";
 
 bool isShown(const std::string &line)
 {
-    for (const char *mark : {"  ", "+ ", "- ", "=="})
+    for (const char *mark : {"  ", "+ ", "- ", "* ", "=="})
         if (line.starts_with(mark))
             return true;
     return false;

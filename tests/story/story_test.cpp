@@ -14,7 +14,8 @@ TEST(Differences, MakeTheOneTextOfTheOtherAndNothingElse)
         const auto text = [&] {
             Lines lines;
             for (auto count = random() % 12; count > 0; --count)
-                lines.push_back(std::string(1, static_cast<char>('a' + random() % 3)));
+                lines.push_back(std::string(1, static_cast<char>('a' + random() % 3)) +
+                                (random() % 2 == 0 ? " 1" : ""));
             return lines;
         };
         const Lines before = text();
@@ -31,6 +32,8 @@ TEST(Differences, ShowAsMuchAroundAsMakesThePlaceClear)
               (Lines{"  b", "  -", "+ x"}));
     EXPECT_EQ(story::differences({"a", "b", "c", "d", "e", "f"}, {"a", "f"}),
               (Lines{"- b", "- ...", "- e"}));
+    EXPECT_EQ(story::differences({"a 1", "b=2", "a 3"}, {"a 1", "b=3", "a 4"}),
+              (Lines{"* b=3", "* a 4"}));
     EXPECT_EQ(story::differences({"a", "b"}, {}), (Lines{"- ..."}));
     EXPECT_EQ(story::applied({"a", "b"}, {"- c"}), std::nullopt);
 }

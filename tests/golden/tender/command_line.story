@@ -229,10 +229,8 @@ at 1 s: press Gratuity
 at 1 s: press No receipt
 shows
 == slips
-- Gratuity      ___________________________
-- Total          ___________________________
-+ Gratuity      $8.73
-+ Total          $57.23
+* Gratuity      $8.73
+* Total          $57.23
 - [[Receipt TM-88]]
 - ...
 - - - - cut - - -
@@ -247,11 +245,9 @@ put C:\Lumbrio\Xsend.req | "DelPrePay 12","1043","7","48.50"\r\n
 shows
 - == slips
 == screen
-- table 12
-+ table DelPrePay 12
+* table DelPrePay 12
 == records
-- CCTable 12
-+ CCTable DelPrePay
+* CCTable DelPrePay
 == Xsend.ans
 - "12        "
 + "DelPrePay "
@@ -259,35 +255,27 @@ shows
   "#### #### #### ACE="
   "AUTH - 012345  Terminal FRONT-BAR"
 == CCLastProcess.dat
-- Table Number - 12
-+ Table Number - DelPrePay 12
+* Table Number - DelPrePay 12
 == TRACELOG.TXT
--   CCdata.CCTable - 12        
-+   CCdata.CCTable - DelPrePay 
+*   CCdata.CCTable - DelPrePay 
 
 story approved gift card, like approved
 put C:\Lumbrio\Data\CCnoPREauth.dat |
 bank approves, BALANCE=12.00, ADDITIONALFUNDSREQUIRED=0.00, NAME=ROSA "ROSE" TEST
 shows
 == records
-- CCName ROSALIND/TEST
-+ CCName ROSA "ROSE" TEST
-- CCGiftFlag 
-+ CCGiftFlag GS
-- CCaditionalFUNDS 0
-- GCbalance 0
-+ CCaditionalFUNDS 0.00
-+ GCbalance 12.00
+* CCName ROSA "ROSE" TEST
+* CCGiftFlag GS
+* CCaditionalFUNDS 0.00
+* GCbalance 12.00
 == slips
-- Name: ROSALIND/TEST
-+ Name: ROSA "ROSE" TEST
+* Name: ROSA "ROSE" TEST
 -         ROSALIND/TEST                 
 +         ROSA "ROSE" TEST              
   [MERCHANT COPY]
 + $12.00
 + [REMAINING BALANCE ON THIS GIFT CARD]
-- Name: ROSALIND/TEST
-+ Name: ROSA "ROSE" TEST
+* Name: ROSA "ROSE" TEST
 -        ROSALIND/TEST                 
 +        ROSA "ROSE" TEST              
   [CUSTOMER COPY]
@@ -302,12 +290,9 @@ shows
 + ADDITIONALFUNDSREQUIRED=0.00
 + NAME=ROSA "ROSE" TEST
 == TRACELOG.TXT
--   CCdata.CCaditionalFUNDS - 0         
--   CCdata.GCbalance - 0         
-+   CCdata.CCaditionalFUNDS - 0.00      
-+   CCdata.GCbalance - 12.00     
--   CCdata.CCName - ROSALIND/TEST                 
-+   CCdata.CCName - ROSA "ROSE" TEST              
+*   CCdata.CCaditionalFUNDS - 0.00      
+*   CCdata.GCbalance - 12.00     
+*   CCdata.CCName - ROSA "ROSE" TEST              
 
 # A purchase is a sale of its own: it is never batched, and stands in the month's file.
 story approved at once with a slip left open, like approved
@@ -316,27 +301,21 @@ the system prefers Office Laser
 no cut
 shows
 == screen
-- kind PreAuth
-+ kind Purchase
+* kind Purchase
 == payment
-  starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+* starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
 == records
-- in CCPending.dat
-+ in data\CCFinal0125.dat
-- CCAdjStatus Not Adjusted
-+ CCAdjStatus Completed
+* in data\CCFinal0125.dat
+* CCAdjStatus Completed
 - in data\CCFinal0125.dat
 == slips
   [CUSTOMER COPY]
 - - - - cut - - -
 == CCLastProcess.dat
-- /TRANSACTIONTYPE:PreAuth
-+ /TRANSACTIONTYPE:Purchase
-- /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
-+ /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+* /TRANSACTIONTYPE:Purchase
+* /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
 == TRACELOG.TXT
--   Val(TndrNOpreAUTH) - 0-  0 =False -1=True
-+   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
+*   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
 
 # The file of the month in which the tender began, whatever the clock says when it is stored.
 story approved over midnight of a month, like approved at once with a slip left open
@@ -344,10 +323,8 @@ put F:\Lumbrio\Data\CCnoPREauth.dat |
 clock 2025-01-31 23:59:58
 shows
 == records
-- CCDate 01/15/25
-- CCTime 01:05 PM
-+ CCDate 01/31/25
-+ CCTime 11:59 PM
+* CCDate 01/31/25
+* CCTime 11:59 PM
 == slips
 - 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
 + 01/31/25  11:59 PM  1043 - 7 Rosalind - 12 - 3
@@ -356,8 +333,7 @@ shows
   [CUSTOMER COPY]
 + - - - cut - - -
 == CCLastProcess.dat
-- On Wednesday 01/15/2025 at 01:05 PM
-+ On Friday 01/31/2025 at 11:59 PM
+* On Friday 01/31/2025 at 11:59 PM
 
 story approved with other directories, like approved
 configure 6 = D:\Station\
@@ -382,32 +358,22 @@ put C:\Lumbrio\Xsend.req | "a,b","1,2",," 48.5 "\r\n
 put C:\Lumbrio\CCard.dat | x\n\n0\n0\n0\n0\n0\n-1\n-1\n0\n
 shows
 == screen
-  card or result Approved
-  server 9999
-  table a,b
-  receipt 1,2
-  with gratuity $57.23
-  gratuity %18
-  command line True
-  partial support NO
-  kind PreAuth
+* server 9999
+* table a,b
+* receipt 1,2
+- name of server Rosalind Test
+* partial support NO
 == payment
-  starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.5 /LOCKAMOUNT /RECEIPT:1,2 /LOCKRECEIPT /CLERK:9999 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+* starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.5 /LOCKAMOUNT /RECEIPT:1,2 /LOCKRECEIPT /CLERK:9999 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
 == records
-- CCSaleAmt 48.50
-- ...
-- CCTabAmt 48.50
-+ CCSaleAmt 48.5
-+ CCServer 9999
-+ CCTable a,b
-+ CCTabAmt 48.5
-- CCReceipt 1043
-+ CCReceipt 1,2
+* CCSaleAmt 48.5
+* CCServer 9999
+* CCTable a,b
+* CCTabAmt 48.5
+* CCReceipt 1,2
 == slips
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
-+ 01/15/25  01:05 PM  1,2 - 9999  - a,b - 3
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12
-+ 01/15/25  01:05 PM  1,2 - 9999  - a,b
+* 01/15/25  01:05 PM  1,2 - 9999  - a,b - 3
+* 01/15/25  01:05 PM  1,2 - 9999  - a,b
 == Xsend.ans
 - "48.50     "
 + " 48.5     "
@@ -418,34 +384,22 @@ shows
 + "9999      "
 + "a,b       "
 == CCLastProcess.dat
-- Employee Number # 7
-+ Employee Number # 
-- Table Number - 12
-- ...
-- Sale Amount - 48.50
-+ Table Number - a,b
-+ Receipt Number - 1,2
-+ Server (Employee) Number - 
-+ Sale Amount -  48.5 
-- /AMOUNT:48.50
-+ /AMOUNT:48.5
-- /RECEIPT:1043
-+ /RECEIPT:1,2
-- /CLERK:7
-+ /CLERK:9999
+  Employee Name 
+* Employee Number # 
+* Table Number - a,b
+* Receipt Number - 1,2
+* Server (Employee) Number - 
+* Sale Amount -  48.5 
+* /AMOUNT:48.5
+* /RECEIPT:1,2
+* /CLERK:9999
 - /PartialApprovalSupport:T
-  c:\Program Files\X-charge\Xcharge.exe
-- /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
-+ /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.5 /LOCKAMOUNT /RECEIPT:1,2 /LOCKRECEIPT /CLERK:9999 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
--  Total seconds it took for Rosalind Test swipe and Xcharge response
-+  Total seconds it took for  swipe and Xcharge response
+* /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.5 /LOCKAMOUNT /RECEIPT:1,2 /LOCKRECEIPT /CLERK:9999 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+*  Total seconds it took for  swipe and Xcharge response
 == TRACELOG.TXT
--   CCdata.CCTabAmt  - 48.50     
-+   CCdata.CCTabAmt  -  48.5     
--   CCdata.CCServer - 7         
--   CCdata.CCTable - 12        
-+   CCdata.CCServer - 9999      
-+   CCdata.CCTable - a,b       
+*   CCdata.CCTabAmt  -  48.5     
+*   CCdata.CCServer - 9999      
+*   CCdata.CCTable - a,b       
 
 # The first result counts, also one that tells of no card.
 story approved without a card, like approved
@@ -453,30 +407,20 @@ payment keeps silent
 at 9 s: put C:\lumbrio\xResultFile.txt | RESULT=SUCCESS\r\nAPPROVALCODE=012345\r\n
 shows
 == records
-- CCNumb D63579;=?ACE=
-- ...
+* CCNumb 
+* CCExpDate 
+* CCName 
 - CCXcTranID 00002154
-+ CCNumb 
-+ CCExpDate 
-+ CCName 
-- CCApprovedAmt 48.50
-+ CCApprovedAmt 
-- HiddenNumb XXXXXXXXXXXX1234
+* CCApprovedAmt 
+* HiddenNumb XXXX XXXX XXXX
 - CCtype VISA
-+ HiddenNumb XXXX XXXX XXXX
 == slips
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
-- Name: ROSALIND/TEST
-- Card: XXXXXXXXXXXX1234  TransRecord 1
-+ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 8
-+ Name: 
-+ Card: XXXX XXXX XXXX  TransRecord 1
+* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 8
+* Name: 
+* Card: XXXX XXXX XXXX  TransRecord 1
 -         ROSALIND/TEST                 
-  01/15/25  01:05 PM  1043 - 7 Rosalind - 12
-- Name: ROSALIND/TEST
-- Card: XXXXXXXXXXXX1234
-+ Name: 
-+ Card: XXXX XXXX XXXX
+* Name: 
+* Card: XXXX XXXX XXXX
 -        ROSALIND/TEST                 
 == Xsend.ans
 - "XXXXXXXXXXXX1234              "
@@ -484,23 +428,16 @@ shows
 - "ROSALIND/TEST                 "
 + "                              "
 == CCLastProcess.dat
--   SECONDS = 3
-+   SECONDS = 8
+*   SECONDS = 8
 - SWIPED=True
 - ...
 - APPROVEDAMOUNT=48.50
-   CCmerchant.VRD is not in F:\Lumbrio\
--   Printing Merchant 3
-+   Printing Merchant 8
+*   Printing Merchant 8
 == TRACELOG.TXT
--   CCdata.CCNumb - D63579;=?ACE=                 
--   CCdata.CCtype - VISA      
--   CCdata.HiddenNumb - XXXXXXXXXXXX1234              
-+   CCdata.CCNumb -                               
-+   CCdata.CCtype -           
-+   CCdata.HiddenNumb - XXXX XXXX XXXX                
--   CCdata.CCName - ROSALIND/TEST                 
-+   CCdata.CCName -                               
+*   CCdata.CCNumb -                               
+*   CCdata.CCtype -           
+*   CCdata.HiddenNumb - XXXX XXXX XXXX                
+*   CCdata.CCName -                               
 
 story approved into a locked file, like approved
 lock CCPending.dat
@@ -536,22 +473,16 @@ story partial, like approved
 bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
 shows
 == records
-- CCApprovedAmt 48.50
-+ CCApprovedAmt 30
-- CCAdjStatus Not Adjusted
-- CCGiftFlag 
-+ CCAdjStatus Adjusted - Pending
+* CCApprovedAmt 30
+* CCAdjStatus Adjusted - Pending
 + CCAdjAmt 30
-+ CCGiftFlag GS
-- CCaditionalFUNDS 0
-+ CCaditionalFUNDS 18.50
+* CCGiftFlag GS
+* CCaditionalFUNDS 18.50
 == slips
 - [MERCHANT COPY]
 + [PARTIAL PAYMENT MERCHANT COPY]
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
-+ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12
-- Card: XXXXXXXXXXXX1234  TransRecord 1
-+ Card: XXXXXXXXXXXX1234
+* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12
+* Card: XXXXXXXXXXXX1234
 - Amount      $48.50
 - ...
 - [MERCHANT COPY]
@@ -614,32 +545,25 @@ shows
 +  this is a partial approval 
 +  not able to VRD 
 == TRACELOG.TXT
--   CCdata.CCaditionalFUNDS - 0         
-+   CCdata.CCaditionalFUNDS - 18.50     
+*   CCdata.CCaditionalFUNDS - 18.50     
 
 story partial at once, like partial
 put F:\Lumbrio\Data\CCnoPREauth.dat |
 bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
 shows
 == screen
-- kind PreAuth
-+ kind Purchase
+* kind Purchase
 == payment
-  starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+* starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
 == records
-- in CCPending.dat
-+ in data\CCFinal0125.dat
-- CCAdjStatus Adjusted - Pending
-+ CCAdjStatus Completed
+* in data\CCFinal0125.dat
+* CCAdjStatus Completed
 - in data\CCFinal0125.dat
 == CCLastProcess.dat
-- /TRANSACTIONTYPE:PreAuth
-+ /TRANSACTIONTYPE:Purchase
-- /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
-+ /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+* /TRANSACTIONTYPE:Purchase
+* /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
 == TRACELOG.TXT
--   Val(TndrNOpreAUTH) - 0-  0 =False -1=True
-+   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
+*   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
 
 story approved after the second start, like approved
 payment keeps silent
@@ -652,13 +576,10 @@ shows
 == payment
 + starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
 == slips
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
-+ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 52
+* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 52
 == CCLastProcess.dat
--   SECONDS = 3
-+   SECONDS = 52
--   Printing Merchant 3
-+   Printing Merchant 52
+*   SECONDS = 52
+*   Printing Merchant 52
 
 story cancelled too late, like approved
 payment keeps silent
@@ -666,10 +587,7 @@ at 20 s: bank approves now
 at 20 s: press Cancel
 shows
 == slips
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
-+ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 20
+* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 20
 == CCLastProcess.dat
--   SECONDS = 3
-+   SECONDS = 20
--   Printing Merchant 3
-+   Printing Merchant 20
+*   SECONDS = 20
+*   Printing Merchant 20

@@ -18,8 +18,7 @@ shows
   [INVALID] You have entered an INVALID CARD NUMBER
          Please Try Another Card (Ok)
 == CCLastProcess.dat
-- New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
-+ New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130511.req
+* New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130511.req
 == BadSwipe.dat
   %B4111111111111111^TEST/R?;4111111111111111=28091010000000000?
 
@@ -68,8 +67,7 @@ shows
   On Wednesday 01/15/2025 at 01:05 PM
 +   REQUEST OF A TENDER THAT WAS ENDED - receipt , amount , card XXXX XXXX XXXX  - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130000.tmp
 +   IT IS REMOVED
-- New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
-+ New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130503.req
+* New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130503.req
 == TRACELOG.TXT
 + REQUEST OF A TENDER THAT WAS ENDED - receipt , amount , card XXXX XXXX XXXX  - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130000.tmp
 + IT IS REMOVED
@@ -85,7 +83,7 @@ shows
 == screen
 - audit $48.50
 == payment
-  takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?+9?","48.5","99999"
+* takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?+9?","48.5","99999"
 
 story local approved swiped without a slash, like local approved
 at 500 ms: first track %B5500000000000004^HARBOUR TABLE^2501101?
@@ -93,69 +91,50 @@ at 500 ms: second track ;4111111111111111=28091010000000000?
 at 900 ms: second track ;4111111111111111=28091010000000000?+9?
 shows
 == screen
-- card or result %B4111111111111111^
+* card or result %B5500000000000004^
 - audit $48.50
-+ card or result %B5500000000000004^
-- card 4111111111111111
-- ...
-- last name TEST
-+ card 5500000000000004
-+ expires 2501
-+ first name  
-+ last name HARBOUR TABLE
+* card 5500000000000004
+* expires 2501
+* first name  
+* last name HARBOUR TABLE
 == payment
-  takes "C1","7","1043","5500000000000004","%B5500000000000004^HARBOUR TABLE^2501101?;4111111111111111=28091010000000000?","48.5","99999"
+* takes "C1","7","1043","5500000000000004","%B5500000000000004^HARBOUR TABLE^2501101?;4111111111111111=28091010000000000?","48.5","99999"
 == records
-- CCNumb D3456789:;<=>?@A
-- CCExpDate 0928
-- CCName ROSALIND A TEST
-+ CCNumb E73456789:;<=>?D
-+ CCExpDate 0125
-+ CCName HARBOUR TABLE
-- HiddenNumb XXXX XXXX XXXX 1111
-+ HiddenNumb XXXX XXXX XXXX 0004
+* CCNumb E73456789:;<=>?D
+* CCExpDate 0125
+* CCName HARBOUR TABLE
+* HiddenNumb XXXX XXXX XXXX 0004
 == slips
-- Name: ROSALIND A TEST
-- Card: #### #### #### 1111  TransRecord 1
-+ Name: HARBOUR TABLE
-+ Card: #### #### #### 0004  TransRecord 1
+* Name: HARBOUR TABLE
+* Card: #### #### #### 0004  TransRecord 1
 -         ROSALIND A TEST               
 +           HARBOUR TABLE               
-- Name: ROSALIND A TEST
-- Card: #### #### #### 1111
-+ Name: HARBOUR TABLE
-+ Card: #### #### #### 0004
+* Name: HARBOUR TABLE
+* Card: #### #### #### 0004
 -        ROSALIND A TEST               
 +          HARBOUR TABLE               
 == Xsend.ans
-- "XXXX XXXX XXXX 1111           "
-+ "XXXX XXXX XXXX 0004           "
+* "XXXX XXXX XXXX 0004           "
 - "ROSALIND A TEST               "
 + "  HARBOUR TABLE               "
 == CCLastProcess.dat
-- First Name - ROSALIND A
-- ...
-- Card Expires on - 2809
-+ First Name -  
-+ Last Name - HARBOUR TABLE
-+ Card Number Ready - XXXX XXXX XXXX 0004
-+ Card Expires on - 2501
+* First Name -  
+* Last Name - HARBOUR TABLE
+* Card Number Ready - XXXX XXXX XXXX 0004
+* Card Expires on - 2501
 == TRACELOG.TXT
--   CCdata.CCNumb - D3456789:;<=>?@A              
-+   CCdata.CCNumb - E73456789:;<=>?D              
--   CCdata.HiddenNumb - XXXX XXXX XXXX 1111           
-+   CCdata.HiddenNumb - XXXX XXXX XXXX 0004           
--   CCdata.CCName - ROSALIND A TEST               
-+   CCdata.CCName -   HARBOUR TABLE               
+*   CCdata.CCNumb - E73456789:;<=>?D              
+*   CCdata.HiddenNumb - XXXX XXXX XXXX 0004           
+*   CCdata.CCName -   HARBOUR TABLE               
 
 story local approved typed, like local approved
 type card 4111111111111111 0928 123
 at 500 ms: press Enter Manually
 shows
 == screen
-- card or result %B4111111111111111^
+* card or result 4111111111111111
 - audit $48.50
-+ card or result 4111111111111111
+  expires 2809
 - first name ROSALIND A
 - last name TEST
 == status
@@ -163,44 +142,34 @@ shows
 - Just a Moment Please 
 - Dialing for Card Approval
 == payment
-  takes "C1","7","1043","4111111111111111","2809","48.5","99999","123"
+* takes "C1","7","1043","4111111111111111","2809","48.5","99999","123"
 == records
-- CCName ROSALIND A TEST
-+ CCName 
-- CCVerify 000
-- CCSwiped True
-+ CCVerify 123
-+ CCSwiped False
+* CCName 
+* CCVerify 123
+* CCSwiped False
 == slips
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 2
-- Name: ROSALIND A TEST
-+ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 1
-+ Name: 
+* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 1
+* Name: 
 -         ROSALIND A TEST               
-  01/15/25  01:05 PM  1043 - 7 Rosalind - 12
-- Name: ROSALIND A TEST
-+ Name: 
+* Name: 
 -        ROSALIND A TEST               
 == Xsend.ans
 - "ROSALIND A TEST               "
 + "                              "
 == CCLastProcess.dat
-- First Name - ROSALIND A
-- Last Name - TEST
+  **********************************************************
+                 
 + Card number was manually type in
 + Xcharge2 calling approval engine 
 + **********************************************************
-+ First Name - 
-+ Last Name - 
-- New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
-+ New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130500.req
-- Actual Seconds for Response  2
-+ Actual Seconds for Response  1
--   Printing Merchant 2
-+   Printing Merchant 1
+* First Name - 
+* Last Name - 
+* New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130500.req
+  Actual Response From Xcharge YA12345
+* Actual Seconds for Response  1
+*   Printing Merchant 1
 == TRACELOG.TXT
--   CCdata.CCName - ROSALIND A TEST               
-+   CCdata.CCName -                               
+*   CCdata.CCName -                               
 
 story local approved typed at once, like local approved typed
 put C:\Lumbrio\CCard.dat | x\n\n-1\n-1\n-1\n-1\n-1\n-1\n0\n-1\n
@@ -209,23 +178,17 @@ type card 4111111111111111 0928
 at 500 ms: press Enter Manually
 shows
 == screen
-- kind PreAuth
-+ kind Purchase
+* kind Purchase
 == payment
-  takes "C6","7","1043","4111111111111111","2809","58.2","99999"
+* takes "C6","7","1043","4111111111111111","2809","58.2","99999"
 == records
-- CCSaleAmt 48.50
-+ CCSaleAmt 58.2
-- CCApprovedAmt 
-+ CCApprovedAmt 58.2
-- CCVerify 123
-+ CCVerify 
+* CCSaleAmt 58.2
+* CCApprovedAmt 58.2
+* CCVerify 
 == CCLastProcess.dat
-- Amount Sent - 48.5
-+ Amount Sent - 58.2
+* Amount Sent - 58.2
 == TRACELOG.TXT
--   Val(TndrNOpreAUTH) - 0-  0 =False -1=True
-+   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
+*   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
 
 story local approved typed with the defaults, like local approved typed
 put C:\Lumbrio\Xsend.req | ,,,48.50\r\n
@@ -233,70 +196,51 @@ type card 5500000000000004 1130 000
 at 500 ms: press Enter Manually
 shows
 == screen
-  card or result 5500000000000004
-  with gratuity $57.23
+* card or result 5500000000000004
+- server 7
+- table 12
+- receipt 1043
   gratuity %18
-  command line False
-  partial support YES
-  kind PreAuth
-  card 5500000000000004
-  expires 3011
+- name of server Rosalind Test
+* card 5500000000000004
+* expires 3011
 == payment
-  takes "C1","9999","999","5500000000000004","3011","48.5","99999"
+* takes "C1","9999","999","5500000000000004","3011","48.5","99999"
 == records
-- CCNumb D3456789:;<=>?@A
-- CCExpDate 0928
-+ CCNumb E73456789:;<=>?D
-+ CCExpDate 1130
-- CCServer 7
-- CCTable 12
-+ CCServer 9999
-+ CCTable 999
-- CCReceipt 1043
-+ CCReceipt 999
-- CCVerify 123
-+ CCVerify 000
-- HiddenNumb XXXX XXXX XXXX 1111
-+ HiddenNumb XXXX XXXX XXXX 0004
+* CCNumb E73456789:;<=>?D
+* CCExpDate 1130
+* CCServer 9999
+* CCTable 999
+* CCReceipt 999
+* CCVerify 000
+* HiddenNumb XXXX XXXX XXXX 0004
 == slips
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 1
-+ 01/15/25  01:05 PM  999 - 9999  - 999 - 1
-- Card: #### #### #### 1111  TransRecord 1
-+ Card: #### #### #### 0004  TransRecord 1
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12
-+ 01/15/25  01:05 PM  999 - 9999  - 999
-- Card: #### #### #### 1111
-+ Card: #### #### #### 0004
+* 01/15/25  01:05 PM  999 - 9999  - 999 - 1
+* Card: #### #### #### 0004  TransRecord 1
+* 01/15/25  01:05 PM  999 - 9999  - 999
+* Card: #### #### #### 0004
 == Xsend.ans
 - "1043                "
-- ...
-- "12        "
 + "999                 "
-+ "XXXX XXXX XXXX 0004           "
+* "XXXX XXXX XXXX 0004           "
+- "7         "
+- "12        "
 + "9999      "
 + "999       "
 == CCLastProcess.dat
-- Employee Number # 7
-+ Employee Number # 
-- Table Number - 12
-- Receipt Number - 1043
-- Server (Employee) Number - 7
-+ Table Number - 
-+ Receipt Number - 
-+ Server (Employee) Number - 
-- Card Number Ready - XXXX XXXX XXXX 1111
-- Card Expires on - 2809
-+ Card Number Ready - XXXX XXXX XXXX 0004
-+ Card Expires on - 3011
+  Employee Name 
+* Employee Number # 
+* Table Number - 
+* Receipt Number - 
+* Server (Employee) Number - 
+  Last Name - 
+* Card Number Ready - XXXX XXXX XXXX 0004
+* Card Expires on - 3011
 == TRACELOG.TXT
--   CCdata.CCNumb - D3456789:;<=>?@A              
-+   CCdata.CCNumb - E73456789:;<=>?D              
--   CCdata.HiddenNumb - XXXX XXXX XXXX 1111           
--   CCdata.CCServer - 7         
--   CCdata.CCTable - 12        
-+   CCdata.HiddenNumb - XXXX XXXX XXXX 0004           
-+   CCdata.CCServer - 9999      
-+   CCdata.CCTable - 999       
+*   CCdata.CCNumb - E73456789:;<=>?D              
+*   CCdata.HiddenNumb - XXXX XXXX XXXX 0004           
+*   CCdata.CCServer - 9999      
+*   CCdata.CCTable - 999       
 
 story local card before the request, like cancelled before a swipe
 first track %B4111111111111111^TEST/ROSALIND A^28091010000000000000?
@@ -346,7 +290,7 @@ shows
   setup
   remove
 == CCLastProcess.dat
-- New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
-- ...
+* New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130503.req
+- Cancel was pressed
+- Unable to Connect - Internet may be down 
 - Actual Seconds waited for Response  29
-+ New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130503.req

@@ -3,31 +3,21 @@ bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIN
 shows
 - == slips
 == screen
-- card or result Approved
-+ card or result Declined
+* card or result Declined
 == status
 - Approved
 - Approved Printing Receipt
-- Please Click Finish Tender
 + Declined
-+ Please Click Cancel
+* Please Click Cancel
 == records
-- CCNumb 
-+ CCNumb D63579;=?ACE=
-- CCName 
-+ CCName ROSALIND/TEST
-- CResponse SUCCESS
-- CApprovalCode 012345
-- CCstatus Approved
-+ CResponse DECLINED
-+ CApprovalCode 
-+ CCstatus Declined
-- CCGiftFlag 
-+ CCGiftFlag GS
-- HiddenNumb XXXX XXXX XXXX
-- CCaditionalFUNDS 0
-+ HiddenNumb XXXXXXXXXXXX1234
-+ CCaditionalFUNDS 18.50
+* CCNumb D63579;=?ACE=
+* CCName ROSALIND/TEST
+* CResponse DECLINED
+* CApprovalCode 
+* CCstatus Declined
+* CCGiftFlag GS
+* HiddenNumb XXXXXXXXXXXX1234
+* CCaditionalFUNDS 18.50
 == Xsend.ans
 - "Approved"
 + "Declined"
@@ -41,11 +31,9 @@ shows
 + "ROSALIND/TEST                 "
 + "DECLINED            "
 == CCLastProcess.dat
--   SECONDS = 8
-+   SECONDS = 3
-- RESULT=SUCCESS
+*   SECONDS = 3
+* RESULT=DECLINED
 - APPROVALCODE=012345
-+ RESULT=DECLINED
 + XCACCOUNTID=7401234567890
 + ACCOUNT=XXXXXXXXXXXX1234
 + NAME=ROSALIND/TEST
@@ -54,45 +42,32 @@ shows
 -  CCmerchant.VRD is not in F:\Lumbrio\
 -   Printing Merchant 8
 == TRACELOG.TXT
--   TndrRESULT - Approved
-+   TndrRESULT - Declined
--   CCdata.CApprovalCode - 012345    
--   CCdata.CCaditionalFUNDS - 0         
-+   CCdata.CApprovalCode -           
-+   CCdata.CCaditionalFUNDS - 18.50     
--   CCdata.CCNumb -                               
-+   CCdata.CCNumb - D63579;=?ACE=                 
--   CCdata.HiddenNumb - XXXX XXXX XXXX                
-+   CCdata.HiddenNumb - XXXXXXXXXXXX1234              
--   CCdata.CCName -                               
--   CCdata.CCstatus - Approved  
--   CCdata.CResponse - SUCCESS             
-+   CCdata.CCName - ROSALIND/TEST                 
-+   CCdata.CCstatus - Declined  
-+   CCdata.CResponse - DECLINED            
+*   TndrRESULT - Declined
+*   CCdata.CApprovalCode -           
+*   CCdata.CCaditionalFUNDS - 18.50     
+*   CCdata.CCNumb - D63579;=?ACE=                 
+*   CCdata.HiddenNumb - XXXXXXXXXXXX1234              
+*   CCdata.CCName - ROSALIND/TEST                 
+*   CCdata.CCstatus - Declined  
+*   CCdata.CResponse - DECLINED            
 
 story declined at once, like declined
 put F:\Lumbrio\Data\CCnoPREauth.dat |
 bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
 shows
 == screen
-- kind PreAuth
-+ kind Purchase
+* kind Purchase
 == payment
-  starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+* starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
 == records
-- in CCPending.dat
-+ in data\CCFinal0125.dat
+* in data\CCFinal0125.dat
 + in data\0125CCdeleted.dat
 - in data\CCFinal0125.dat
 == CCLastProcess.dat
-- /TRANSACTIONTYPE:PreAuth
-+ /TRANSACTIONTYPE:Purchase
-- /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
-+ /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+* /TRANSACTIONTYPE:Purchase
+* /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
 == TRACELOG.TXT
--   Val(TndrNOpreAUTH) - 0-  0 =False -1=True
-+   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
+*   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
 
 # The approval of the guest before must never stand for this one.
 story declined with an answer that cannot be made anew, like declined
@@ -140,16 +115,11 @@ shows
 == boxes
   [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL - This station may need a Re-Boot (Ok, Cancel)
 == records
-- CCNumb D63579;=?ACE=
-+ CCNumb 
-- CCName ROSALIND/TEST
-+ CCName 
-- CCGiftFlag GS
-+ CCGiftFlag 
-- HiddenNumb XXXXXXXXXXXX1234
-- CCaditionalFUNDS 18.50
-+ HiddenNumb XXXX XXXX XXXX
-+ CCaditionalFUNDS 0
+* CCNumb 
+* CCName 
+* CCGiftFlag 
+* HiddenNumb XXXX XXXX XXXX
+* CCaditionalFUNDS 0
 == Xsend.ans
 - "XXXXXXXXXXXX1234              "
 + "XXXX XXXX XXXX                "
@@ -167,14 +137,10 @@ shows
 == TRACELOG.TXT
 + A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500.txt
 + A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500-2.txt
--   CCdata.CCaditionalFUNDS - 18.50     
-+   CCdata.CCaditionalFUNDS - 0         
--   CCdata.CCNumb - D63579;=?ACE=                 
-+   CCdata.CCNumb -                               
--   CCdata.HiddenNumb - XXXXXXXXXXXX1234              
-+   CCdata.HiddenNumb - XXXX XXXX XXXX                
--   CCdata.CCName - ROSALIND/TEST                 
-+   CCdata.CCName -                               
+*   CCdata.CCaditionalFUNDS - 0         
+*   CCdata.CCNumb -                               
+*   CCdata.HiddenNumb - XXXX XXXX XXXX                
+*   CCdata.CCName -                               
 
 story timed out and cancelled, like declined
 payment answers: RESULT=TIMEOUT\r\n
@@ -187,18 +153,12 @@ shows
   Please Click Cancel
 + 
 == records
-- CCNumb D63579;=?ACE=
-+ CCNumb 
-- CCName ROSALIND/TEST
-+ CCName 
-- CResponse DECLINED
-+ CResponse TIMEOUT
-- CCGiftFlag GS
-+ CCGiftFlag 
-- HiddenNumb XXXXXXXXXXXX1234
-- CCaditionalFUNDS 18.50
-+ HiddenNumb XXXX XXXX XXXX
-+ CCaditionalFUNDS 0
+* CCNumb 
+* CCName 
+* CResponse TIMEOUT
+* CCGiftFlag 
+* HiddenNumb XXXX XXXX XXXX
+* CCaditionalFUNDS 0
 == Xsend.ans
 - "Declined"
   "1043                "
@@ -209,25 +169,20 @@ shows
 + "                              "
 + "TIMEOUT             "
 == CCLastProcess.dat
-- RESULT=DECLINED
+* RESULT=TIMEOUT
+- XCACCOUNTID=7401234567890
 - ...
 - ADDITIONALFUNDSREQUIRED=18.50
-+ RESULT=TIMEOUT
   ------------------------------------------------------
 + Cancel was pressed
 + Unable to Connect - Internet may be down 
 + Actual Seconds waited for Response  16
 == TRACELOG.TXT
--   CCdata.CCaditionalFUNDS - 18.50     
-+   CCdata.CCaditionalFUNDS - 0         
--   CCdata.CCNumb - D63579;=?ACE=                 
-+   CCdata.CCNumb -                               
--   CCdata.HiddenNumb - XXXXXXXXXXXX1234              
-+   CCdata.HiddenNumb - XXXX XXXX XXXX                
--   CCdata.CCName - ROSALIND/TEST                 
-+   CCdata.CCName -                               
--   CCdata.CResponse - DECLINED            
-+   CCdata.CResponse - TIMEOUT             
+*   CCdata.CCaditionalFUNDS - 0         
+*   CCdata.CCNumb -                               
+*   CCdata.HiddenNumb - XXXX XXXX XXXX                
+*   CCdata.CCName -                               
+*   CCdata.CResponse - TIMEOUT             
 
 story cancelled in the wait, like declined
 put C:\Lumbrio\XAudit.DAT | 48.50
@@ -283,9 +238,7 @@ shows
 - == records
 == screen
 - audit $48.50
-  name of server Rosalind Test
-- command line True
-+ command line False
+* command line False
 == status
   Waiting for You to Swipe the Card
 == Xsend.ans
@@ -305,9 +258,7 @@ shows
 - ******************************************************
 - ...
 -   Setting a 20 second timer to wait for response
-  Unable to Connect - Internet may be down 
-- Actual Seconds waited for Response  11
-+ Actual Seconds waited for Response  0
+* Actual Seconds waited for Response  0
 
 story payment application missing, like cancelled in the wait
 erase c:\Program Files\X-charge\Xcharge.exe
@@ -404,15 +355,13 @@ answer Ok
 shows
 - == records
 == screen
-- with gratuity $57.23
-+ with gratuity $0.00
+* with gratuity $0.00
 == boxes
   [ZERO AMOUNT] The system was not able to obtain the amount of this TAB. Please Press Cancel and try again. (Ok)
 == XAudit.DAT
   48.50 (no end of line)
 == CCLastProcess.dat
-- Sale Amount - 48.50
-+ Sale Amount - $48.50
+* Sale Amount - $48.50
 
 story old result that cannot be deleted, like payment application missing
 put C:\lumbrio\xResultFile.txt |
@@ -479,8 +428,7 @@ shows
 == end
   failed
 == screen
-- name of server Rosalind Test
-+ name of server XXXXXX
+* name of server XXXXXX
 == boxes
   [] Creating failed: not there
   F:\Lumbrio\\data\CCFinal0125.dat
@@ -501,7 +449,7 @@ shows
 - ...
 - name of server Rosalind Test
 == boxes
-  [Data File Not Found] The Lumbrio Transaction File for this transaction was Not Found. Pless OK to continue and  Go back to the Tender screen and try again. (Ok)
+* [Data File Not Found] The Lumbrio Transaction File for this transaction was Not Found. Pless OK to continue and  Go back to the Tender screen and try again. (Ok)
 == Xsend.ans
   "File Not Found"
   "          "
@@ -552,13 +500,10 @@ shows
 == end
   stays
 == screen
-- with gratuity $57.23
-+ with gratuity $0.00
+* with gratuity $0.00
 == CCLastProcess.dat
-- EXE name ********* TndrCC
-+ EXE name ********* TndrMGR
-- Sale Amount - 48.50
-+ Sale Amount - 0
+* EXE name ********* TndrMGR
+* Sale Amount - 0
 
 story wait counts, like cancelled in the wait
 payment keeps silent

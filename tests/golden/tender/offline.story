@@ -20,18 +20,14 @@ shows
 == asked
   Approve this card OFFLINE $48.50
 == records
-- CCApprovedAmt 
-- CResponse SUCCESS
-- CApprovalCode 012345
-+ CCApprovedAmt 48.50
-+ CResponse YOFFLINE
-+ CApprovalCode OFFLINE
+* CCApprovedAmt 48.50
+* CResponse YOFFLINE
+* CApprovalCode OFFLINE
   CCEncoded 1
 + CCTroutID OFFLINE
 - GCbalance 0
 == slips
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 8
-+ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 23
+* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 23
 - AUTH - 012345  Terminal FRONT-BAR
 + TROUT - OFFLINE  Terminal FRONT-BAR
 == Xsend.ans
@@ -87,13 +83,10 @@ shows
 == asked
   Approve this card OFFLINE $48.50
 == slips
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
-+ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 23
+* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 23
 == CCLastProcess.dat
--   SECONDS = 3
-+   SECONDS = 23
--   Printing Merchant 3
-+   Printing Merchant 23
+*   SECONDS = 23
+*   Printing Merchant 23
 
 story offline refused, like approved
 bank approves after 40 s
@@ -106,13 +99,10 @@ shows
 == asked
   Approve this card OFFLINE $48.50
 == slips
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
-+ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 41
+* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 41
 == CCLastProcess.dat
--   SECONDS = 3
-+   SECONDS = 41
--   Printing Merchant 3
-+   Printing Merchant 41
+*   SECONDS = 41
+*   Printing Merchant 41
 
 story local offline approved, like local approved
 cards are taken here
@@ -135,17 +125,13 @@ shows
 == asked
   Approve this card OFFLINE $48.50
 == records
-- CCApprovedAmt 
-- CResponse YA12345
-- CApprovalCode A12345
-+ CCApprovedAmt 48.50
-+ CResponse YOFFLINE
-+ CApprovalCode OFFLINE
+* CCApprovedAmt 48.50
+* CResponse YOFFLINE
+* CApprovalCode OFFLINE
   CCEncoded 1
 + CCTroutID OFFLINE
 == slips
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 2
-+ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 21
+* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 21
 - AUTH - A12345  Terminal FRONT-BAR
 + TROUT - OFFLINE  Terminal FRONT-BAR
 == Xsend.ans
@@ -204,13 +190,11 @@ shows
 == asked
   Approve this card OFFLINE $48.50
 == slips
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 2
-+ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 21
+* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 21
 == CCLastProcess.dat
-- Actual Seconds for Response  2
-+ Actual Seconds for Response  21
--   Printing Merchant 2
-+   Printing Merchant 21
+  Actual Response From Xcharge YA12345
+* Actual Seconds for Response  21
+*   Printing Merchant 21
 
 story local offline refused, like local approved
 cards are taken here
@@ -225,13 +209,11 @@ shows
 == asked
   Approve this card OFFLINE $48.50
 == slips
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 2
-+ 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 41
+* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 41
 == CCLastProcess.dat
-- Actual Seconds for Response  2
-+ Actual Seconds for Response  41
--   Printing Merchant 2
-+   Printing Merchant 41
+  Actual Response From Xcharge YA12345
+* Actual Seconds for Response  41
+*   Printing Merchant 41
 
 # A request that nobody took is taken back, so that the server does not charge it later.
 story local offline untaken, like local offline approved
@@ -246,47 +228,36 @@ at 60 s: press YES
 shows
 - == payment
 == screen
-- card or result %B4111111111111111^
-+ card or result 4111111111111111
+* card or result 4111111111111111
 - first name ROSALIND A
 - last name TEST
 == status
   Waiting for You to Swipe the Card
   Connection Problems Press Cancel
 == records
-- CCName ROSALIND A TEST
-+ CCName 
-- CCTime 01:05 PM
-- CCVerify 000
-- CCSwiped True
-+ CCTime 01:06 PM
-+ CCVerify 123
-+ CCSwiped False
+* CCName 
+* CCTime 01:06 PM
+* CCVerify 123
+* CCSwiped False
 == slips
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 21
-- Name: ROSALIND A TEST
-+ 01/15/25  01:06 PM  1043 - 7 Rosalind - 12 - 61
-+ Name: 
+* 01/15/25  01:06 PM  1043 - 7 Rosalind - 12 - 61
+* Name: 
 -         ROSALIND A TEST               
-  __________________________________________________
-- 01/15/25  01:05 PM  1043 - 7 Rosalind - 12
-- Name: ROSALIND A TEST
-+ 01/15/25  01:06 PM  1043 - 7 Rosalind - 12
-+ Name: 
+* 01/15/25  01:06 PM  1043 - 7 Rosalind - 12
+* Name: 
 -        ROSALIND A TEST               
 == Xsend.ans
 - "ROSALIND A TEST               "
 + "                              "
 == CCLastProcess.dat
-- First Name - ROSALIND A
-- Last Name - TEST
+  **********************************************************
+                 
 + Card number was manually type in
 + Xcharge2 calling approval engine 
 + **********************************************************
-+ First Name - 
-+ Last Name - 
-- New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
-+ New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130500.req
+* First Name - 
+* Last Name - 
+* New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130500.req
 
 story local offline untaken without expiry, like local wait stopped
 cards are taken here
@@ -300,8 +271,7 @@ shows
 == end
   waits
 == screen
-- card or result %B4111111111111111^
-+ card or result 4111111111111111
+* card or result 4111111111111111
 - expires 2809
 - first name ROSALIND A
 - last name TEST
@@ -313,16 +283,15 @@ shows
 == asked
   Approve this card OFFLINE $48.50
 == CCLastProcess.dat
-- First Name - ROSALIND A
-- Last Name - TEST
+  **********************************************************
+                 
 + Card number was manually type in
 + Xcharge2 calling approval engine 
 + **********************************************************
-+ First Name - 
-+ Last Name - 
-- Card Expires on - 2809
-+ Card Expires on - 
-- New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
+* First Name - 
+* Last Name - 
+  Card Number Ready - XXXX XXXX XXXX 1111
+* Card Expires on - 
+* New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130500.req
 - Unable to Connect - Internet may be down 
 - Actual Seconds waited for Response  7
-+ New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130500.req
