@@ -1,6 +1,7 @@
 #include "support/qt/screen_checks.h"
 
 #include "platform/qt/elided_label.h"
+#include "platform/qt/money_label.h"
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
@@ -14,6 +15,9 @@ namespace {
 
 bool tooSmall(QWidget *control)
 {
+    if (qobject_cast<platform::MoneyLabel *>(control) != nullptr)
+        return control->width() < control->minimumSizeHint().width() ||
+               control->height() < control->sizeHint().height();
     if (qobject_cast<platform::ElidedLabel *>(control) != nullptr)
         return control->height() < control->minimumSizeHint().height();
     auto *label = qobject_cast<QLabel *>(control);

@@ -1,0 +1,38 @@
+// Field: a caption above the value or the box that it names, to the eye and to screen readers.
+// With the look "card" it is a card of its own.
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+class QVBoxLayout;
+
+namespace platform {
+
+class Field : public QFrame {
+    Q_OBJECT
+    Q_PROPERTY(QString caption READ caption WRITE setCaption)
+
+public:
+    explicit Field(QWidget *parent = nullptr);
+
+    /// Called by the form. The first part is the one that the caption names, unless it has another
+    /// name; further ones stand in its place while it is hidden.
+    void addPart(QWidget *part);
+
+    QString caption() const { return name; }
+    void setCaption(const QString &text);
+    /// For a box with something in it that cannot be: the fault in the caption's place, in red, and
+    /// the whole explanation for a screen reader. No fault brings the caption back.
+    void putFault(const QString &fault, const QString &explanation);
+
+private:
+    void nameValue();
+
+    QVBoxLayout *lines;
+    QLabel *above;
+    QWidget *value = nullptr;
+    QString name;
+};
+
+} // namespace platform

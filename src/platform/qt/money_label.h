@@ -1,0 +1,26 @@
+// MoneyLabel: an amount at the right of its place, which is never cut: where it would be, it is
+// written in the next smaller letters of the theme, and the place grows for the smallest.
+#pragma once
+
+#include <QLabel>
+
+namespace platform {
+
+class MoneyLabel : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit MoneyLabel(QWidget *parent = nullptr);
+
+    /// Of the smallest letters the width, of the usual ones the height: what is above and below
+    /// stays where it is.
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QFont lettersThatFit() const;
+};
+
+} // namespace platform

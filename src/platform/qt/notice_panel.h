@@ -1,0 +1,26 @@
+// NoticePanel: the amber band that tells something without being a box to click away. Its parts
+// stand side by side; a text of several lines stands below what comes before it.
+#pragma once
+
+#include <QFrame>
+
+class QHBoxLayout;
+class QVBoxLayout;
+
+namespace platform {
+
+class NoticePanel : public QFrame {
+    Q_OBJECT
+
+public:
+    explicit NoticePanel(QWidget *parent = nullptr);
+
+    /// Called by the form for each of its parts.
+    void addPart(QWidget *part);
+
+private:
+    QVBoxLayout *lines;
+    QHBoxLayout *line = nullptr; // the last one, where it is of single parts
+};
+
+} // namespace platform
