@@ -22,8 +22,6 @@ using platform::toQt;
 
 namespace {
 
-constexpr std::size_t kLongestLargeTotal = 9; // "$9,999.99"
-
 void put(FittingEdit &box, const std::string &value)
 {
     box.put(toQt(value));
@@ -66,10 +64,8 @@ void XchargeEntryDetals::gatherArrays()
                   ui->SSCommand6_12, ui->SSCommand6_13, ui->SSCommand6_14};
     for (std::size_t item = 0; item < SSCommand6.size(); ++item)
         quickNames[item] = SSCommand6[item]->accessibleName();
-    amountCaptions = {ui->caption_Text1_4, ui->caption_Text1_7, ui->caption_Text1_8,
-                      ui->caption_Text1_12, ui->caption_Text1_22};
-    for (std::size_t item = 0; item < amountCaptions.size(); ++item)
-        amountNames[item] = amountCaptions[item]->text();
+    amounts = {ui->field_Text1_4, ui->field_Text1_7, ui->field_Text1_8, ui->field_Text1_12,
+               ui->field_Text1_22};
     ui->tipFault->setText(QStringLiteral("Not an amount. ") + toQt(records::kAmountRule));
 }
 
@@ -120,7 +116,7 @@ void XchargeEntryDetals::disableChanges()
         command->setEnabled(false);
     for (QLineEdit *box : Text1)
         box->setReadOnly(true);
-    ui->title->setText(QStringLiteral("Entry Details - looking only"));
+    ui->HeaderBar->setTitle(QStringLiteral("Entry Details - looking only"));
 }
 
 void XchargeEntryDetals::connectTip()
@@ -132,13 +128,7 @@ void XchargeEntryDetals::connectTip()
             entry.takeQuickTip(item); // "Quick Tip Buttons"
             selectTip();
         });
-    const std::array digits = {ui->digit_0, ui->digit_1, ui->digit_2, ui->digit_3, ui->digit_4,
-                               ui->digit_5, ui->digit_6, ui->digit_7, ui->digit_8, ui->digit_9};
-    for (QAbstractButton *key : digits)
-        connect(key, &QAbstractButton::clicked, this, [this, key] { typeKey(key->text()); });
-    connect(ui->pointKey, &QAbstractButton::clicked, this,
-            [this] { typeKey(QStringLiteral(".")); });
-    connect(ui->backspaceKey, &QAbstractButton::clicked, ui->Text4, &QLineEdit::backspace);
+    ui->keypad->typeInto(*ui->Text4);
 }
 
 void XchargeEntryDetals::open(const std::string &file, long slot, const std::string &source)
@@ -152,11 +142,6 @@ void XchargeEntryDetals::open(const std::string &file, long slot, const std::str
     activateWindow();
     focusTip();
     selectTip();
-}
-
-void XchargeEntryDetals::typeKey(const QString &text)
-{
-    ui->Text4->insert(text);
 }
 
 /// The next digit begins a new tip instead of making the old one longer.
@@ -216,14 +201,10 @@ void XchargeEntryDetals::showEntry(const EntryFields &fields)
 
 void XchargeEntryDetals::showAmounts(const EntryFields &fields)
 {
-    for (std::size_t item = 0; item < amountCaptions.size(); ++item) {
-        const bool wrong = fields.wrong[kAmountBoxes[item].first];
-        QLineEdit &box = *Text1[static_cast<std::size_t>(kAmountBoxes[item].first)];
-        putLook(box, "state", wrong ? "wrong" : "");
-        putLook(*amountCaptions[item], "state", wrong ? "declined" : "");
-        amountCaptions[item]->setText(wrong ? QStringLiteral("Not an amount") : amountNames[item]);
-        box.setAccessibleDescription(wrong ? ui->tipFault->text() : QString());
-    }
+    for (std::size_t item = 0; item < amounts.size(); ++item)
+        amounts[item]->putFault(
+            fields.wrong[kAmountBoxes[item].first] ? QStringLiteral("Not an amount") : QString(),
+            ui->tipFault->text());
 }
 
 void XchargeEntryDetals::showTip(const EntryFields &fields)
@@ -238,7 +219,6 @@ void XchargeEntryDetals::showTip(const EntryFields &fields)
     ui->Label3_0->setText(toQt(fields.tab));
     ui->Label3_0->setAccessibleName(toQt("Tab: " + fields.tab));
     ui->Label3_1->setText(toQt(fields.total));
-    putLook(*ui->Label3_1, "part", fields.total.size() > kLongestLargeTotal ? "large" : "amount");
     ui->Label3_1->setAccessibleName(toQt("New Total: " + fields.total));
     putVisible(*ui->SSPanel2, fields.quickTipsVisible);
     putVisible(*ui->lockedHint, !fields.quickTipsVisible);

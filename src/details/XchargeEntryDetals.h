@@ -15,8 +15,9 @@ class XchargeEntryDetals;
 }
 
 namespace platform {
+class Field;
 class FittingEdit;
-}
+} // namespace platform
 
 namespace details {
 
@@ -44,7 +45,6 @@ private:
     void connectCommands();
     void connectTip();
     void disableChanges();
-    void typeKey(const QString &text);
     void selectTip();
     bool dangerFocused() const;
 
@@ -66,8 +66,7 @@ private:
     records::App &app;
     std::unique_ptr<Ui::XchargeEntryDetals> ui;
     std::array<platform::FittingEdit *, kBoxes> Text1{};
-    std::array<QLabel *, 5> amountCaptions{}; // of kAmountBoxes
-    std::array<QString, 5> amountNames;       // what they say
+    std::array<platform::Field *, 5> amounts{}; // of kAmountBoxes
     std::array<QAbstractButton *, 15> SSCommand6{};
     std::array<QString, 15> quickNames; // of SSCommand6, without their amounts
     EntryDetails entry;                 // last: it refers to this view until it is gone

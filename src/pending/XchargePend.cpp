@@ -22,8 +22,6 @@ namespace {
 
 using Look = MListColumn::Look;
 
-constexpr std::size_t kUsualTotal = sizeof "$99,999.99" - 1;
-
 std::vector<MListColumn> columns()
 {
     const auto column = [](const char *heading, const char *widest, Look look = Look::Text) {
@@ -198,20 +196,11 @@ void XchargePend::showTotals(const PendingFields &fields)
     putValue(*Label5[0], fields.tabTotal);
     putValue(*Label5[1], fields.tipTotal);
     putValue(*Label5[2], fields.grandTotal);
-    if (fields.grandTotal != "0") // while the list is read nothing moves
-        sizeTotals(fields.grandTotal.size() > kUsualTotal);
     putValue(*ui->Label16, fields.fromDate);
     putValue(*ui->Label17, fields.toDate);
     putValue(*ui->Label18, fields.swipes);
     putValue(*ui->Label19, fields.recordRead);
     ui->Label18->setToolTip(toQt(fields.file));
-}
-
-void XchargePend::sizeTotals(bool wide)
-{
-    putLook(*Label5[0], "part", wide ? "value" : "sum");
-    putLook(*Label5[1], "part", wide ? "value" : "sum");
-    putLook(*Label5[2], "part", wide ? "sum" : "large");
 }
 
 void XchargePend::showState(const PendingFields &fields)

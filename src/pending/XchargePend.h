@@ -68,7 +68,6 @@ private:
 
     void showHeading();
     void showTotals(const PendingFields &fields);
-    void sizeTotals(bool wide);
     void showState(const PendingFields &fields);
     void showCommands(const PendingFields &fields);
     void showOptions(const PendingFields &fields);

@@ -17,8 +17,7 @@ ManagerApproval::ManagerApproval(records::App &theApp, const ManagerQuestion &qu
     ui->what->setText(toQt(question.what));
     ui->amount->setText(toQt(question.amount));
     ui->amount->setHidden(question.amount.empty());
-    digits = {ui->digit_0, ui->digit_1, ui->digit_2, ui->digit_3, ui->digit_4,
-              ui->digit_5, ui->digit_6, ui->digit_7, ui->digit_8, ui->digit_9};
+    ui->keypadCard->typeInto(*ui->codeBox);
     connectCommands();
     setDefaultCommand(ui->okCommand);
     ui->codeBox->setFocus();
@@ -30,16 +29,11 @@ void ManagerApproval::connectCommands()
 {
     connect(ui->codeBox, &QLineEdit::textChanged, this,
             [this](const QString &text) { ui->okCommand->setDisabled(text.isEmpty()); });
-    for (int digit = 0; digit < 10; ++digit)
-        connect(digits[static_cast<std::size_t>(digit)], &QAbstractButton::clicked, this,
-                [this, digit] { digit_Click(digit); });
     const auto click = [this](QAbstractButton *command, void (ManagerApproval::*handler)()) {
         connect(command, &QAbstractButton::clicked, this, handler);
     };
     click(ui->okCommand, &ManagerApproval::okCommand_Click); // "OK"
     click(ui->cancelCommand, &ManagerApproval::closeAsked);  // "Cancel"
-    click(ui->backspaceKey, &ManagerApproval::backspaceKey_Click);
-    connect(ui->clearKey, &QAbstractButton::clicked, this, [this] { ui->codeBox->setText({}); });
 }
 
 void ManagerApproval::okCommand_Click()
@@ -51,18 +45,6 @@ void ManagerApproval::okCommand_Click()
     ui->answer->setText(toQt(check.triesLeft()));
     if (check.decided())
         unload();
-}
-
-void ManagerApproval::digit_Click(int digit)
-{
-    ui->codeBox->setText(ui->codeBox->text() + QString::number(digit));
-}
-
-void ManagerApproval::backspaceKey_Click()
-{
-    QString text = ui->codeBox->text();
-    text.chop(1);
-    ui->codeBox->setText(text);
 }
 
 void ManagerApproval::closeAsked()

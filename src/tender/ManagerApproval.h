@@ -5,7 +5,6 @@
 #include "platform/qt/screen.h"
 #include "tender/manager_check.h"
 
-#include <array>
 #include <memory>
 
 namespace Ui {
@@ -29,11 +28,8 @@ protected:
 private:
     void connectCommands();
     void okCommand_Click(); // "OK"
-    void digit_Click(int digit);
-    void backspaceKey_Click();
 
     std::unique_ptr<Ui::ManagerApproval> ui;
-    std::array<QAbstractButton *, 10> digits{};
     ManagerCheck check;
 };
 

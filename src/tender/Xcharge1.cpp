@@ -109,7 +109,7 @@ void Xcharge1::Form_Load()
     auto *whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(form);
-    ui->waitBar->setMaximum(kUsualWait);
+    ui->countRow->setUsualWait(kUsualWait);
     ui->Label4->hide(); // working storage alone
     gatherArrays();
     connectCommands();
@@ -200,9 +200,8 @@ void Xcharge1::showState(const TenderFields &fields)
     ui->resultCaption->setText(fields.result ? QStringLiteral("Result") : QStringLiteral("Card"));
     putVisible(*ui->resultRow, !fields.cardOrResult.empty());
     putValue(*ui->Label4, fields.sharedCount);
-    putValue(*ui->Label7, fields.waitCount);
-    ui->waitBar->setValue(ui->Label7->text().toInt());
-    putVisible(*ui->waitBar, !fields.result);
+    ui->countRow->putWaited(fields.waitCount);
+    ui->countRow->putRunning(!fields.result);
     putVisible(*ui->countRow, fields.waitCountVisible);
 }
 

@@ -26,9 +26,6 @@ Xcharge2::Xcharge2(records::App &theApp)
     ui->setupUi(this);
     ui->Label2->hide(); // working storage alone
     boxes = {ui->Text1, ui->Text2, ui->Text3};
-    SSCommand6 = {ui->SSCommand6_0, ui->SSCommand6_1, ui->SSCommand6_2, ui->SSCommand6_3,
-                  ui->SSCommand6_4, ui->SSCommand6_5, ui->SSCommand6_6, ui->SSCommand6_7,
-                  ui->SSCommand6_8, ui->SSCommand6_9};
     connectCommands();
     setDefaultCommand(ui->SSCommand4);
     nameBox(0);
@@ -46,16 +43,11 @@ void Xcharge2::connectCommands()
     }
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget *, QWidget *now) { boxGotFocus(now); });
-    for (int digit = 0; digit < 10; ++digit)
-        connect(SSCommand6[static_cast<std::size_t>(digit)], &QAbstractButton::clicked, this,
-                [this, digit] { SSCommand6_Click(digit); });
     const auto click = [this](QAbstractButton *command, void (Xcharge2::*handler)()) {
         connect(command, &QAbstractButton::clicked, this, handler);
     };
     click(ui->SSCommand4, &Xcharge2::SSCommand4_Click); // "Process"
     click(ui->SSCommand7, &Xcharge2::SSCommand7_Click); // "Small Font" / "Large Font"
-    click(ui->backspaceKey, &Xcharge2::backspaceKey_Click);
-    click(ui->clearKey, &Xcharge2::clearKey_Click);
     connect(ui->cancelCommand, &QAbstractButton::clicked, this, &Xcharge2::closeAsked); // "Cancel"
 }
 
@@ -72,27 +64,10 @@ void Xcharge2::SSCommand4_Click()
     unload();
 }
 
-void Xcharge2::SSCommand6_Click(int digit)
-{
-    namedBox().setText(namedBox().text() + QString::number(digit)); // cut at the box's length
-}
-
 void Xcharge2::SSCommand7_Click()
 {
     font = switchEntryFont(app, font);
     showFont();
-}
-
-void Xcharge2::backspaceKey_Click()
-{
-    QString text = namedBox().text();
-    text.chop(1);
-    namedBox().setText(text);
-}
-
-void Xcharge2::clearKey_Click()
-{
-    namedBox().setText({});
 }
 
 void Xcharge2::boxGotFocus(QWidget *now)
@@ -112,7 +87,8 @@ void Xcharge2::boxesChanged()
 void Xcharge2::nameBox(std::size_t item)
 {
     ui->Label2->setText(QString::number(item));
-    ui->clearKey->setAccessibleName(toQt(kClearNames[item]));
+    ui->keypadCard->setClearName(toQt(kClearNames[item]));
+    ui->keypadCard->typeInto(*boxes[item]);
     for (QLineEdit *box : boxes)
         putLook(*box, "keypad", box == boxes[item] ? "yes" : "no");
 }

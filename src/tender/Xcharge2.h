@@ -31,11 +31,8 @@ protected:
 
 private:
     void connectCommands();
-    void SSCommand4_Click();          // "Process"
-    void SSCommand6_Click(int digit); // "0" to "9"
-    void SSCommand7_Click();          // "Small Font" / "Large Font"
-    void backspaceKey_Click();
-    void clearKey_Click();
+    void SSCommand4_Click(); // "Process"
+    void SSCommand7_Click(); // "Small Font" / "Large Font"
     void boxGotFocus(QWidget *now);
     void boxesChanged();
     void nameBox(std::size_t item);
@@ -44,8 +41,7 @@ private:
 
     records::App &app;
     std::unique_ptr<Ui::Xcharge2> ui;
-    std::array<QLineEdit *, 3> boxes{};             // as Label2 counts them
-    std::array<QAbstractButton *, 10> SSCommand6{}; // by their digits
+    std::array<QLineEdit *, 3> boxes{}; // as Label2 counts them
     EntryFont font = EntryFont::Large;
     std::optional<TypedCard> processed;
 };
