@@ -8,7 +8,6 @@ namespace story {
 namespace {
 
 constexpr const char *kMore = "- ...";
-constexpr std::size_t kLongRun = 4; // gone lines in a row from which on they are shortened
 
 /// Up to the first blank, "=" or ":" behind a word; the whole line where there is none.
 std::string beginningOf(const std::string &line)
@@ -85,16 +84,20 @@ private:
     std::vector<std::vector<int>> cost;
 };
 
-Lines shownGone(const Lines &before, const Hunk &hunk, bool shortened)
+/// The gone lines, or the first of them and so many of the last.
+Lines shownGone(const Lines &before, const Hunk &hunk, std::size_t lastOnes)
 {
     const std::size_t count = hunk.end - hunk.at;
-    if (shortened && count == before.size() && count > 1)
+    if (lastOnes == 1 && count == before.size() && count > 1)
         return {kMore};
-    if (shortened && count >= kLongRun)
-        return {"- " + before[hunk.at], kMore, "- " + before[hunk.end - 1]};
     Lines shown;
-    for (std::size_t i = hunk.at; i < hunk.end; ++i)
-        shown.push_back("- " + before[i]);
+    for (std::size_t i = hunk.at; i < hunk.end; ++i) {
+        const bool among = i > hunk.at && i + lastOnes < hunk.end && count > lastOnes + 2;
+        if (!among)
+            shown.push_back("- " + before[i]);
+        else if (shown.back() != kMore)
+            shown.push_back(kMore);
+    }
     return shown;
 }
 
@@ -126,12 +129,13 @@ private:
     {
         if (gone.size() == 1 && gone[0] == "...")
             return at == 0 ? before.size() : std::string::npos;
-        if (gone.size() == 3 && gone[1] == "...") {
-            if (at >= before.size() || before[at] != gone[0])
+        if (gone.size() > 2 && gone[1] == "...") {
+            const Lines last(gone.begin() + 2, gone.end());
+            if (!stand(at, {gone[0]}))
                 return std::string::npos;
-            for (std::size_t last = at + kLongRun - 1; last < before.size(); ++last)
-                if (before[last] == gone[2])
-                    return last + 1;
+            for (std::size_t end = at + 3; end < before.size(); ++end)
+                if (stand(end, last))
+                    return end + last.size();
             return std::string::npos;
         }
         return stand(at, gone) ? at + gone.size() : std::string::npos;
@@ -188,14 +192,14 @@ private:
 };
 
 Lines shownHunk(const Lines &before, const Lines &now, const Hunk &hunk, std::size_t context,
-                bool shortly)
+                std::size_t lastOnes)
 {
     Lines shown;
     for (std::size_t i = hunk.at - context; i < hunk.at; ++i)
         shown.push_back("  " + before[i]);
-    const bool replaces = hunk.replaces && shortly;
+    const bool replaces = hunk.replaces && lastOnes == 1;
     if (!replaces) {
-        const Lines gone = shownGone(before, hunk, shortly);
+        const Lines gone = shownGone(before, hunk, lastOnes);
         shown.insert(shown.end(), gone.begin(), gone.end());
     }
     for (std::size_t j = hunk.nowAt; j < hunk.nowEnd; ++j)
@@ -210,10 +214,10 @@ void addHunk(Lines &shown, const Lines &before, const Lines &now, const Hunk &hu
     Lines wanted(now.begin(), now.begin() + static_cast<std::ptrdiff_t>(hunk.nowEnd));
     wanted.insert(wanted.end(), before.begin() + static_cast<std::ptrdiff_t>(hunk.end),
                   before.end());
-    for (const bool shortly : {true, false})
+    for (std::size_t lastOnes = 1; lastOnes <= hunk.end - hunk.at + 1; ++lastOnes)
         for (std::size_t context = 0; context <= hunk.at - after; ++context) {
             Lines tried = shown;
-            const Lines added = shownHunk(before, now, hunk, context, shortly);
+            const Lines added = shownHunk(before, now, hunk, context, lastOnes);
             tried.insert(tried.end(), added.begin(), added.end());
             if (applied(before, tried) == wanted) {
                 shown = tried;

@@ -6,13 +6,18 @@ namespace story {
 
 namespace {
 
-constexpr const char *kShows = "shows";
 constexpr const char *kStory = "story ";
 constexpr const char *kLike = ", like ";
 
+/// What a story leaves behind begins with such a line.
+bool isPartLeft(const std::string &line)
+{
+    return line.starts_with("== ") || line.starts_with("- == ");
+}
+
 bool isShown(const std::string &line)
 {
-    for (const char *mark : {"  ", "+ ", "- ", "* ", "=="})
+    for (const char *mark : {"  ", "+ ", "- ", "* ", "--", "=="})
         if (line.starts_with(mark))
             return true;
     return false;
@@ -37,6 +42,8 @@ public:
     void read(const std::string &line)
     {
         ++number;
+        if (isPartLeft(line) && !file.stories.empty())
+            shown = &file.stories.back().shown;
         if (isShown(line) && shown != nullptr)
             shown->push_back(line);
         else if (line.starts_with('#'))
@@ -56,8 +63,6 @@ private:
         if (line.text.starts_with(kStory)) {
             file.stories.push_back(storyOf(line));
             shown = &file.stories.back().heading.shown;
-        } else if (line.text == kShows && !file.stories.empty()) {
-            shown = &file.stories.back().shown;
         } else {
             std::vector<ScriptLine> &script =
                 file.stories.empty() ? file.given : file.stories.back().script;
@@ -108,8 +113,6 @@ std::string written(const StoryFile &file)
         write(text, story.heading);
         for (const ScriptLine &line : story.script)
             write(text, line);
-        if (!story.shown.empty())
-            write(text, Lines{kShows});
         write(text, story.shown);
     }
     if (!file.tail.empty())

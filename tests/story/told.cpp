@@ -6,6 +6,9 @@ namespace story {
 
 namespace {
 
+constexpr const char *kPartOfLine = "-- ";
+constexpr const char *kPartLeft = "== ";
+
 const Section *titled(const std::vector<Section> &sections, const std::string &title)
 {
     const auto found = std::find_if(sections.begin(), sections.end(),
@@ -47,37 +50,38 @@ private:
         line.shown.clear();
         const std::vector<Section> *base = baseOfStep(step);
         if (base != nullptr)
-            showGone(line.shown, *base, told.steps[step]);
+            showGone(line.shown, kPartOfLine, *base, told.steps[step]);
         for (const Section &section : told.steps[step]) {
             const Section *before = section.changes   ? lastOf(section.title, step)
                                     : base != nullptr ? titled(*base, section.title)
                                                       : nullptr;
-            add(line.shown, section, before);
+            add(line.shown, kPartOfLine, section, before);
         }
     }
     void showLeft()
     {
         shown.shown.clear();
         if (!like.empty())
-            showGone(shown.shown, like[0].told->left, told.left);
+            showGone(shown.shown, kPartLeft, like[0].told->left, told.left);
         for (const Section &section : told.left)
-            add(shown.shown, section,
+            add(shown.shown, kPartLeft, section,
                 like.empty() ? nullptr : titled(like[0].told->left, section.title));
     }
-    static void showGone(Lines &lines, const std::vector<Section> &base,
+    static void showGone(Lines &lines, const char *mark, const std::vector<Section> &base,
                          const std::vector<Section> &now)
     {
         for (const Section &section : base)
             if (!section.changes && titled(now, section.title) == nullptr)
-                lines.push_back(section.title.empty() ? "- ..." : "- == " + section.title);
+                lines.push_back(section.title.empty() ? "- ..."
+                                                      : std::string("- ") + mark + section.title);
     }
-    static void add(Lines &lines, const Section &section, const Section *before)
+    static void add(Lines &lines, const char *mark, const Section &section, const Section *before)
     {
         const Lines added = shownLines(section, before);
         if (added.empty() && before != nullptr && !section.changes)
             return;
         if (!section.title.empty())
-            lines.push_back("== " + section.title);
+            lines.push_back(mark + section.title);
         lines.insert(lines.end(), added.begin(), added.end());
     }
 

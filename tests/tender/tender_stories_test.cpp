@@ -190,11 +190,13 @@ private:
         }
         return lines;
     }
-    /// Without the blank lines, which are the slips' own affair.
+    /// Headings and what has figures or a name; each word is the slips' own affair.
     Lines slipLines() const
     {
         Lines lines = platform::splitLines(story.slips());
-        std::erase_if(lines, [](Words line) { return line.find_first_not_of(' ') == line.npos; });
+        std::erase_if(lines, [](Words line) {
+            return line.find_first_of("0123456789[:") == line.npos && line != "- - - cut - - -";
+        });
         return lines;
     }
     void addFiles(std::vector<Section> &parts)
@@ -211,13 +213,36 @@ private:
             if (!story.station.has(folder + name))
                 continue;
             const std::string content = story.station.get(folder + name);
-            parts.push_back({folder == "C:\\" ? folder + name : name, story::linesOf(content)});
+            const bool answer = std::string(name) == "Xsend.ans";
+            parts.push_back(
+                {folder == "C:\\" ? folder + name : name,
+                 answer ? numbered(story::linesOf(content)) : counted(story::linesOf(content))});
             if (content.empty())
                 parts.back().lines = {"empty"};
             if (std::string(name) != "BadSwipe.dat" && content.find("411111111111") != content.npos)
                 complain(std::string("a card's number stands in ") + name);
         }
     }
+    static Lines numbered(Lines lines)
+    {
+        for (std::size_t i = 0; i < lines.size(); ++i)
+            lines[i] = std::to_string(i + 1) + " " + lines[i];
+        return lines;
+    }
+    /// Many equal lines in a row as one.
+    static Lines counted(const Lines &lines)
+    {
+        Lines told;
+        for (auto line = lines.begin(); line != lines.end();) {
+            const auto end =
+                std::find_if(line, lines.end(), [&](Words other) { return other != *line; });
+            const bool many = end - line > 3;
+            told.push_back(*line + (many ? " (" + std::to_string(end - line) + " times)" : ""));
+            line = many ? end : line + 1;
+        }
+        return told;
+    }
+
     support::StoryTender &tender = story.tender;
     Lines boxes;
     bool watching = false;

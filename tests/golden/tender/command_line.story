@@ -1,6 +1,5 @@
 # The payment application takes the card. Everything that an approval shows and leaves behind.
 story approved
-shows
 == end
   ended
 == folders
@@ -59,51 +58,34 @@ shows
 == slips
   [[Receipt TM-88]]
   [MERCHANT COPY]
-  The Harbour Table
   1 Quay Street
-  Port Town
-  __________________________________________________
   01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
   Name: ROSALIND/TEST
   Card: XXXXXXXXXXXX1234  TransRecord 1
   AUTH - 012345  Terminal FRONT-BAR
   Amount      $48.50
-  Gratuity      ___________________________
-  Total          ___________________________
-  x_______________________________
-         Signature
-          ROSALIND/TEST                 
   [MERCHANT COPY]
   - - - cut - - -
   [[Receipt TM-88]]
   [CUSTOMER COPY]
-  The Harbour Table
   1 Quay Street
-  Port Town
-  __________________________________________________
   01/15/25  01:05 PM  1043 - 7 Rosalind - 12
   Name: ROSALIND/TEST
   Card: XXXXXXXXXXXX1234
-  Terminal / Station  FRONT-BAR
   Amount      $48.50
-  Gratuity      ___________________________
-  Total          ___________________________
-  x_______________________________
-         Signature
-         ROSALIND/TEST                 
   [CUSTOMER COPY]
   - - - cut - - -
 == Xsend.ans
-  "Approved"
-  "48.50     "
-  "012345    "
-  "1043                "
-  "XXXXXXXXXXXX1234              "
-  "7         "
-  "12        "
-  "          "
-  "ROSALIND/TEST                 "
-  "SUCCESS             "
+  1 "Approved"
+  2 "48.50     "
+  3 "012345    "
+  4 "1043                "
+  5 "XXXXXXXXXXXX1234              "
+  6 "7         "
+  7 "12        "
+  8 "          "
+  9 "ROSALIND/TEST                 "
+  10 "SUCCESS             "
 == CCLastProcess.dat
   ===========================================================
   Process Started
@@ -214,7 +196,6 @@ story approved beside commands that come too early or fail, like approved
 at 50 ms: press Cancel, though disabled
 fail open CCnoPrint.dat
 at 2 s: press No receipt
-shows
 == slips
   - - - cut - - -
 - [[Receipt TM-88]]
@@ -224,33 +205,25 @@ shows
   "#### #### #### ACE="
   "AUTH - 012345  Terminal FRONT-BAR"
 
-story approved with gratuity and no customer receipt, like approved
+story approved with gratuity and no customer receipt, like approved beside commands that come too early or fail
 at 1 s: press Gratuity
 at 1 s: press No receipt
-shows
 == slips
-* Gratuity      $8.73
-* Total          $57.23
-- [[Receipt TM-88]]
-- ...
-- - - - cut - - -
+  Amount      $48.50
++ Gratuity      $8.73
++ Total          $57.23
 == CCnoPrint.dat
   empty
-== CreditApproval.dat
-  "#### #### #### ACE="
-  "AUTH - 012345  Terminal FRONT-BAR"
 
 story approved deleted prepayment, like approved
 put C:\Lumbrio\Xsend.req | "DelPrePay 12","1043","7","48.50"\r\n
-shows
 - == slips
 == screen
 * table DelPrePay 12
 == records
 * CCTable DelPrePay
 == Xsend.ans
-- "12        "
-+ "DelPrePay "
+* 7 "DelPrePay "
 == CreditApproval.dat
   "#### #### #### ACE="
   "AUTH - 012345  Terminal FRONT-BAR"
@@ -262,7 +235,6 @@ shows
 story approved gift card, like approved
 put C:\Lumbrio\Data\CCnoPREauth.dat |
 bank approves, BALANCE=12.00, ADDITIONALFUNDSREQUIRED=0.00, NAME=ROSA "ROSE" TEST
-shows
 == records
 * CCName ROSA "ROSE" TEST
 * CCGiftFlag GS
@@ -270,20 +242,15 @@ shows
 * GCbalance 12.00
 == slips
 * Name: ROSA "ROSE" TEST
--         ROSALIND/TEST                 
-+         ROSA "ROSE" TEST              
   [MERCHANT COPY]
 + $12.00
 + [REMAINING BALANCE ON THIS GIFT CARD]
 * Name: ROSA "ROSE" TEST
--        ROSALIND/TEST                 
-+        ROSA "ROSE" TEST              
   [CUSTOMER COPY]
 + $12.00
 + [REMAINING BALANCE ON THIS GIFT CARD]
 == Xsend.ans
-- "ROSALIND/TEST                 "
-+ "ROSA "ROSE" TEST              "
+* 9 "ROSA "ROSE" TEST              "
 == CCLastProcess.dat
   APPROVEDAMOUNT=48.50
 + BALANCE=12.00
@@ -299,7 +266,6 @@ story approved at once with a slip left open, like approved
 put F:\Lumbrio\Data\CCnoPREauth.dat |
 the system prefers Office Laser
 no cut
-shows
 == screen
 * kind Purchase
 == payment
@@ -321,7 +287,6 @@ shows
 story approved over midnight of a month, like approved at once with a slip left open
 put F:\Lumbrio\Data\CCnoPREauth.dat |
 clock 2025-01-31 23:59:58
-shows
 == records
 * CCDate 01/31/25
 * CCTime 11:59 PM
@@ -340,72 +305,42 @@ configure 6 = D:\Station\
 configure 49 =
 put D:\Station\X1009Version.dat |
 put D:\Station\Xsend.req | 12,1043,7,48.50\r\n
-shows
 - == CCLastProcess.dat
 - == TRACELOG.TXT
 == folders
 + D:\Station\
 - F:\Lumbrio\
-== slips
-- Gratuity      ___________________________
-- Total          ___________________________
-  Amount      $48.50
-- Gratuity      ___________________________
-- Total          ___________________________
 
 story approved without a server or partial support, like approved
-put C:\Lumbrio\Xsend.req | "a,b","1,2",," 48.5 "\r\n
+put C:\Lumbrio\Xsend.req | "12","1043",,"48.50"\r\n
 put C:\Lumbrio\CCard.dat | x\n\n0\n0\n0\n0\n0\n-1\n-1\n0\n
-shows
 == screen
 * server 9999
-* table a,b
-* receipt 1,2
 - name of server Rosalind Test
 * partial support NO
 == payment
-* starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.5 /LOCKAMOUNT /RECEIPT:1,2 /LOCKRECEIPT /CLERK:9999 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+* starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:9999 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
 == records
-* CCSaleAmt 48.5
 * CCServer 9999
-* CCTable a,b
-* CCTabAmt 48.5
-* CCReceipt 1,2
 == slips
-* 01/15/25  01:05 PM  1,2 - 9999  - a,b - 3
-* 01/15/25  01:05 PM  1,2 - 9999  - a,b
+* 01/15/25  01:05 PM  1043 - 9999  - 12 - 3
+* 01/15/25  01:05 PM  1043 - 9999  - 12
 == Xsend.ans
-- "48.50     "
-+ " 48.5     "
-- "1043                "
-+ "1,2                 "
-- "7         "
-- "12        "
-+ "9999      "
-+ "a,b       "
+* 6 "9999      "
 == CCLastProcess.dat
   Employee Name 
 * Employee Number # 
-* Table Number - a,b
-* Receipt Number - 1,2
 * Server (Employee) Number - 
-* Sale Amount -  48.5 
-* /AMOUNT:48.5
-* /RECEIPT:1,2
 * /CLERK:9999
 - /PartialApprovalSupport:T
-* /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.5 /LOCKAMOUNT /RECEIPT:1,2 /LOCKRECEIPT /CLERK:9999 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+* /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:9999 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
 *  Total seconds it took for  swipe and Xcharge response
 == TRACELOG.TXT
-*   CCdata.CCTabAmt  -  48.5     
 *   CCdata.CCServer - 9999      
-*   CCdata.CCTable - a,b       
 
 # The first result counts, also one that tells of no card.
 story approved without a card, like approved
-payment keeps silent
-at 9 s: put C:\lumbrio\xResultFile.txt | RESULT=SUCCESS\r\nAPPROVALCODE=012345\r\n
-shows
+payment answers: RESULT=SUCCESS\r\nAPPROVALCODE=012345\r\n
 == records
 * CCNumb 
 * CCExpDate 
@@ -415,24 +350,17 @@ shows
 * HiddenNumb XXXX XXXX XXXX
 - CCtype VISA
 == slips
-* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 8
 * Name: 
 * Card: XXXX XXXX XXXX  TransRecord 1
--         ROSALIND/TEST                 
 * Name: 
 * Card: XXXX XXXX XXXX
--        ROSALIND/TEST                 
 == Xsend.ans
-- "XXXXXXXXXXXX1234              "
-+ "XXXX XXXX XXXX                "
-- "ROSALIND/TEST                 "
-+ "                              "
+* 5 "XXXX XXXX XXXX                "
+* 9 "                              "
 == CCLastProcess.dat
-*   SECONDS = 8
 - SWIPED=True
 - ...
 - APPROVEDAMOUNT=48.50
-*   Printing Merchant 8
 == TRACELOG.TXT
 *   CCdata.CCNumb -                               
 *   CCdata.CCtype -           
@@ -441,7 +369,6 @@ shows
 
 story approved into a locked file, like approved
 lock CCPending.dat
-shows
 == CCLastProcess.dat
     Printing Merchant 3
 +   KEPT RECORD written - receipt 1043, amount 48.50, code 012345 - C:\Lumbrio\Data\KeptRecord-20250115-130506.dat
@@ -451,7 +378,6 @@ shows
 story approved without a printer, like approved
 printers none
 answer Ok
-shows
 - == slips
 == boxes
   [NOT PRINTED] The merchant's slip and the customer's slip were not printed: no printer is installed. The card is approved: do not run it again. Reprint from the manager's list.
@@ -471,7 +397,6 @@ shows
 # The guest pays the rest with another card, so both slips must say what is left.
 story partial, like approved
 bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
-shows
 == records
 * CCApprovedAmt 30
 * CCAdjStatus Adjusted - Pending
@@ -484,57 +409,33 @@ shows
 * 01/15/25  01:05 PM  1043 - 7 Rosalind - 12
 * Card: XXXXXXXXXXXX1234
 - Amount      $48.50
-- ...
 - [MERCHANT COPY]
 + [PARTIAL PAYMENT - A BALANCE IS STILL DUE]
-+     Amount      
 +         $30.00
-+     Gratuity NOT Allowed
-+   We are unable to put any more funds thru on this card
 +   The original amount due was     $48.50
 +   There is still a Balance Due of $18.50
-+   (Please tip your server on the original amount due)
-+ x_______________________________________________
-+                               Signature
 + [PARTIAL PAYMENT MERCHANT COPY]
 - [[Receipt TM-88]]
 - [CUSTOMER COPY]
 + [PARTIAL PAYMENT CUSTOMER COPY]
-- Terminal / Station  FRONT-BAR
-- ...
+- Amount      $48.50
 - [CUSTOMER COPY]
 + AUTH - 012345  Terminal FRONT-BAR
 + [PARTIAL PAYMENT - A BALANCE IS STILL DUE]
-+     Amount      
 +         $30.00
-+     Gratuity NOT Allowed
-+   We are unable to put any more funds thru on this card
 +   The original amount due was     $48.50
 +   There is still a Balance Due of $18.50
-+   (Please tip your server on the original amount due)
-+ x_______________________________________________
-+                               Signature
 + [PARTIAL PAYMENT CUSTOMER COPY]
   - - - cut - - -
-+ Visa, Mastercard, Amx and Discover now require
-+ us to accept a partial payment on a Tab
-+ The card you used for this transaction has been
-+ approved for a partial payment. You will need to
-+ get the partial payment receipt signed and ask the
-+ customer how they would like to pay the balance.
-+ Once you know come back to the tender screen and click 
-+ Split Tender, Put in the parial amount and the 
-+ balance in the approiate box.
 + $48.50  
 + $30.00  
 + $18.50  
 == Xsend.ans
-- "Approved"
-+ "DECLINE but PARTAIL APPROVAL"
-  "SUCCESS             "
-+ "PARTAIL APPROVAL"
-+ " APPROVAL AMOUNT - $30.00"
-+ " BALANCE STILL OWING - $18.50"
+* 1 "DECLINE but PARTAIL APPROVAL"
+  10 "SUCCESS             "
++ 11 "PARTAIL APPROVAL"
++ 12 " APPROVAL AMOUNT - $30.00"
++ 13 " BALANCE STILL OWING - $18.50"
 == CCLastProcess.dat
   APPROVEDAMOUNT=48.50
 + APPROVEDAMOUNT=30
@@ -550,7 +451,6 @@ shows
 story partial at once, like partial
 put F:\Lumbrio\Data\CCnoPREauth.dat |
 bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
-shows
 == screen
 * kind Purchase
 == payment
@@ -568,7 +468,6 @@ shows
 story approved after the second start, like approved
 payment keeps silent
 at 51.1 s: bank approves now
-shows
 == status
   
 + Connection Problems Press Cancel
@@ -585,7 +484,6 @@ story cancelled too late, like approved
 payment keeps silent
 at 20 s: bank approves now
 at 20 s: press Cancel
-shows
 == slips
 * 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 20
 == CCLastProcess.dat

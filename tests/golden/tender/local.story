@@ -1,10 +1,9 @@
 cards are taken here
+put C:\Lumbrio\XAudit.DAT | "48.5"\r\n
 at 500 ms: swipe
 
 # The screen takes the card, the payment server asks the bank.
 story local approved
-put C:\Lumbrio\XAudit.DAT | "48.5"\r\n
-shows
 == end
   ended
 == folders
@@ -66,51 +65,34 @@ shows
 == slips
   [[Receipt TM-88]]
   [MERCHANT COPY]
-  The Harbour Table
   1 Quay Street
-  Port Town
-  __________________________________________________
   01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 2
   Name: ROSALIND A TEST
   Card: #### #### #### 1111  TransRecord 1
   AUTH - A12345  Terminal FRONT-BAR
   Amount      $48.50
-  Gratuity      ___________________________
-  Total          ___________________________
-  x_______________________________
-         Signature
-          ROSALIND A TEST               
   [MERCHANT COPY]
   - - - cut - - -
   [[Receipt TM-88]]
   [CUSTOMER COPY]
-  The Harbour Table
   1 Quay Street
-  Port Town
-  __________________________________________________
   01/15/25  01:05 PM  1043 - 7 Rosalind - 12
   Name: ROSALIND A TEST
   Card: #### #### #### 1111
-  Terminal / Station  FRONT-BAR
   Amount      $48.50
-  Gratuity      ___________________________
-  Total          ___________________________
-  x_______________________________
-         Signature
-         ROSALIND A TEST               
   [CUSTOMER COPY]
   - - - cut - - -
 == Xsend.ans
-  "Approved"
-  "48.50     "
-  "A12345    "
-  "1043                "
-  "XXXX XXXX XXXX 1111           "
-  "7         "
-  "12        "
-  "          "
-  "ROSALIND A TEST               "
-  "YA12345             "
+  1 "Approved"
+  2 "48.50     "
+  3 "A12345    "
+  4 "1043                "
+  5 "XXXX XXXX XXXX 1111           "
+  6 "7         "
+  7 "12        "
+  8 "          "
+  9 "ROSALIND A TEST               "
+  10 "YA12345             "
 == CCLastProcess.dat
   ===========================================================
   Process Started
@@ -173,9 +155,6 @@ shows
 story local approved with a record that cannot be stored, like local approved
 fail append CCPending.dat
 answer Ok
-shows
-== screen
-- audit $48.50
 == boxes
   [RECORD NOT STORED] The bank approved this card, but its record could not be stored (access denied). Do not charge the card again. The record is kept at this station, which stores it as soon as it can. Tell the manager.
   Receipt: 1043
@@ -196,9 +175,6 @@ shows
 
 story local approved with an answer that cannot be deleted, like local approved
 fail remove .ans
-shows
-== screen
-- audit $48.50
 == payment
   takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
 + left FRONT-BAR011525130502.ans
@@ -210,10 +186,7 @@ story local cancelled too late, like local approved
 payment keeps silent
 at 20 s: bank approves now
 at 20 s: press Cancel
-shows
 - == payment
-== screen
-- audit $48.50
 == slips
 * 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 18
 == CCLastProcess.dat
@@ -224,10 +197,7 @@ shows
 # The digits of a card that the bank's answer repeats stand in no file.
 story local declined, like local approved
 payment answers: "N4111111111111111 IS NOT 4111-1111 1111 1111/2809 OR 123456789012"
-shows
 - == slips
-== screen
-- audit $48.50
 == status
 - Approved\r\nA12345
 - Approved - A12345
@@ -239,12 +209,9 @@ shows
 * CApprovalCode XXXX XXXX
 * CCstatus Declined
 == Xsend.ans
-- "Approved"
-+ "Declined"
-- "A12345    "
-+ "XXXX XXXX "
-- "YA12345             "
-+ "NXXXX XXXX XXXX 1111"
+* 1 "Declined"
+* 3 "XXXX XXXX "
+* 10 "NXXXX XXXX XXXX 1111"
 == CCLastProcess.dat
 * Actual Response From Xcharge NXXXX XXXX XXXX 1111 IS NOT XXXX XXXX XXXX 1111/2809 OR 123456789012
 * Approved or Declined Declined
@@ -259,7 +226,6 @@ shows
 
 story local declined by a small y, like local declined
 payment answers: "yA12345"
-shows
 == status
 - Declined\r\nXXXX XXXX
 + Declined\r\nA12345
@@ -271,10 +237,8 @@ shows
 * CResponse yA12345
 * CApprovalCode A12345
 == Xsend.ans
-- "XXXX XXXX "
-+ "A12345    "
-- "NXXXX XXXX XXXX 1111"
-+ "yA12345             "
+* 3 "A12345    "
+* 10 "yA12345             "
 == CCLastProcess.dat
 * Actual Response From Xcharge yA12345
   Actual Seconds for Response  2
@@ -284,201 +248,122 @@ shows
 *   CCdata.CApprovalCode - A12345    
 *   CCdata.CResponse - yA12345             
 
-story local declined at once by an empty answer, like local declined
+story local declined at once by an empty answer, like local declined by a small y
 payment answers:
 put F:\Lumbrio\Data\CCnoPREauth.dat |
-shows
 == screen
 * kind Purchase
 == status
-- Declined\r\nXXXX XXXX
+- Declined\r\nA12345
 + Declined\r\n
 * Declined - 
 == payment
 * takes "C6","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
-+ left FRONT-BAR011525130502-20250115-130505.ans
 == records
 * CResponse 
 * CApprovalCode 
 == Xsend.ans
-- "XXXX XXXX "
-+ "          "
-- "NXXXX XXXX XXXX 1111"
-+ "                    "
+* 3 "          "
+* 10 "                    "
 == CCLastProcess.dat
 * Actual Response From Xcharge 
-  Actual Seconds for Response  2
-+   A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
 == TRACELOG.TXT
-+ A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
 *   CCdata.CApprovalCode -           
 *   CCdata.CResponse -                     
 *   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
 
-story local declined by bytes, like local declined
+story local declined by bytes, like local declined by a small y
 payment answers: \0\xFFY
-shows
 == status
-- Declined\r\nXXXX XXXX
+- Declined\r\nA12345
 + Declined\r\nY
 * Declined - Y
-== payment
-  takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
-+ left FRONT-BAR011525130502-20250115-130505.ans
 == records
 * CResponse \xFFY
 * CApprovalCode Y
 == Xsend.ans
-- "XXXX XXXX "
-+ "Y         "
-- "NXXXX XXXX XXXX 1111"
-+ "\xFFY                  "
+* 3 "Y         "
+* 10 "\xFFY                  "
 == CCLastProcess.dat
 * Actual Response From Xcharge \xFFY
-  Actual Seconds for Response  2
-+   A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
 == TRACELOG.TXT
-+ A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
 *   CCdata.CApprovalCode - Y         
 *   CCdata.CResponse - \xFFY                  
 
-story local declined by a long answer, like local declined
+story local declined by a long answer, like local declined by a small y
 payment answers at length
-shows
 == status
-- Declined\r\nXXXX XXXX
+- Declined\r\nA12345
 + Declined\r\nZZZZZZZZZZ
 * Declined - ZZZZZZZZZZ
-== payment
-  takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
-+ left FRONT-BAR011525130502-20250115-130505.ans
 == records
 * CResponse ZZZZZZZZZZZZZZZZZZZZ
 * CApprovalCode ZZZZZZZZZZ
 == Xsend.ans
-- "XXXX XXXX "
-+ "ZZZZZZZZZZ"
-- "NXXXX XXXX XXXX 1111"
-+ "ZZZZZZZZZZZZZZZZZZZZ"
+* 3 "ZZZZZZZZZZ"
+* 10 "ZZZZZZZZZZZZZZZZZZZZ"
 == CCLastProcess.dat
   New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
++   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans (51 times)
 * Actual Response From Xcharge ZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZ
-  Actual Seconds for Response  2
-+   A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
 == TRACELOG.TXT
-+ A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans
 *   CCdata.CApprovalCode - ZZZZZZZZZZ
 *   CCdata.CResponse - ZZZZZZZZZZZZZZZZZZZZ
 
-story local cancelled in the wait, like local declined
+story local cancelled in the wait, like local approved
 payment keeps silent
 at 30 s: press Cancel
-shows
 - == payment
 - == records
+- == slips
 - == TRACELOG.TXT
 == status
-- Declined\r\nXXXX XXXX
-- Declined - XXXX XXXX
+- Approved\r\nA12345
+- ...
 - Please Click Finish Tender
 == Xsend.ans
-- "XXXX XXXX "
-+ "          "
-- "NXXXX XXXX XXXX 1111"
-+ "                    "
+* 1 "Declined"
+* 3 "          "
+* 10 "                    "
 == CCLastProcess.dat
-- Actual Response From Xcharge NXXXX XXXX XXXX 1111 IS NOT XXXX XXXX XXXX 1111/2809 OR 123456789012
+- Actual Response From Xcharge YA12345
 + Cancel was pressed
 + Unable to Connect - Internet may be down 
 * Actual Seconds waited for Response  29
-- Approved or Declined Declined
+- Approved or Declined Approved
+- ...
+-   Printing Merchant 2
 
-story local wait stopped, like local cancelled in the wait
+story local wait stopped, like local approved
 payment keeps silent
 at 9 s: stop waiting
-shows
+- == payment
+- == records
+- == slips
+== status
+- Approved\r\nA12345
+- ...
+- Please Click Finish Tender
+== Xsend.ans
+* 1 "Declined"
+* 3 "          "
+* 10 "                    "
 == CCLastProcess.dat
-- Cancel was pressed
+- Actual Response From Xcharge YA12345
++ Unable to Connect - Internet may be down 
 * Actual Seconds waited for Response  7
+- Approved or Declined Approved
+- ...
+-   Printing Merchant 2
 == TRACELOG.TXT
-  
-  ******  Make Respone File For Lumbrio ******
-  
-    File Name - C:\Lumbrio\Xsend.ans
-    TndrRESULT - Declined
-    CCdata.CCTabAmt  - 48.50     
-    CCdata.CApprovalCode -           
-    CCdata.CCaditionalFUNDS - 0         
-    CCdata.GCbalance -           
-    CCdata.CCNumb - D3456789:;<=>?@A              
-    CCdata.CCtype -           
-    CCdata.HiddenNumb - XXXX XXXX XXXX 1111           
-    CCdata.CCServer - 7         
-    CCdata.CCTable - 12        
-    CCdata.CCTroutID -           
-    CCdata.CCName - ROSALIND A TEST               
-    CCdata.CCstatus - Dialing   
-    CCdata.CResponse -                     
-    Val(TndrNOpreAUTH) - 0-  0 =False -1=True
-  
-  ******  END Respone File For Lumbrio ******
-  
+*   TndrRESULT - Declined
+*   CCdata.CApprovalCode -           
+*   CCdata.CCstatus - Dialing   
+*   CCdata.CResponse -                     
 
 story local wait counts, like local wait stopped
 payment keeps silent
 watch
-shows
 - == Xsend.ans
 - == TRACELOG.TXT
 == end
@@ -494,11 +379,14 @@ shows
   500 Cancel, 0 starts, Validating Card Number 
   2000 Cancel, 0 starts, Just a Moment Please 
   2000 Cancel, 0 starts, Dialing for Card Approval
+  2000, 0 starts, Dialing for Card Approval
   2000 counting, 0 starts, Dialing for Card Approval
   16400 Cancel counting, 0 starts, Dialing for Card Approval
   22000 Cancel panel counting, 0 starts, Dialing for Card Approval
   49040 Cancel panel warning red ribbons counting, 0 starts, Dialing for Card Approval
   50960 Cancel panel warning red ribbons counting, 0 starts, Connection Problems Press Cancel
+== XAudit.DAT
+  "48.5"
 == CCLastProcess.dat
 - Unable to Connect - Internet may be down 
 - Actual Seconds waited for Response  7
@@ -506,7 +394,6 @@ shows
 story local answer not read, like local wait stopped
 answer Ok
 fail open .ans
-shows
 == status
   Dialing for Card Approval
 + The payment answered, but its answer cannot be read
@@ -529,7 +416,6 @@ shows
 story local folder missing, like local wait stopped
 erase c:\Program Files\X-Charge\LocalTran
 answer Ok
-shows
 == boxes
   [Request File] The request for this card cannot be written to the Xcharge folder, so this card was not charged. Please try again, or check the connection to the Xcharge computer. (Ok)
 == CCLastProcess.dat
@@ -541,69 +427,69 @@ shows
 story local request not written, like local folder missing
 fail rename .req
 answer Ok
-shows
 == CCLastProcess.dat
 *   REQUEST NOT WRITTEN - access denied - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
 
-story local audit refused, like local wait stopped
+story local audit refused, like local approved
 put C:\Lumbrio\XAudit.DAT | "40.00"\r\n
 answer Cancel
-shows
+- == payment
+- == slips
 == screen
 * card or result Wrong Amount
-+ audit $40.00
+* audit $40.00
 == status
-  Dialing for Card Approval
-+ Please Click Cancel
+- Approved\r\nA12345
+- Approved - A12345
+- Approved Printing Receipt
+* Please Click Cancel
 == boxes
   [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL (Ok, Cancel)
 == records
-  in CCPending.dat
-  CCNumb D3456789:;<=>?@A
-  CCExpDate 0928
-  CCName ROSALIND A TEST
-  CCSaleAmt 48.50
-  CCServer 7
-  CCTable 12
-  CCTabAmt 48.50
-  CCApprovedAmt 
-  CResponse 
-  CApprovalCode 
-  CCstatus 
-  CCTip 0
-  CCReceipt 1043
-  CCDate 01/15/25
-  CCTime 01:05 PM
-  CCVerify 000
-  CCSwiped True
-  CCStation FRONT-BAR
-  CCAdjStatus Not Adjusted
-  CCGiftFlag 
-  CCEncoded 1
-  HiddenNumb XXXX XXXX XXXX 1111
-  CCaditionalFUNDS 0
-  CCReserved2 
+* CResponse 
+* CApprovalCode 
+* CCstatus 
 == Xsend.ans
-- "Declined"
-+ ""
-+ ""
+* 1 ""
+* 2 ""
+* 3 "48.50     "
+* 4 "          "
+* 5 "1043                "
+* 6 "XXXX XXXX XXXX 1111           "
+* 7 "7         "
+* 8 "12        "
+* 9 "          "
+* 10 "ROSALIND A TEST               "
++ 11 "                    "
 == CCLastProcess.dat
 - First Name - ROSALIND A
 - ...
-- Actual Seconds waited for Response  7
+-   Printing Merchant 2
 == TRACELOG.TXT
 *   TndrRESULT - 
+*   CCdata.CApprovalCode -           
 *   CCdata.CCstatus -           
+*   CCdata.CResponse -                     
 
 # Who only checks a manager's card charges nobody.
-story local managers card read, like local wait stopped
+story local managers card read, like local approved
 at 400 ms: a manager's card is read
-shows
+- == payment
+- == records
+- == slips
 - == Xsend.ans
 - == TRACELOG.TXT
 == end
   stays
+== screen
+- audit $48.50
+== status
+- Approved\r\nA12345
+- ...
+- Please Click Finish Tender
+== XAudit.DAT
+  "48.5"
 == CCLastProcess.dat
 - First Name - ROSALIND A
 - ...
-- Actual Seconds waited for Response  7
+-   Printing Merchant 2

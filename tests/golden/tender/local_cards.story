@@ -1,47 +1,45 @@
 cards are taken here
+put C:\Lumbrio\XAudit.DAT | "48.5"\r\n
 
-story local approved after a broken track, like local approved
+story local approved after a broken track, like local approved after an expired card
 answer Ok
 at 500 ms: first track %B4111111111111111^TEST/R?
 at 500 ms: second track ;4111111111111111=28091010000000000?
 at 900 ms: second track ;4111111111111111=28091010000000000?+9?
 at 10 s: swipe
-shows
-== screen
-- audit $48.50
+== boxes
+  [INVALID] You have entered an INVALID CARD NUMBER
+         Please Try Another Card (Ok)
+== BadSwipe.dat
+  %B4111111111111111^TEST/R?;4111111111111111=28091010000000000?
+
+story local approved after a second track by itself, like local approved after an expired card
+answer Ok
+at 500 ms: first track ;4111111111111111=28091010000?
+at 500 ms: second track +5?
+at 900 ms: second track +5?+9?
+at 10 s: swipe
+== boxes
+  [INVALID] You have entered an INVALID CARD NUMBER
+         Please Try Another Card (Ok)
+== BadSwipe.dat
+  ;4111111111111111=28091010000?+5?
+
+story local approved after an expired card, like local approved
+answer Ok
+at 500 ms: first track %B4111111111111111^TEST/R^2412101?
+at 500 ms: second track ;4111111111111111=28091010000000000?
+at 900 ms: second track ;4111111111111111=28091010000000000?+9?
+at 10 s: swipe
 == status
   Just a Moment Please 
 + Waiting for Card Number 
 + Validating Card Number 
 + Just a Moment Please 
 == boxes
-  [INVALID] You have entered an INVALID CARD NUMBER
-         Please Try Another Card (Ok)
+  [Expired] You have entered an EXPIRED CARD NUMBER. Please Try Another Card (Ok)
 == CCLastProcess.dat
 * New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130511.req
-== BadSwipe.dat
-  %B4111111111111111^TEST/R?;4111111111111111=28091010000000000?
-
-story local approved after a second track by itself, like local approved after a broken track
-answer Ok
-at 500 ms: first track ;4111111111111111=28091010000?
-at 500 ms: second track +5?
-at 900 ms: second track +5?+9?
-at 10 s: swipe
-shows
-== BadSwipe.dat
-  ;4111111111111111=28091010000?+5?
-
-story local approved after an expired card, like local approved after a broken track
-answer Ok
-at 500 ms: first track %B4111111111111111^TEST/R^2412101?
-at 500 ms: second track ;4111111111111111=28091010000000000?
-at 900 ms: second track ;4111111111111111=28091010000000000?+9?
-at 10 s: swipe
-shows
-- == BadSwipe.dat
-== boxes
-  [Expired] You have entered an EXPIRED CARD NUMBER. Please Try Another Card (Ok)
 
 # The card that a guest took back before it was whole is not charged.
 story local approved beside what others left, like local approved
@@ -53,9 +51,6 @@ at 900 ms: press Enter Manually
 at 1 s: first track %B5500000000000004^OTHER/GUEST^2809
 at 1.5 s: first track %B5500000000000004^OTHER/GUEST^2809%B4111111111111111^TEST/ROSALIND A^28091010000000000000?
 at 1.5 s: second track ;4111111111111111=28091010000000000?
-shows
-== screen
-- audit $48.50
 == status
   Waiting for You to Swipe the Card
 + Waiting for Card Number 
@@ -75,66 +70,21 @@ shows
 story local approved by command line beside a swipe, like approved
 put C:\Lumbrio\X1009Version.dat |
 at 900 ms: swipe
+== screen
+  card or result Approved
++ audit $48.50
 
 story local approved swiped without a second track, like local approved
 at 500 ms: first track %B4111111111111111^TEST/ROSALIND A^28091010000000000000?
 at 900 ms: second track +9?
-shows
-== screen
-- audit $48.50
 == payment
 * takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?+9?","48.5","99999"
-
-story local approved swiped without a slash, like local approved
-at 500 ms: first track %B5500000000000004^HARBOUR TABLE^2501101?
-at 500 ms: second track ;4111111111111111=28091010000000000?
-at 900 ms: second track ;4111111111111111=28091010000000000?+9?
-shows
-== screen
-* card or result %B5500000000000004^
-- audit $48.50
-* card 5500000000000004
-* expires 2501
-* first name  
-* last name HARBOUR TABLE
-== payment
-* takes "C1","7","1043","5500000000000004","%B5500000000000004^HARBOUR TABLE^2501101?;4111111111111111=28091010000000000?","48.5","99999"
-== records
-* CCNumb E73456789:;<=>?D
-* CCExpDate 0125
-* CCName HARBOUR TABLE
-* HiddenNumb XXXX XXXX XXXX 0004
-== slips
-* Name: HARBOUR TABLE
-* Card: #### #### #### 0004  TransRecord 1
--         ROSALIND A TEST               
-+           HARBOUR TABLE               
-* Name: HARBOUR TABLE
-* Card: #### #### #### 0004
--        ROSALIND A TEST               
-+          HARBOUR TABLE               
-== Xsend.ans
-* "XXXX XXXX XXXX 0004           "
-- "ROSALIND A TEST               "
-+ "  HARBOUR TABLE               "
-== CCLastProcess.dat
-* First Name -  
-* Last Name - HARBOUR TABLE
-* Card Number Ready - XXXX XXXX XXXX 0004
-* Card Expires on - 2501
-== TRACELOG.TXT
-*   CCdata.CCNumb - E73456789:;<=>?D              
-*   CCdata.HiddenNumb - XXXX XXXX XXXX 0004           
-*   CCdata.CCName -   HARBOUR TABLE               
 
 story local approved typed, like local approved
 type card 4111111111111111 0928 123
 at 500 ms: press Enter Manually
-shows
 == screen
 * card or result 4111111111111111
-- audit $48.50
-  expires 2809
 - first name ROSALIND A
 - last name TEST
 == status
@@ -150,12 +100,9 @@ shows
 == slips
 * 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 1
 * Name: 
--         ROSALIND A TEST               
 * Name: 
--        ROSALIND A TEST               
 == Xsend.ans
-- "ROSALIND A TEST               "
-+ "                              "
+* 9 "                              "
 == CCLastProcess.dat
   **********************************************************
                  
@@ -176,7 +123,6 @@ put C:\Lumbrio\CCard.dat | x\n\n-1\n-1\n-1\n-1\n-1\n-1\n0\n-1\n
 put F:\Lumbrio\Data\CCnoPREauth.dat |
 type card 4111111111111111 0928
 at 500 ms: press Enter Manually
-shows
 == screen
 * kind Purchase
 == payment
@@ -192,69 +138,54 @@ shows
 
 story local approved typed with the defaults, like local approved typed
 put C:\Lumbrio\Xsend.req | ,,,48.50\r\n
-type card 5500000000000004 1130 000
+type card 4111111111111111 0928 123
 at 500 ms: press Enter Manually
-shows
 == screen
-* card or result 5500000000000004
 - server 7
 - table 12
 - receipt 1043
   gratuity %18
 - name of server Rosalind Test
-* card 5500000000000004
-* expires 3011
 == payment
-* takes "C1","9999","999","5500000000000004","3011","48.5","99999"
+* takes "C1","9999","999","4111111111111111","2809","48.5","99999","123"
 == records
-* CCNumb E73456789:;<=>?D
-* CCExpDate 1130
 * CCServer 9999
 * CCTable 999
 * CCReceipt 999
-* CCVerify 000
-* HiddenNumb XXXX XXXX XXXX 0004
 == slips
 * 01/15/25  01:05 PM  999 - 9999  - 999 - 1
-* Card: #### #### #### 0004  TransRecord 1
 * 01/15/25  01:05 PM  999 - 9999  - 999
-* Card: #### #### #### 0004
 == Xsend.ans
-- "1043                "
-+ "999                 "
-* "XXXX XXXX XXXX 0004           "
-- "7         "
-- "12        "
-+ "9999      "
-+ "999       "
+* 4 "999                 "
+* 6 "9999      "
+* 7 "999       "
 == CCLastProcess.dat
   Employee Name 
 * Employee Number # 
 * Table Number - 
 * Receipt Number - 
 * Server (Employee) Number - 
-  Last Name - 
-* Card Number Ready - XXXX XXXX XXXX 0004
-* Card Expires on - 3011
 == TRACELOG.TXT
-*   CCdata.CCNumb - E73456789:;<=>?D              
-*   CCdata.HiddenNumb - XXXX XXXX XXXX 0004           
 *   CCdata.CCServer - 9999      
 *   CCdata.CCTable - 999       
 
-story local card before the request, like cancelled before a swipe
+story local card before the request, like payment application missing
 first track %B4111111111111111^TEST/ROSALIND A^28091010000000000000?
 second track ;4111111111111111=28091010000000000?
-shows
-- == Xsend.ans
+- == boxes
+- == records
 == end
   stays
+== screen
+* command line False
+== status
+  Waiting for You to Swipe the Card
+== XAudit.DAT
+  "48.5"
 == CCLastProcess.dat
-- Cancel was pressed
-- Unable to Connect - Internet may be down 
-- Actual Seconds waited for Response  0
+- USING 10/2009 VERSION  
 
-story local setup and removal, like local cancelled in the wait
+story local setup and removal, like local approved
 put c:\Program Files\X-Charge\Xchrgsrv.exe | program
 put F:\Lumbrio\ini\3\ButtonAM.dat | "1111","Margaret Manager","01/01/2030"\r\n
 answer Cancel
@@ -270,14 +201,17 @@ at 400 ms: press CONFIG
 at 2.45 s: press CONFIG
 at 52 s: press Warning
 at 52 s: press Warning
-shows
+- == records
+- == slips
 - == Xsend.ans
+- == TRACELOG.TXT
 == end
   waits
 == status
-- Validating Card Number 
+  Waiting for You to Swipe the Card
+  Just a Moment Please 
   Dialing for Card Approval
-+ Connection Problems Press Cancel
+  Connection Problems Press Cancel
 == payment
   starts c:\Program Files\X-Charge\Xchrgsrv.exe / T
   left FRONT-BAR011525130503.req
@@ -289,8 +223,10 @@ shows
   Open the card setup $48.50
   setup
   remove
+== XAudit.DAT
+  "48.5"
 == CCLastProcess.dat
 * New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130503.req
-- Cancel was pressed
-- Unable to Connect - Internet may be down 
-- Actual Seconds waited for Response  29
+- Actual Response From Xcharge YA12345
+- ...
+-   Printing Merchant 2

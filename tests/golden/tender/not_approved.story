@@ -1,6 +1,5 @@
 story declined, like approved without a card
-bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
-shows
+bank declines
 - == slips
 == screen
 * card or result Declined
@@ -10,51 +9,60 @@ shows
 + Declined
 * Please Click Cancel
 == records
-* CCNumb D63579;=?ACE=
-* CCName ROSALIND/TEST
 * CResponse DECLINED
 * CApprovalCode 
 * CCstatus Declined
+== Xsend.ans
+* 1 "Declined"
+* 2 "Declined"
+* 3 "48.50     "
+* 4 "          "
+* 5 "1043                "
+* 6 "XXXX XXXX XXXX                "
+* 7 "7         "
+* 8 "12        "
+* 9 "          "
+* 10 "                              "
++ 11 "DECLINED            "
+== CCLastProcess.dat
+* RESULT=DECLINED
+- APPROVALCODE=012345
+  ------------------------------------------------------
+-  CCmerchant.VRD is not in C:\Lumbrio\
+-  CCmerchant.VRD is not in F:\Lumbrio\
+-   Printing Merchant 3
+== TRACELOG.TXT
+*   TndrRESULT - Declined
+*   CCdata.CApprovalCode -           
+*   CCdata.CCstatus - Declined  
+*   CCdata.CResponse - DECLINED            
+
+story declined with what the bank says of the card, like declined
+bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
+== records
+* CCNumb D63579;=?ACE=
+* CCName ROSALIND/TEST
 * CCGiftFlag GS
 * HiddenNumb XXXXXXXXXXXX1234
 * CCaditionalFUNDS 18.50
 == Xsend.ans
-- "Approved"
-+ "Declined"
-+ "Declined"
-- "012345    "
-+ "          "
-- "XXXX XXXX XXXX                "
-+ "XXXXXXXXXXXX1234              "
-- "                              "
-- "SUCCESS             "
-+ "ROSALIND/TEST                 "
-+ "DECLINED            "
+* 6 "XXXXXXXXXXXX1234              "
+* 10 "ROSALIND/TEST                 "
 == CCLastProcess.dat
-*   SECONDS = 3
-* RESULT=DECLINED
-- APPROVALCODE=012345
+  RESULT=DECLINED
 + XCACCOUNTID=7401234567890
 + ACCOUNT=XXXXXXXXXXXX1234
 + NAME=ROSALIND/TEST
 + ADDITIONALFUNDSREQUIRED=18.50
--  CCmerchant.VRD is not in C:\Lumbrio\
--  CCmerchant.VRD is not in F:\Lumbrio\
--   Printing Merchant 8
 == TRACELOG.TXT
-*   TndrRESULT - Declined
-*   CCdata.CApprovalCode -           
 *   CCdata.CCaditionalFUNDS - 18.50     
 *   CCdata.CCNumb - D63579;=?ACE=                 
 *   CCdata.HiddenNumb - XXXXXXXXXXXX1234              
 *   CCdata.CCName - ROSALIND/TEST                 
-*   CCdata.CCstatus - Declined  
-*   CCdata.CResponse - DECLINED            
 
 story declined at once, like declined
 put F:\Lumbrio\Data\CCnoPREauth.dat |
-bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
-shows
+bank declines
 == screen
 * kind Purchase
 == payment
@@ -73,20 +81,19 @@ shows
 story declined with an answer that cannot be made anew, like declined
 put C:\Lumbrio\Xsend.ans | "Approved"\r\n
 fail open .new
-bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
+bank declines
 
 story declined with an answer that cannot be renamed, like declined
 put C:\Lumbrio\Xsend.ans | "Approved"\r\n
 fail rename Xsend.ans
-bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
+bank declines
 
 story declined with an answer that cannot be written, like declined
 answer Ok
 put C:\Lumbrio\Xsend.ans | "Approved"\r\n
 fail rename Xsend.ans
 fail open Xsend.ans
-bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
-shows
+bank declines
 - == Xsend.ans
 == end
   failed
@@ -94,7 +101,6 @@ shows
   [NO ANSWER FOR THE POINT OF SALE] The point of sale gets no answer (access denied). This tender ended without an approval. Tell the manager before the card is run again.
   Receipt: 1043
   Amount: $48.50
-  Approved: $0.00
   C:\Lumbrio\Xsend.ans (Ok)
 == CCLastProcess.dat
   ******************************************************
@@ -108,39 +114,20 @@ bank declines
 answer Ok
 when an old program is ended: bank approves now
 when a box is open: bank approves now
-shows
 == screen
   card or result Declined
 + audit $50.00
 == boxes
   [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL - This station may need a Re-Boot (Ok, Cancel)
-== records
-* CCNumb 
-* CCName 
-* CCGiftFlag 
-* HiddenNumb XXXX XXXX XXXX
-* CCaditionalFUNDS 0
-== Xsend.ans
-- "XXXXXXXXXXXX1234              "
-+ "XXXX XXXX XXXX                "
-- "ROSALIND/TEST                 "
-+ "                              "
 == CCLastProcess.dat
   **********************************************************
                  
 +   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500.txt
     Setting a 20 second timer to wait for response
 +   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500-2.txt
-- XCACCOUNTID=7401234567890
-- ...
-- ADDITIONALFUNDSREQUIRED=18.50
 == TRACELOG.TXT
 + A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500.txt
 + A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500-2.txt
-*   CCdata.CCaditionalFUNDS - 0         
-*   CCdata.CCNumb -                               
-*   CCdata.HiddenNumb - XXXX XXXX XXXX                
-*   CCdata.CCName -                               
 
 story timed out and cancelled, like declined
 payment answers: RESULT=TIMEOUT\r\n
@@ -148,211 +135,163 @@ at 20 s: look
   "Declined"
   "Declined", 1 records, 0 slips
 at 20 s: press Cancel
-shows
 == status
   Please Click Cancel
 + 
 == records
-* CCNumb 
-* CCName 
 * CResponse TIMEOUT
-* CCGiftFlag 
-* HiddenNumb XXXX XXXX XXXX
-* CCaditionalFUNDS 0
 == Xsend.ans
-- "Declined"
-  "1043                "
-- "XXXXXXXXXXXX1234              "
-+ "XXXX XXXX XXXX                "
-- "ROSALIND/TEST                 "
-- "DECLINED            "
-+ "                              "
-+ "TIMEOUT             "
+* 2 "48.50     "
+* 3 "          "
+* 4 "1043                "
+* 5 "XXXX XXXX XXXX                "
+* 6 "7         "
+* 7 "12        "
+* 8 "          "
+* 9 "                              "
+* 10 "TIMEOUT             "
+- 11 "DECLINED            "
 == CCLastProcess.dat
 * RESULT=TIMEOUT
-- XCACCOUNTID=7401234567890
-- ...
-- ADDITIONALFUNDSREQUIRED=18.50
   ------------------------------------------------------
 + Cancel was pressed
 + Unable to Connect - Internet may be down 
 + Actual Seconds waited for Response  16
 == TRACELOG.TXT
-*   CCdata.CCaditionalFUNDS - 0         
-*   CCdata.CCNumb -                               
-*   CCdata.HiddenNumb - XXXX XXXX XXXX                
-*   CCdata.CCName -                               
 *   CCdata.CResponse - TIMEOUT             
 
-story cancelled in the wait, like declined
+story cancelled in the wait, like approved
 put C:\Lumbrio\XAudit.DAT | 48.50
 payment keeps silent
 at 7 s: press Cancel, though disabled
 at 11.6 s: put F:\Lumbrio\ServerISBatching.dat |
 at 11.6 s: press Cancel
-shows
+- == slips
 - == TRACELOG.TXT
 == screen
-- card or result Declined
+- card or result Approved
 + audit $48.50
 == status
-- Declined
-- Please Click Cancel
+- Approved
+- Approved Printing Receipt
+- Please Click Finish Tender
 == records
   in data\CCFinal0125.dat
 == Xsend.ans
-- "Declined"
-  "1043                "
-- "XXXXXXXXXXXX1234              "
-+ "XXXX XXXX XXXX                "
-- "ROSALIND/TEST                 "
-- "DECLINED            "
-+ "                              "
-+ "                    "
+* 1 "Declined"
+* 3 "          "
+* 5 "XXXX XXXX XXXX                "
+* 9 "                              "
+* 10 "                    "
 == CCLastProcess.dat
 -   Got the answer file
--  Total seconds it took for Rosalind Test swipe and Xcharge response
--   SECONDS = 3
--   Calling Xcharge Reader
-- ------------------------------------------------------
-- ***********  X CHARGE RESPONSE INFO  ******************
-- Response File Name c:\Lumbrio\xResultFile.Txt
-- ------------------------------------------------------
-- RESULT=DECLINED
-- XCACCOUNTID=7401234567890
-- ACCOUNT=XXXXXXXXXXXX1234
-- NAME=ROSALIND/TEST
-- ADDITIONALFUNDSREQUIRED=18.50
-- End File Data c:\Lumbrio\xResultFile.Txt
-- ******************************************************
-- ------------------------------------------------------
+- ...
+-   Printing Merchant 3
 + Cancel was pressed
 + Unable to Connect - Internet may be down 
 + Actual Seconds waited for Response  11
 
-story cancelled before a swipe, like cancelled in the wait
+story cancelled before a swipe, like local card before the request
 erase C:\Lumbrio\X1009Version.dat
 at 5 s: press Cancel
-shows
-- == payment
-- == records
-== screen
-- audit $48.50
-* command line False
-== status
-  Waiting for You to Swipe the Card
+- == XAudit.DAT
+== end
+  ended
 == Xsend.ans
-  "Declined"
-  "          "
-  "          "
-  "                    "
-  "                              "
-  "          "
-  "          "
-  "          "
-  "                              "
-  "                    "
+  1 "Declined"
+  2 "          "
+  3 "          "
+  4 "                    "
+  5 "                              "
+  6 "          "
+  7 "          "
+  8 "          "
+  9 "                              "
+  10 "                    "
 == CCLastProcess.dat
-- USING 10/2009 VERSION  
+  **********************************************************
                  
-- ******************************************************
-- ...
--   Setting a 20 second timer to wait for response
-* Actual Seconds waited for Response  0
++ Cancel was pressed
++ Unable to Connect - Internet may be down 
++ Actual Seconds waited for Response  0
 
-story payment application missing, like cancelled in the wait
+story payment application missing, like approved
 erase c:\Program Files\X-charge\Xcharge.exe
 answer Ok
-shows
 - == payment
+- == slips
 - == Xsend.ans
+- == TRACELOG.TXT
 == screen
-- audit $48.50
+- card or result Approved
 == status
-- 
+  PLEASE WAIT
+  Waiting for Xcharge Interface
 == boxes
   [Data File Not Found] The Xcharge Program was not found on this computer. Xcharge must first be installed on this computer before you can process a credit card. Pless contact Tech Support at 555-010-0199. (Ok)
+== records
+  in data\CCFinal0125.dat
 == CCLastProcess.dat
 - ******************************************************
 - ...
-- Actual Seconds waited for Response  11
+-   Printing Merchant 3
 
-story audit refused, like payment application missing
+story audit refused, like local audit refused
 put C:\Lumbrio\XAudit.DAT | 50.00
 answer Cancel
-shows
 == screen
-+ card or result Wrong Amount
-+ audit $50.00
+* audit $50.00
+* command line True
+- card 4111111111111111
+- ...
+- last name TEST
 == status
+  PLEASE WAIT
   Waiting for Xcharge Interface
-+ Please Click Cancel
+  Please Click Cancel
 == boxes
-  [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL - This station may need a Re-Boot (Ok, Cancel)
+* [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL - This station may need a Re-Boot (Ok, Cancel)
 == records
-+ in CCPending.dat
-+ CCNumb 
-+ CCExpDate 
-+ CCName 
-+ CCSaleAmt 
-+ CCServer 
-+ CCTable 
-+ CCTabAmt 
-+ CCApprovedAmt 
-+ CResponse 
-+ CApprovalCode 
-+ CCstatus 
-+ CCTip 
-+ CCReceipt 
-+ CCDate 
-+ CCTime 
-+ CCVerify 000
-+ CCSwiped True
-+ CCStation 
-+ CCGiftFlag 
-+ CCaditionalFUNDS 0
-+ CCReserved2 
+* CCNumb 
+* CCExpDate 
+* CCName 
+* CCSaleAmt 
+* CCServer 
+* CCTable 
+* CCTabAmt 
+* CCTip 
+* CCReceipt 
+* CCDate 
+* CCTime 
+* CCStation 
+- CCAdjStatus Not Adjusted
+  CCGiftFlag 
+- CCEncoded 1
+- HiddenNumb XXXX XXXX XXXX 1111
+  CCReserved2 
++ in data\CCFinal0125.dat
 == Xsend.ans
-  ""
-  ""
-  "          "
-  "          "
-  "                    "
-  "                              "
-  "          "
-  "          "
-  "          "
-  "                              "
-  "                    "
+* 3 "          "
+* 5 "                    "
+* 6 "                              "
+* 7 "          "
+* 8 "          "
+* 10 "                              "
+== CCLastProcess.dat
+  Software Version - 5.68.0
++ USING 10/2009 VERSION  
 == TRACELOG.TXT
-  
-  ******  Make Respone File For Lumbrio ******
-  
-    File Name - C:\Lumbrio\Xsend.ans
-    TndrRESULT - 
-    CCdata.CCTabAmt  -           
-    CCdata.CApprovalCode -           
-    CCdata.CCaditionalFUNDS - 0         
-    CCdata.GCbalance -           
-    CCdata.CCNumb -                               
-    CCdata.CCtype -           
-    CCdata.HiddenNumb -                               
-    CCdata.CCServer -           
-    CCdata.CCTable -           
-    CCdata.CCTroutID -           
-    CCdata.CCName -                               
-    CCdata.CCstatus -           
-    CCdata.CResponse -                     
-    Val(TndrNOpreAUTH) - 0-  0 =False -1=True
-  
-  ******  END Respone File For Lumbrio ******
-  
+*   CCdata.CCTabAmt  -           
+*   CCdata.CCNumb -                               
+*   CCdata.HiddenNumb -                               
+*   CCdata.CCServer -           
+*   CCdata.CCTable -           
+*   CCdata.CCName -                               
 
 story amount missing, like payment application missing
 put C:\Lumbrio\Xsend.req | 12,1043,7,$48.50\r\n
 put C:\Lumbrio\XAudit.DAT | 48.50
 answer Ok
-shows
 - == records
 == screen
 * with gratuity $0.00
@@ -363,57 +302,24 @@ shows
 == CCLastProcess.dat
 * Sale Amount - $48.50
 
-story old result that cannot be deleted, like payment application missing
+story old result that cannot be deleted, like cancelled in the wait
 put C:\lumbrio\xResultFile.txt |
 fail rename xResultFile.txt
 answer Ok
-shows
+- == payment
+== screen
+- audit $48.50
+== status
+- 
 == boxes
   [Result File] The result of an earlier card cannot be removed from this computer, so this card was not charged. Please try again, or restart this station. (Ok)
-== Xsend.ans
-  "Declined"
-  "48.50     "
-  "          "
-  "1043                "
-  "XXXX XXXX XXXX                "
-  "7         "
-  "12        "
-  "          "
-  "                              "
-  "                    "
 == CCLastProcess.dat
   **********************************************************
                  
 +   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied
-+ ******************************************************
-+ ******************************************************
-+ ***********  X CHARGE REQUEST INFO  ******************
-+ /TRANSACTIONTYPE:PreAuth
-+ /LOCKTRANTYPE
-+ /AMOUNT:48.50
-+ /LOCKAMOUNT
-+ /RECEIPT:1043
-+ /LOCKRECEIPT
-+ /CLERK:7
-+ /LOCKCLERK
-+ /RESULTFILE:C:/lumbrio/xResultFile.txt
-+ /AUTOCLOSE
-+ /PartialApprovalSupport:T
-+ /USERID:pos
-+ /PASSWORD:trelva
-+ /STAYONTOP
-+ /SMARTAUTOPROCESS
-+ /HIDEMAINMENU
-+ /GETXCACCOUNTID
-+ /TOOLBAREXITBUTTON
-+ /LARGEWINDOW
-+ /TITLE:Lumbrio-Credit_Card_Processing 
-+ ------------------------------------------------------
-+ c:\Program Files\X-charge\Xcharge.exe
-+ /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
-+ Calling Set Data
-+                
-+   Setting a 20 second timer to wait for response
+- Cancel was pressed
+- Unable to Connect - Internet may be down 
+- Actual Seconds waited for Response  11
 +   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied
 +   OLD RESULT CANNOT BE DELETED - C:/lumbrio/xResultFile.txt
 == TRACELOG.TXT
@@ -423,7 +329,6 @@ shows
 story data folder missing, like payment application missing
 erase F:\Lumbrio\data
 answer Ok
-shows
 - == records
 == end
   failed
@@ -435,42 +340,30 @@ shows
   
   No card was charged. Try again; if this comes back, call the manager. (Ok)
 
-story request missing, like payment application missing
+story request missing, like server busy
 erase C:\Lumbrio\Xsend.req
 put C:\Lumbrio\XAudit.DAT | 48.50
 answer Ok
 when a box is open: look
   "File Not Found"
   "   , 0 records, 0 slips
-shows
-- == records
-== screen
-- server 7
-- ...
-- name of server Rosalind Test
 == boxes
-* [Data File Not Found] The Lumbrio Transaction File for this transaction was Not Found. Pless OK to continue and  Go back to the Tender screen and try again. (Ok)
+  [Data File Not Found] The Lumbrio Transaction File for this transaction was Not Found. Pless OK to continue and  Go back to the Tender screen and try again. (Ok)
 == Xsend.ans
-  "File Not Found"
-  "          "
-  "          "
-  "                    "
-  "                              "
-  "          "
-  "          "
-  "          "
-  "                              "
-  "                    "
-== CCLastProcess.dat
-  ===========================================================
-  Process Started
-  On Wednesday 01/15/2025 at 01:05 PM
+  1 "File Not Found"
+  2 "          "
+  3 "          "
+  4 "                    "
+  5 "                              "
+  6 "          "
+  7 "          "
+  8 "          "
+  9 "                              "
+  10 "                    "
 
-story configuration locked, like request missing
+story configuration locked, like server busy
 lock LumbrioINI.dat
 answer Ok
-shows
-- == Xsend.ans
 == end
   failed
 == boxes
@@ -479,22 +372,34 @@ shows
   
   No card was charged. Try again; if this comes back, call the manager. (Ok)
 
-story server busy, like request missing
+story server busy, like approved
 put F:\Lumbrio\ServerISBatching.dat |
 put C:\Lumbrio\Xsend.ans | old\r\n
 when the server is busy: press Picture
 when the server is busy: look
   no answer, 0 records, 0 slips, hidden
 when the server is busy: end
-shows
-- == boxes
+- == payment
+- == records
+- == slips
 - == Xsend.ans
+- == TRACELOG.TXT
+== screen
+- card or result Approved
+- ...
+- name of server Rosalind Test
+== status
+  PLEASE WAIT
+  Waiting for Xcharge Interface
+== CCLastProcess.dat
+- ==========================================================
+- ...
+-   Printing Merchant 3
 
 story helper of another role, like payment application missing
 role TndrMGR
 put C:\Lumbrio\Xsend.req | 12,1043,7,0\r\n
 put F:\Lumbrio\ServerISBatching.dat |
-shows
 - == boxes
 - == records
 == end
@@ -508,7 +413,6 @@ shows
 story wait counts, like cancelled in the wait
 payment keeps silent
 watch
-shows
 - == Xsend.ans
 == end
   waits
