@@ -121,11 +121,8 @@ void Tender::writeAnswer(const std::string &content)
 /// the result; the answer of the payment server goes at once.
 void Tender::resultDealtWith()
 {
-    if (!answer.flushed() || !record.safe() || app.ending())
-        return;
-    noteTaken(app, resultTaken);
-    if (!resultTaken.empty())
-        noteAnswered(app, asked);
+    if (answer.flushed() && record.safe() && !app.ending())
+        payment.noteDealtWith();
 }
 
 void Tender::finish()

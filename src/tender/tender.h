@@ -6,14 +6,13 @@
 #include "platform/clock.h"
 #include "printing/printer.h"
 #include "tender/answer.h"
-#include "tender/asked_payments.h"
 #include "tender/card_capture.h"
 #include "tender/display.h"
-#include "tender/result_reader.h"
 #include "tender/server_exchange.h"
 #include "tender/tender_record.h"
 #include "tender/tender_slips.h"
 #include "tender/tender_wait.h"
+#include "tender/xcharge_payment.h"
 
 #include <string>
 #include <vector>
@@ -122,18 +121,12 @@ private:
 
     // run_xcharge.cpp
     void nameMonthFiles();
-    void endLeftOverProgram();
     bool paymentProgramMissing();
     bool auditRefused(bool localPath);
-    std::string buildCommandLine();
     void startWait();
     bool oldResultRemains();
-    bool waitForResult(const std::string &commandLine);
+    bool waitForResult();
     void waitStopped();
-    void startPaymentAt(const std::string &commandLine, int &shellAt);
-    std::string argument(const std::string &value, const char *name);
-    void notePayment();
-    bool isAnEarlierPayments() const;
     ReadResult readResult();
     void judgeResult();
 
@@ -157,6 +150,7 @@ private:
     TenderFields &fields = display.fields;
     TenderWait wait;
     ServerExchange server{app};
+    XchargePayment payment{app};
     ManagerStep manager{app, display};
     CardCapture capture;
     platform::Timer startTimer; // 100 ms after the load
@@ -167,9 +161,6 @@ private:
     std::string sentAmount;
     Gratuity gratuity;
     bool answering = false; // from the result to the answer nothing may end the tender
-    AskedPayment asked;     // of this tender
-    std::vector<AskedPayment> openBefore;  // when it was asked
-    std::string resultTaken;               // mark of the result that was read
     std::vector<platform::Notice> notices; // for when record and answer are done with
     TenderRecord record{app, notices};
     Answer answer{app};
