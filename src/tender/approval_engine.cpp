@@ -1,12 +1,11 @@
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
-#include "records/card_files.h"
-#include "records/card_helpers.h"
-#include "records/delimited.h"
 #include "records/trace.h"
-#include "tender/evidence.h"
+#include "tender/audit.h"
+#include "tender/last_look.h"
 #include "tender/notices.h"
 #include "tender/request.h"
+#include "tender/set_data.h"
 #include "tender/tender.h"
 
 namespace tender {
@@ -24,44 +23,8 @@ bool isSwiped(const CardRecord &CCdata)
     return CCdata.text(CCSwiped) == "True";
 }
 
-} // namespace
-
-void Tender::Approval_Engine()
-{
-    nameMonthFiles();
-    const platform::ErrorsIgnored ignored(app.run);
-    fields.cardTaken = true;
-    app.values.StopWaiting = 0;
-    fields.cancel.enabled = false;
-    fields.boxesLocked = true;
-    for (CommandState *command : {&fields.enterManually, &fields.clear, &fields.view})
-        command->enabled = false;
-    display.view.focus(TenderBox::FirstTrack);
-    printing::Set_Printer(app, printer);
-    Set_Data();
-    wait.startTimer(kWaitTimer);
-    if (auditRefused(true)) {
-        if (!app.ending())
-            declined();
-        return;
-    }
-    const LocalRequest request = fillRequest();
-    fields.requestAtServer = true;
-    if (const platform::Outcome placed = server.place(request); !done(placed)) {
-        requestNotPlaced(placed);
-        return;
-    }
-    traceLocalRequest(request);
-    app.values.CCdata.set(CCName, fields.firstName + " " + fields.lastName);
-    printing::warmUp(app, printer); // the server has to be waited for anyway
-    if (!waitForAnswer())
-        return;
-    if (readAnswer())
-        judgeAnswer();
-}
-
 /// Blank values enter the record with the defaults that the request sends for them.
-LocalRequest Tender::fillRequest()
+LocalRequest fillRequest(App &app, const TenderFields &fields, const std::string &track)
 {
     CardRecord &CCdata = app.values.CCdata;
     LocalRequest request;
@@ -77,7 +40,7 @@ LocalRequest Tender::fillRequest()
     request.server = orDefault(fields.server, "9999");
     request.receipt = orDefault(fields.receipt, "999");
     request.number = fields.cardNumber;
-    request.cardText = request.typed ? fields.expiry : capture.track();
+    request.cardText = request.typed ? fields.expiry : track;
     request.verify = CCdata.text(CCVerify);
     CCdata.set(CCstatus, "Dialing");
     CCdata.set(CCServer, request.server);
@@ -86,19 +49,54 @@ LocalRequest Tender::fillRequest()
     return request;
 }
 
+} // namespace
+
+void Tender::Approval_Engine()
+{
+    outcomes.nameMonthFiles();
+    const platform::ErrorsIgnored ignored(app.run);
+    fields.cardTaken = true;
+    app.values.StopWaiting = 0;
+    fields.cancel.enabled = false;
+    fields.boxesLocked = true;
+    for (CommandState *command : {&fields.enterManually, &fields.clear, &fields.view})
+        command->enabled = false;
+    display.view.focus(TenderBox::FirstTrack);
+    printing::Set_Printer(app, printer);
+    Set_Data(app, fields);
+    wait.startTimer(kWaitTimer);
+    if (auditRefused(app, display, true)) {
+        if (!app.ending())
+            outcomes.declined();
+        return;
+    }
+    const LocalRequest request = fillRequest(app, fields, capture.track());
+    fields.requestAtServer = true;
+    if (const platform::Outcome placed = server.place(request); !done(placed)) {
+        requestNotPlaced(placed);
+        return;
+    }
+    traceLocalRequest(request);
+    app.values.CCdata.set(CCName, fields.firstName + " " + fields.lastName);
+    printing::warmUp(app, printer); // the server has to be waited for anyway
+    if (!waitForAnswer())
+        return;
+    if (readAnswer())
+        outcomes.answeredByServer(server);
+}
+
 void Tender::requestNotPlaced(platform::Outcome outcome)
 {
     traceProcess(app, {"  REQUEST NOT WRITTEN - " + std::string(platform::textOf(outcome)) + " - " +
                        server.requestFile()});
     app.values.TndrRESULT = "Declined";
-    writeAnswer(answerBlock("Declined", app.values.CCdata));
-    traceAnswer(app);
+    end.answerTraced(answerBlock("Declined", app.values.CCdata));
     app.files.removeIfThere(auditFile(app.values));
     app.dialogs.message("Request File",
                         "The request for this card cannot be written to the Xcharge folder, so "
                         "this card was not charged. Please try again, or check the connection to "
                         "the Xcharge computer.");
-    endTender();
+    end.close();
 }
 
 /// The number appears with its last digits alone, and the verification digits not at all.
@@ -116,33 +114,32 @@ bool Tender::waitForAnswer()
     wait.start(server.answerFile());
     wait.startTimer(kWaitTimer); // anew: the audit's question may have taken its time
     for (;;) {
-        const WaitEnd end = wait.untilThere([this](platform::Outcome) {
+        const WaitEnd ended = wait.untilThere([this](platform::Outcome) {
             if (wholeNumber(fields.waitCount) >= kCancelFrom)
                 fields.cancel.enabled = true;
         });
-        if (end != WaitEnd::Stopped || noAnswer())
-            return end == WaitEnd::Answered;
+        if (ended != WaitEnd::Stopped || noAnswer())
+            return ended == WaitEnd::Answered;
     }
 }
 
 /// False when the answer has come after all.
 bool Tender::noAnswer()
 {
-    const LastLook last = lookLast();
+    const LastLook last = lookLast(app, server, wait);
     if (last.there)
         return false;
     traceProcess(app, {"Unable to Connect - Internet may be down ",
                        "Actual Seconds waited for Response  " + fields.waitCount});
     if (last.unknown != nullptr) {
-        outcomeUnknown(server.answerFile(), last.unknown, last.reason);
+        end.unknown(server.answerFile(), last.unknown, last.reason, unknownAnswer());
         return true;
     }
     app.values.TndrRESULT = "Declined";
-    writeAnswer(answerBlock("Declined", app.values.CCdata));
-    traceAnswer(app);
+    end.answerTraced(answerBlock("Declined", app.values.CCdata));
     server.putLateAnswerAside();
     app.files.removeIfThere(auditFile(app.values));
-    endTender();
+    end.close();
     return true;
 }
 
@@ -156,7 +153,7 @@ bool Tender::readAnswer()
         traceProcess(app, {std::string("  ANSWER NOT READ - ") + read.reason() + " - " +
                            server.answerFile()});
         server.withdraw();
-        outcomeUnknown(server.answerFile(), kNotRead, read.reason());
+        end.unknown(server.answerFile(), kNotRead, read.reason(), unknownAnswer());
         return false;
     }
     const std::string &text = read.text;
@@ -164,7 +161,7 @@ bool Tender::readAnswer()
     traceProcess(app, {"Actual Response From Xcharge " + text,
                        "Actual Seconds for Response  " + fields.waitCount});
     const std::string word = outcomeWord(text);
-    answering = true;
+    end.begin();
     app.values.TndrRESULT = word;
     app.values.CCdata.set(CCstatus, word);
     app.values.CCdata.set(CApprovalCode, text.substr(std::min<std::size_t>(text.size(), 1)));
@@ -175,37 +172,6 @@ bool Tender::readAnswer()
     display.status(word + "\r\n" + code);
     display.statusPainted(word + " - " + code);
     return true;
-}
-
-/// Kept: in this path a declined card is filed among the pending ones too, charged at once or not.
-void Tender::judgeAnswer()
-{
-    if (app.values.CCdata.text(CCEncoded) != "1")
-        encodeCardNumber(app.values.CCdata);
-    record.store(pendingFile(app.values));
-    record.writeAgain();
-    if (!record.unlocked())
-        answerDealtWith();
-    app.files.removeIfThere(auditFile(app.values));
-    traceProcess(app, {"Approved or Declined " + app.values.TndrRESULT});
-    if (fields.approved) {
-        traceProcess(app, {"SetPrinter " + printer.selectedName()});
-        printSlips(app, printer, display, slipContext(fields, gratuity, record.slot()));
-    }
-    record.confirm();
-    if (record.unlocked())
-        answerDealtWith();
-    writeAnswer(answerBlock(app.values.TndrRESULT, app.values.CCdata));
-    traceAnswer(app);
-    finish();
-}
-
-/// An approval that no record tells of leaves the server's answer where it is, as the evidence.
-void Tender::answerDealtWith()
-{
-    server.withdraw();
-    if (record.safe() || !fields.approved)
-        server.removeAnswer(app.values.CCdata.raw(CResponse));
 }
 
 void Tender::startPaymentServer()

@@ -1,31 +1,65 @@
-#include "records/card_files.h"
-#include "records/trace.h"
-#include "tender/command_line.h"
-#include "tender/evidence.h"
-#include "tender/notices.h"
-#include "tender/request.h"
-#include "tender/tender.h"
+#include "tender/outcomes.h"
 
-#include <utility>
+#include "printing/printer_choice.h"
+#include "records/card_files.h"
+#include "records/card_helpers.h"
+#include "records/trace.h"
+#include "tender/request.h"
+#include "tender/set_data.h"
 
 namespace tender {
 
 using namespace records;
 
-void Tender::approved()
+namespace {
+
+TraceLines offlineTrace()
 {
-    record.store(chooseTarget());
-    printSlips(app, printer, display, slipContext(fields, gratuity, record.slot()));
+    const std::string rule(33, '=');
+    return {"",
+            " !!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!1",
+            "",
+            "   CREDIT CARD APPROVED OFFLINE",
+            "",
+            rule,
+            " OFFLINE   OFFLINE   OFFLINE",
+            " ",
+            "MANAGER APPROVED OFFLINE - INTERNET",
+            "MAY BE DOWN OR XCHARGE HAS ENCOUNTERED AN ERROR",
+            "MANAGER CARD WAS SWIPED FOR APPROVAL",
+            " ",
+            " OFFLINE   OFFLINE   OFFLINE",
+            rule,
+            " "};
+}
+
+} // namespace
+
+Outcomes::Outcomes(App &theApp, printing::Printer &thePrinter, Display &theDisplay,
+                   TenderEnd &theEnd, XchargePayment &thePayment)
+    : app(theApp), printer(thePrinter), display(theDisplay), end(theEnd), payment(thePayment)
+{
+}
+
+void Outcomes::nameMonthFiles()
+{
+    const platform::DateTime now = app.clock.now();
+    sales = records::monthFile(app.values, now);
+    declines = deletedFile(app.values, now);
+}
+
+void Outcomes::approved()
+{
+    TenderRecord record(app, end.notices);
+    record.store(chooseCardFile());
+    printSlips(app, printer, display, slips(record));
     record.confirm();
-    writeAnswer(answerBlock(app.values.TndrRESULT, app.values.CCdata));
-    traceAnswer(app);
-    resultDealtWith();
+    end.answerTraced(answerBlock(app.values.TndrRESULT, app.values.CCdata));
+    noteDealtWith(record);
     finish();
 }
 
-/// The bank grants a part. The slips ask the guest for the rest, and the answer's first word
-/// tells the point of sale that the tab is not paid.
-void Tender::partiallyApproved()
+void Outcomes::partiallyApproved()
 {
     CardRecord &CCdata = app.values.CCdata;
     fields.partial = true;
@@ -33,175 +67,138 @@ void Tender::partiallyApproved()
     fields.stillOwed = Currency(CCdata.raw(CCaditionalFUNDS));
     CCdata.set(CCAdjStatus, "Adjusted - Pending");
     CCdata.set(CCAdjAmt, CCdata.raw(CCApprovedAmt));
-    record.store(chooseTarget());
-    printPartialSlips(app, printer, display, slipContext(fields, gratuity, record.slot()));
+    TenderRecord record(app, end.notices);
+    record.store(chooseCardFile());
+    printPartialSlips(app, printer, display, slips(record));
     record.confirm();
-    writeAnswer(answerPartial(CCdata));
-    traceAnswer(app);
-    resultDealtWith();
+    end.answerTraced(answerPartial(CCdata));
+    noteDealtWith(record);
     finish();
 }
 
-/// Kept: also after a refused audit, with an empty result word; its record is blank then.
-void Tender::declined()
+void Outcomes::declined()
 {
-    record.store(app.values.TndrNOpreAUTH != 0 ? declineTarget : pendingFile(app.values));
-    const std::string word = app.values.TndrRESULT;
-    writeAnswer(answerDeclined(word, app.values.CCdata));
-    traceAnswer(app);
-    resultDealtWith();
+    TenderRecord record(app, end.notices);
+    record.store(app.values.TndrNOpreAUTH != 0 ? declines : pendingFile(app.values));
+    end.answerTraced(answerDeclined(app.values.TndrRESULT, app.values.CCdata));
+    noteDealtWith(record);
     app.files.removeIfThere(auditFile(app.values));
     fields.cancel = {true, true};
     fields.finish.enabled = false;
     display.status("Please Click Cancel");
     if (Left(app.values.CCdata.raw(CResponse), 1) == "T")
-        stayForOperator();
+        end.leaveToOperator();
     else
-        endTender();
+        end.close();
 }
 
-void Tender::stayForOperator()
+void Outcomes::answeredByServer(ServerExchange &server)
 {
-    answering = false;
-    fields.waitCountVisible = true;
-    display.show();
-    showNotices();
+    if (app.values.CCdata.text(CCEncoded) != "1")
+        encodeCardNumber(app.values.CCdata);
+    TenderRecord record(app, end.notices);
+    record.store(pendingFile(app.values));
+    record.writeAgain();
+    if (!record.unlocked())
+        removeServersFiles(server, record);
+    app.files.removeIfThere(auditFile(app.values));
+    traceProcess(app, {"Approved or Declined " + app.values.TndrRESULT});
+    if (fields.approved) {
+        traceProcess(app, {"SetPrinter " + printer.selectedName()});
+        printSlips(app, printer, display, slips(record));
+    }
+    record.confirm();
+    if (record.unlocked())
+        removeServersFiles(server, record);
+    end.answerTraced(answerBlock(app.values.TndrRESULT, app.values.CCdata));
+    finish();
 }
 
-/// Nobody knows what the bank has said: the card may be charged. The point of sale has
-/// no word for that and hears "Declined"; no record is made, for it would read as a decline. What
-/// the bank wrote stays where it is.
-void Tender::outcomeUnknown(const std::string &result, const char *what, const char *reason)
+void Outcomes::approvedOffline()
+{
+    const platform::ErrorsIgnored ignored(app.run);
+    end.begin();
+    Set_Data(app, fields);
+    markApprovedOffline();
+    TenderRecord record(app, end.notices);
+    record.store(pendingFile(app.values));
+    if (!record.safe()) {
+        offlineNotStored();
+        return;
+    }
+    printing::Set_Printer(app, printer);
+    printing::Print_Merch(app, printer, slips(record));
+    printing::Print_Cust(app, printer, slips(record));
+    traceProcess(app, offlineTrace());
+    traceLog(app, offlineTrace());
+    record.confirm();
+    end.answer(answerBlock("Approved", app.values.CCdata));
+    app.files.removeIfThere(auditFile(app.values));
+    end.close();
+}
+
+void Outcomes::markApprovedOffline()
 {
     CardRecord &CCdata = app.values.CCdata;
-    answering = true;
-    fields.unknown = true;
+    CCdata.set(CCApprovedAmt, fields.amount);
+    CCdata.set(CResponse, "YOFFLINE ");
+    CCdata.set(CApprovalCode, "OFFLINE ");
+    CCdata.set(CCstatus, "Approved");
+    CCdata.set(CCTroutID, "OFFLINE ");
+    app.values.TndrRESULT = "Approved";
     fields.result = true;
+    fields.approved = true;
+}
+
+/// Nobody has charged this card yet, and nobody would know that it was to be charged.
+void Outcomes::offlineNotStored()
+{
+    end.notices.clear();
+    app.dialogs.message("CCPending.dat",
+                        "The record of this card cannot be stored, so it was not approved.");
     app.values.TndrRESULT = "Declined";
-    display.status(what);
-    const std::string trace = keepUnknown(app, result, reason);
-    notices.push_back(unknownNotice(CCdata, what, reason, trace.empty() ? result : trace));
-    writeAnswer(server.begun() ? answerBlock("Declined", CCdata)
-                               : answerDeclined("Declined", CCdata));
-    traceAnswer(app);
+    end.answer(answerBlock("Declined", app.values.CCdata));
     app.files.removeIfThere(auditFile(app.values));
-    endTender();
+    end.close();
 }
 
 /// Charged at once, a sale is settled and belongs to the month; otherwise it waits for its tip.
-std::string Tender::chooseTarget()
+std::string Outcomes::chooseCardFile()
 {
     if (app.values.TndrNOpreAUTH == 0)
         return pendingFile(app.values);
     app.values.CCdata.set(CCAdjStatus, "Completed");
-    return target;
+    return sales;
 }
 
-/// Nobody has charged this card yet, and nobody would know that it was to be charged.
-void Tender::offlineNotStored()
+printing::SlipContext Outcomes::slips(const TenderRecord &record) const
 {
-    notices.clear();
-    app.dialogs.message("CCPending.dat",
-                        "The record of this card cannot be stored, so it was not approved.");
-    app.values.TndrRESULT = "Declined";
-    writeAnswer(answerBlock("Declined", app.values.CCdata));
-    app.files.removeIfThere(auditFile(app.values));
-    endTender();
-}
-
-void Tender::writeAnswer(const std::string &content)
-{
-    const platform::Outcome outcome = answer.write(content);
-    if (!done(outcome))
-        notices.push_back(notAnsweredNotice(app.values.CCdata, app.values.TndrRESULT,
-                                            fields.unknown, outcome, answerFile(app.values)));
+    return slipContext(fields, gratuityOf(fields.amount, app.values.gratuityPercent),
+                       record.slot());
 }
 
 /// The bank's word may go once its record and the answer are on the disk. The next tender deletes
-/// the result; the answer of the payment server goes at once.
-void Tender::resultDealtWith()
+/// the result.
+void Outcomes::noteDealtWith(const TenderRecord &record)
 {
-    if (answer.flushed() && record.safe() && !app.ending())
+    if (end.answerFlushed() && record.safe() && !app.ending())
         payment.noteDealtWith();
 }
 
-void Tender::finish()
+/// An approval that no record tells of leaves the server's answer where it is, as the evidence.
+void Outcomes::removeServersFiles(ServerExchange &server, const TenderRecord &record)
+{
+    server.withdraw();
+    if (record.safe() || !fields.approved)
+        server.removeAnswer(app.values.CCdata.raw(CResponse));
+}
+
+void Outcomes::finish()
 {
     app.files.removeIfThere(auditFile(app.values));
     fields.cancel.visible = false;
     display.status("Please Click Finish Tender");
-    endTender();
-}
-
-/// An open print job is closed, and so printed, before the end is asked for. Record and answer are
-/// written by then, so that nothing waits for whoever reads the notice.
-void Tender::endTender()
-{
-    capture.stop();
-    wait.stopTimers();
-    printer.closeJob();
-    showNotices();
-    if (answer.stands())
-        app.end();
-    else
-        app.run.endInFailure();
-}
-
-/// Each stays until somebody presses OK.
-void Tender::showNotices()
-{
-    display.show();
-    for (const platform::Notice &notice : std::exchange(notices, {}))
-        app.dialogs.notice(notice);
-    tellUnprinted(app, printer.takeUnprinted());
-}
-
-void Tender::cancel()
-{
-    if (!fields.cancel.enabled || !fields.cancel.visible || answering || app.ending())
-        return;
-    const platform::ErrorsIgnored ignored(app.run); // the answer is what counts
-    const LastLook last = lookLast();
-    if (last.there)
-        return;
-    traceProcess(app, {"Cancel was pressed", "Unable to Connect - Internet may be down ",
-                       "Actual Seconds waited for Response  " + fields.waitCount});
-    if (last.unknown != nullptr) {
-        outcomeUnknown(answerOfPayment(), last.unknown, last.reason);
-        return;
-    }
-    writeAnswer(answerBlock("Declined", app.values.CCdata));
-    server.putLateAnswerAside();
-    app.files.removeIfThere(auditFile(app.values));
-    deleteBatchMarker();
-    endTender();
-}
-
-void Tender::finishTender()
-{
-    if (fields.finish.enabled && !answering)
-        endTender();
-}
-
-void Tender::switchGratuitySlip()
-{
-    fields.gratuitySlip = fields.gratuitySlip == "NO" ? "YES" : "NO";
-    display.show();
-    display.view.focus(TenderBox::FirstTrack);
-}
-
-void Tender::setNoReceipt(bool checked)
-{
-    // Inside a wait: a box that cannot be remembered must not end a card that is being charged.
-    const platform::ErrorsIgnored ignored(app.run);
-    const std::string path = app.values.Maindir + "CCnoPrint.dat";
-    fields.noReceipt = checked;
-    if (checked)
-        app.files.createIfMissing(path);
-    else
-        app.files.removeIfThere(path);
-    display.show();
-    display.view.focus(TenderBox::FirstTrack); // the next swipe must not end in the check box
+    end.close();
 }
 
 } // namespace tender

@@ -1,6 +1,7 @@
 #include "tender/request.h"
 
 #include "records/delimited.h"
+#include "records/exchange_file.h"
 
 #include <array>
 
@@ -9,6 +10,9 @@ namespace tender {
 using namespace records;
 
 namespace {
+
+// Characters; "DelPrePay" and what follows it is longer than the record's table.
+constexpr std::size_t kLongestTable = 50;
 
 std::string commonFields(const CardRecord &CCdata)
 {
@@ -31,6 +35,23 @@ TenderRequest parseRequest(std::string_view content)
     request.server = reader.next();
     request.amount = reader.next();
     return request;
+}
+
+Sent readRequest(App &app, TenderRequest &request)
+{
+    const std::string path = requestFile(app.values);
+    if (!app.files.exists(path))
+        return Sent::Missing;
+    const ExchangeFile file = readExchange(app, path);
+    if (!done(file.outcome))
+        return Sent::Unreadable;
+    const TenderRequest sent = parseRequest(file.text);
+    request.table = boundedValue(app, sent.table, kLongestTable, "TABLE");
+    request.receipt = boundedValue(app, sent.receipt, CCReceipt.length, "RECEIPT");
+    request.amount = boundedValue(app, sent.amount, CCSaleAmt.length, "AMOUNT");
+    request.server = boundedValue(app, sent.server, CCServer.length, "SERVER");
+    app.values.EmployeeNumber = request.server;
+    return Sent::Read;
 }
 
 std::string requestFile(const ProcessValues &values)

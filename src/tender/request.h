@@ -20,6 +20,11 @@ struct TenderRequest {
 
 TenderRequest parseRequest(std::string_view content);
 
+enum class Sent { Read, Missing, Unreadable };
+/// Reads "Xsend.req"; the server becomes the `EmployeeNumber`. A value that is longer than the
+/// record takes is cut, and the trace tells. Nothing is set unless the request was read.
+Sent readRequest(records::App &app, TenderRequest &request);
+
 std::string requestFile(const records::ProcessValues &values);
 std::string auditFile(const records::ProcessValues &values);
 std::string answerFile(const records::ProcessValues &values);

@@ -27,6 +27,11 @@ struct ReadResult {
 
     /// Nobody knows what the bank has said: not even "no".
     bool unreadable() const { return !done(outcome) || (longer && !namesOutcome); }
+    /// Why it is unreadable.
+    const char *reason() const
+    {
+        return longer ? "longer than a result can be" : platform::textOf(outcome);
+    }
 };
 
 /// Reads the file `name` into `CCdata`, within the bounds of records::readExchange(): keeps a copy

@@ -1,11 +1,12 @@
 #include "records/card_files.h"
 #include "records/card_helpers.h"
-#include "records/exchange_file.h"
 #include "records/trace.h"
+#include "tender/audit.h"
 #include "tender/command_line.h"
 #include "tender/evidence.h"
 #include "tender/notices.h"
 #include "tender/request.h"
+#include "tender/set_data.h"
 #include "tender/tender.h"
 
 namespace tender {
@@ -20,8 +21,8 @@ constexpr std::uint32_t kWaitTimer = 8000; // ms
 
 void Tender::Run_Xcharge()
 {
-    nameMonthFiles();
-    app.files.createIfMissing(target);
+    outcomes.nameMonthFiles();
+    app.files.createIfMissing(outcomes.monthFile());
     if (app.ending() || app.values.Nextform5 == "IndTips")
         return;
     const platform::ErrorsIgnored ignored(app.run);
@@ -29,33 +30,24 @@ void Tender::Run_Xcharge()
     if (app.ending() || paymentProgramMissing())
         return;
     clearResult(app, kResultFile);
-    if (auditRefused(false)) {
+    if (auditRefused(app, display, false)) {
         if (!app.ending())
-            declined();
+            outcomes.declined();
         return;
     }
     payment.prepare(paymentCall(app, fields), fields.receipt, fields.amount);
-    Set_Data();
+    Set_Data(app, fields);
     startWait();
     if (oldResultRemains() || !waitForResult())
         return;
     const ReadResult read = readResult();
     if (payment.isOfEarlierPayment())
-        outcomeUnknown(kResultFile, "The payment answered for another amount",
-                       "a payment before this one is still open");
+        end.unknown(kResultFile, "The payment answered for another amount",
+                    "a payment before this one is still open", unknownAnswer());
     else if (read.unreadable())
-        outcomeUnknown(kResultFile, kNotRead,
-                       read.longer ? "longer than a result can be"
-                                   : platform::textOf(read.outcome));
+        end.unknown(kResultFile, kNotRead, read.reason(), unknownAnswer());
     else
         judgeResult();
-}
-
-void Tender::nameMonthFiles()
-{
-    const platform::DateTime now = app.clock.now();
-    target = monthFile(app.values, now);
-    declineTarget = deletedFile(app.values, now);
 }
 
 bool Tender::paymentProgramMissing()
@@ -66,29 +58,7 @@ bool Tender::paymentProgramMissing()
                         "The Xcharge Program was not found on this computer. Xcharge must first be "
                         "installed on this computer before you can process a credit card. Pless "
                         "contact Tech Support at 555-010-0199.");
-    endTender();
-    return true;
-}
-
-/// True when the amount is not what the point of sale calculated and the operator pressed Cancel.
-bool Tender::auditRefused(bool localPath)
-{
-    const std::string path = auditFile(app.values);
-    bool there = false;
-    if (done(app.files.exists(path, there)) && !there)
-        return false;
-    // One that cannot be read agrees with no amount.
-    const std::string audit = auditAmount(readExchange(app, path).text);
-    fields.auditAmount = Currency(audit);
-    display.show();
-    if (amountsAgree(audit, fields.amount))
-        return false;
-    const platform::Answer pressed = app.dialogs.message(
-        "AUDIT FAILED", auditQuestion(fields.amount, localPath), platform::Buttons::OkCancel);
-    if (pressed == platform::Answer::Ok)
-        return false;
-    fields.cardOrResult = "Wrong Amount";
-    app.values.TndrRESULT.clear();
+    end.close();
     return true;
 }
 
@@ -108,26 +78,26 @@ bool Tender::oldResultRemains()
     if (!payment.oldResultRemains())
         return false;
     app.values.TndrRESULT = "Declined";
-    writeAnswer(answerBlock("Declined", app.values.CCdata));
+    end.answer(answerBlock("Declined", app.values.CCdata));
     app.files.removeIfThere(auditFile(app.values));
     app.dialogs.message("Result File",
                         "The result of an earlier card cannot be removed from this computer, so "
                         "this card was not charged. Please try again, or restart this station.");
-    endTender();
+    end.close();
     return true;
 }
 
 /// Until the result file exists. False when the wait was stopped or the program is ending.
 bool Tender::waitForResult()
 {
-    const WaitEnd end = wait.untilThere([&](platform::Outcome looked) {
+    const WaitEnd ended = wait.untilThere([&](platform::Outcome looked) {
         fields.sharedCount = fields.waitCount;
         if (done(looked)) // or the card may be charged already, and would be once more
             payment.startAt(wholeNumber(fields.waitCount));
     });
-    if (end == WaitEnd::Stopped)
+    if (ended == WaitEnd::Stopped)
         waitStopped();
-    return end == WaitEnd::Answered;
+    return ended == WaitEnd::Answered;
 }
 
 void Tender::waitStopped()
@@ -159,7 +129,7 @@ void Tender::judgeResult()
     const std::string letter = Left(CCdata.raw(CResponse), 1);
     fields.cancel.enabled = true;
     display.view.focus(TenderBox::Cancel);
-    answering = true;
+    end.begin();
     const bool success = letter == "S";
     fields.finish.enabled = success;
     if (letter == "T")
@@ -172,11 +142,11 @@ void Tender::judgeResult()
     display.status(app.values.TndrRESULT);
     encodeCardNumber(CCdata);
     if (!success)
-        declined();
+        outcomes.declined();
     else if (CCdata.value(CCaditionalFUNDS) > Money())
-        partiallyApproved();
+        outcomes.partiallyApproved();
     else
-        approved();
+        outcomes.approved();
 }
 
 } // namespace tender

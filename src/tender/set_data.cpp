@@ -1,12 +1,12 @@
+#include "tender/set_data.h"
+
 #include "records/card_helpers.h"
-#include "tender/tender.h"
 
 namespace tender {
 
 using namespace records;
 
-/// Fills the record from the screen.
-void Tender::Set_Data()
+void Set_Data(App &app, const TenderFields &fields)
 {
     // Kept: a tender that is past its own look at the marker takes the manager's marker away.
     app.files.removeIfThere(app.values.Remotedir + "ServerISBatching.dat");

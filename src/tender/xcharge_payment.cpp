@@ -2,7 +2,6 @@
 
 #include "printing/slip.h"
 #include "records/card_helpers.h"
-#include "records/exchange_file.h"
 #include "records/kept_records.h"
 #include "records/trace.h"
 #include "tender/evidence.h"

@@ -1,0 +1,145 @@
+#include "records/trace.h"
+#include "tender/command_line.h"
+#include "tender/last_look.h"
+#include "tender/request.h"
+#include "tender/tender.h"
+#include "tender/wait_rules.h"
+
+namespace tender {
+
+using namespace records;
+
+void Tender::Show_Offline_Panel() {}
+
+void Tender::showOfflinePanel()
+{
+    fields.offlinePanelVisible = true;
+    display.show();
+    display.view.focus(TenderBox::KeepWaiting); // or Enter would press "Cancel"
+}
+
+void Tender::hideOfflinePanel()
+{
+    fields.offlinePanelVisible = false;
+    display.show();
+    display.view.focus(TenderBox::FirstTrack);
+}
+
+/// The payment application knows the card of a command-line tender; a local one must have read it.
+bool Tender::cardIsKnown() const
+{
+    const CardRecord &CCdata = app.values.CCdata;
+    return app.values.X1009 || (!isBlank(CCdata.text(CCNumb)) && !isBlank(CCdata.text(CCExpDate)));
+}
+
+/// What the point of sale hears when nobody knows the bank's word.
+std::string Tender::unknownAnswer() const
+{
+    const CardRecord &CCdata = app.values.CCdata;
+    return server.begun() ? answerBlock("Declined", CCdata) : answerDeclined("Declined", CCdata);
+}
+
+std::string Tender::answerOfPayment() const
+{
+    return app.values.X1009 ? kResultFile : server.answerFile();
+}
+
+/// "YES". A card that was answered while the manager made up his mind takes the normal way on, and
+/// so does one that nobody approves: the wait that was told to stop has not seen it yet.
+void Tender::askForOfflineApproval()
+{
+    if (!fields.offlinePanelVisible || manager.asking() || end.begun() || app.ending())
+        return;
+    hideOfflinePanel();
+    app.values.StopWaiting = kStopWaiting;
+    const std::string approver = manager.ask("Approve this card OFFLINE");
+    if (app.ending())
+        return;
+    if (approver != "NO" && cardIsKnown() && server.withdrawRequest() && !answerHasCome(wait)) {
+        outcomes.approvedOffline();
+        return;
+    }
+    hideOfflinePanel();
+    app.values.StopWaiting = 0;
+    app.values.managerRequest.clear();
+}
+
+void Tender::keepWaiting()
+{
+    hideOfflinePanel();
+}
+
+/// "CONFIG". The setup screen can end the tender, so it opens only where "Cancel" could.
+void Tender::openSetup()
+{
+    if (!fields.setup.enabled || manager.asking() || end.begun() || app.ending())
+        return;
+    const std::string approver = manager.ask("Open the card setup");
+    if (!app.ending() && approver != "NO" && !answerHasCome(wait))
+        display.view.showSetup();
+    app.values.managerRequest.clear();
+}
+
+void Tender::offerRemoval()
+{
+    if (!fields.warningVisible || end.begun() || app.ending())
+        return;
+    const platform::Answer pressed = app.dialogs.message(
+        "REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN",
+        "You are about to remove X-Charge from this computer. If you contine you will never be "
+        "able to process credit cards on this computer again. Do not do this unless you have been "
+        "instructed by Tech Support to do so. Please press CANCEL now.",
+        platform::Buttons::OkCancel);
+    if (pressed == platform::Answer::Ok && !answerHasCome(wait) && !app.ending())
+        display.view.removePaymentApplication();
+}
+
+void Tender::cancel()
+{
+    if (!fields.cancel.enabled || !fields.cancel.visible || end.begun() || app.ending())
+        return;
+    const platform::ErrorsIgnored ignored(app.run); // the answer is what counts
+    const LastLook last = lookLast(app, server, wait);
+    if (last.there)
+        return;
+    traceProcess(app, {"Cancel was pressed", "Unable to Connect - Internet may be down ",
+                       "Actual Seconds waited for Response  " + fields.waitCount});
+    if (last.unknown != nullptr) {
+        end.unknown(answerOfPayment(), last.unknown, last.reason, unknownAnswer());
+        return;
+    }
+    end.answer(answerBlock("Declined", app.values.CCdata));
+    server.putLateAnswerAside();
+    app.files.removeIfThere(auditFile(app.values));
+    deleteBatchMarker();
+    end.close();
+}
+
+void Tender::finishTender()
+{
+    if (fields.finish.enabled && !end.begun())
+        end.close();
+}
+
+void Tender::switchGratuitySlip()
+{
+    fields.gratuitySlip = fields.gratuitySlip == "NO" ? "YES" : "NO";
+    display.show();
+    display.view.focus(TenderBox::FirstTrack);
+}
+
+void Tender::setNoReceipt(bool checked)
+{
+    // Inside a wait: a box that cannot be remembered must not end a card that is being charged.
+    const platform::ErrorsIgnored ignored(app.run);
+    const std::string path = app.values.Maindir + "CCnoPrint.dat";
+    fields.noReceipt = checked;
+    if (checked)
+        app.files.createIfMissing(path);
+    else
+        app.files.removeIfThere(path);
+    display.show();
+    display.view.focus(TenderBox::FirstTrack); // the next swipe must not end in the check box
+}
+
+} // namespace tender
