@@ -5,14 +5,12 @@
 
 namespace bench {
 
-class NoView : public pending::PendingView {
+class NoView : public pending::PendingView, public platform::WindowlessView {
 public:
     void refresh(const pending::PendingFields &) override {}
-    void showRows(const pending::ListRows &) override {}
+    void showRows(const reports::ListRows &) override {}
     void rowsColoured() override {}
     void selectRow(long) override {}
-    void paintNow() override {}
-    void setBusyPointer(bool) override {}
     void showEntry(const std::string &, long) override {}
     bool closeEntry() override { return true; }
     std::optional<std::string> choosePrinter(const std::vector<std::string> &,

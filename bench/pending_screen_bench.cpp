@@ -113,7 +113,7 @@ private:
     bool paint()
     {
         const int before = paints.count;
-        list.Screen::paintNow();
+        list.paintNow();
         return paints.count > before;
     }
 

@@ -72,8 +72,8 @@ void benchBulk(Manager &manager, Report &report)
         list.forceAllNoTip();
         all.add(millisecondsSince(start) / 1000);
         long forced = 0;
-        for (const pending::ListRow &row : list.rows())
-            forced += pending::columnOf(row.text, 6).starts_with("Adjusted - Pending") ? 1 : 0;
+        for (const reports::ListRow &row : list.rows())
+            forced += reports::columnOf(row.text, 6).starts_with("Adjusted - Pending") ? 1 : 0;
         if (forced != kEntries)
             report.fail("an entry was passed over");
         start = now();

@@ -13,7 +13,7 @@ PrinterChoice::PrinterChoice(platform::Services &theServices, std::vector<std::s
     : Screen(theServices), ui(std::make_unique<Ui::PrinterChoice>()), names(std::move(theNames))
 {
     ui->setupUi(this);
-    // Rows keep the height of the first look at them, and a screen reader looks at once.
+    // Rows keep the height they have when first asked for, and a screen reader asks at once.
     ui->printers->ensurePolished();
     for (const std::string &name : names)
         ui->printers->addItem(platform::toQt(name));

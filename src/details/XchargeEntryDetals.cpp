@@ -4,11 +4,11 @@
 #include "platform/qt/controls.h"
 #include "platform/qt/fitting_edit.h"
 #include "platform/qt/qt_text.h"
+#include "records/status_words.h"
 #include "records/typed_amount.h"
 #include "ui_XchargeEntryDetals.h"
 
 #include <QKeyEvent>
-#include <QScreen>
 
 #include <utility>
 
@@ -29,7 +29,7 @@ void put(FittingEdit &box, const std::string &value)
 
 const char *stateOf(const std::string &status)
 {
-    return status.starts_with("Dec") ? "declined" : "";
+    return records::beginsDeclined(status) ? "declined" : "";
 }
 
 } // namespace
@@ -106,7 +106,7 @@ void XchargeEntryDetals::connectCommands()
         });
 }
 
-/// What is left is to look, to print, and to close by "Done" or "Cancel".
+/// Looking, printing and closing by "Done" or "Cancel" stay possible.
 void XchargeEntryDetals::disableChanges()
 {
     for (QWidget *command : std::initializer_list<QWidget *>{
@@ -136,10 +136,7 @@ void XchargeEntryDetals::open(const std::string &file, long slot, const std::str
     entry.open(file, slot, source);
     if (app.ending())
         return;
-    setGeometry(screen()->availableGeometry());
-    showMaximized();
-    raise();
-    activateWindow();
+    openWhole();
     focusTip();
     selectTip();
 }
@@ -170,7 +167,7 @@ void XchargeEntryDetals::keyPressEvent(QKeyEvent *event)
     }
 }
 
-/// Enter, pressed once too often, deletes and voids nothing: those commands take a finger or the
+/// An Enter too many must not delete or void anything: those commands take touch, mouse or the
 /// space bar.
 bool XchargeEntryDetals::dangerFocused() const
 {
@@ -231,7 +228,7 @@ void XchargeEntryDetals::showTip(const EntryFields &fields)
     }
 }
 
-/// A hidden box holds nothing: a screen reader would find it all the same.
+/// A hidden box is emptied: a screen reader would find its text.
 void XchargeEntryDetals::showCardData(const EntryFields &fields)
 {
     put(*ui->Text1_0, fields.numberRevealed ? fields.boxes[Box::Number] : std::string());
@@ -269,14 +266,6 @@ void XchargeEntryDetals::focusTip()
     ui->Text4->setFocus();
 }
 
-void XchargeEntryDetals::setBusyPointer(bool on)
-{
-    if (on)
-        setCursor(Qt::WaitCursor);
-    else
-        unsetCursor();
-}
-
 std::optional<std::string> XchargeEntryDetals::choosePrinter(const std::vector<std::string> &names,
                                                              const std::string &current)
 {
@@ -285,7 +274,7 @@ std::optional<std::string> XchargeEntryDetals::choosePrinter(const std::vector<s
     return choice.chosen();
 }
 
-/// What a password has revealed goes with the window, not when its object is destroyed.
+/// Clears what a password has revealed at once, not only when the object is destroyed.
 void XchargeEntryDetals::unload()
 {
     Screen::unload();

@@ -21,8 +21,8 @@ class FittingEdit;
 
 namespace details {
 
-/// Not modal; whoever opens it destroys it with Screen::Later once it is unloaded, and makes a new
-/// one for the next entry: what a password has revealed must not outlive its screen.
+/// Not modal. Its owner destroys it with Screen::Later once it is unloaded, and makes a new one for
+/// the next entry, so that what a password has revealed goes with it.
 class XchargeEntryDetals : public platform::Screen, private EntryView {
     Q_OBJECT
 
@@ -51,7 +51,6 @@ private:
     // EntryView
     void refresh(const EntryFields &fields) override;
     void focusTip() override;
-    void setBusyPointer(bool on) override;
     std::optional<std::string> choosePrinter(const std::vector<std::string> &names,
                                              const std::string &current) override;
     void unload() override;

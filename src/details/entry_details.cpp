@@ -22,7 +22,7 @@ bool takesAmount(Box box)
                        [box](const auto &amount) { return amount.first == box; });
 }
 
-/// What was put into a box is cleaned; what the file held around it stays as it stands.
+/// Removes control characters from what was typed, and only from that: the rest is the file's.
 std::string plainlyTyped(std::string_view before, std::string_view now)
 {
     const auto [had, from] = std::mismatch(before.begin(), before.end(), now.begin(), now.end());
@@ -79,13 +79,13 @@ bool EntryDetails::busy() const
     return !loaded || working || (callbacks.listWorks && callbacks.listWorks());
 }
 
-/// Asked by every command that writes.
+/// For commands that write.
 bool EntryDetails::mayChange() const
 {
     return !busy() && !app.values.lookOnly;
 }
 
-/// Asked by all that changes a box.
+/// For all that changes a box.
 bool EntryDetails::mayType() const
 {
     return !working && !app.values.lookOnly;
@@ -123,7 +123,7 @@ void EntryDetails::showLateCommands()
 {
     lateCommands.setInterval(0);
     fields.deleteAndPrintVisible = fields.openedFrom != "DELE";
-    // Kept: an entry of any source can be moved to the pending list, also one that is there.
+    // Kept: any entry can be moved to the pending list, even one that came from it.
     fields.undeleteVisible = true;
     show();
 }
@@ -176,10 +176,10 @@ void EntryDetails::typeBox(Box box, const std::string &text)
 {
     if (mayType()) {
         fields.boxes[box] = plainlyTyped(fields.boxes[box], text);
-        // What the file holds may be no amount, and is not refused.
+        // A text that the file holds already is accepted even if it is not an amount.
         fields.wrong[box] = takesAmount(box) && text != settled[box] && !records::typedAmount(text);
     }
-    show(); // a box holds what its field does
+    show(); // the box gets the text of its field back
 }
 
 void EntryDetails::cancel()

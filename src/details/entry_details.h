@@ -1,6 +1,6 @@
 // EntryDetails: one record of any card file in full. It enters, forces and takes back tips, saves,
-// deletes, undeletes, reprints and steps on. It knows no window: the details screen shows its
-// fields; the bulk commands of the manager's list drive it without any screen.
+// deletes, undeletes, reprints and goes to the next one. It knows no window: the details screen
+// shows its fields, and the bulk commands of the manager's list use it without any screen.
 #pragma once
 
 #include "details/entry_view.h"
@@ -19,35 +19,35 @@ struct EntryCallbacks {
     std::function<void()> reloadArchive;
     std::function<void()>
         forceAllNoTip;               // the bulk command of the manager's list, with its question
-    std::function<bool()> listWorks; // the manager's list does: commands are ignored
-    std::function<void()> closed;    // the screen has
+    std::function<bool()> listWorks; // then commands are ignored
+    std::function<void()> closed;    // the screen is
 };
 
-/// Works on a copy of the record of its own, never on `CCdata`. A slot that holds another record by
-/// now than the one read is neither written nor taken out: a message says so. Outside ErrorsIgnored
+/// Works on its own copy of the record, never on `CCdata`. A slot that holds another record by now
+/// is neither written nor removed, and a message says so. Outside ErrorsIgnored
 /// a file that cannot be locked, opened or written ends the program with the system's message. A
-/// command that arrives while another one works (the lists' reloading lets events run), or the
-/// manager's list does, is ignored.
+/// command that arrives while another one or the manager's list works (reloading a list lets events
+/// run) is ignored.
 class EntryDetails {
 public:
     EntryDetails(records::App &theApp, printing::Printer &thePrinter, EntryView &theView,
                  EntryCallbacks theCallbacks);
 
-    /// Shows slot `slot` of `file` , opened from `source` ("PEND", "ARCH", "DELE"). The first time,
+    /// Shows slot `slot` of `file`, opened from `source` ("PEND", "ARCH", "DELE"). The first time,
     /// and after each unload, this is the screen's load.
     void open(const std::string &file, long slot, const std::string &source);
     /// Reads the slot again and fills all boxes; what was typed is dropped. A missing
     /// file is created empty; a slot that does not exist shows an empty record.
     void Fill_data();
-    /// Before the list rewrites the file, in which slots move: closes the screen, and asks first
-    /// where something is not saved. False where it stays open: so the manager wants it, or a
+    /// Before the list rewrites the file and moves its slots: closes the screen, and asks first if
+    /// something is not saved. False where it stays open, because the manager wants that or a
     /// command works.
     bool closeForRewrite();
     void setSlot(long slot);                 // only the field; Fill_data follows
     void setStatus(std::string_view status); // only the box
 
-    // What the manager types, and no command may lose: while one works, the old text comes back. A
-    // text that is not an amount (records/typed_amount.h) is not saved, nor is a part of it.
+    // What the manager types. While a command works the box gets its old text back. Text that is
+    // not an amount (records/typed_amount.h) is not saved, not even in part.
     void typeBox(Box box, const std::string &text);
     /// Any other amount than before makes the record "Adjusted - Pending".
     void typeTip(const std::string &text);

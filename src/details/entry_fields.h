@@ -56,7 +56,7 @@ struct EntryFields {
     std::string slipNumber;    // Text3: the number as slips show it
     std::string tip;           // Text4: the tip being edited
     bool tipLocked = false;
-    // Typed, and not an amount: nothing is saved until it is one. There is no new total then.
+    // Something typed is not an amount: nothing can be saved, and there is no new total.
     bool tipWrong = false;
     PerBox<bool> wrong;
 
@@ -79,8 +79,8 @@ struct EntryFields {
     bool nextEnabled = true;               // SSCommand9[1]
     bool deleteAndPrintVisible = false;    // SSCommand12
     bool undeleteVisible = false;          // SSCommand13
-    bool numberRevealed = false;    // the masked number is hidden; before, nobody may read the box
-    bool trackLineRevealed = false; // its box shows its characters
+    bool numberRevealed = false;           // until then the box with the plain number is hidden
+    bool trackLineRevealed = false;        // its box shows its characters
 
     bool operator==(const EntryFields &) const = default;
 };

@@ -1,5 +1,5 @@
-// Deleting an entry and bringing it back: the record is in its new file, on the disk, before it
-// leaves the old one. A stop in between leaves it in both.
+// Deleting an entry and bringing it back. The record is flushed in its new file before it leaves
+// the old one, so a stop in between leaves it in both.
 #include "details/entry_record.h"
 #include "details/entry_working.h"
 #include "records/card_files.h"
@@ -8,7 +8,7 @@ namespace details {
 
 using namespace records;
 
-// The record as it was read, not the boxes.
+// Moves the record as it was read, not the boxes.
 bool EntryDetails::moveRecord(const std::string &to, bool locked)
 {
     if (!stillThere())

@@ -54,7 +54,7 @@ void fillTip(const CardRecord &record, EntryFields &fields)
     fields.tipWrong = false;
     fields.tab = Currency(tab);
     fields.total = Currency(tab + tip);
-    // Yesterday's guest must not be tipped by the captions of today's.
+    // Captions of the entry before must not become a tip of this one.
     fields.quickTips = {};
 }
 
@@ -104,7 +104,7 @@ void Save_Fields(const EntryFields &fields, CardRecord &record)
 {
     for (const auto &[box, field] : kSavedBoxes)
         record.set(field, fields.boxes[box]);
-    // Or a number that stayed on the screen after a save would be plain under a flag of "1".
+    // The number on the screen is plain, so a flag of "1" would be wrong.
     if (!record.value(CCEncoded).isZero())
         record.set(CCEncoded, "0");
 }

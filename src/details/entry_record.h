@@ -1,5 +1,4 @@
-// Between a card record and the boxes of its screen: what filling shows and settles, and what a
-// save takes back.
+// From a card record to the boxes of its screen and back.
 #pragma once
 
 #include "details/entry_fields.h"
@@ -10,18 +9,15 @@
 
 namespace details {
 
-inline constexpr const char *kAdjusted = "Adjusted - Pending";
-inline constexpr const char *kNotAdjusted = "Not Adjusted";
-
-/// What filling settles in the working copy, and a later save writes: a plain number, a brand where
-/// there was none, the approved amount as the tab, "0" for additional funds of nothing.
+/// What the screen needs changed in its working copy, and a later save writes: the number plain, a
+/// brand where there was none, the approved amount as the tab, "0" for no additional funds.
 void settleRecord(records::CardRecord &record);
 
 /// Shows a settled record: all boxes, tab and total, card flags. The quick tips are cleared.
 void fillBoxes(const records::CardRecord &record, EntryFields &fields);
 
-/// The boxes go back into the record, but those that are shown only; the number is plain then, and
-/// its flag says so.
+/// Puts the boxes back into the record, except those that are only shown. The number is plain then,
+/// and its flag says so.
 void Save_Fields(const EntryFields &fields, records::CardRecord &record);
 
 /// Scrambles the number unless `CCEncoded` is "1" already.

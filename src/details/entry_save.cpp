@@ -1,7 +1,8 @@
-// Saves: of this record, and the repair that marks all records of the file.
+// Saving: this record, and the repair that marks all records of the file.
 #include "details/entry_record.h"
 #include "details/entry_working.h"
 #include "records/card_files.h"
+#include "records/status_words.h"
 #include "records/typed_amount.h"
 
 namespace details {
@@ -14,7 +15,7 @@ constexpr const char *kNothingSaved = " is not an amount. Nothing has been saved
 
 } // namespace
 
-/// Commas become the point of the card files. False, and said, where a box holds no amount.
+/// Commas become the point of the card files. False, with a message, where a box holds no amount.
 bool EntryDetails::takeAmounts()
 {
     for (const auto &[box, name] : kAmountBoxes) {
@@ -42,7 +43,7 @@ bool EntryDetails::exceedsBalance()
     return true;
 }
 
-/// Nobody's record shall be written over or taken out in place of the one shown.
+/// For a slot that holds another record by now: that one must not be overwritten or removed.
 void EntryDetails::tellOtherRecord()
 {
     app.dialogs.message("THE ENTRY HAS CHANGED",
@@ -59,7 +60,7 @@ bool EntryDetails::write(bool scrambled)
     if (scrambled)
         encodePlainNumber(next);
     app.files.createIfMissing(fields.file);
-    // Stepping through an empty file leads to slot 0: there is nothing to write.
+    // In an empty file the arrows lead to slot 0, where nothing can be written.
     const bool written =
         fields.slot < 1 || replaceRecord(app, fields.file, fields.slot, stored, next);
     if (app.ending())
@@ -75,7 +76,7 @@ bool EntryDetails::write(bool scrambled)
 
 void EntryDetails::reloadPending()
 {
-    // Kept: the pending list, also when the archive has opened this screen.
+    // Kept: the pending list is reloaded even when the archive has opened this screen.
     if (callbacks.reloadPending)
         callbacks.reloadPending();
 }
@@ -107,8 +108,8 @@ void EntryDetails::saveAndClose()
         unload();
 }
 
-// Kept: without the balance check, and the number stays plain on the disk until a later "Done",
-// a deletion or the list's "Finish".
+// Kept: no balance check, and the number is plain on the disk until a later "Done", a deletion or
+// the list's "Finish".
 void EntryDetails::save()
 {
     if (!mayChange())
@@ -119,7 +120,7 @@ void EntryDetails::save()
     show();
 }
 
-// Kept: without a question, whatever a record held before, completed and empty ones included.
+// Kept: no question is asked, and all records are marked, completed and empty ones too.
 void EntryDetails::forceAllAdjusted()
 {
     if (!mayChange())

@@ -12,7 +12,7 @@ namespace details {
 
 using namespace records;
 
-/// Slips read `CCdata`: it holds this entry, its number plain, while they are written.
+/// Slips read `CCdata`, so it holds this entry, with its number plain, while they are written.
 template <class Slips> void EntryDetails::print(Slips slips)
 {
     CardRecord shown = record;
@@ -66,7 +66,7 @@ void EntryDetails::reprintMerchant()
     reprint(false);
 }
 
-/// A deleted entry has no void slip any more: where it was not printed, the manager decides.
+/// After the deletion the void slip cannot be printed again: if it failed, the manager decides.
 bool EntryDetails::voidSlipSettled()
 {
     return printing::tellUnprinted(app.dialogs, printer,

@@ -2,6 +2,7 @@
 #include "details/entry_details.h"
 #include "details/entry_record.h"
 #include "details/quick_tips.h"
+#include "records/status_words.h"
 #include "records/typed_amount.h"
 
 #include <utility>
@@ -18,7 +19,7 @@ Money EntryDetails::tab() const
 void EntryDetails::typeTip(const std::string &text)
 {
     if (!mayType() || fields.tipLocked)
-        return show(); // the box holds the old tip again
+        return show(); // the box gets the old tip back
     if (typedAmount(text))
         setTip(text);
     else
@@ -30,7 +31,7 @@ Money EntryDetails::tip() const
     return Val(typedAmount(fields.tip).value_or(fields.tip));
 }
 
-/// The tip and the total of what was right before it are gone: they would pass for this one's.
+/// Clears the tip and total of the last right text: they would look like those of this one.
 void EntryDetails::setWrongTip(const std::string &text)
 {
     fields.tip = text;
@@ -41,7 +42,7 @@ void EntryDetails::setWrongTip(const std::string &text)
     show();
 }
 
-// Any change makes the record adjusted, also one to nothing and on a declined record.
+// Any change makes the record adjusted, even one to nothing or on a declined record.
 void EntryDetails::setTip(const std::string &text)
 {
     if (text == fields.tip && !fields.tipWrong)
@@ -53,7 +54,7 @@ void EntryDetails::setTip(const std::string &text)
     fields.boxes[Box::Tip] = plainText(tip());
     fields.boxes[Box::NewTotal] = totalText(total);
     fields.boxes[Box::TipStatus] = kAdjusted;
-    // Kept: the sign goes as the first character, so a total below zero leaves "$1.50)".
+    // Kept: the first character goes with the sign, so a total below zero leaves "$1.50)".
     record.set(CCAdjAmt, Currency(total).substr(1));
     show();
 }
@@ -72,8 +73,8 @@ void EntryDetails::forceNoTip()
         saveWithoutTip();
 }
 
-// Kept: any other status than "Adjusted - Pending" is taken for one without a tip, "Completed" and
-// a void too: the tip goes, and the record waits for the bank again.
+// Kept: any other status than "Adjusted - Pending" counts as one without a tip, "Completed" and a
+// void too: the tip is removed, and the record waits for the bank again.
 bool EntryDetails::saveWithoutTip()
 {
     const bool stays =
@@ -92,7 +93,7 @@ void EntryDetails::undoTip()
     if (!mayChange())
         return;
     if (std::exchange(fields.tipWrong, false))
-        fields.tip = "0"; // taken back, whatever it was to be
+        fields.tip = "0"; // also a text that is not an amount is taken back
     showTabAlone();
     fields.boxes[Box::TipStatus] = kNotAdjusted;
     saveThenClose();

@@ -1,8 +1,9 @@
 // EntryView: the narrow view that the procedures of one entry have of their screen. The bulk
-// commands of the manager's list give one that shows nothing.
+// commands of the manager's list use one that shows nothing.
 #pragma once
 
 #include "details/entry_fields.h"
+#include "platform/view.h"
 
 #include <optional>
 #include <string>
@@ -10,18 +11,14 @@
 
 namespace details {
 
-class EntryView {
+class EntryView : public virtual platform::View {
 public:
-    virtual ~EntryView() = default;
-    /// Brings the screen up to date with the fields.
+    /// Shows the fields.
     virtual void refresh(const EntryFields &fields) = 0;
     virtual void focusTip() = 0;
-    virtual void setBusyPointer(bool on) = 0;
-    /// The print dialog: the chosen one of `names`, `current` proposed; nothing for Cancel.
+    /// The print dialog, with `current` of `names` selected; nothing for "Cancel".
     virtual std::optional<std::string> choosePrinter(const std::vector<std::string> &names,
                                                      const std::string &current) = 0;
-    /// The screen closes.
-    virtual void unload() = 0;
 };
 
 } // namespace details

@@ -1,5 +1,5 @@
-// EntryDetails::Working: from a command's first file to its end the pointer is busy and no other
-// command is taken.
+// EntryDetails::Working: while a command works on files the pointer is busy and other
+// commands are ignored.
 #pragma once
 
 #include "details/entry_details.h"

@@ -54,9 +54,4 @@ void TndrMgr::refresh(const ManagerStartFields &fields)
     ui->SSCommand4->setEnabled(fields.choicesEnabled);
 }
 
-void TndrMgr::paintNow()
-{
-    Screen::paintNow();
-}
-
 } // namespace manager

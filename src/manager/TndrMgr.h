@@ -28,7 +28,6 @@ protected:
 private:
     // ManagerStartView
     void refresh(const ManagerStartFields &fields) override;
-    void paintNow() override;
 
     records::App &app;
     std::unique_ptr<Ui::TndrMgr> ui;

@@ -11,7 +11,7 @@ using namespace records;
 namespace {
 
 constexpr std::uint32_t kAgainEvery = 30'000; // ms
-constexpr std::size_t kLongestHolder = 80;    // characters; the file is not ours alone to write
+constexpr std::size_t kLongestHolder = 80;    // characters; other programs write the file too
 
 } // namespace
 

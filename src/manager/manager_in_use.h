@@ -1,5 +1,5 @@
 // ManagerInUse: which manager's program works on the card files of the share. A second one would
-// take the batch marker away from the first; it looks only, unless its person insists.
+// remove the batch marker of the first, so it may only look, unless the manager insists.
 #pragma once
 
 #include "platform/clock.h"
@@ -10,17 +10,17 @@
 
 namespace manager {
 
-/// A box "In Use" with this text: true where OVERRIDE is typed. A word, so that nobody goes on by
-/// an Enter too many.
+/// Asks in a box "In Use" with this text: true if OVERRIDE is typed. A word, so that an Enter too
+/// many is not enough.
 bool isOverridden(records::App &app, const std::string &text);
 
 class ManagerInUse {
 public:
     explicit ManagerInUse(records::App &theApp);
 
-    /// Holds "Data\ManagerInUse.lock" in `Remotedir` from here to the end of the process, however
-    /// that comes. Where another process holds it, asks: `lookOnly` and `inUseBy` are set, or the
-    /// work goes on and the log says so. A file that cannot be made is never in the way.
+    /// Holds "Data\ManagerInUse.lock" in `Remotedir` until the process ends, however it does. If
+    /// another process holds it, asks: then either `lookOnly` and `inUseBy` are set, or the work
+    /// goes on and the log says so. If the file cannot be made the work goes on too.
     void claim();
 
 private:
@@ -33,7 +33,7 @@ private:
     records::App &app;
     platform::HeldFile file;
     std::string text;      // of this process
-    platform::Timer again; // went on beside another: takes the file once that one has ended
+    platform::Timer again; // beside another program: takes the file once that one has ended
 };
 
 } // namespace manager

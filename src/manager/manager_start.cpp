@@ -1,8 +1,9 @@
 #include "manager/manager_start.h"
 
-#include "pending/completing.h"
+#include "records/backups.h"
 #include "records/configuration.h"
 #include "records/delimited.h"
+#include "records/flag_files.h"
 #include "records/kept_records.h"
 #include "records/left_overs.h"
 #include "records/trace.h"
@@ -22,7 +23,8 @@ constexpr std::uint32_t kRouteDelay = 100; // ms
 constexpr int kMonthsOfLogs = 7;
 constexpr int kDaysOfAnswers = 2;
 
-/// The day so long before `today`; the end of a month that is too short.
+/// The day (YYYYMMDD) so many months and days before `today`. A month without that day gives its
+/// last one.
 int dayBefore(const platform::DateTime &today, int months, int days)
 {
     using namespace std::chrono;
@@ -50,12 +52,6 @@ void log(App &app, const TraceLines &lines)
     Write_Log(app);
 }
 
-/// A server is entering tips at a station.
-std::string stationMarker(const App &app)
-{
-    return app.values.Remotedir + "StationTips.dat";
-}
-
 } // namespace
 
 ManagerStart::ManagerStart(App &theApp, ManagerStartView &theView, ManagerRoutes theRoutes)
@@ -75,7 +71,7 @@ void ManagerStart::Form_Load()
     fillEmptyDirectories(app);
     app.values.StationName = app.system.computerName();
     fields.version = kProgramVersion;
-    // Ahead of the log's first lines, which would have no folder at the very first start.
+    // Before the first lines of the log: at the very first start it has no folder.
     ensureFolders();
     const platform::DateTime now = app.clock.now();
     log(app, {std::string(39, '='), "Program Startup on  " + Format(now, "DDDD MM/DD/YYYY"),
@@ -91,7 +87,7 @@ void ManagerStart::Form_Load()
     enableChoices(true);
 }
 
-/// Charged cards of this station that no card file would take so far.
+/// Stores charged cards of this station that could not be stored before.
 void ManagerStart::storeKept()
 {
     const KeptRecords kept = storeKeptRecords(app);
@@ -128,7 +124,7 @@ void ManagerStart::enableChoices(bool on)
     view.refresh(fields);
 }
 
-/// The log is written in `Maindir` and copies lie in both, so both have those folders.
+/// The log is in `Maindir` and backups are in both, so both need those folders.
 void ManagerStart::ensureFolders()
 {
     for (const std::string &directory : directories(app.values)) {
@@ -159,14 +155,14 @@ void ManagerStart::Clean_Logs()
     const std::string &payment = app.values.paymentDirectory;
     if (payment.empty())
         return;
-    // Kept: answers come in "LocalTran", so that none of them is ever cleaned.
+    // Kept: answers are in "LocalTran", so none of them is ever deleted.
     tell(std::to_string(deleteOld(payment + "LocalTrans", ".xca", answersBefore)) +
          " CC OLD ANSWER Files");
     tell(std::to_string(deleteOld(payment + "History", ".bak", answersBefore)) +
          " CC OLD HISTORY Files");
 }
 
-/// Files whose name has this ending and that were last written to before a day.
+/// Deletes the files with this ending that were last written before a day (YYYYMMDD).
 long ManagerStart::deleteOld(const std::string &folder, const std::string &ending, int before)
 {
     long deleted = 0;
@@ -183,7 +179,7 @@ long ManagerStart::deleteOld(const std::string &folder, const std::string &endin
 
 void ManagerStart::backUp(const std::string &choice, const TraceLines &behind)
 {
-    const pending::Backup backup = pending::backUpPending(app, pending::kBackup);
+    const Backup backup = backUpPending(app, kBackup);
     TraceLines lines = {"-", choice};
     if (backup.copies > 0) {
         lines.push_back("A backup of the data file was made at1  " +
@@ -217,9 +213,9 @@ void ManagerStart::goToList()
     bool goOn = false;
     {
         const platform::ErrorsIgnored ignored(app.run);
-        log(app, pending::backUpPending(app, pending::kBackup).failures);
-        goOn = app.values.lookOnly || !app.files.exists(stationMarker(app)) || overrides();
-        if (app.files.exists(app.values.Maindir + "X1009Version.dat"))
+        log(app, backUpPending(app, kBackup).failures);
+        goOn = app.values.lookOnly || !app.files.exists(stationMarker(app.values)) || overrides();
+        if (app.files.exists(commandLineFlag(app.values)))
             app.values.X1009 = true;
     }
     enableChoices(true);
@@ -227,11 +223,11 @@ void ManagerStart::goToList()
         routes.openList();
 }
 
-/// A station that crashed leaves its marker behind, and only a person can know.
+/// A station that crashed leaves its marker; only a person can know that.
 bool ManagerStart::overrides()
 {
     std::string content;
-    app.files.read(stationMarker(app), content);
+    app.files.read(stationMarker(app.values), content);
     DelimitedReader values(content);
     std::string who;
     for (const char *heading : {"Start Time", "Server Number", "Server Name", "POS Station"})
@@ -245,7 +241,7 @@ bool ManagerStart::overrides()
                      "OVERRIDE."))
         return false;
     log(app, {"-", "USER CHOSE OVERRIDE  ", "-"});
-    app.files.removeIfThere(stationMarker(app));
+    app.files.removeIfThere(stationMarker(app.values));
     return true;
 }
 

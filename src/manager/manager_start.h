@@ -4,6 +4,7 @@
 
 #include "manager/manager_in_use.h"
 #include "platform/clock.h"
+#include "platform/view.h"
 #include "records/app.h"
 
 #include <functional>
@@ -14,19 +15,16 @@ namespace manager {
 
 struct ManagerStartFields {
     std::string version;         // Label5
-    std::string status;          // what is being cleaned up, or was
+    std::string status;          // of the clean-up
     bool choicesEnabled = false; // SSCommand3 "NEXT" after business hours, SSCommand4 "QUIT"
 
     bool operator==(const ManagerStartFields &) const = default;
 };
 
 /// The narrow view that the procedures have of their screen.
-class ManagerStartView {
+class ManagerStartView : public virtual platform::View {
 public:
-    virtual ~ManagerStartView() = default;
     virtual void refresh(const ManagerStartFields &fields) = 0;
-    /// Paints what was refreshed before control goes on.
-    virtual void paintNow() = 0;
 };
 
 /// Where the choices lead to. Choices that this version cannot serve yet are greyed out.

@@ -43,15 +43,15 @@ std::vector<MListColumn> columns()
             column("Terminal", "FRONT-BAR")};
 }
 
-QRgb colourOf(RowColour colour)
+QRgb colourOf(reports::RowColour colour)
 {
     switch (colour) {
-    case RowColour::White: return 0xffffffff;
-    case RowColour::LightGreen: return 0xff80ff80;
-    case RowColour::Red: return 0xffff0000;
-    case RowColour::ButtonFace: break;
+    case reports::RowColour::White: return 0xffffffff;
+    case reports::RowColour::LightGreen: return 0xff80ff80;
+    case reports::RowColour::Red: return 0xffff0000;
+    case reports::RowColour::ButtonFace: break;
     }
-    return 0xffdfe5eb; // in daylight it must not look white
+    return 0xffdfe5eb; // darker than the usual one: in daylight it must not look white
 }
 
 } // namespace
@@ -148,7 +148,7 @@ void XchargePend::fillList()
         fillAtLoad = true;
 }
 
-/// The keyboard comes back to the rows: Enter on "Done" would leave.
+/// The focus goes back to the rows: on "Done" an Enter would leave the list.
 details::EntryCallbacks XchargePend::entryCallbacks()
 {
     details::EntryCallbacks callbacks = list.entryCallbacks();
@@ -164,7 +164,8 @@ void XchargePend::closeAsked()
     ui->SSCommand1->click(); // "Done"; nothing while it is disabled
 }
 
-/// Leaving completes: too much for a key that is pressed by mistake. Escape goes back to the list.
+/// Leaving moves the settled records, too much for a key pressed by mistake. So Escape only goes
+/// back to the rows.
 void XchargePend::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() != Qt::Key_Escape)
@@ -193,9 +194,9 @@ void XchargePend::refresh(const PendingFields &fields)
 
 void XchargePend::showTotals(const PendingFields &fields)
 {
-    putValue(*Label5[0], fields.tabTotal);
-    putValue(*Label5[1], fields.tipTotal);
-    putValue(*Label5[2], fields.grandTotal);
+    putValue(*Label5[0], fields.totals.tabs);
+    putValue(*Label5[1], fields.totals.tips);
+    putValue(*Label5[2], fields.totals.grand);
     putValue(*ui->Label16, fields.fromDate);
     putValue(*ui->Label17, fields.toDate);
     putValue(*ui->Label18, fields.swipes);
@@ -219,7 +220,7 @@ void XchargePend::showState(const PendingFields &fields)
     const bool types = !fields.receiptHint.empty();
     ui->hint->setText(types ? toQt(fields.receiptHint) : usualHint);
     putLook(*ui->hint, "part", types ? "strong" : "label");
-    // In one place: rows must not jump under a finger.
+    // Notice and hint share one place, so that the rows do not jump under a finger.
     ui->noticePlace->setCurrentWidget(fields.noticeVisible && !types ? ui->SSPanel1_0
                                                                      : ui->hintBand);
     putVisible(*ui->SSPanel2, fields.batchQuestionVisible);
@@ -231,7 +232,7 @@ void XchargePend::showCommands(const PendingFields &fields)
     for (std::size_t item = 0; item < SSCommand.size(); ++item) {
         QAbstractButton &command = *SSCommand[item];
         const CommandState &state = fields.commands.values[item];
-        // Qt would hand the keyboard on to the next command, and a second Enter with it; also while
+        // Else Qt gives the focus to the next command, and a second Enter presses it; also while
         // another window is in front.
         if (focusWidget() == &command && !(state.enabled && state.visible))
             ui->MList1->setFocus();
@@ -245,19 +246,19 @@ void XchargePend::showOptions(const PendingFields &fields)
 {
     for (std::size_t option = 0; option < SSOption1.size(); ++option) {
         QRadioButton &button = *SSOption1[option];
-        const QSignalBlocker quiet(&button); // what the list decides is no choice of anybody
+        const QSignalBlocker quiet(&button); // the list sets it here, nobody has chosen it
         button.setAutoExclusive(false);      // else one would always stay chosen
         button.setChecked(static_cast<int>(option) == fields.sortedBy);
         button.setAutoExclusive(true);
     }
 }
 
-void XchargePend::showRows(const ListRows &rows)
+void XchargePend::showRows(const reports::ListRows &rows)
 {
     constexpr std::size_t kUsualRow = 160; // bytes
     platform::MListRows copies;
     copies.reserve(rows.size(), rows.size() * kUsualRow);
-    for (const ListRow &row : rows)
+    for (const reports::ListRow &row : rows)
         copies.add(row.text, std::to_string(row.slot), colourOf(row.colour));
     ui->MList1->setRows(std::move(copies));
 }
@@ -271,19 +272,6 @@ void XchargePend::rowsColoured()
 void XchargePend::selectRow(long index)
 {
     ui->MList1->goToRow(index);
-}
-
-void XchargePend::paintNow()
-{
-    Screen::paintNow();
-}
-
-void XchargePend::setBusyPointer(bool on)
-{
-    if (on)
-        setCursor(Qt::WaitCursor);
-    else
-        unsetCursor();
 }
 
 void XchargePend::showEntry(const std::string &file, long slot)

@@ -1,5 +1,5 @@
 // XchargePend: "Pending Transactions", the manager's working list of "CCPending.dat". It shows the
-// fields and rows of the list and hands its commands on; leaving it is "Done".
+// fields and rows of the list and passes its commands on. The window's cross is "Done".
 #pragma once
 
 #include "pending/pending.h"
@@ -23,7 +23,7 @@ class XchargePend;
 
 namespace pending {
 
-/// The window of one record at a time.
+/// The window that shows one record.
 struct EntryWindow {
     std::function<void(const std::string &file, long slot)> open;
     std::function<bool()> close; // as PendingView::closeEntry()
@@ -56,11 +56,9 @@ private:
 
     // PendingView
     void refresh(const PendingFields &fields) override;
-    void showRows(const ListRows &rows) override;
+    void showRows(const reports::ListRows &rows) override;
     void rowsColoured() override;
     void selectRow(long index) override;
-    void paintNow() override;
-    void setBusyPointer(bool on) override;
     void showEntry(const std::string &file, long slot) override;
     bool closeEntry() override;
     std::optional<std::string> choosePrinter(const std::vector<std::string> &names,

@@ -1,7 +1,8 @@
-// Bulk commands: each drives the details of one entry after the other, without their screen.
-// Whatever a save does there happens here too.
+// Bulk commands: each takes one entry after the other through the details, without their screen.
+// So a save does here what it does there.
 #include "pending/pending.h"
 #include "pending/pending_working.h"
+#include "records/status_words.h"
 #include "records/trace.h"
 
 #include <utility>
@@ -12,22 +13,20 @@ using namespace records;
 
 namespace {
 
-/// The details without a window.
-class NoScreen : public details::EntryView {
+/// For the details without a window.
+class NoScreen : public details::EntryView, public platform::WindowlessView {
 public:
     void refresh(const details::EntryFields &) override {}
     void focusTip() override {}
-    void setBusyPointer(bool) override {}
     std::optional<std::string> choosePrinter(const std::vector<std::string> &,
                                              const std::string &) override
     {
         return std::nullopt;
     }
-    void unload() override {}
 };
 
-/// False for a slot behind the end of a file that has become shorter since it was listed, and for
-/// one that has become empty: a save would make an entry there.
+/// False for a slot past the end of a file that is shorter by now than when it was listed, and for
+/// one that is empty by now: a save would make an entry there.
 bool isThere(const details::EntryDetails &entry)
 {
     return !entry.state().boxes[details::Box::Status].empty();
@@ -46,7 +45,7 @@ void Pending::forceAllNoTip()
     const Working here(*this, Work::Changes);
     if (!here)
         return;
-    // The mouse leaves for the question, where nobody hears of it.
+    // The mouse leaves the command for the question without an event of its own.
     if (fields.notice == kNoTipHint)
         fields.noticeVisible = false;
     show();
@@ -71,7 +70,7 @@ void Pending::markAllCompletedByPicture()
     forceAllCompleted(kForceCompleted);
 }
 
-// Kept: declined rows are marked too, "Finish" then archives them; and the edit mode stays "KEEP".
+// Kept: declined rows are marked too, and "Finish" then archives them; the edit mode stays "KEEP".
 void Pending::forceAllCompleted(const std::string &question)
 {
     const Working here(*this, Work::Changes);
@@ -88,17 +87,17 @@ void Pending::forceAllCompleted(const std::string &question)
         return trace("     ***  USER CLICKED CANCEL  ***");
     trace("     ***  USER CLICKED OK DO IT  ***");
     driveEntries([](details::EntryDetails &entry) {
-        entry.setStatus("Completed");
+        entry.setStatus(kCompleted);
         entry.saveAndClose();
     });
 }
 
-/// The slots are taken before the first save: its reload brings the rows back into the order of
-/// the file, and a walk by index would meet one entry twice and miss another.
+/// The slots are noted before the first save: its reload puts the rows back into the order of the
+/// file, and a walk by index would then take one entry twice and miss another.
 void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &step)
 {
     std::vector<long> slots;
-    for (const ListRow &row : shownRows)
+    for (const reports::ListRow &row : shownRows)
         slots.push_back(row.slot);
     app.values.editMode = "KEEP";
     NoScreen nobody;
@@ -112,14 +111,15 @@ void Pending::driveEntries(const std::function<void(details::EntryDetails &)> &s
         if (isThere(entry))
             step(entry);
         else
-            loadAgain = true; // so that the manager sees what is left
-        showProgress(slot);
+            loadAgain = true; // the manager must see which entries are left
+        if (progress.due())
+            showProgress(slot);
         app.glance();
     }
     showQuietlyLoaded();
 }
 
-/// One reading for each save, as the log tells it; the screen shows the last one, at the end.
+/// The file is read and logged after each save; the screen shows only the last reading, at the end.
 void Pending::reloadQuietly()
 {
     if (!saved)
@@ -127,8 +127,8 @@ void Pending::reloadQuietly()
     saved->take(readRecords());
     if (app.ending())
         return;
-    takeTotals(saved->listed(), saved->tabs(), saved->tips());
-    traceList(saved->listed());
+    takeTotals(saved->totals());
+    traceList(saved->totals().listed);
 }
 
 void Pending::showQuietlyLoaded()

@@ -1,4 +1,4 @@
-// Choosing an entry of the list: by a finger, by keys, or by its receipt number.
+// Choosing an entry of the list by touch, by keys, or by its receipt number.
 #include "pending/pending.h"
 
 namespace pending {
@@ -29,7 +29,7 @@ void Pending::dropReceipt()
 
 void Pending::enterReceipt(long current)
 {
-    if (working) // the rows are not all there
+    if (working) // the list may be incomplete
         return;
     const TypedReceipt::Entered entered = receipt.enter(shownRows, current);
     if (entered.row >= 0 && entered.row != current)

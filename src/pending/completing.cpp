@@ -4,6 +4,7 @@
 #include "pending/pending_list.h"
 #include "records/card_files.h"
 #include "records/card_rewrite.h"
+#include "records/status_words.h"
 
 namespace pending {
 
@@ -30,7 +31,7 @@ Fate fateOfDay(App &app, const std::string &date, const CardRecord &record)
 {
     const int wanted = dayOf(date);
     const int day = dayOf(record.raw(CCDate));
-    // Kept: a text that is no date ends the program, a Cancel too, and the batch marker stays.
+    // Kept: a text that is not a date ends the program, so does Cancel, and the batch marker stays.
     if (wanted == 0)
         app.run.fail("This is not a date: \"" + date + "\"");
     const bool emptySlot = !isListed(record) && record.isEmpty(CCDate);
@@ -42,7 +43,7 @@ Fate fateOfDay(App &app, const std::string &date, const CardRecord &record)
 void completeTheMoving(CardRecord &copy, Fate fate)
 {
     if (fate == Fate::Moves)
-        copy.set(CCAdjStatus, "Completed");
+        copy.set(CCAdjStatus, kCompleted);
 }
 
 Fate fateOfDecline(const CardRecord &record)
@@ -88,30 +89,6 @@ Outcome moveDeclines(App &app, const Progress &progress)
               .workFile = app.values.Remotedir + "CCPending.TMP" + Format(now, "MMYY") + ".dat",
               .fateOf = fateOfDecline,
               .progress = progress});
-}
-
-Backup backUpPending(App &app, const std::string &name)
-{
-    const ProcessValues &values = app.values;
-    const platform::DateTime now = app.clock.now();
-    Backup backup{now, Format(now, "MMDDYYYYHHMMSS"), 0, {}};
-    const std::string source = values.Remotedir + "CCpending.dat";
-    if (values.lookOnly || !app.files.exists(source))
-        return backup;
-    std::vector<std::string> directories = {values.Remotedir};
-    if (values.Maindir != values.Remotedir)
-        directories.push_back(values.Maindir);
-    for (const std::string &directory : directories) {
-        std::string copy = directory + "data\\CCdata\\";
-        copy.append(backup.stamp).append(name);
-        const Outcome outcome = app.files.copy(source, copy);
-        if (done(outcome))
-            ++backup.copies;
-        else
-            backup.failures.push_back("  BACKUP NOT MADE - " + std::string(textOf(outcome)) +
-                                      " - " + copy);
-    }
-    return backup;
 }
 
 } // namespace pending

@@ -2,8 +2,10 @@
 #include "pending/completing.h"
 #include "pending/pending.h"
 #include "pending/pending_working.h"
+#include "records/backups.h"
 #include "records/card_files.h"
 #include "records/card_helpers.h"
+#include "records/flag_files.h"
 
 #include <chrono>
 
@@ -21,9 +23,13 @@ constexpr const char *kCompleted = "Operation is completed";
 
 } // namespace
 
-std::string Pending::markerFile() const
+/// For a walk under the lock, in which no event may run.
+std::function<void(long)> Pending::slotsShown()
 {
-    return app.values.Remotedir + "ServerISBatching.dat";
+    return [this](long slot) {
+        if (progress.due())
+            showProgress(slot);
+    };
 }
 
 void Pending::finish()
@@ -38,7 +44,7 @@ void Pending::runFinish()
     enable(Command::Done, false);
     Disable_Buttons();
     panel(kUpdating);
-    const Outcome outcome = finishPending(app, [this](long slot) { showProgress(slot); });
+    const Outcome outcome = finishPending(app, slotsShown());
     for (const std::string &failure : backUpPending(app, kBackup).failures)
         trace(failure);
     if (!done(outcome))
@@ -52,8 +58,7 @@ void Pending::runFinish()
     leaving = kCompleted;
 }
 
-/// "Done" is still waiting then, so that the manager has a minute to read it, and ends all the
-/// same.
+/// "Done" goes on waiting after it, so the manager has a minute to read it; then the program ends.
 void Pending::tellNotFinished(const std::string &reason)
 {
     panel("The data file could not be updated (" + reason + "). No entry is lost. Please " +
@@ -96,7 +101,7 @@ void Pending::leave()
     Pause(app, 1500ms);
     if (app.values.Remotedir.empty())
         app.values.Remotedir = "C:\\Lumbrio\\";
-    app.files.removeIfThere(markerFile());
+    app.files.removeIfThere(batchMarker(app.values));
     app.end();
 }
 
@@ -119,7 +124,7 @@ void Pending::markDayCompleted()
     fields.commands[Command::Process].visible = false;
     Disable_Buttons();
     panel(kUpdating);
-    markCompleted(app, typed, [this](long slot) { showProgress(slot); });
+    markCompleted(app, typed, slotsShown());
     if (app.ending())
         return;
     loadList();
@@ -133,11 +138,11 @@ void Pending::deleteDeclines()
         return;
     panel("Backing up Data File - Just a moment Please");
     backUpPending(app, kBatchBackup);
-    moveDeclines(app, [this](long slot) { showProgress(slot); });
+    moveDeclines(app, slotsShown());
     if (app.ending())
         return;
     loadList();
-    // Behind the load, whose colour passes would hide it.
+    // After the load, whose colour passes would hide it.
     panel("all declines have been deleted");
 }
 

@@ -1,11 +1,12 @@
 #include "pending/pending.h"
 
 #include "pending/pending_working.h"
-#include "pending/printed_list.h"
 #include "printing/unprinted.h"
 #include "records/card_files.h"
 #include "records/delimited.h"
+#include "records/flag_files.h"
 #include "records/trace.h"
+#include "reports/printed_list.h"
 
 #include <algorithm>
 #include <utility>
@@ -16,12 +17,10 @@ using namespace records;
 
 namespace {
 
-constexpr std::uint64_t kPaintEvery = 50;          // ms
 constexpr std::uint64_t kConnectionLasts = 30'000; // ms
 constexpr std::uint32_t kConnectionLook = 100;     // ms
-constexpr long kLookEvery = 16; // records; a look at the clock costs as much as a fifth of one
 
-/// Whether the command changes files. "Done" finishes too, but remains the way out.
+/// Whether the command changes files. "Done" does too, but it stays enabled as the way out.
 bool changes(Command command)
 {
     constexpr std::array kChanging = {Command::Process,         Command::Finish,
@@ -37,7 +36,7 @@ Pending::Pending(App &theApp, printing::Printer &thePrinter, PendingView &theVie
                  PendingRoutes theRoutes)
     : app(theApp), printer(thePrinter), view(theView), routes(std::move(theRoutes)),
       exitTimer(app.clock, [this] { exitExpired(); }),
-      connectionTimer(app.clock, [this] { showConnection(); })
+      connectionTimer(app.clock, [this] { showConnection(); }), progress(app.clock)
 {
     fields.commands[Command::Finish].visible = false;
     enable(Command::Continue, false);
@@ -59,14 +58,15 @@ void Pending::Form_Load()
                                   Command::DeleteDeclines, Command::MarkAllCompleted})
         enable(command, true);
     if (!app.values.lookOnly)
-        app.files.write(markerFile(), quotedLine(""));
+        app.files.write(batchMarker(app.values), quotedLine(""));
     show();
 }
 
 void Pending::entrySaved()
 {
     loadAgain = true;
-    const Working here(*this); // loads when it is the outermost; else the command under way does
+    // Loads the list at its end; within another command that one does.
+    const Working here(*this);
 }
 
 details::EntryCallbacks Pending::entryCallbacks()
@@ -88,7 +88,7 @@ void Pending::enable(Command command, bool on)
     fields.commands[command].enabled = on && served && allowed;
 }
 
-/// Every save reloads the list, and none may wait for a line that is down: the last answer stays
+/// Every save reloads the list, and must not wait while the line is down: the last answer stays
 /// until the next one comes.
 void Pending::check_Connection()
 {
@@ -141,7 +141,7 @@ void Pending::Enable_Buttons()
 
 void Pending::panel(const std::string &text)
 {
-    receipt.clear(); // or it would hide the panel
+    receipt.clear(); // its hint would cover the notice
     fields.receiptHint.clear();
     fields.notice = text;
     fields.noticeVisible = true;
@@ -156,10 +156,6 @@ void Pending::show()
 
 void Pending::showProgress(long record)
 {
-    const std::uint64_t now = app.clock.milliseconds();
-    if (now - paintedAt < kPaintEvery)
-        return;
-    paintedAt = now;
     fields.recordRead = std::to_string(record);
     show();
     view.paintNow();
@@ -183,20 +179,20 @@ void Pending::loadList()
     Disable_Buttons();
     check_Connection();
     ListBuilder fresh(app.clock.now());
-    fields.fromDate = fresh.oldest;
-    fields.toDate = fresh.newest;
-    fields.tabTotal = fields.tipTotal = fields.grandTotal = "0";
+    fields.fromDate = fresh.list.dates.oldest;
+    fields.toDate = fresh.list.dates.newest;
+    fields.totals = {"0", "0", "0"};
     fields.file = pendingFile(app.values);
     clearList();
     show();
     view.paintNow();
-    paintedAt = app.clock.milliseconds();
-    readList(fresh, [this] { app.glance(); });
+    progress.begin();
+    readList(fresh);
     if (app.ending())
         return;
-    takeTotals(fresh.listed, fresh.tabs, fresh.tips);
+    takeTotals(fresh.list.totals);
     takeRows(fresh);
-    traceList(fresh.listed);
+    traceList(fresh.list.totals.listed);
     Enable_Buttons();
     show();
 }
@@ -211,16 +207,16 @@ void Pending::clearList()
     showRows();
 }
 
-/// The lock lasts as long as the reading: what takes its time, rows and events, comes behind it.
-void Pending::readList(ListBuilder &fresh, const std::function<void()> &atEachRecord)
+/// The file is locked only while it is read: building rows and running events come after that.
+void Pending::readList(ListBuilder &fresh)
 {
     const std::vector<CardRecord> records = readRecords();
-    fresh.reserve(records.size());
+    fresh.list.reserve(records.size());
     for (std::size_t i = 0; i < records.size() && !app.ending(); ++i) {
         const auto slot = static_cast<long>(i) + 1;
-        if (slot % kLookEvery == 0)
+        if (progress.dueAt(slot))
             showProgress(slot);
-        atEachRecord();
+        app.glance();
         fresh.add(slot, records[i]);
     }
     fields.recordRead = std::to_string(records.size());
@@ -236,39 +232,37 @@ std::vector<CardRecord> Pending::readRecords()
     file.lock();
     traceTail(app, file);
     const long count = file.count();
-    // Kept: a record that cannot be read shows as the one before it.
+    // Kept: a record that cannot be read is listed as the one before it.
     const platform::ErrorsIgnored ignored(app.run);
     records.reserve(static_cast<std::size_t>(count));
     for (long slot = 1; slot <= count; ++slot) {
         records.emplace_back();
         if (!done(file.read(slot, records.back().data())) && slot > 1)
             records.back() = records[records.size() - 2];
-        if (!saved && slot % kLookEvery == 0) // a bulk command tells its own
+        if (!saved && progress.dueAt(slot)) // a bulk command shows its own progress
             showProgress(slot);
     }
     return records;
 }
 
-void Pending::takeTotals(long listed, Money tabs, Money tips)
+void Pending::takeTotals(const reports::Totals &totals)
 {
-    fields.tabTotal = Currency(tabs);
-    fields.tipTotal = Currency(tips);
-    fields.grandTotal = Currency(tabs + tips);
-    fields.swipes = std::to_string(listed) + " Swipes";
+    fields.totals = textsOf(totals);
+    fields.swipes = std::to_string(totals.listed) + " Swipes";
 }
 
 void Pending::takeRows(ListBuilder &fresh)
 {
     if (fresh.sawNotAdjusted || fresh.sawDeleted)
         enable(Command::Process, false);
-    fields.fromDate = fresh.oldest;
-    fields.toDate = fresh.newest;
+    fields.fromDate = fresh.list.dates.oldest;
+    fields.toDate = fresh.list.dates.newest;
     colours.sawDeleted = fresh.sawDeleted;
-    shownRows = std::move(fresh.rows);
-    cardTypes = std::move(fresh.types);
+    shownRows = std::move(fresh.list.rows);
+    cardTypes = std::move(fresh.list.types);
     colourRows();
     showRows();
-    // Kept: the index of a row, so that after another order it may be another record.
+    // Kept: by the index of the row, so in another order it may be another record.
     if (fields.clickedRow > 0 && fields.clickedRow < static_cast<long>(shownRows.size()))
         view.selectRow(fields.clickedRow);
 }
@@ -287,16 +281,16 @@ void Pending::colourRows()
     enable(Command::Process, colours.processEnabled);
 }
 
-/// Kept: the count is that of the highest index, one short.
+/// Kept: the logged count is one too low.
 void Pending::traceList(long listed)
 {
     const std::string rule(46, '=');
     app.values.ManagerLogBuffer = {rule,
                                    "-",
                                    "Current Credit Card File Loaded  ",
-                                   "  Tab Total   " + fields.tabTotal,
-                                   "  Tip Total   " + fields.tipTotal,
-                                   "  Grand Total " + fields.grandTotal,
+                                   "  Tab Total   " + fields.totals.tabs,
+                                   "  Tip Total   " + fields.totals.tips,
+                                   "  Grand Total " + fields.totals.grand,
                                    "-",
                                    "  Total List Count " + std::to_string(listed - 1),
                                    "-",
@@ -316,7 +310,7 @@ void Pending::sortBy(int option)
 void Pending::Sort_Rows(int column)
 {
     sortColumn = column;
-    Sort_List(shownRows, sortColumn);
+    reports::Sort_List(shownRows, sortColumn);
     showRows();
     app.yield();
     colourRows();
@@ -345,21 +339,21 @@ void Pending::print()
     trace("     ***  USER CLICKED PRINT  ***");
     if (!choosePaper())
         return;
-    printList(app, printer, shownRows, fields);
+    reports::printList(app, printer, shownRows, fields.file, fields.totals);
     printing::tellUnprinted(
         app.dialogs, printer,
         "Please see to the printer, or choose another one, and print it again.");
 }
 
-/// Nobody could read the list on a receipt roll: where the next job would go to one, the manager
-/// chooses. False for "Cancel".
+/// On a receipt roll the list could not be read: where the next job would go to one, the manager
+/// chooses another printer. False for "Cancel".
 bool Pending::choosePaper()
 {
-    if (!isRoll(app.printers, printer.selectedName()))
+    if (!reports::isRoll(app.printers, printer.selectedName()))
         return true;
     const std::vector<std::string> names = app.printers.names();
     const auto page = std::find_if_not(names.begin(), names.end(), [this](const std::string &name) {
-        return isRoll(app.printers, name);
+        return reports::isRoll(app.printers, name);
     });
     const std::optional<std::string> chosen =
         view.choosePrinter(names, page == names.end() ? printer.selectedName() : *page);

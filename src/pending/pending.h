@@ -1,5 +1,5 @@
 // Pending: the procedures of the manager's list of "CCPending.dat", and the bulk commands that
-// empty it. It knows no window: it works on App, on the pen and on the narrow view of its screen.
+// empty it. It knows no window: it works on App, on the printer and on a narrow view of its screen.
 #pragma once
 
 #include "details/entry_details.h"
@@ -10,6 +10,7 @@
 #include "platform/clock.h"
 #include "printing/printer.h"
 #include "records/app.h"
+#include "reports/walk_progress.h"
 
 #include <functional>
 #include <optional>
@@ -18,7 +19,7 @@
 
 namespace pending {
 
-/// Where the screen's commands lead to. A command without its way is greyed out.
+/// What the commands for other screens open. A command without one is greyed out.
 struct PendingRoutes {
     std::function<void()> archive;
     std::function<void()> totalsByServer;
@@ -26,20 +27,20 @@ struct PendingRoutes {
     std::function<void()> totalsByType;
 };
 
-/// While a load, a walk through the file or a question is under way, another command is ignored,
-/// also one of an open entry. What rewrites the file closes that entry first. A file is never
-/// locked while events run.
+/// During a load, a walk through the file or a question, other commands are ignored, those of an
+/// open entry too. A command that rewrites the file closes that entry first. No file is locked
+/// while events run.
 class Pending {
 public:
     Pending(records::App &theApp, printing::Printer &thePrinter, PendingView &theView,
             PendingRoutes theRoutes = {});
 
-    /// The load of the screen; it also sets the batch marker "ServerISBatching.dat", without which
-    /// stations go on taking tenders. Nothing at all in the card role.
+    /// The load of the screen. Also sets the batch marker "ServerISBatching.dat", so that stations
+    /// take no tenders meanwhile. Does nothing in the card role.
     void Form_Load();
-    /// An entry was saved: the list is loaded again, at once or behind the load that is under way.
+    /// An entry was saved: the list is loaded again, at once or after the command that is running.
     void entrySaved();
-    /// What the entry that the list has opened needs of it; they refer to this list.
+    /// What an entry opened from the list calls; they refer to this list.
     details::EntryCallbacks entryCallbacks();
 
     void leave();                      // "Done", and the window's cross
@@ -51,22 +52,22 @@ public:
     void showTotalsByServer();         // "Totals by Servers"
     void showTotalsByTerminal();       // "Totals by Terminal"
     void forceAllNoTip();              // "Force ALL NO TIP"
-    void hintForceAllNoTip(bool over); // moved onto it, or off
+    void hintForceAllNoTip(bool over); // the mouse is on the command, or has left it
     void showTotalsByType();           // "Totals by CC Type"
     void markDayCompleted();           // "Mark Completed"
     void deleteDeclines();             // "DELETE RED'S"
     void markAllCompleted();           // "Mark all completed"
-    void markAllCompletedByPicture();  // the picture in the corner: the same, a shorter question
+    void markAllCompletedByPicture();  // the picture in the corner, with a shorter question
     void sortBy(int option);           // 0 to 6
     void openRow(long index);          // a row, from 0
-    // Typing a receipt number; also while a command works, but then Enter does nothing.
+    // Typing a receipt number. Works during a command too, but Enter does nothing then.
     void typeReceipt(const std::string &text);
     void backspaceReceipt();
     void enterReceipt(long current); // the chosen row, from 0; -1: none
     void dropReceipt();              // Escape, an arrow, a finger
 
     const PendingFields &state() const { return fields; }
-    const ListRows &rows() const { return shownRows; }
+    const reports::ListRows &rows() const { return shownRows; }
     /// cardTypes: "card type|tab|tip|total" for each listed record, in the order of the slots.
     const std::vector<std::string> &types() const { return cardTypes; }
 
@@ -84,9 +85,9 @@ private:
     void loadList();
     void clearList();
     void showRows();
-    void readList(ListBuilder &fresh, const std::function<void()> &atEachRecord);
+    void readList(ListBuilder &fresh);
     std::vector<records::CardRecord> readRecords();
-    void takeTotals(long listed, records::Money tabs, records::Money tips);
+    void takeTotals(const reports::Totals &totals);
     void takeRows(ListBuilder &fresh);
     void colourRows();
     void traceList(long listed);
@@ -102,10 +103,10 @@ private:
 
     // leaving.cpp
     void runFinish();
+    std::function<void(long)> slotsShown();
     void tellNotFinished(const std::string &reason);
     void endOfRewrite();
     void exitExpired();
-    std::string markerFile() const;
 
     // bulk_commands.cpp
     void forceAllCompleted(const std::string &question);
@@ -118,17 +119,17 @@ private:
     PendingView &view;
     PendingRoutes routes;
     PendingFields fields;
-    ListRows shownRows;                 // MList1
+    reports::ListRows shownRows;        // MList1
     std::vector<std::string> cardTypes; // MList2
     ListState colours;
-    std::optional<RunningTotals> saved; // the file behind the last save of a bulk command
+    std::optional<RunningTotals> saved; // the file after the last save of a bulk command
     int sortColumn = 0;
     TypedReceipt receipt;
     std::string leaving;                          // "EXIT", "Expired", "Operation is completed"
     platform::Timer exitTimer;                    // Timer3: the longest that "Done" waits
-    platform::Timer connectionTimer;              // looks whether the test has an answer
+    platform::Timer connectionTimer;              // asks whether the test has an answer
     std::optional<std::uint64_t> connectionBegun; // when it was begun, ms
-    std::uint64_t paintedAt = 0;
+    reports::WalkProgress progress;
     bool working = false;
     bool loadAgain = false; // an entry was saved during a load
 };

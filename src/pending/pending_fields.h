@@ -3,6 +3,7 @@
 #pragma once
 
 #include "records/per_name.h"
+#include "reports/card_list.h"
 
 #include <string>
 
@@ -39,14 +40,12 @@ struct CommandState {
 };
 
 struct PendingFields {
-    std::string tabTotal;   // Label5[0], as currency
-    std::string tipTotal;   // Label5[1]
-    std::string grandTotal; // Label5[2]
+    reports::TotalTexts totals; // Label5
 
     std::string recordRead; // Label19 and Label4: its slot, while the file is walked through
     std::string file;       // Label6, its path
     int toAdjust = 0;       // Label7; above 0: rows still need a tip
-    long notAdjusted = 0;   // so many of them are white
+    long notAdjusted = 0;   // how many of them are white
     std::string fromDate;   // Label16: oldest date on the list
     std::string toDate;     // Label17: newest
     std::string swipes;     // Label18: rows, and " Swipes"
@@ -54,7 +53,7 @@ struct PendingFields {
     bool connected = false;
     long clickedRow = 0; // Label8: index of the row last clicked; 0 selects none
 
-    std::string receiptHint; // of a receipt number that is typed; it takes the place of the notice
+    std::string receiptHint; // while a receipt number is typed; shown in place of the notice
     std::string notice;      // SSPanel1[0]
     bool noticeVisible = false;
     bool batchQuestionVisible = false; // SSPanel2

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "pending/pending_fields.h"
-#include "pending/pending_list.h"
+#include "platform/view.h"
 
 #include <optional>
 #include <string>
@@ -10,28 +10,22 @@
 
 namespace pending {
 
-class PendingView {
+class PendingView : public virtual platform::View {
 public:
-    virtual ~PendingView() = default;
-    /// Brings the screen, but for the list itself, up to date with the fields.
+    /// Shows the fields; the rows are not among them.
     virtual void refresh(const PendingFields &fields) = 0;
-    /// Other rows, or another order: told before the rows of the last time go. `rows` stay where
-    /// they are until the next call.
-    virtual void showRows(const ListRows &rows) = 0;
-    /// The rows are the same, their colours may be others.
+    /// Other rows, or another order. `rows` stays valid until the next call.
+    virtual void showRows(const reports::ListRows &rows) = 0;
+    /// The same rows in the same order; colours may have changed.
     virtual void rowsColoured() = 0;
-    /// The row with this index is the selected one, and in sight.
+    /// Selects the row with this index and scrolls to it.
     virtual void selectRow(long index) = 0;
-    /// Paints at once what was refreshed, without letting other events run: the next step is a long
-    /// one, or a file is locked.
-    virtual void paintNow() = 0;
-    virtual void setBusyPointer(bool on) = 0;
-    /// Brings up `XchargeEntryDetals` for one record, opened from "PEND"; returns at once.
+    /// Shows one record in `XchargeEntryDetals`, opened from "PEND"; returns at once.
     virtual void showEntry(const std::string &file, long slot) = 0;
-    /// Closes it, if it is open, before the file is rewritten. False where it stays: its changes
-    /// are not saved, and shall not be lost.
+    /// Closes it before the file is rewritten. False where it stays open, because the manager does
+    /// not want to lose changes that are not saved.
     virtual bool closeEntry() = 0;
-    /// The print dialog: the chosen one of `names`, `proposed` at first; nothing for "Cancel".
+    /// The print dialog, with `proposed` of `names` selected; nothing for "Cancel".
     virtual std::optional<std::string> choosePrinter(const std::vector<std::string> &names,
                                                      const std::string &proposed) = 0;
 };

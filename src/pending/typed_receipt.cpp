@@ -22,11 +22,11 @@ bool beginsSo(std::string_view shown, std::string_view number)
            (!value.empty() && value == number && withoutZeros(shown).starts_with(value));
 }
 
-template <class Fits> ReceiptMatch matching(const ListRows &rows, bool whole, Fits fits)
+template <class Fits> ReceiptMatch matching(const reports::ListRows &rows, bool whole, Fits fits)
 {
     ReceiptMatch match{-1, 0, whole};
     for (std::size_t row = 0; row < rows.size(); ++row)
-        if (fits(columnOf(rows[row].text, 0)) && match.rows++ == 0)
+        if (fits(reports::columnOf(rows[row].text, 0)) && match.rows++ == 0)
             match.first = static_cast<long>(row);
     return match;
 }
@@ -44,7 +44,7 @@ std::string told(const ReceiptMatch &match, const std::string &number)
 
 } // namespace
 
-ReceiptMatch findReceipt(const ListRows &rows, std::string_view number)
+ReceiptMatch findReceipt(const reports::ListRows &rows, std::string_view number)
 {
     const std::string_view value = withoutZeros(number);
     const ReceiptMatch match = matching(
@@ -68,7 +68,7 @@ void TypedReceipt::type(std::string_view text)
 
 void TypedReceipt::backspace()
 {
-    if (typed.size() > kLongestReceipt) // what is kept of it is another number
+    if (typed.size() > kLongestReceipt) // the rest would be another number
         return clear();
     said.clear();
     chosen = -1;
@@ -81,7 +81,7 @@ void TypedReceipt::clear()
     *this = {};
 }
 
-TypedReceipt::Entered TypedReceipt::enter(const ListRows &rows, long current)
+TypedReceipt::Entered TypedReceipt::enter(const reports::ListRows &rows, long current)
 {
     if (typed.empty() || (chosen >= 0 && chosen == current))
         return {current, current >= 0};
@@ -95,7 +95,7 @@ TypedReceipt::Entered TypedReceipt::enter(const ListRows &rows, long current)
     return {chosen, false};
 }
 
-/// What is too long for a receipt may be a card that was swiped: nobody shall read its number.
+/// What is too long for a receipt may be a swiped card: its number must not be shown.
 std::string TypedReceipt::hint() const
 {
     if (typed.size() > kLongestReceipt)

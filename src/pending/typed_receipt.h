@@ -18,18 +18,18 @@ struct ReceiptMatch {
 /// The rows with this number, compared by value: "42" and "0042" are the row "042". Where there is
 /// none, those whose number begins so, as it is shown or without its zeros: "04" begins "042", "4"
 /// also "420". A number with anything but digits in it is none of the list's.
-ReceiptMatch findReceipt(const ListRows &rows, std::string_view number);
+ReceiptMatch findReceipt(const reports::ListRows &rows, std::string_view number);
 
-/// What is typed, up to the Enter behind it. It does not end by itself: a digit that is dropped
-/// makes another number of the rest.
+/// What is typed, up to the next Enter. It has no time limit: a number that lost its first digits
+/// would be another one.
 class TypedReceipt {
 public:
-    /// Behind an Enter the next character begins another number.
+    /// After an Enter the next character begins a new number.
     void type(std::string_view text);
-    /// Takes the last character back, also behind an Enter that opened nothing.
+    /// Takes the last character back, also after an Enter that opened nothing.
     void backspace();
     void clear();
-    /// Other rows, or in another order: the one that was chosen may be anywhere.
+    /// Other rows, or another order: the chosen row is not at its place any more.
     void rowsMoved() { chosen = -1; }
 
     struct Entered {
@@ -39,7 +39,7 @@ public:
     /// Enter, while row `current` is the chosen one (-1: none is). Without a number that row opens;
     /// with one its only entry does. Of several, or of those that only begin so, the first is
     /// chosen, and opens with a second Enter.
-    Entered enter(const ListRows &rows, long current);
+    Entered enter(const reports::ListRows &rows, long current);
 
     /// What the screen says meanwhile; empty when nothing is typed.
     std::string hint() const;

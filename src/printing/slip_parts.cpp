@@ -1,5 +1,7 @@
 #include "printing/slip_parts.h"
 
+#include "records/flag_files.h"
+
 namespace printing {
 
 using records::App;
@@ -169,7 +171,7 @@ void closeOrCut(const App &app, Printer &printer)
 
 bool customerCopySuppressed(const App &app, const SlipContext &context)
 {
-    return context.noCustomerCopy || app.files.exists(app.values.Maindir + "CCnoPrint.dat") ||
+    return context.noCustomerCopy || app.files.exists(records::noReceiptFlag(app.values)) ||
            records::startsWith(context.requestText, "DelPrePay");
 }
 

@@ -1,4 +1,5 @@
 #include "records/card_files.h"
+#include "records/status_words.h"
 
 #include "records/card_rewrite.h"
 #include "records/trace.h"
@@ -74,7 +75,7 @@ bool makeIfMissing(App &app, const std::string &file)
 
 bool isSettled(const CardRecord &record)
 {
-    return startsWith(record.text(CCAdjStatus), "Com");
+    return beginsCompleted(record.text(CCAdjStatus));
 }
 
 StoredRecord appendAndClose(SlotFile &slots, const CardRecord &record)

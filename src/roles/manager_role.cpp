@@ -6,8 +6,6 @@
 #include "printing/printer.h"
 #include "records/app.h"
 
-#include <QScreen>
-
 #include <memory>
 #include <utility>
 
@@ -22,7 +20,7 @@ public:
     explicit ManagerRole(platform::Services &services)
         : app(services), printer(services.printers), start(app, {[this] { openList(); }})
     {
-        open(start);
+        start.openWhole();
     }
     ~ManagerRole()
     {
@@ -34,19 +32,13 @@ public:
     ManagerRole &operator=(const ManagerRole &) = delete;
 
 private:
-    static void open(Screen &screen)
-    {
-        screen.setGeometry(screen.screen()->availableGeometry());
-        screen.showMaximized();
-    }
-
     void openList()
     {
         list.reset(new pending::XchargePend(
             app, printer,
             {[this](const std::string &file, long slot) { openEntry(file, slot); },
              [this] { return !entry || entry->closeForRewrite(); }}));
-        open(*list);
+        list->openWhole();
         list->fillList();
         start.hide();
     }

@@ -4,8 +4,6 @@
 #include "records/app.h"
 #include "tender/Xcharge1.h"
 
-#include <QScreen>
-
 namespace roles {
 
 namespace {
@@ -26,8 +24,7 @@ struct TenderRole {
 std::shared_ptr<void> openTender(Program &program)
 {
     auto role = std::make_shared<TenderRole>(program.services());
-    role->screen.setGeometry(role->screen.screen()->availableGeometry());
-    role->screen.showMaximized();
+    role->screen.openWhole();
     return role;
 }
 

@@ -247,11 +247,6 @@ void Xcharge1::showOptions(const TenderFields &fields)
     putValue(*ui->Label14, fields.cutBetweenCopies);
 }
 
-void Xcharge1::paintNow()
-{
-    Screen::paintNow();
-}
-
 void Xcharge1::focus(TenderBox box)
 {
     refresh(tender.state()); // a command takes the keyboard only once it is enabled
@@ -263,16 +258,6 @@ void Xcharge1::focus(TenderBox box)
     case TenderBox::Cancel: ui->SSCommand1->setFocus(); break;
     case TenderBox::KeepWaiting: ui->SSCommand9->setFocus(); break;
     }
-}
-
-void Xcharge1::setTopMost(bool on)
-{
-    SetTopMostWindow(on);
-}
-
-void Xcharge1::hideScreen()
-{
-    hide();
 }
 
 void Xcharge1::showServerBusy()

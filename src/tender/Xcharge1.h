@@ -40,10 +40,7 @@ private:
 
     // TenderView
     void refresh(const TenderFields &fields) override;
-    void paintNow() override;
     void focus(TenderBox box) override;
-    void setTopMost(bool on) override;
-    void hideScreen() override;
     void showServerBusy() override;
     std::optional<TypedCard> askCard() override;
     void askManager(const std::string &what, const std::string &amount) override;

@@ -180,9 +180,9 @@ void CardCapture::enterManually()
         return;
     settleTimer.setInterval(0); // of a swipe that nobody waits for any more
     fields.cardTaken = true;
-    display.view.setTopMost(false);
+    display.view.SetTopMostWindow(false);
     const std::optional<TypedCard> card = display.view.askCard();
-    display.view.setTopMost(true);
+    display.view.SetTopMostWindow(true);
     fields.cardTaken = false;
     if (app.ending())
         return;

@@ -1,3 +1,4 @@
+#include "records/flag_files.h"
 #include "records/trace.h"
 #include "tender/command_line.h"
 #include "tender/last_look.h"
@@ -132,7 +133,7 @@ void Tender::setNoReceipt(bool checked)
 {
     // Inside a wait: a box that cannot be remembered must not end a card that is being charged.
     const platform::ErrorsIgnored ignored(app.run);
-    const std::string path = app.values.Maindir + "CCnoPrint.dat";
+    const std::string path = noReceiptFlag(app.values);
     fields.noReceipt = checked;
     if (checked)
         app.files.createIfMissing(path);

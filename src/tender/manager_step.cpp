@@ -13,11 +13,11 @@ std::string ManagerStep::ask(const std::string &what)
     values.managerRequest = "XchargeAPPROVAL";
     values.managerCheckMode = "100";
     isAsking = true;
-    display.view.setTopMost(false);
+    display.view.SetTopMostWindow(false);
     display.view.askManager(what, records::Currency(display.fields.amount));
     while (values.managerResult.empty() && !app.ending())
         app.yield();
-    display.view.setTopMost(true);
+    display.view.SetTopMostWindow(true);
     isAsking = false;
     values.managerCheckMode.clear();
     display.view.focus(TenderBox::FirstTrack);

@@ -1,6 +1,7 @@
 #include "tender/set_data.h"
 
 #include "records/card_helpers.h"
+#include "records/flag_files.h"
 
 namespace tender {
 
@@ -9,7 +10,7 @@ using namespace records;
 void Set_Data(App &app, const TenderFields &fields)
 {
     // Kept: a tender that is past its own look at the marker takes the manager's marker away.
-    app.files.removeIfThere(app.values.Remotedir + "ServerISBatching.dat");
+    app.files.removeIfThere(batchMarker(app.values));
 
     CardRecord &CCdata = app.values.CCdata;
     const platform::DateTime now = app.clock.now();

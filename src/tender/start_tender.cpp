@@ -1,6 +1,7 @@
 #include "printing/printer_choice.h"
 #include "records/card_helpers.h"
 #include "records/configuration.h"
+#include "records/flag_files.h"
 #include "records/kept_records.h"
 #include "records/left_overs.h"
 #include "records/lookups.h"
@@ -18,11 +19,6 @@ namespace {
 
 constexpr const char *kCutFlagFile = "c:\\Lumbrio\\data\\CCardCut.dat";
 constexpr std::uint32_t kStartDelay = 100; // ms; lets the operator see the screen first
-
-std::string batchMarker(const ProcessValues &values)
-{
-    return values.Remotedir + "ServerISBatching.dat";
-}
 
 bool isTenderRole(const App &app)
 {
@@ -47,7 +43,7 @@ bool findDirectories(App &app)
 
 void readModeFlag(App &app, TenderFields &fields)
 {
-    app.values.X1009 = app.files.exists(app.values.Maindir + "X1009Version.dat");
+    app.values.X1009 = app.files.exists(commandLineFlag(app.values));
     fields.X1009 = app.values.X1009;
     fields.commandLineMode = app.values.X1009 ? "True" : "False";
 }
@@ -167,7 +163,7 @@ void showFlags(App &app, TenderFields &fields)
         fields.viewCaption = "View";
         fields.view = {!app.values.X1009, !app.values.X1009};
     }
-    fields.noReceipt = app.files.exists(app.values.Maindir + "CCnoPrint.dat");
+    fields.noReceipt = app.files.exists(noReceiptFlag(app.values));
     fields.noReceiptEnabled = true;
 }
 
@@ -199,7 +195,7 @@ void Tender::Form_Load()
 {
     fields.versionToolTip = "INTERNAL VERSION (MOST RECENT) IS " +
                             Format(app.values.config.text(kOwnerCode), "########.##");
-    display.view.setTopMost(true);
+    display.view.SetTopMostWindow(true);
     const platform::ErrorsIgnored ignored(app.run);
     fields.cutBetweenCopies = app.files.exists(kCutFlagFile) ? "YES" : "NO";
     Get_AsstMgr(app);
@@ -315,7 +311,7 @@ bool Tender::serverIsBatching()
 {
     if (!app.files.exists(batchMarker(app.values)))
         return false;
-    display.view.hideScreen();
+    display.view.hide();
     display.view.showServerBusy();
     return true;
 }

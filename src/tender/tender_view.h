@@ -1,6 +1,7 @@
 // TenderView: the narrow view that the tender's procedures have of their screen.
 #pragma once
 
+#include "platform/view.h"
 #include "tender/manual_entry.h"
 #include "tender/tender_fields.h"
 
@@ -11,17 +12,12 @@ namespace tender {
 
 enum class TenderBox { FirstTrack, SecondTrack, Cancel, KeepWaiting };
 
-class TenderView {
+class TenderView : public virtual platform::View {
 public:
-    virtual ~TenderView() = default;
     /// Brings the screen up to date with the fields; called on every pass of a wait, so it costs
     /// next to nothing when nothing changed.
     virtual void refresh(const TenderFields &fields) = 0;
-    /// Paints what was refreshed before control goes on.
-    virtual void paintNow() = 0;
     virtual void focus(TenderBox box) = 0;
-    virtual void setTopMost(bool on) = 0;
-    virtual void hideScreen() = 0;
     /// Shows the modal screen `xcharge3` ("File Server Busy"); returns when it was left.
     virtual void showServerBusy() = 0;
     /// Shows the modal screen `Xcharge2`; nothing when it was left by "Cancel".

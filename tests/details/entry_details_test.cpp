@@ -36,7 +36,7 @@ const std::string kEmpty(kCardSlotLength, '\0');
 
 /// A manager who presses commands by their names, types what is to be typed, and writes down all
 /// that happens.
-struct Story : details::EntryView {
+struct Story : details::EntryView, platform::WindowlessView {
     /// The file of `source` has three slots: another record, the one of the row, and one that was
     /// never filled. "no files": there are none.
     explicit Story(const std::string &sale, const std::string &theSource = "PEND")

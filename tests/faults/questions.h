@@ -19,7 +19,7 @@ struct Drives : std::map<std::string, std::string> {
             if (!names.insert(name).second)
                 twins += name + " ";
             if (entry.is_regular_file())
-                emplace(name, support::contentOf(entry.path()));
+                emplace(name, support::contentOf(entry.path().string()));
         }
     }
     std::string at(const std::string &path) const

@@ -7,6 +7,10 @@
 #include "pending/pending_story.h"
 #include "records/text.h"
 #include "support/tender_story.h"
+#include "support/test_files.h"
+
+#include <algorithm>
+#include <filesystem>
 
 namespace faults {
 
@@ -161,7 +165,7 @@ private:
 };
 
 /// A command of the manager's list, behind its load.
-class ManagerScene : public Scene, manager::ManagerStartView {
+class ManagerScene : public Scene, manager::ManagerStartView, platform::WindowlessView {
 public:
     explicit ManagerScene(std::string theCommand) : command(std::move(theCommand))
     {
@@ -223,7 +227,6 @@ private:
                 details::pressEntry(night.entry, each);
     }
     void refresh(const manager::ManagerStartFields &) override {}
-    void paintNow() override {}
 
     std::string command;
     pending::Story night;

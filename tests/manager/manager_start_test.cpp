@@ -5,6 +5,9 @@
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
+#include <chrono>
+#include <filesystem>
+#include <regex>
 #include <set>
 
 namespace {
@@ -13,7 +16,7 @@ using namespace manager;
 
 constexpr platform::DateTime kSeptember{2025, 9, 30, 23, 0, 0, 0};
 
-struct Night : ManagerStartView {
+struct Night : ManagerStartView, platform::WindowlessView {
     /// With `share`, another process on its drives.
     explicit Night(const support::TestStation *share = nullptr)
         : station(support::VirtualTime::kDefaultStart, share)
@@ -85,7 +88,6 @@ struct Night : ManagerStartView {
         happened += now == shown ? "" : now + "\n";
         shown = now;
     }
-    void paintNow() override {}
 
     std::string happened;
     support::TestStation station;

@@ -3,6 +3,9 @@
 #include "pending/pending_story.h"
 #include "support/golden_table.h"
 
+#include <filesystem>
+#include <regex>
+
 namespace pending {
 
 using namespace records;
@@ -109,15 +112,15 @@ std::string Story::show(const std::string &what) const
     std::string hidden;
     if (what == "totals")
         for (const std::string &part :
-             {f.tabTotal, f.tipTotal, f.grandTotal, f.file, std::to_string(f.toAdjust), f.fromDate,
-              f.toDate, f.swipes, f.recordRead, f.connection})
+             {f.totals.tabs, f.totals.tips, f.totals.grand, f.file, std::to_string(f.toAdjust),
+              f.fromDate, f.toDate, f.swipes, f.recordRead, f.connection})
             text += (text.empty() ? "" : " | ") + part;
     if (what == "rows")
-        for (const ListRow &row : list.rows())
+        for (const reports::ListRow &row : list.rows())
             text += std::to_string(row.slot) + " " +
                     kColours[static_cast<std::size_t>(row.colour)] + " " + row.text + "\n";
     if (what == "colours") {
-        for (const ListRow &row : list.rows())
+        for (const reports::ListRow &row : list.rows())
             text += kColours[static_cast<std::size_t>(row.colour)] + std::string(" ");
         text += "Label7 " + std::to_string(f.toAdjust) +
                 (f.commands[Command::Process].enabled ? ", Process" : "") +

@@ -13,7 +13,7 @@ namespace pending {
 using support::recordOf;
 using support::slotOf;
 
-struct Story : PendingView, details::EntryView {
+struct Story : PendingView, details::EntryView, platform::WindowlessView {
     /// With `earlier`, another process on its drives. A grey story has none of the later screens.
     explicit Story(const Story *earlier = nullptr, bool grey = false)
         : station(support::VirtualTime::kDefaultStart,
@@ -52,7 +52,7 @@ struct Story : PendingView, details::EntryView {
     std::string slots() const
     {
         std::string text;
-        for (const ListRow &row : list.rows())
+        for (const reports::ListRow &row : list.rows())
             text += " " + std::to_string(row.slot);
         return text;
     }
@@ -63,11 +63,10 @@ struct Story : PendingView, details::EntryView {
             happened += "panel: " + fields.notice + "\n";
         panel = fields.noticeVisible ? fields.notice : "";
     }
-    void showRows(const ListRows &) override {}
+    void showRows(const reports::ListRows &) override {}
     void rowsColoured() override {}
     void selectRow(long row) override { happened += "selected " + std::to_string(row) + "\n"; }
     void paintNow() override { ++paints; }
-    void setBusyPointer(bool) override {}
     void showEntry(const std::string &file, long slot) override
     {
         happened += "entry " + file + " " + std::to_string(slot) + "\n";

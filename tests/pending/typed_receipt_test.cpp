@@ -11,7 +11,7 @@ using namespace pending;
 /// the rows. Gives what opened (> and the index of the row) or was chosen, and the last hint.
 std::string typedAt(const std::vector<const char *> &receipts, const std::string &keys)
 {
-    ListRows rows;
+    reports::ListRows rows;
     for (const char *receipt : receipts)
         rows.push_back({std::string(receipt) + "|12|40.00"});
     TypedReceipt receipt;

@@ -2,6 +2,10 @@
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+
 namespace {
 
 namespace fs = std::filesystem;

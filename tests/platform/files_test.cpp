@@ -2,6 +2,8 @@
 #include "support/test_files.h"
 #include "support/test_station.h"
 
+#include <regex>
+
 namespace {
 
 using namespace platform;

@@ -7,6 +7,8 @@
 #include "support/test_files.h"
 #include "support/test_station.h"
 
+#include <deque>
+#include <filesystem>
 #include <regex>
 #include <set>
 
@@ -67,7 +69,7 @@ std::map<std::string, std::string> filesIn(const std::string &folder)
 {
     std::map<std::string, std::string> found;
     for (const auto &entry : std::filesystem::directory_iterator(folder))
-        found[entry.path().filename().string()] = support::contentOf(entry.path());
+        found[entry.path().filename().string()] = support::contentOf(entry.path().string());
     return found;
 }
 

@@ -9,6 +9,7 @@
 #include <arpa/inet.h>
 #include <sys/stat.h>
 
+#include <filesystem>
 #include <thread>
 
 namespace {

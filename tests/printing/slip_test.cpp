@@ -7,6 +7,7 @@
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
+#include <filesystem>
 #include <sstream>
 
 namespace {
@@ -149,7 +150,7 @@ TEST(Slips, AreThoseOfTheirGoldenFiles)
 void expectOutlines(const std::string &table, const std::vector<std::string> &scripts)
 {
     const auto lines = [](const std::string &verbs) {
-        return std::regex_replace(verbs, std::regex("; "), "\n");
+        return support::replaced(verbs, "; ", "\n");
     };
     support::expectTable(table, [&](const std::string &verbs) {
         Payment payment;

@@ -9,6 +9,8 @@
 #include "support/golden_table.h"
 #include "support/test_station.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <set>
 
 using namespace simulator;
@@ -85,7 +87,7 @@ struct Restaurant {
         const fs::recursive_directory_iterator all(root + below);
         return std::count_if(begin(all), end(all), [&](const fs::directory_entry &entry) {
             return entry.is_regular_file() && entry.path().string().ends_with(ending) &&
-                   contentOf(entry.path()).find(text) != std::string::npos;
+                   contentOf(entry.path().string()).find(text) != std::string::npos;
         });
     }
 

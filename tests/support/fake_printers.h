@@ -3,7 +3,6 @@
 
 #include "platform/printers.h"
 
-#include <algorithm>
 #include <deque>
 #include <map>
 
@@ -23,31 +22,14 @@ public:
     std::deque<platform::Outcome> failures; // of the next jobs; Done prints one
 
     std::vector<std::string> names() override { return installed; }
-    std::string defaultName() override
-    {
-        return has(preferred) ? preferred : installed.empty() ? "" : installed.front();
-    }
+    std::string defaultName() override;
     int paperWidth(const std::string &name) override { return has(name) ? widths[name] : 0; }
-    platform::Outcome submit(const std::string &printerName, const platform::PrintJob &job) override
-    {
-        if (!has(printerName))
-            return platform::Outcome::NotThere;
-        if (!failures.empty()) {
-            const platform::Outcome outcome = failures.front();
-            failures.pop_front();
-            if (!done(outcome))
-                return outcome;
-        }
-        collected.push_back({printerName, job});
-        return platform::Outcome::Done;
-    }
+    platform::Outcome submit(const std::string &printerName,
+                             const platform::PrintJob &job) override;
     void warmUp(const platform::PrintFont &) override {}
 
 private:
-    bool has(const std::string &name) const
-    {
-        return std::find(installed.begin(), installed.end(), name) != installed.end();
-    }
+    bool has(const std::string &name) const;
 };
 
 } // namespace support

@@ -11,7 +11,7 @@
 namespace support {
 
 /// The view of a tender whose window is a list of what was asked of it.
-class FakeTenderView : public tender::TenderView {
+class FakeTenderView : public tender::TenderView, public platform::WindowlessView {
 public:
     void refresh(const tender::TenderFields &fields) override
     {
@@ -20,10 +20,8 @@ public:
         if (onRefresh)
             onRefresh(fields);
     }
-    void paintNow() override {}
     void focus(tender::TenderBox) override {}
-    void setTopMost(bool) override {}
-    void hideScreen() override { hidden = true; }
+    void hide() override { hidden = true; }
     void showServerBusy() override
     {
         if (onBusy)

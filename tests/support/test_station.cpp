@@ -2,6 +2,8 @@
 
 #include "support/test_files.h"
 
+#include <filesystem>
+#include <fstream>
 #include <random>
 
 namespace support {
@@ -16,6 +18,11 @@ TemporaryFolder::TemporaryFolder()
     while (!fs::create_directory(folder));
 }
 
+TemporaryFolder::~TemporaryFolder()
+{
+    fs::remove_all(folder);
+}
+
 TestStation::TestStation(const platform::DateTime &start, const TestStation *other)
     : ownDrives(other == nullptr ? std::make_unique<TemporaryFolder>() : nullptr), time(start),
       drives(*realDisk, other == nullptr ? ownDrives->path() : other->drives.root(),
@@ -28,10 +35,14 @@ TestStation::TestStation(const platform::DateTime &start, const TestStation *oth
     folder("c:\\Program Files\\X-charge");
 }
 
+TestStation::TestStation(const TestStation *other) : TestStation(other->time.now(), other) {}
+TestStation::~TestStation() = default;
+
 void TestStation::put(const std::string &path, const std::string &bytes)
 {
-    create_directories(realPath(path).parent_path());
-    std::ofstream file(realPath(path), std::ios::binary | std::ios::trunc);
+    const fs::path real = drives.resolve(path);
+    fs::create_directories(real.parent_path());
+    std::ofstream file(real, std::ios::binary | std::ios::trunc);
     file << bytes << std::flush;
     ASSERT_TRUE(file.good()) << "cannot write " << path;
 }
@@ -39,7 +50,22 @@ void TestStation::put(const std::string &path, const std::string &bytes)
 std::string TestStation::get(const std::string &path) const
 {
     EXPECT_TRUE(has(path)) << "there is no " << path;
-    return contentOf(realPath(path));
+    return contentOf(drives.resolve(path));
+}
+
+bool TestStation::has(const std::string &path) const
+{
+    return fs::is_regular_file(drives.resolve(path));
+}
+
+void TestStation::folder(const std::string &path)
+{
+    fs::create_directories(drives.resolve(path));
+}
+
+bool TestStation::erase(const std::string &path)
+{
+    return fs::remove_all(drives.resolve(path)) > 0;
 }
 
 void TestStation::advance(std::uint64_t milliseconds)

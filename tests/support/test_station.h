@@ -9,7 +9,7 @@
 #include "support/scripted_dialogs.h"
 #include "support/virtual_time.h"
 
-#include <filesystem>
+#include <gtest/gtest.h>
 
 namespace support {
 
@@ -17,7 +17,7 @@ namespace support {
 class TemporaryFolder {
 public:
     TemporaryFolder();
-    ~TemporaryFolder() { std::filesystem::remove_all(folder); }
+    ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder &) = delete;
     TemporaryFolder &operator=(const TemporaryFolder &) = delete;
 
@@ -32,7 +32,8 @@ public:
     explicit TestStation(const platform::DateTime &start = VirtualTime::kDefaultStart,
                          const TestStation *other = nullptr);
     /// Another process, or the same after a restart, on the drives of `other`, which must live on.
-    explicit TestStation(const TestStation *other) : TestStation(other->time.now(), other) {}
+    explicit TestStation(const TestStation *other);
+    ~TestStation();
 
     // Fixture verbs on contract paths. They go round Files and the faulty disk.
     /// Writes the file, and the folders to it.
@@ -41,11 +42,11 @@ public:
     std::string get(const std::string &path) const;
     /// Nothing for a missing file.
     std::string getIfThere(const std::string &path) const { return has(path) ? get(path) : ""; }
-    bool has(const std::string &path) const { return is_regular_file(realPath(path)); }
+    bool has(const std::string &path) const;
     /// Makes the folder, and those to it.
-    void folder(const std::string &path) { create_directories(realPath(path)); }
+    void folder(const std::string &path);
     /// Removes the file or the whole folder; false when there was none.
-    bool erase(const std::string &path) { return remove_all(realPath(path)) > 0; }
+    bool erase(const std::string &path);
 
     /// Lets time pass as a wait of the program does.
     void advance(std::uint64_t milliseconds);
@@ -53,8 +54,6 @@ public:
     static constexpr const char *kXcharge = "c:\\Program Files\\X-charge\\Xcharge.exe";
 
 private:
-    std::filesystem::path realPath(const std::string &path) const { return drives.resolve(path); }
-
     std::unique_ptr<TemporaryFolder> ownDrives; // none on the drives of another
     std::unique_ptr<platform::Disk> realDisk = platform::systemDisk();
 

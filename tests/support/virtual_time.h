@@ -1,15 +1,11 @@
 // VirtualTime: clock and event loop of the tests. An hour of waiting passes in milliseconds, and
-// what the other side does happens at the moments the test has written down.
+// what the other side does happens at the moments that the test gives.
 #pragma once
 
 #include "platform/clock.h"
 #include "platform/run.h"
 
-#include <algorithm>
-#include <chrono>
-#include <cstdlib>
 #include <map>
-#include <utility>
 
 namespace support {
 
@@ -20,21 +16,7 @@ public:
 
     explicit VirtualTime(const platform::DateTime &start = kDefaultStart) { setNow(start); }
 
-    platform::DateTime now() const override
-    {
-        const auto moment = calendarStart + std::chrono::milliseconds(elapsed);
-        const auto day = std::chrono::floor<std::chrono::days>(moment);
-        const std::chrono::year_month_day date(day);
-        const auto month = static_cast<unsigned>(date.month());
-        const auto ofDay = static_cast<int>((moment - day).count());
-        return {static_cast<int>(date.year()),
-                static_cast<int>(month),
-                static_cast<int>(static_cast<unsigned>(date.day())),
-                ofDay / 3'600'000,
-                ofDay / 60'000 % 60,
-                ofDay / 1000 % 60,
-                ofDay % 1000};
-    }
+    platform::DateTime now() const override;
     std::uint64_t milliseconds() const override { return elapsed; }
 
     /// Moves on by `maxStep` at most, never past the next scripted event or due timer; then runs
@@ -42,29 +24,11 @@ public:
     void turn() override { turnBy(maxStep); }
     /// A turn of 1 ms at most.
     void glance() override { turnBy(1); }
-    /// What the other side does happens; timers wait for the next turn.
-    void rest(std::uint32_t milliseconds) override
-    {
-        for (const std::uint64_t until = elapsed + milliseconds; elapsed < until;)
-            pass(until);
-    }
-    void turnBy(std::uint64_t step)
-    {
-        if (everyTurn)
-            everyTurn();
-        std::uint64_t next = elapsed + step;
-        if (const auto due = nextDue())
-            next = std::min(next, *due);
-        pass(next);
-        fireDueTimers();
-    }
-    /// Sets the calendar alone, as when somebody corrects the computer's clock; timers go on.
-    void setNow(const platform::DateTime &to)
-    {
-        const std::chrono::sys_days date = std::chrono::year(to.year) / to.month / to.day;
-        calendarStart = date + std::chrono::milliseconds(to.millisecondsOfDay()) -
-                        std::chrono::milliseconds(elapsed);
-    }
+    /// Scripted events happen; timers wait for the next turn.
+    void rest(std::uint32_t milliseconds) override;
+    void turnBy(std::uint64_t step);
+    /// Sets only the calendar, as when somebody corrects the computer's clock; timers go on.
+    void setNow(const platform::DateTime &to);
 
     /// Runs `event` when milliseconds() reaches `moment`; events of one moment in order of entry.
     void at(std::uint64_t moment, std::function<void()> event)
@@ -84,21 +48,9 @@ public:
     std::function<void()> everyTurn;
 
 private:
-    /// To `next`, or to the scripted events before it.
-    void pass(std::uint64_t next)
-    {
-        if (!events.empty())
-            next = std::min(next, events.begin()->first);
-        elapsed = std::max(elapsed, next);
-        if (elapsed > limit)
-            std::abort();
-        while (!events.empty() && events.begin()->first <= elapsed) {
-            const auto event = events.extract(events.begin()); // it may turn the loop itself
-            event.mapped()();
-        }
-    }
+    void pass(std::uint64_t next);
 
-    std::chrono::sys_time<std::chrono::milliseconds> calendarStart; // local, at elapsed 0
+    std::int64_t calendarStart = 0; // local, at elapsed 0; ms since 1970
     std::uint64_t elapsed = 0;
     std::multimap<std::uint64_t, std::function<void()>> events;
 };

@@ -45,7 +45,7 @@ TEST_F(ResultFile, IsReadCopiedAndTracedTheSameWithEveryLineEndAndNeverDeleted)
 {
     const std::string plain = support::testFile("golden/tender/plain_result.txt");
     for (const char *end : {"\n", "\r\n", "\r"}) {
-        const std::string content = std::regex_replace(plain, std::regex("\n"), end);
+        const std::string content = support::replaced(plain, "\n", end);
         for (const std::string &file : {content, content.substr(0, content.size() - 1)}) {
             station.put("C:\\Lumbrio\\CCLastProcess.dat", "");
             read(file);

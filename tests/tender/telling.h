@@ -5,6 +5,8 @@
 #include "support/tender_story.h"
 #include "support/test_files.h"
 
+#include <filesystem>
+
 namespace support {
 
 class Telling {
@@ -86,11 +88,13 @@ private:
         auto [name, words] = halves(line, line.find(' '));
         const auto verb = verbs.find(name);
         ASSERT_NE(verb, verbs.end()) << line;
-        for (const auto &[what, by] : {std::pair(R"(\\r)", std::string("\r")),
-                                       {R"(\\n)", "\n"},
-                                       {R"(\\0)", std::string(1, '\0')},
-                                       {R"((^|\|)\*)", "$1" + approvedResult()}})
-            words = std::regex_replace(words, std::regex(what), by);
+        for (const auto &[what, by] : {std::pair(R"(\r)", std::string("\r")),
+                                       {R"(\n)", "\n"},
+                                       {R"(\0)", std::string(1, '\0')},
+                                       {"|*", "|" + approvedResult()}})
+            words = replaced(words, what, by);
+        if (words.starts_with('*'))
+            words = approvedResult() + words.substr(1);
         const std::size_t bar = words.find('|');
         const auto [first, rest] = halves(words, bar == words.npos ? words.find(' ') : bar);
         verb->second({words, first, rest});

@@ -23,14 +23,6 @@ std::string spoolPath(const std::string &root, const SpoolPrinter &printer)
     return root + "/" + folder.toStdString();
 }
 
-bool prints(const PrintJob &job)
-{
-    return std::any_of(job.operations.begin(), job.operations.end(), [](const auto &operation) {
-        return operation.kind == PrintOperation::Kind::Line ||
-               operation.kind == PrintOperation::Kind::Picture;
-    });
-}
-
 /// The printer's own paper with its smallest margins; on a roll, paper as long as the job where
 /// the driver can. Gives the printable height in dots, 0 for such a roll.
 double choosePaper(QPrinter &printer, const QPrinterInfo &info, const PrintJob &job,
@@ -92,6 +84,14 @@ Outcome paintOn(const QPrinterInfo &info, const PrintJob &job, Banners &banners,
 }
 
 #ifndef Q_OS_WIN
+bool prints(const PrintJob &job)
+{
+    return std::any_of(job.operations.begin(), job.operations.end(), [](const auto &operation) {
+        return operation.kind == PrintOperation::Kind::Line ||
+               operation.kind == PrintOperation::Kind::Picture;
+    });
+}
+
 /// Bytes for the knife as a job of their own. Waits until the spooler has them, so that the next
 /// slip cannot overtake the cut; whatever goes wrong here is no failure of the slip before it.
 void sendRaw(const QString &printerName, const std::string &bytes)

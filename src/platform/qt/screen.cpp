@@ -139,6 +139,22 @@ void Screen::runModal()
     hideModal(*this);
 }
 
+void Screen::openWhole()
+{
+    setGeometry(screen()->availableGeometry());
+    showMaximized();
+    raise();
+    activateWindow();
+}
+
+void Screen::setBusyPointer(bool on)
+{
+    if (on)
+        setCursor(Qt::WaitCursor);
+    else
+        unsetCursor();
+}
+
 void Screen::unload()
 {
     gone = true;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/services.h"
+#include "platform/view.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -21,7 +22,7 @@ void applyTheme(QApplication &application);
 /// Sets a property that the theme chooses a look by ("card", "state").
 void putLook(QWidget &widget, const char *property, const char *look);
 
-class Screen : public QWidget {
+class Screen : public QWidget, public virtual View {
     Q_OBJECT
 
 public:
@@ -31,14 +32,16 @@ public:
     /// unloaded or the program ends; no other window takes input meanwhile. A screen on the stack
     /// of the caller is safe: its handlers have all returned when this does.
     void runModal();
-    /// Hides the screen for good. Its object lives on until the owner destroys it.
-    void unload();
+    /// Over the whole display, in front of all other windows, and with the keyboard.
+    void openWhole();
     bool unloaded() const { return gone; }
 
-    /// Keeps the screen above all other windows, or no longer; before it is shown or after.
-    void SetTopMostWindow(bool on);
-    /// Paints what has changed before the next long step, without letting other events run.
-    void paintNow();
+    // View. An unloaded screen's object lives on until the owner destroys it.
+    void paintNow() override;
+    void setBusyPointer(bool on) override;
+    void SetTopMostWindow(bool on) override;
+    void hide() override { QWidget::hide(); }
+    void unload() override;
 
     /// For owners of a screen that is not modal: std::unique_ptr<XchargePend, Screen::Later>
     /// destroys it at the next turn at which none of its handlers runs.

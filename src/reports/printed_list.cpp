@@ -1,9 +1,9 @@
-#include "pending/printed_list.h"
+#include "reports/printed_list.h"
 
 #include "printing/printer_choice.h"
 #include "records/card_files.h"
 
-namespace pending {
+namespace reports {
 
 using namespace records;
 
@@ -59,11 +59,11 @@ public:
         header();
     }
 
-    void totals(const PendingFields &fields)
+    void totals(const TotalTexts &totals)
     {
         printer.line("");
-        printer.line("Tab Total " + fields.tabTotal + "   Tip Total " + fields.tipTotal +
-                     "    Grand Total " + fields.grandTotal);
+        printer.line("Tab Total " + totals.tabs + "   Tip Total " + totals.tips +
+                     "    Grand Total " + totals.grand);
         printer.line(std::string(95, ' ') + "Last Page " + std::to_string(page));
     }
 
@@ -83,27 +83,27 @@ bool isRoll(platform::Printers &printers, const std::string &printerName)
     return width > 0 && width < kNarrowestPage;
 }
 
-void printList(App &app, printing::Printer &printer, const ListRows &rows,
-               const PendingFields &fields)
+void printList(App &app, printing::Printer &printer, const ListRows &rows, const std::string &file,
+               const TotalTexts &totals)
 {
     printer.beginSlip("list");
     printer.setLandscape(true);
     PrintedList list(app, printer);
     list.header();
-    if (app.files.exists(fields.file)) {
-        platform::SlotFile file(app.files, fields.file, kCardSlotLength);
-        file.open(platform::SlotUse::Read);
-        const long count = file.count();
+    if (app.files.exists(file)) {
+        platform::SlotFile slots(app.files, file, kCardSlotLength);
+        slots.open(platform::SlotUse::Read);
+        const long count = slots.count();
         for (const ListRow &row : rows) {
             CardRecord record;
-            if (row.slot >= 1 && row.slot <= count && done(file.read(row.slot, record.data())))
+            if (row.slot >= 1 && row.slot <= count && done(slots.read(row.slot, record.data())))
                 list.row(record);
         }
-        list.totals(fields);
+        list.totals(totals);
     }
     printer.closeJob();
     printer.setLandscape(false);
     printing::Set_Printer(app, printer);
 }
 
-} // namespace pending
+} // namespace reports
