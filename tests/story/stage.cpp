@@ -11,8 +11,6 @@ namespace {
 
 using platform::Outcome;
 
-constexpr const char *kThoughDisabled = ", though disabled";
-
 Outcome outcomeNamed(const std::string &name)
 {
     for (const Outcome outcome : {Outcome::NotThere, Outcome::Locked, Outcome::Leased,
@@ -207,6 +205,7 @@ void Stage::addWords()
     word("pass", [this](std::string time) { station.advance(takeTime(time)); });
     word("clock", [this](Words moment) { station.time.setNow(momentOf(moment)); });
     word("role", [this](Words name) { station.system.executable = name; });
+    word("in vain", [this](Words line) { act(line); });
     word("end", [this](Words) { station.run.end(); });
 }
 

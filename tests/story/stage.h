@@ -19,6 +19,8 @@ public:
     Stage(const Stage &) = delete;
     Stage &operator=(const Stage &) = delete;
 
+    static constexpr const char *kThoughDisabled = ", though disabled";
+
     /// Does the given lines, the script, and what they lead to.
     Told perform(const Lines &given, const Lines &script);
 

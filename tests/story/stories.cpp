@@ -60,18 +60,20 @@ public:
                 ADD_FAILURE() << name << ": " << complaint;
     }
     /// Plays each story without one of its lines, for all of them, and names those lines that
-    /// nothing notices; of the given lines those that no story of their file notices.
+    /// nothing notices, and those in vain that something does notice; of the given lines those that
+    /// no story of their file notices.
     void mutate()
     {
         const std::string only = setting("LUMBRIO_STORY");
         for (auto &[name, each] : all)
             for (std::size_t i = 0; i < each.story->script.size(); ++i)
-                if ((only.empty() || only == name) && !isNoticed(each, i))
-                    tellUnnoticed(*each.file, each.story->script[i]);
+                if ((only.empty() || only == name) && !isCheck(each.story->script[i]) &&
+                    isNoticed(each, i) == isInVain(each.story->script[i]))
+                    tellMutant(*each.file, each.story->script[i]);
         for (const StoryFile &file : files)
             for (std::size_t i = 0; i < file.given.size(); ++i)
                 if (only.empty() && !isGivenNoticed(file, i))
-                    tellUnnoticed(file, file.given[i]);
+                    tellMutant(file, file.given[i]);
     }
 
 private:
@@ -170,9 +172,19 @@ private:
                    textOf(shownAs(story, told, likeOf(story))) != textOf(now(story));
         });
     }
-    static void tellUnnoticed(const StoryFile &file, const ScriptLine &line)
+    /// Whoever deletes the line has to delete what it shows, or what it holds to be disabled.
+    static bool isCheck(const ScriptLine &line)
     {
-        ADD_FAILURE_AT(file.path.c_str(), line.number) << "nothing notices: " << line.text;
+        return !line.shown.empty() || line.text.ends_with(Stage::kThoughDisabled);
+    }
+    static bool isInVain(const ScriptLine &line)
+    {
+        return line.text.find("in vain: ") != std::string::npos;
+    }
+    static void tellMutant(const StoryFile &file, const ScriptLine &line)
+    {
+        ADD_FAILURE_AT(file.path.c_str(), line.number)
+            << (isInVain(line) ? "not in vain: " : "nothing notices: ") << line.text;
     }
 
     const MakeStage &makeStage;

@@ -232,8 +232,9 @@ put C:\Lumbrio\Xsend.req | "DelPrePay 12","1043","7","48.50"\r\n
 == TRACELOG.TXT
 *   CCdata.CCTable - DelPrePay 
 
+# Only the file on the share makes it a purchase.
 story approved gift card, like approved
-put C:\Lumbrio\Data\CCnoPREauth.dat |
+in vain: put C:\Lumbrio\Data\CCnoPREauth.dat |
 bank approves, BALANCE=12.00, ADDITIONALFUNDSREQUIRED=0.00, NAME=ROSA "ROSE" TEST
 == records
 * CCName ROSA "ROSE" TEST
@@ -264,7 +265,6 @@ bank approves, BALANCE=12.00, ADDITIONALFUNDSREQUIRED=0.00, NAME=ROSA "ROSE" TES
 # A purchase is a sale of its own: it is never batched, and stands in the month's file.
 story approved at once with a slip left open, like approved
 put F:\Lumbrio\Data\CCnoPREauth.dat |
-the system prefers Office Laser
 no cut
 == screen
 * kind Purchase
@@ -483,7 +483,7 @@ at 51.1 s: bank approves now
 story cancelled too late, like approved
 payment keeps silent
 at 20 s: bank approves now
-at 20 s: press Cancel
+at 20 s: in vain: press Cancel
 == slips
 * 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 20
 == CCLastProcess.dat

@@ -185,7 +185,7 @@ fail remove .ans
 story local cancelled too late, like local approved
 payment keeps silent
 at 20 s: bank approves now
-at 20 s: press Cancel
+at 20 s: in vain: press Cancel
 - == payment
 == slips
 * 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 18

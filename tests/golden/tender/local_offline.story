@@ -8,7 +8,6 @@ bank approves after 40 s
 at 23 s: look
   no answer, 0 records, 0 slips, offline panel
 at 23 s: press YES
-when the manager is asked: pass 10 s
 when the manager is asked: look
   no answer, 0 records, 0 slips, a manager's card is awaited
 when the manager is asked: approve Margaret Manager
@@ -86,7 +85,6 @@ story local offline refused, like local approved
 at 500 ms: swipe
 bank approves after 40 s
 at 23 s: press YES
-when the manager is asked: pass 10 s
 when the manager is asked: approve NO
 == asked
   Approve this card OFFLINE $48.50

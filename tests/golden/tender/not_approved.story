@@ -79,18 +79,18 @@ bank declines
 
 # The approval of the guest before must never stand for this one.
 story declined with an answer that cannot be made anew, like declined
-put C:\Lumbrio\Xsend.ans | "Approved"\r\n
-fail open .new
+in vain: put C:\Lumbrio\Xsend.ans | "Approved"\r\n
+in vain: fail open .new
 bank declines
 
 story declined with an answer that cannot be renamed, like declined
-put C:\Lumbrio\Xsend.ans | "Approved"\r\n
-fail rename Xsend.ans
+in vain: put C:\Lumbrio\Xsend.ans | "Approved"\r\n
+in vain: fail rename Xsend.ans
 bank declines
 
 story declined with an answer that cannot be written, like declined
 answer Ok
-put C:\Lumbrio\Xsend.ans | "Approved"\r\n
+in vain: put C:\Lumbrio\Xsend.ans | "Approved"\r\n
 fail rename Xsend.ans
 fail open Xsend.ans
 bank declines
@@ -109,7 +109,6 @@ bank declines
 
 story declined with approvals of earlier runs about, like declined
 put C:\Lumbrio\XAudit.DAT | 50.00
-put C:\lumbrio\xResultFile.txt | RESULT=SUCCESS\r\n
 bank declines
 answer Ok
 when an old program is ended: bank approves now
@@ -164,8 +163,11 @@ story cancelled in the wait, like approved
 put C:\Lumbrio\XAudit.DAT | 48.50
 payment keeps silent
 at 7 s: press Cancel, though disabled
-at 11.6 s: put F:\Lumbrio\ServerISBatching.dat |
+at 11.6 s: in vain: put F:\Lumbrio\ServerISBatching.dat |
 at 11.6 s: press Cancel
+at 11.6 s: look
+  "Declined"
+  "48.50    , 0 records, 0 slips
 - == slips
 - == TRACELOG.TXT
 == screen
@@ -342,7 +344,6 @@ answer Ok
 
 story request missing, like server busy
 erase C:\Lumbrio\Xsend.req
-put C:\Lumbrio\XAudit.DAT | 48.50
 answer Ok
 when a box is open: look
   "File Not Found"
@@ -374,7 +375,7 @@ answer Ok
 
 story server busy, like approved
 put F:\Lumbrio\ServerISBatching.dat |
-put C:\Lumbrio\Xsend.ans | old\r\n
+in vain: put C:\Lumbrio\Xsend.ans | old\r\n
 when the server is busy: press Picture
 when the server is busy: look
   no answer, 0 records, 0 slips, hidden
@@ -399,7 +400,6 @@ when the server is busy: end
 story helper of another role, like payment application missing
 role TndrMGR
 put C:\Lumbrio\Xsend.req | 12,1043,7,0\r\n
-put F:\Lumbrio\ServerISBatching.dat |
 - == boxes
 - == records
 == end

@@ -6,7 +6,6 @@ bank approves after 40 s
 at 23 s: look
   no answer, 0 records, 0 slips, offline panel
 at 23 s: press YES
-when the manager is asked: pass 10 s
 when the manager is asked: look
   no answer, 0 records, 0 slips, a manager's card is awaited
 when the manager is asked: approve Margaret Manager
@@ -85,7 +84,6 @@ when the manager is asked: approve Margaret Manager
 story offline refused, like approved
 bank approves after 40 s
 at 23 s: press YES
-when the manager is asked: pass 10 s
 when the manager is asked: look
   no answer, 0 records, 0 slips, a manager's card is awaited
 when the manager is asked: approve NO
