@@ -55,6 +55,18 @@ void Tender::Approval_Engine()
 {
     outcomes.nameMonthFiles();
     const platform::ErrorsIgnored ignored(app.run);
+    closeCapture();
+    printing::Set_Printer(app, printer);
+    Set_Data(app, fields);
+    wait.startTimer(kWaitTimer);
+    if (amountRefused(true))
+        return;
+    if (sendRequest() && waitForAnswer() && readAnswer())
+        outcomes.answeredByServer(server);
+}
+
+void Tender::closeCapture()
+{
     fields.cardTaken = true;
     app.values.StopWaiting = 0;
     fields.cancel.enabled = false;
@@ -62,27 +74,21 @@ void Tender::Approval_Engine()
     for (CommandState *command : {&fields.enterManually, &fields.clear, &fields.view})
         command->enabled = false;
     display.view.focus(TenderBox::FirstTrack);
-    printing::Set_Printer(app, printer);
-    Set_Data(app, fields);
-    wait.startTimer(kWaitTimer);
-    if (auditRefused(app, display, true)) {
-        if (!app.ending())
-            outcomes.declined();
-        return;
-    }
+}
+
+/// False when the request is not there; then nothing was charged and the tender has ended.
+bool Tender::sendRequest()
+{
     const LocalRequest request = fillRequest(app, fields, capture.track());
     fields.requestAtServer = true;
     if (const platform::Outcome placed = server.place(request); !done(placed)) {
         requestNotPlaced(placed);
-        return;
+        return false;
     }
     traceLocalRequest(request);
     app.values.CCdata.set(CCName, fields.firstName + " " + fields.lastName);
     printing::warmUp(app, printer); // the server has to be waited for anyway
-    if (!waitForAnswer())
-        return;
-    if (readAnswer())
-        outcomes.answeredByServer(server);
+    return true;
 }
 
 void Tender::requestNotPlaced(platform::Outcome outcome)
@@ -99,7 +105,7 @@ void Tender::requestNotPlaced(platform::Outcome outcome)
     end.close();
 }
 
-/// The number appears with its last digits alone, and the verification digits not at all.
+/// The number appears with its last digits only, and the verification digits not at all.
 void Tender::traceLocalRequest(const LocalRequest &request)
 {
     traceProcess(app, {"First Name - " + fields.firstName, "Last Name - " + fields.lastName,
@@ -156,22 +162,27 @@ bool Tender::readAnswer()
         end.unknown(server.answerFile(), kNotRead, read.reason(), unknownAnswer());
         return false;
     }
-    const std::string &text = read.text;
-    app.values.CCdata.set(CResponse, text);
+    takeAnswer(read.text);
+    return true;
+}
+
+void Tender::takeAnswer(const std::string &text)
+{
+    CardRecord &CCdata = app.values.CCdata;
+    CCdata.set(CResponse, text);
     traceProcess(app, {"Actual Response From Xcharge " + text,
                        "Actual Seconds for Response  " + fields.waitCount});
     const std::string word = outcomeWord(text);
     end.begin();
     app.values.TndrRESULT = word;
-    app.values.CCdata.set(CCstatus, word);
-    app.values.CCdata.set(CApprovalCode, text.substr(std::min<std::size_t>(text.size(), 1)));
-    const std::string code = app.values.CCdata.text(CApprovalCode);
+    CCdata.set(CCstatus, word);
+    CCdata.set(CApprovalCode, text.substr(std::min<std::size_t>(text.size(), 1)));
+    const std::string code = CCdata.text(CApprovalCode);
     fields.result = true;
     fields.approved = word == "Approved";
     fields.cancel.enabled = !fields.approved;
     display.status(word + "\r\n" + code);
     display.statusPainted(word + " - " + code);
-    return true;
 }
 
 void Tender::startPaymentServer()

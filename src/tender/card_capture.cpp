@@ -4,7 +4,6 @@
 #include "records/card_helpers.h"
 #include "records/exchange_file.h"
 #include "records/trace.h"
-#include "tender/track.h"
 
 #include <utility>
 
@@ -104,25 +103,32 @@ void CardCapture::settleTimeOver()
 void CardCapture::Get_Number()
 {
     fields.cardTaken = true;
+    joinTracks();
+    fields.statusRed = true;
+    display.status("Just a Moment Please ");
+    std::optional<CardData> card = parseTrack(TrackData);
+    if (!card)
+        invalidCard();
+    else if (isExpired(card->expiry, app.clock.now()))
+        expiredCard();
+    else
+        goodCard(*card);
+}
+
+void CardCapture::joinTracks()
+{
     platform::setSecret(TrackData, Trim(fields.firstTrack));
     std::string second = Trim(fields.secondTrack);
     TrackData += second;
     platform::wipe(second);
-    fields.statusRed = true;
-    display.status("Just a Moment Please ");
-    std::optional<CardData> card = parseTrack(TrackData);
-    if (!card) {
-        invalidCard();
-        return;
-    }
-    if (isExpired(card->expiry, app.clock.now())) {
-        expiredCard();
-        return;
-    }
-    platform::setSecret(fields.cardNumber, std::move(card->number));
-    fields.expiry = card->expiry;
-    fields.firstName = card->firstName;
-    fields.lastName = card->lastName;
+}
+
+void CardCapture::goodCard(CardData &card)
+{
+    platform::setSecret(fields.cardNumber, std::move(card.number));
+    fields.expiry = card.expiry;
+    fields.firstName = card.firstName;
+    fields.lastName = card.lastName;
     fields.statusRed = false;
     display.status("Dialing for Card Approval");
     if (app.values.managerCheckMode == "100")

@@ -6,6 +6,7 @@
 #include "records/app.h"
 #include "tender/display.h"
 #include "tender/manager_step.h"
+#include "tender/track.h"
 
 #include <functional>
 #include <string>
@@ -43,6 +44,8 @@ private:
     bool awaitsCard() const;
     void captureSwipe();
     void settleTimeOver();
+    void joinTracks();
+    void goodCard(CardData &card);
     void invalidCard();
     void expiredCard();
     void reset();

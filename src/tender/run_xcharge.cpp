@@ -30,24 +30,23 @@ void Tender::Run_Xcharge()
     if (app.ending() || paymentProgramMissing())
         return;
     clearResult(app, kResultFile);
-    if (auditRefused(app, display, false)) {
-        if (!app.ending())
-            outcomes.declined();
+    if (amountRefused(false))
         return;
-    }
     payment.prepare(paymentCall(app, fields), fields.receipt, fields.amount);
     Set_Data(app, fields);
     startWait();
-    if (oldResultRemains() || !waitForResult())
-        return;
-    const ReadResult read = readResult();
-    if (payment.isOfEarlierPayment())
-        end.unknown(kResultFile, "The payment answered for another amount",
-                    "a payment before this one is still open", unknownAnswer());
-    else if (read.unreadable())
-        end.unknown(kResultFile, kNotRead, read.reason(), unknownAnswer());
-    else
-        judgeResult();
+    if (!oldResultRemains() && waitForResult())
+        judgeResult(readResult());
+}
+
+/// By the audit. True when the tender is over, filed as declined.
+bool Tender::amountRefused(bool localPath)
+{
+    if (!auditRefused(app, display, localPath))
+        return false;
+    if (!app.ending())
+        outcomes.declined();
+    return true;
 }
 
 bool Tender::paymentProgramMissing()
@@ -122,31 +121,46 @@ ReadResult Tender::readResult()
     return payment.readResult();
 }
 
-/// Kept: on the first letter of the response alone; "Sorry" would approve.
-void Tender::judgeResult()
+void Tender::judgeResult(const ReadResult &read)
+{
+    if (payment.isOfEarlierPayment())
+        end.unknown(kResultFile, "The payment answered for another amount",
+                    "a payment before this one is still open", unknownAnswer());
+    else if (read.unreadable())
+        end.unknown(kResultFile, kNotRead, read.reason(), unknownAnswer());
+    else
+        takeResult();
+}
+
+/// Kept: on the first letter of the response only; "Sorry" would approve.
+void Tender::takeResult()
 {
     CardRecord &CCdata = app.values.CCdata;
     const std::string letter = Left(CCdata.raw(CResponse), 1);
-    fields.cancel.enabled = true;
-    display.view.focus(TenderBox::Cancel);
-    end.begin();
-    const bool success = letter == "S";
-    fields.finish.enabled = success;
+    showResult(letter == "S");
     if (letter == "T")
         wait.countOn();
-    app.values.TndrRESULT = success ? "Approved" : "Declined";
-    fields.cardOrResult = app.values.TndrRESULT;
-    fields.result = true;
-    fields.approved = success;
     CCdata.set(CCstatus, app.values.TndrRESULT);
     display.status(app.values.TndrRESULT);
     encodeCardNumber(CCdata);
-    if (!success)
+    if (!fields.approved)
         outcomes.declined();
     else if (CCdata.value(CCaditionalFUNDS) > Money())
         outcomes.partiallyApproved();
     else
         outcomes.approved();
+}
+
+void Tender::showResult(bool approved)
+{
+    fields.cancel.enabled = true;
+    display.view.focus(TenderBox::Cancel);
+    end.begin();
+    fields.finish.enabled = approved;
+    app.values.TndrRESULT = approved ? "Approved" : "Declined";
+    fields.cardOrResult = app.values.TndrRESULT;
+    fields.result = true;
+    fields.approved = approved;
 }
 
 } // namespace tender

@@ -160,7 +160,6 @@ void showFlags(App &app, TenderFields &fields)
 {
     if (app.files.exists(app.values.Maindir + "XCHide.txt")) {
         fields.cardMasked = !app.values.X1009;
-        fields.viewCaption = "View";
         fields.view = {!app.values.X1009, !app.values.X1009};
     }
     fields.noReceipt = app.files.exists(noReceiptFlag(app.values));

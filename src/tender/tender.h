@@ -88,19 +88,25 @@ private:
 
     // run_xcharge.cpp
     bool paymentProgramMissing();
+    bool amountRefused(bool localPath);
     void startWait();
     bool oldResultRemains();
     bool waitForResult();
     void waitStopped();
     ReadResult readResult();
-    void judgeResult();
+    void judgeResult(const ReadResult &read);
+    void takeResult();
+    void showResult(bool approved);
 
     // approval_engine.cpp
+    void closeCapture();
+    bool sendRequest();
     void requestNotPlaced(platform::Outcome outcome);
     void traceLocalRequest(const LocalRequest &request);
     bool waitForAnswer();
     bool noAnswer();
     bool readAnswer();
+    void takeAnswer(const std::string &text);
 
     // commands.cpp
     void hideOfflinePanel();

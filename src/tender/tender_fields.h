@@ -72,7 +72,6 @@ struct TenderFields {
     std::string tipLine;             // Label12, "YES"/"NO"
     std::string cutBetweenCopies;    // Label14, "YES"/"NO"
     std::string gratuitySlip = "NO"; // SSCommand7, "YES": slip with gratuity
-    std::string viewCaption;         // SSCommand6, "View" while card digits are masked
     bool noReceipt = false;          // SSCheck1, "Do not print a RECEIPT for Customer"
     bool noReceiptEnabled = false;   // SSCheck1, once it is known where it is remembered
 
