@@ -8,10 +8,21 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
+#include <QRegularExpression>
+#include <QTabBar>
+#include <QTabWidget>
 
 namespace support {
 
 namespace {
+
+int widestWord(const QLabel &label)
+{
+    int widest = 0;
+    for (const QString &word : label.text().split(QRegularExpression(QStringLiteral("\\s"))))
+        widest = std::max(widest, label.fontMetrics().horizontalAdvance(word));
+    return widest;
+}
 
 bool tooSmall(QWidget *control)
 {
@@ -22,12 +33,14 @@ bool tooSmall(QWidget *control)
         return control->height() < control->minimumSizeHint().height();
     auto *label = qobject_cast<QLabel *>(control);
     if (label != nullptr && label->wordWrap())
-        return label->height() < label->heightForWidth(label->width());
+        return label->height() < label->heightForWidth(label->width()) ||
+               widestWord(*label) > label->contentsRect().width();
     const QSize wanted = control->sizeHint();
     if (auto *box = qobject_cast<QLineEdit *>(control))
         return box->height() < wanted.height() ||
                box->fontMetrics().horizontalAdvance(box->text()) > box->contentsRect().width();
-    return (label != nullptr || qobject_cast<QAbstractButton *>(control) != nullptr) &&
+    return (label != nullptr || qobject_cast<QAbstractButton *>(control) != nullptr ||
+            qobject_cast<QTabBar *>(control) != nullptr) &&
            (control->width() < wanted.width() || control->height() < wanted.height());
 }
 
@@ -74,6 +87,27 @@ std::string clippedControls(QWidget &window, QSize size)
             found << described(control);
     }
     return found.join(u'\n').toStdString();
+}
+
+std::string screenFaults(QWidget &window)
+{
+    std::string found;
+    const bool fillsDisplay = window.isMaximized();
+    const QSize usual = window.size();
+    auto *pages = window.findChild<QTabWidget *>();
+    for (int page = 0; page < (pages != nullptr ? pages->count() : 1); ++page) {
+        if (pages != nullptr)
+            pages->setCurrentIndex(page);
+        QStringList faults = {QString::fromStdString(badlyNamedControls(window))};
+        for (const QSize size : kScreenSizes)
+            faults << QString::fromStdString(
+                clippedControls(window, fillsDisplay ? size : usual.boundedTo(size)));
+        faults.removeAll(QString());
+        if (!faults.isEmpty())
+            found +=
+                "page " + std::to_string(page) + ": " + faults.join(u'\n').toStdString() + "\n";
+    }
+    return found;
 }
 
 std::string elidedLabels(QWidget &window)

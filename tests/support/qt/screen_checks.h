@@ -19,6 +19,9 @@ QString accessibleNameOf(QWidget &control);
 /// Labels that end in dots are not among them. Each check gives one line per finding, so nothing
 /// for a good screen.
 std::string clippedControls(QWidget &window, QSize size);
+/// clippedControls() at both sizes (a screen that is smaller by itself stays so) and on every page,
+/// and badlyNamedControls() on every page.
+std::string screenFaults(QWidget &window);
 /// Labels that end in dots just now.
 std::string elidedLabels(QWidget &window);
 /// Visible commands and boxes without an accessible name, or with that of another one.
