@@ -29,16 +29,16 @@ platform::Outcome ServerExchange::place(const LocalRequest &request)
     std::string line = requestLine(request);
     platform::Outcome outcome = app.files.write(files.work, line);
     platform::wipe(line);
-    bool there = false;
     if (done(outcome)) {
         app.run.consequence = kMayBeCharged;
         outcome = app.files.copy(files.work, files.request);
-        there = !done(app.files.exists(files.request, there)) || there;
+        bool there = false;
+        // A request that was copied may be taken already: whether it lies there says nothing.
+        if (!done(outcome) && (!done(app.files.exists(files.request, there)) || there))
+            outcome = platform::Outcome::Done;
     }
     app.files.removeIfThere(files.work);
-    if (there)
-        return platform::Outcome::Done;
-    return done(outcome) ? platform::Outcome::NotThere : outcome;
+    return outcome;
 }
 
 /// An earlier card's answer lies there after a clock was set back. It would be taken for this

@@ -29,9 +29,9 @@ public:
 
     /// Names the files of the exchange after this second, puts aside an answer that an earlier
     /// exchange of that name has left, and makes the request appear whole: it is written under a
-    /// name that the server does not look at, then copied. Done when the request is there, or when
-    /// nobody can tell: then it may be charged, and its answer has to be waited for. Any other
-    /// outcome says that nothing was charged.
+    /// name that the server does not look at, then copied. Done when the request was copied, or
+    /// lies there, or nobody can tell: then it may be charged, and its answer has to be waited for.
+    /// Any other outcome says that nothing was charged.
     platform::Outcome place(const LocalRequest &request);
     bool begun() const { return files.set(); }
     const std::string &requestFile() const { return files.request; }

@@ -127,4 +127,26 @@ TEST(UnknownAnswer, IsNeverTakenForNoneWhenTheManagerApprovesOffline)
     }
 }
 
+/// Before the tender has looked whether it lies there: the guest is charged.
+TEST(Request, IsWaitedForWhenTheServerTakesItAtOnce)
+{
+    TenderStory story;
+    story.takeCardsHere();
+    story.swipe();
+    const std::string request = TenderStory::kLocalTran + std::string("FRONT-BAR011525130502.req");
+    story.station.disk.looksCount = true;
+    story.station.disk.before = [&](std::size_t) {
+        if (!story.station.has(request))
+            return;
+        story.requests.push_back(request);
+        story.station.erase(request);
+        story.station.time.after(2000, [&] {
+            story.station.put(request.substr(0, request.size() - 3) + "ans", *story.reply);
+        });
+    };
+    story.run();
+    EXPECT_EQ(story.requests.size(), 1U);
+    EXPECT_EQ(story.answer().substr(1, 8), "Approved");
+}
+
 } // namespace
