@@ -1,6 +1,6 @@
 // How soon a person sees the tender screen: the time from the start of TndrCC to the first pixel
-// of its window on an X display, in turns with a bare Qt window. It looks at the display alone, at
-// both programs in the same way.
+// of its window on an X display, in turns with a bare Qt window. It looks only at the display, and
+// at both programs in the same way.
 #include "bench/headless.h"
 #include "bench/measure.h"
 #include "simulator/pos.h"
@@ -17,7 +17,7 @@ namespace {
 
 using namespace bench;
 
-/// The display, of which nothing but the root's colour may be seen at first.
+/// The display. At first it must show only the colour of the root window.
 class Eye {
 public:
     Eye() : display(XOpenDisplay(nullptr)) {}
@@ -39,14 +39,14 @@ public:
     {
         return waitUntil([this] { return showsMoreThan(1); });
     }
-    /// Letters come in many shades; what has no words has few.
+    /// Text has many shades, an area without text has few.
     bool waitForWords() const
     {
         return waitUntil([this] { return showsMoreThan(24); });
     }
 
 private:
-    /// The colours in some rows of the display, the empty display's among them.
+    /// The colours in some rows of the display, including that of the empty display.
     bool showsMoreThan(std::size_t colours) const
     {
         constexpr int kRows = 15;

@@ -1,5 +1,5 @@
-// A program without windows for the benchmarks: the real file layer on a drives folder, and
-// nobody to ask or to print for.
+// A program without windows for the benchmarks: the real file layer on a drives folder, without
+// questions and without printers.
 #pragma once
 
 #include "records/app.h"

@@ -1,5 +1,5 @@
 // What every benchmark needs: series of samples, their medians and spreads, and a report that
-// holds figures against what is demanded of them.
+// compares figures with their limits.
 #pragma once
 
 #include <chrono>
@@ -26,7 +26,7 @@ inline double millisecondsSince(Instant start)
     return millisecondsBetween(start, now());
 }
 
-/// Samples of one figure. Empty, every figure of it is 0.
+/// Samples of one figure. Without samples every result is 0.
 class Series {
 public:
     void add(double sample) { samples.push_back(sample); }
@@ -40,7 +40,8 @@ private:
     std::vector<double> samples;
 };
 
-/// Sample by sample, taken in the same moment: what disturbs one of them disturbs both.
+/// The differences of two series, sample by sample: both samples of a pair were taken at the same
+/// time, so that a disturbance affects both.
 Series ratios(const Series &above, const Series &below);
 
 /// The lines of a benchmark on standard output.
@@ -54,7 +55,7 @@ public:
     void atMost(const std::string &name, double value, double limit, const std::string &unit);
     void atLeast(const std::string &name, double value, double limit, const std::string &unit);
     void text(const std::string &words);
-    /// What main returns: 1 when a demand was missed or something did not work.
+    /// What main returns: 1 if a limit was missed or something did not work.
     int result() const { return missed ? 1 : 0; }
     void fail(const std::string &words);
 

@@ -1,4 +1,4 @@
-// NoView: the manager's list without anybody who looks at it.
+// NoView: the view of a manager's list without a window.
 #pragma once
 
 #include "pending/pending.h"

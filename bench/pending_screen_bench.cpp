@@ -1,6 +1,6 @@
-// The manager's list with 10,000 records: loading and showing them on a display, in turns with what
-// reading the file and building the rows takes without one, and with a plain read of the same
-// bytes; and how long another order of the rows takes to be seen.
+// The manager's list with 10,000 records: loading and showing them on a display, in turns with
+// reading the file and building the rows without one, and with a plain read of the same bytes; and
+// the time until another order of the rows is visible.
 #include "bench/headless.h"
 #include "bench/measure.h"
 #include "bench/no_view.h"
@@ -32,8 +32,8 @@ constexpr std::size_t kSlot = records::kCardSlotLength;
 constexpr std::size_t kBlock = 65'536;
 const std::string kFile = "F:\\Lumbrio\\CCPending.dat";
 
-/// The bytes one slot after the other, as a program does that wants nothing of them; in larger
-/// pieces where `piece` says so. How many there were.
+/// Reads the bytes slot by slot, or in larger pieces of `piece` bytes, without using them. Gives
+/// their number.
 std::size_t readPlainly(const std::string &path, std::size_t piece)
 {
     std::vector<char> bytes(piece);
@@ -47,7 +47,7 @@ std::size_t readPlainly(const std::string &path, std::size_t piece)
     return got;
 }
 
-/// What the list does, without a window and without anything to wait for.
+/// The work of the list, without a window and without waits.
 class Blind {
 public:
     explicit Blind(Headless &station)

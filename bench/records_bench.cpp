@@ -1,5 +1,5 @@
 // Card records on the disk against SQLite, side by side in one process: one record appended and
-// flushed, and a file of 100,000 read. Processes of their own tell how much memory a reader needs.
+// flushed, and a file of 100,000 read. Separate processes show how much memory a reader needs.
 #include "bench/headless.h"
 #include "bench/measure.h"
 #include "bench/sqlite_rows.h"
@@ -40,8 +40,8 @@ struct Contestant {
     Series time;
 };
 
-/// Each round everybody acts once, in an order of its own, so that nobody always comes behind the
-/// same one.
+/// In each round every way is tried once, in a new order, so that none always follows the same
+/// other one.
 void run(std::deque<Contestant> &contestants, std::size_t rounds, double unitsPerMillisecond,
          const std::function<void()> &afterRound = {})
 {
@@ -74,7 +74,7 @@ const Contestant &best(const std::deque<Contestant> &contestants, std::string_vi
 }
 
 /// SQLite in all of its durable modes: with a connection that stays open, and with one for each
-/// row, as a program has it that takes one tender and ends.
+/// row, as in a program that takes one tender and ends.
 class Databases {
 public:
     Databases(const std::string &theFolder, const std::vector<CardRecord> &theRecords)
@@ -114,7 +114,7 @@ private:
 };
 
 /// The log of SQLite's WAL mode grows to a thousand pages; then it is written over from its
-/// beginning, which spares the file system the new length. Tells after each insertion.
+/// beginning, so that the file does not grow. Reports after each insertion.
 class Log {
 public:
     explicit Log(const std::string &thePath) : path(thePath) {}
@@ -130,8 +130,9 @@ private:
     std::uintmax_t size = 0;
 };
 
-/// What an append costs is the flush; what can differ is how many there are, what they must make
-/// durable, and the work around them. The best modes of SQLite meet addRecord.
+/// Most of an append's time is the flush. The ways differ in how many flushes they need, what these
+/// must make durable, and the work around them. addRecord is compared with the best modes of
+/// SQLite.
 void benchAppends(Headless &station, const std::string &folder, Report &report)
 {
     const auto rounds =
@@ -181,7 +182,7 @@ void benchAppends(Headless &station, const std::string &folder, Report &report)
         report.fail("not every row was stored");
 }
 
-/// The way a list reads its file; without the lock slot by slot, with it ahead.
+/// Reads the file as a list does: without the lock slot by slot, with it many slots ahead.
 void readSlots(records::App &app, const std::string &path, bool locked, const Take &take)
 {
     platform::SlotFile slots(app.files, path, kCardSlotLength);
@@ -196,7 +197,7 @@ void readSlots(records::App &app, const std::string &path, bool locked, const Ta
     }
 }
 
-/// True when `read` gives just the records of the evening.
+/// True if `read` gives exactly the records of the evening.
 bool givesAll(const simulator::Evening &evening, const std::function<void(const Take &)> &read)
 {
     std::size_t n = 0;

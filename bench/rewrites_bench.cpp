@@ -1,5 +1,5 @@
-// The manager's long commands: "Force ALL NO TIP" over a list of 3,000 entries, and "Finish" over a
-// file of 10,000 records, with how long another station's append could miss the new file.
+// The manager's long commands: "Force ALL NO TIP" with a list of 3,000 entries, and "Finish" with a
+// file of 10,000 records, and for how long another station's append could miss the new file.
 #include "bench/headless.h"
 #include "bench/measure.h"
 #include "bench/no_view.h"
@@ -18,7 +18,7 @@ using namespace bench;
 constexpr long kEntries = 3'000;
 constexpr long kRecords = 10'000;
 
-/// Every question is agreed to.
+/// Answers Ok to every question.
 class Agreeing : public NoDialogs {
 public:
     using NoDialogs::NoDialogs;
@@ -30,7 +30,7 @@ protected:
     }
 };
 
-/// The manager's program without a window, over a disk that tells of every operation.
+/// The manager's program without a window, on a disk that reports every operation.
 struct Manager {
     explicit Manager(const std::string &folder) : station(folder)
     {
@@ -58,7 +58,7 @@ struct Manager {
     std::string pendingFile;
 };
 
-/// In turns with the same records rewritten and flushed, and nothing else.
+/// In turns with only rewriting and flushing the same records.
 void benchBulk(Manager &manager, Report &report)
 {
     const int rounds = countFromEnvironment("LUMBRIO_BENCH_BULK", 5);
@@ -90,7 +90,7 @@ void benchBulk(Manager &manager, Report &report)
     report.atMost("what the command takes besides", besides.median(), 3, "s");
 }
 
-/// The instants at which a rename, and what stands before and behind it, began.
+/// The instants at which a rename, and the operations before and after it, began.
 struct Replacement {
     Instant lastLook;
     Instant renamed;

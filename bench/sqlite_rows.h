@@ -1,4 +1,4 @@
-// The same card records as rows of SQLite, 31 text columns, for comparison alone.
+// The same card records as rows of SQLite, 31 text columns, only for comparison.
 #pragma once
 
 #include "records/card_record.h"
@@ -24,10 +24,10 @@ public:
     /// True while nothing went wrong.
     bool works() const { return good; }
     void execute(const std::string &sql);
-    /// One row; a transaction of its own where none was begun. Texts go in without the blanks
-    /// behind them, a field that was never assigned as NULL.
+    /// Inserts one row, in its own transaction if none was begun. Texts are stored without trailing
+    /// blanks, a field never assigned as NULL.
     void insert(const records::CardRecord &record);
-    /// Every row in its order, put into a record.
+    /// Reads every row in order into a record.
     void readAll(const std::function<void(const records::CardRecord &)> &take);
     long count();
 

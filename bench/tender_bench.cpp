@@ -1,6 +1,6 @@
 // A whole tender as the point of sale meets it: the real TndrCC, started in a sandbox on Qt's
-// offscreen platform, with a payment application that answers at once, late or never. Everything
-// is seen from outside. A bare Qt window runs in turns with it, for comparison.
+// offscreen platform, with a payment application that answers at once, late or never. Everything is
+// measured from outside. A bare Qt window runs in turns with it, for comparison.
 #include "bench/headless.h"
 #include "bench/measure.h"
 #include "bench/watch.h"
@@ -18,7 +18,7 @@ namespace {
 using namespace bench;
 using std::chrono::milliseconds;
 
-constexpr double kMandatedWaits = 100 + 500; // ms; before the request and behind the kill
+constexpr double kMandatedWaits = 100 + 500; // ms; before the request and after the kill
 const std::string kApproved = "48.50";
 const std::string kNoAnswer = "48.07";
 const char *const kResultName = "xResultFile.txt";
@@ -49,7 +49,7 @@ public:
         const std::vector<std::string> answer = simulator::readAnswer(place);
         return !answer.empty() && answer.front().starts_with("Approved");
     }
-    /// What the payment application leaves, and in its way: under another name, then renamed.
+    /// Writes the payment application's result as it does: under another name, then renamed.
     void leaveResult(const std::string &amount)
     {
         simulator::PaymentRequest request;
@@ -72,7 +72,7 @@ bool isNamed(const FileEvent &event, std::string_view name)
     return event.name == name;
 }
 
-/// The figures of one tender's end, out of what was seen of its files.
+/// The figures of one tender's end, from the events of its files.
 struct Moments {
     bool complete = false;
     double seen = 0;   // ms from the result file being there to its being opened
@@ -163,7 +163,7 @@ void benchWhole(Sandbox &sandbox, Report &report)
     report.atMost("result opened to answer flushed, 95 %", answer.percentile(95), 60, "ms");
 }
 
-/// The result comes at moments that have nothing to do with the program's rhythm.
+/// The result comes at random moments, independent of the program's polls.
 void benchReaction(Sandbox &sandbox, Report &report)
 {
     const int rounds = countFromEnvironment("LUMBRIO_BENCH_LATE", 25);

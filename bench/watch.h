@@ -1,5 +1,5 @@
-// Watch: sees from outside what happens to the files of some folders, and when, until a program
-// ends. The program watched knows nothing of it.
+// Watch: observes from outside what happens to the files of some folders, and when, until a program
+// ends. The program is not changed for it.
 #pragma once
 
 #include "bench/measure.h"
@@ -43,7 +43,7 @@ public:
 
     /// Notes events until the process has ended or `until` has come.
     Ending follow(int processId, Instant until);
-    /// The first event behind `from` that fits; its time is `from` when there is none.
+    /// The first event after `from` that fits; its time is `from` if there is none.
     const FileEvent *first(Instant from, const std::function<bool(const FileEvent &)> &fits);
     const std::vector<FileEvent> &events() const { return seen; }
 

@@ -1,5 +1,5 @@
-// "XAudit.DAT": it agrees with the tender's amount when it is the same money, whatever else it
-// says, and its question is one line.
+// "XAudit.DAT": it agrees with the tender's amount if it is the same money, whatever else it
+// contains, and its question is one line.
 #include "memory_station.h"
 #include "records/text.h"
 #include "tender/request.h"

@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const char last = values.paymentDirectory.back();
     fuzz::require(last == '\\' || last == '/');
     fuzz::require(values.TndrNOpreAUTH == 0);
-    std::string unquoted = content; // a quote may stand anywhere in a value
+    std::string unquoted = content; // a quote may be anywhere in a value
     unquoted.erase(std::remove(unquoted.begin(), unquoted.end(), '"'), unquoted.end());
     if (unquoted.find("-1") == std::string::npos && unquoted.find("-0") == std::string::npos)
         fuzz::require(!values.PrintTipLine && !values.PreApproveTip);

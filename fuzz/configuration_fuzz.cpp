@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     for (const std::string &text : {first.Maindir, first.Remotedir, first.timeClockDirectory})
         fuzz::require(text.size() <= 40 && text.find('\0') == std::string::npos);
     fuzz::require(startsWith(versionToolTip(first.config), "INTERNAL VERSION"));
-    // Reserved fields are carried to the byte.
+    // Reserved fields keep every byte.
     const std::string kept = first.config.raw(configField(33));
     const std::string_view there = std::string_view(content).substr(
         std::min<std::size_t>(content.size(), configField(33).offset), kept.size());

@@ -1,5 +1,5 @@
-// MemoryStation: a station for the fuzzer, with the real file layer over a disk in memory, so that
-// a million broken files a minute can be read by the very routines that read them in a restaurant.
+// MemoryStation: a station for the fuzzer, with the real file layer on a disk in memory, so that
+// the programs' own routines can read a million broken files a minute.
 #pragma once
 
 #include "records/app.h"
@@ -15,7 +15,7 @@
 
 namespace fuzz {
 
-/// Ends the run as a find when something does not hold that must.
+/// Ends the run as a find if the condition is false.
 inline void require(bool holds)
 {
     if (!holds)
@@ -120,7 +120,7 @@ inline platform::Outcome MemoryDisk::open(const std::string &path, platform::Ope
     return Outcome::Done;
 }
 
-/// No reader of a file asks anybody anything, starts a program or prints.
+/// No reader of a file asks a question, starts a program or prints.
 class Nobody : public platform::Dialogs, public platform::System, public platform::Printers {
 public:
     using Outcome = platform::Outcome;

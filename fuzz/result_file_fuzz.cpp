@@ -1,5 +1,5 @@
-// The payment application's result file: whatever it holds, the record keeps its fields, and
-// nothing but a line that says so approves.
+// The payment application's result file: whatever it contains, the record keeps its fields, and
+// only a line that says so approves.
 #include "memory_station.h"
 #include "tender/result_reader.h"
 

@@ -1,5 +1,5 @@
-// What a card reader types: whatever it is, a card that is read has a number from its own place and
-// an expiry of four digits, and its request is one line of seven values.
+// What a card reader types: whatever it is, a card that was read has a number from the right place
+// and an expiry of four digits, and its request is one line of seven values.
 #include "memory_station.h"
 #include "tender/local_request.h"
 #include "tender/track.h"
@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     fuzz::require(track.substr(2, card->number.size() + 1) == card->number + "^");
     fuzz::require(card->expiry.size() == 4 &&
                   card->expiry.find_first_not_of("0123456789") == std::string::npos);
-    // Good in a month that is not past: an expired card cannot come back to life.
+    // Valid in a later month: an expired card cannot become valid again.
     const platform::DateTime early{2010, 1, 1, 0, 0, 0, 0};
     const platform::DateTime late{2030, 12, 1, 0, 0, 0, 0};
     fuzz::require(!tender::isExpired(card->expiry, early) || tender::isExpired(card->expiry, late));

@@ -1,5 +1,5 @@
-// PaymentWindow: the payment application's window in a demo that a person plays. It shows what is
-// to be paid and lets him choose the bank's answer.
+// PaymentWindow: the payment application's window in a demo. It shows what is to be paid and lets
+// the user choose the bank's answer.
 #pragma once
 
 #include "simulator/outcome_table.h"

@@ -1,5 +1,5 @@
-// PosWindow: the point of sale in a demo that a person plays. He chooses table, receipt, server and
-// amount, starts one tender after the other and reads what each answered.
+// PosWindow: the point of sale in a demo. The user chooses table, receipt, server and amount,
+// starts one tender after the other and reads the answer of each.
 #pragma once
 
 #include "simulator/pos_desk.h"

@@ -1,6 +1,6 @@
-// What the stand-in for the payment application answers: the command line it was started with,
-// the table that decides by the cents of the amount, and the text of the result file. No file, no
-// clock and no window here.
+// What the stand-in for the payment application answers: the command line with which it was
+// started, the table that decides by the cents of the amount, and the text of the result file. No
+// file, no clock and no window here.
 #pragma once
 
 #include <cstddef>
@@ -22,8 +22,8 @@ struct PaymentRequest {
     bool partialSupport = false;
 };
 
-/// Reads "/NAME:value /NAME ..."; a value goes on to the next blank with a slash behind it, so it
-/// may be empty or hold blanks. Names count without regard to case; unknown ones are passed over.
+/// Reads "/NAME:value /NAME ..."; a value ends at the next blank before a slash, so it may be empty
+/// or contain blanks. The case of names does not matter; unknown names are ignored.
 PaymentRequest parsePaymentRequest(std::string_view arguments);
 
 enum class Delivery {
@@ -55,12 +55,12 @@ struct OutcomeRow {
     }
 };
 
-/// All rows in the order of the cents. Cents that no row names approve, 48.50 and every whole
-/// amount among them.
+/// All rows in the order of the cents. All other cents approve, including 48.50 and every whole
+/// amount.
 std::vector<OutcomeRow> outcomeRows();
 
-/// The answer to a request. An amount of nothing, below zero or that is no number is declined; a
-/// partial approval without /PartialApprovalSupport:T is a full decline.
+/// The answer to a request. An amount of 0, a negative one or a text that is not a number is
+/// declined; a partial approval without /PartialApprovalSupport:T is a full decline.
 PaymentOutcome decide(const PaymentRequest &request);
 
 /// The texts that a person at the payment window chooses from.

@@ -14,14 +14,14 @@ namespace simulator {
 
 class PaymentServer {
 public:
-    /// `theFolder`: a contract path with its separator at the end. `theReport` gets a line for each
-    /// answer, once it is there, and for each request that stays without one.
+    /// `theFolder`: a Windows path with a separator at its end. `theReport` gets a line for each
+    /// answer that was written, and for each request without an answer.
     PaymentServer(platform::Files &theFiles, platform::Run &theRun, std::string theFolder,
                   std::function<void(const std::string &)> theReport);
 
-    /// Takes the requests that are whole and writes the answers that are due. Never waits; a
-    /// request or an answer that a tender takes back meanwhile is passed over. `now`: milliseconds
-    /// of a clock that never goes back.
+    /// Takes the requests that are whole and writes the answers that are due. Never waits; ignores
+    /// a request or an answer that a tender takes back meanwhile. `now`: milliseconds of a clock
+    /// that never goes back.
     void turn(std::uint64_t now);
     bool folderIsThere()
     {

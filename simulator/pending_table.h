@@ -1,4 +1,4 @@
-// The records of a card file in a form for people.
+// The records of a card file as a readable table.
 #pragma once
 
 #include "platform/files.h"
@@ -9,12 +9,12 @@
 
 namespace simulator {
 
-/// All records of a card file ("CCPending.dat", a month file) in the order of their slots; empty
-/// when it is not there. Reads under the file's lock, as every lister does.
+/// All records of a card file ("CCPending.dat", a month file) in the order of their slots; empty if
+/// there is no file. Reads under the file's lock.
 std::vector<records::CardRecord> readCardFile(platform::Files &files, const std::string &path);
 
-/// One row a record under a row of titles: slot, time, table, money, card, status. No card
-/// reference is shown, only the masked number.
+/// One row for each record below a row of titles: slot, time, table, money, card, status. Of the
+/// card only the masked number is shown.
 std::string readableRecords(const std::vector<records::CardRecord> &records);
 
 /// The paths of the month files under `remotedir`, sorted by name ("CCFinal0125.dat").

@@ -20,7 +20,7 @@ const Names kBlock = {"Tab amount", "Approval code", "Receipt",   "Card",       
 Names namesFor(std::size_t lines)
 {
     Names names = {"Result"};
-    if (lines == 11) // declined by the payment application: the word stands twice
+    if (lines == 11) // declined by the payment application: the first word is repeated at the end
         names.push_back("Result, again");
     names.insert(names.end(), kBlock.begin(), kBlock.end());
     if (lines == 13)

@@ -20,7 +20,7 @@ struct Place {
     std::string paymentDirectory; // of "CCard.dat", with its separator
 };
 
-/// The sandbox's directories where the configuration is not there or names none.
+/// The sandbox's directories if there is no configuration or it names none.
 Place placeOf(platform::Files &files);
 
 struct TenderRequest {
@@ -31,25 +31,25 @@ struct TenderRequest {
     std::optional<std::string> audit; // the amount that the point of sale calculated
 };
 
-/// Writes "Xsend.req", and "XAudit.DAT" when there is one; removes an earlier answer and an
-/// earlier audit, so that none of them is taken for this tender's.
+/// Writes "Xsend.req", and "XAudit.DAT" if there is one; removes an earlier answer and an earlier
+/// audit, so that they are not mistaken for this tender's.
 bool leaveRequest(const Place &place, const TenderRequest &request);
 
 /// The values of "Xsend.ans" in their order, inside the quotes, with their blanks; empty without
 /// the file.
 std::vector<std::string> readAnswer(const Place &place);
 
-/// An answer for a person: the name and the value of each line. The forms are told apart by their
-/// number of lines.
+/// A readable answer: the name and the value of each line. The number of lines shows which form it
+/// is.
 using AnswerLine = std::pair<std::string, std::string>;
 std::vector<AnswerLine> namedAnswer(const std::vector<std::string> &answer);
 /// The same as text; "no answer" for none.
 std::string readableAnswer(const std::vector<std::string> &answer);
 
-/// False where a tender would run on a platform without a window: nobody could give a card.
+/// False if a tender would run without a visible window: nobody could swipe a card.
 bool tenderIsSeen();
 
-/// Starts the payment server as the tender does; it ends at once where one runs already. Its
+/// Starts the payment server as the tender does; it ends at once if one is already running. Its
 /// output is thrown away.
 ChildProcess startServer(const Place &place, const std::string &drivesFolder);
 

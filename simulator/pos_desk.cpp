@@ -42,7 +42,7 @@ Mode PosDesk::mode()
     return modeOf(station.files, place.Maindir);
 }
 
-// One that ended because another answers in the folder ends at once again.
+// If it ended because another server answers in the folder, it will end again at once.
 void PosDesk::keepServerRunning()
 {
     if (!server || !server->running())

@@ -1,5 +1,4 @@
-// PosDesk: what the point of sale's window does, one step after the other. It never waits and
-// knows no window.
+// PosDesk: the steps that the point of sale's window takes. It never waits and knows no window.
 #pragma once
 
 #include "simulator/pos.h"
@@ -21,13 +20,13 @@ struct SampleAmount {
 /// 48.50 and one for each row of the mode's table.
 std::vector<SampleAmount> sampleAmounts(Mode mode);
 
-/// The number behind this one, as many digits; what is no number stays.
+/// The next number, with as many digits; a text that is not a number stays.
 std::string nextReceipt(const std::string &receipt);
 
 class PosDesk {
 public:
-    /// On the restaurant in the drives folder (empty: the one that the programs find). Local
-    /// requests are answered from here to the destruction.
+    /// For the restaurant in the drives folder (empty: the one that the programs find). Local
+    /// requests are answered as long as the desk exists.
     explicit PosDesk(const std::string &drivesFolder);
     ~PosDesk();
     PosDesk(const PosDesk &) = delete;

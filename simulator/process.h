@@ -1,5 +1,5 @@
-// Processes and waits of the stand-ins: starting a program and waiting for its end, becoming
-// another program, the folder of the running one, and being asked to end.
+// Processes and waits of the stand-ins: starting a program and waiting for its end, replacing the
+// running program by another, its folder, and requests to end.
 #pragma once
 
 #include <optional>
@@ -20,7 +20,7 @@ void pause(int milliseconds);
 void listenForEnd();
 bool endAsked();
 
-/// Becomes the program; returns only when it could not be started.
+/// Replaces this process by the program; returns only if it could not be started.
 void becomeProgram(const std::string &program, const std::vector<std::string> &arguments);
 
 /// A started program. One that still runs at the destruction is left alone.

@@ -11,7 +11,7 @@ namespace {
 
 using namespace records;
 
-// Counts off numbers that look random; a stream of its own for each record.
+// Pseudo-random numbers; each record has its own sequence.
 class Dice {
 public:
     Dice(std::uint32_t seed, std::size_t n)
@@ -45,7 +45,7 @@ std::string digits(std::uint64_t number, std::size_t width)
     return std::string(width > text.size() ? width - text.size() : 0, '0') + text;
 }
 
-/// As points of sale and the bank write it, "86.90".
+/// "86.90", the form of the point of sale and the bank.
 std::string amount(Money value)
 {
     const auto cents = static_cast<std::uint64_t>(value.rounded(2).tenThousandths() / 100);

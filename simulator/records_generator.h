@@ -1,4 +1,4 @@
-// Realistic card records by the thousand: an evening of several stations and servers, the same
+// Thousands of realistic card records: an evening of several stations and servers, always the same
 // for the same seed. For benchmarks, lists and screens.
 #pragma once
 
@@ -20,7 +20,7 @@ struct EveningOptions {
 
 /// Tender N of an evening, N from 0 to `total` - 1, as the tender and the tip cycle leave it: most
 /// not adjusted, a third with a tip, some declined, partial or on gift cards. Times rise with N.
-/// Any record can be had by itself; nothing is kept.
+/// Each record can be computed without the others; nothing is stored.
 class Evening {
 public:
     explicit Evening(std::size_t theTotal, const EveningOptions &theOptions = {})

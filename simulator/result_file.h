@@ -1,4 +1,4 @@
-// How an answer of the payment application gets to disk.
+// Writes an answer of the payment application to disk.
 #pragma once
 
 #include "simulator/outcome_table.h"

@@ -1,4 +1,4 @@
-// What the tables of both stand-ins make up for an answer: the same for the same request.
+// The invented values in the answers of both stand-ins: the same for the same request.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace simulator {
 
-/// The cents of an amount as a request spells it; 0 for what is no number.
+/// The cents of an amount as a request spells it; 0 if it is not a number.
 std::int64_t centsOf(std::string_view amount);
 
 /// A number that is the same for the same texts.

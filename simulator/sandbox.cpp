@@ -17,7 +17,7 @@ const std::string kMain = kSandboxMaindir;
 const std::string kRemote = kSandboxRemotedir;
 constexpr const char *kModeFile = "X1009Version.dat";
 
-// Those that no program makes for itself.
+// The folders that no program creates itself.
 const char *const kFolders[] = {
     "C:\\Lumbrio\\Data\\CCmgrLOGS",
     "C:\\Lumbrio\\Data\\CCdata",
@@ -42,7 +42,7 @@ bool write(platform::Files &files, const std::string &path, const std::string &c
     return done(files.write(path, content));
 }
 
-/// A link that is there is turned, a real program is left alone: false.
+/// Replaces an existing link. False for a real program, which stays.
 bool linkProgram(platform::Files &files, const char *place, const std::string &program)
 {
     const fs::path link = files.realPath(place);

@@ -24,8 +24,8 @@ bool makeSandbox(platform::Files &files, const std::string &drivesFolder,
                  const std::string &xchargeProgram);
 /// True when the drives folder holds an installation, be it a sandbox or a real one.
 bool isInstalled(platform::Files &files);
-/// Links both payment programs' places to the stand-ins in `programsFolder` where nothing is, or a
-/// link that leads nowhere (the build was moved, the sandbox is older). Real programs stay.
+/// Links the paths of both payment programs to the stand-ins in `programsFolder` if there is
+/// nothing, or a broken link (the build was moved, the sandbox is older). Real programs stay.
 void mendLinks(platform::Files &files, const std::string &programsFolder);
 
 /// How a station reaches the payment programs: "X1009Version.dat" in its directory says it.
@@ -33,7 +33,7 @@ enum class Mode { CommandLine, Local };
 Mode modeOf(platform::Files &files, const std::string &Maindir);
 bool setMode(platform::Files &files, const std::string &Maindir, Mode mode);
 
-/// A card that belongs to nobody, for whoever plays a local request.
+/// A card that belongs to nobody, for local requests.
 struct SampleCard {
     const char *number = "4111111111111111";
     const char *expiry = "1232"; // "MMYY"
@@ -41,7 +41,7 @@ struct SampleCard {
     const char *track = "%B4111111111111111^SAMPLE/WILLOW^32121010000000000000?";
 };
 
-/// What the sandbox's files hold, for tests that want one of them alone or another way.
+/// The contents of the sandbox's files, for tests that need only one of them or a changed one.
 struct RestaurantOptions {
     std::string receiptPrinter = "Receipt TM-88";
     std::string fontFamily = "DejaVu Sans";

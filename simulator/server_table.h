@@ -11,8 +11,7 @@
 
 namespace simulator {
 
-/// The values of a request that matter for an answer. Of the card nothing is kept but what may be
-/// shown.
+/// The values of a request that matter for an answer; of the card only what may be shown.
 struct ServerRequest {
     std::string kind; // "C6" a charge, "C1" a pre-authorisation
     std::string server;
@@ -30,12 +29,14 @@ std::optional<ServerRequest> parseServerRequest(std::string_view content);
 /// All rows in the order of the cents. Cents that no row names approve.
 std::vector<OutcomeRow> serverRows();
 
-/// The answer to a request. An amount of nothing, below zero or that is no number is declined.
+/// The answer to a request. An amount of 0, a negative one or a text that is not a number is
+/// declined.
 PaymentOutcome decide(const ServerRequest &request);
 /// The answer to a whole line that is no request.
 PaymentOutcome refuse();
 
-/// What was asked and how it ended, for people: no card, no receipt number as long as one.
+/// A readable line: what was asked and how it ended, without card numbers or anything as long as
+/// one.
 std::string readableStep(const ServerRequest &request, std::string_view ending);
 
 } // namespace simulator

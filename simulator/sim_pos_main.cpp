@@ -162,7 +162,7 @@ bool PointOfSale::takeTender(const TenderRequest &request, int waitSeconds)
     return !answer.empty();
 }
 
-// The server answers for the time of this tender; where one runs already, that one does.
+// The server answers during this tender; if one is already running, that one does.
 bool PointOfSale::takeLocalTender(const TenderRequest &request, int waitSeconds)
 {
     const SampleCard card;
@@ -265,7 +265,7 @@ int PointOfSale::manager()
     return program.exitCode();
 }
 
-// Nobody may be there to give the card, which is no fault of the demo.
+// Perhaps nobody is there to swipe the card, which is no fault of the demo.
 void PointOfSale::localDemo()
 {
     constexpr int kPatience = 180; // seconds

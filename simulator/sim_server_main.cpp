@@ -49,7 +49,7 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "sim_server: there is no folder %s\n", realFolder.c_str());
         return 1;
     }
-    // Held to the end; beside the folder, in which nothing lies but requests and answers.
+    // Held to the end; beside the folder, because only requests and answers belong in it.
     std::unique_ptr<platform::DiskFile> lock;
     if (!done(station.files.open(directory + "sim_server.lock", platform::OpenMode::Append, lock)))
         return 1;

@@ -1,4 +1,4 @@
-// Station: the files of one station, as a program of the stand-ins opens them.
+// Station: the files of one station, opened by one of the stand-ins.
 #pragma once
 
 #include "platform/files.h"
@@ -15,7 +15,7 @@ public:
     Station(const std::string &theDrivesFolder, std::string program);
 
 private:
-    /// A turn that never comes: nothing here waits through the file layer.
+    /// Never turns: nothing here waits in the file layer.
     class NoTime : public platform::EventLoop, public platform::Clock {
     public:
         void turn() override {}

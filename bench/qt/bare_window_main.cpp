@@ -1,5 +1,5 @@
-// bare_window: the smallest window that Qt can show, as large as the display. It ends once it was
-// painted; with --stay it stays open. What the programs cost is measured against it.
+// bare_window: the simplest Qt window, as large as the display. It ends after its first paint; with
+// --stay it stays open. The programs are measured against it.
 #include <QApplication>
 #include <QWidget>
 
