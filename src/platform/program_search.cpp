@@ -8,7 +8,7 @@ std::optional<ProgramCall> findProgram(std::string_view commandLine,
                                        const std::function<bool(const std::string &)> &isFile)
 {
     std::size_t from = 0;
-    std::size_t skipped = 0; // what is skipped behind the program: a quote or nothing
+    std::size_t skipped = 0; // characters between the program and the rest: a quote or none
     char separator = ' ';
     if (!commandLine.empty() && commandLine.front() == '"') {
         from = 1;

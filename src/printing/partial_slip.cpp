@@ -60,8 +60,8 @@ void printCopy(App &app, Printer &printer, std::string_view banner, int gap)
     printBanner(printer, banner, 24, 3);
     printHeader(app, printer, saleLine(app), cardText(app, fieldText(app, records::HiddenNumb)));
     printBoldLine(app, printer, authorizationLine(app));
-    // Kept: a slip of a partial approval never shows a balance of nothing, and the record in
-    // memory keeps the five.
+    // Kept: a slip of a partial approval never shows a balance of 0, and the record in memory keeps
+    // the 5.
     if (app.values.CCdata.value(records::CCaditionalFUNDS).isZero())
         app.values.CCdata.set(records::CCaditionalFUNDS, "5");
     printApprovedPart(app, printer);
@@ -69,7 +69,7 @@ void printCopy(App &app, Printer &printer, std::string_view banner, int gap)
     printer.blankLines(gap);
     printSignature(app, printer);
     printBanner(printer, banner, 24, 2);
-    // Kept: behind a cut the job stays open, so that all three slips become one job.
+    // Kept: after a cut the job stays open, so that all three slips become one job.
     if (cutsAtEnd(app))
         printer.cut();
     else

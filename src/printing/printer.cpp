@@ -54,7 +54,7 @@ void Printer::request(Choice choice)
         submitTo(owner);
 }
 
-// All choices count, in their order: a name of no printer keeps what the one before it selected.
+// All choices count, in their order: an unknown name keeps the selection of the choice before it.
 void Printer::resolve()
 {
     if (!requested.empty()) {
@@ -86,7 +86,7 @@ void Printer::apply(const Choice &choice, const std::vector<std::string> &names)
         selectDefault(choice);
 }
 
-// Any other printer may be the kitchen's.
+// Any other printer may be the one in the kitchen.
 void Printer::selectDefault(const Choice &choice)
 {
     selected = printers.defaultName();
@@ -178,7 +178,7 @@ void Printer::add(Kind kind, std::string_view text)
     job.operations.push_back({kind, std::string(text), {}});
 }
 
-// Only what a line is printed in counts, so changes that no line follows leave no trace.
+// Written only when a line follows, so that font changes without a line are not in the job.
 void Printer::useFont()
 {
     if (fontWritten && written == current)
@@ -197,7 +197,7 @@ void Printer::submitTo(const std::string &name)
         lost(name, outcome, named);
 }
 
-// Both copies on the same dead printer are one message.
+// Two copies that the same printer did not take are one message.
 void Printer::lost(const std::string &name, platform::Outcome outcome,
                    const std::vector<std::string> &of)
 {

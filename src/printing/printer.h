@@ -1,5 +1,5 @@
-// Printer: the pen that writes print jobs. It has a selected printer, a current font that stays
-// from job to job, and an open job or none.
+// Printer: writes print jobs. It has a selected printer, a current font that stays from job to job,
+// and an open job or none.
 #pragma once
 
 #include "platform/printers.h"
@@ -12,7 +12,7 @@
 
 namespace printing {
 
-/// What one printer did not take of what was written.
+/// The slips that one printer did not take.
 struct Unprinted {
     std::vector<std::string> slips; // their names as beginSlip() had them
     std::string printer;            // empty: there is none at all
@@ -25,21 +25,21 @@ public:
     Printer(const Printer &) = delete;
     Printer &operator=(const Printer &) = delete;
 
-    // The choice of the printer. At first the default printer is selected. A choice is only noted
-    // down, in microseconds; the list of printers is asked for when its result is first needed.
+    // The choice of the printer. At first the default printer is selected. A choice is only noted,
+    // in microseconds; the list of printers is read when the result is first needed.
 
-    /// Takes the name of the default printer, which was selected in the place of a missing one.
+    /// Called with the name of the default printer when it is selected instead of a missing one.
     using Instead = std::function<void(const std::string &)>;
 
     /// Clears the vendor flag, then selects the last printer whose device name begins with
     /// `beginning` (capitals count; an empty one fits every printer) and looks for vendor
-    /// printers. Without a fit the default printer is selected, and `instead` hears of it once for
+    /// printers. Without a fit the default printer is selected, and `instead` is called once for
     /// the same beginning, when the choice is looked up.
     void select(std::string_view beginning, Instead instead = {});
     /// Selects the last printer whose device name begins with "VENDOR" and sets the vendor flag;
     /// without one, selection and flag stay as they are.
     void selectVendor();
-    /// Selects the printer of just this device name; without one the selection stays as it is.
+    /// Selects the printer with exactly this device name; without one the selection stays as it is.
     void selectExactly(std::string_view name);
     /// Device name of the selected printer; empty when there is none at all.
     const std::string &selectedName();
@@ -55,11 +55,11 @@ public:
     void setBold(bool on) { current.bold = on; }
     void setItalic(bool on) { current.italic = on; }
 
-    // What is written begins a job where none is open. The job belongs to the printer that is
-    // selected then: selecting another one closes it.
+    // Writing begins a job if none is open. The job belongs to the printer that is selected then:
+    // selecting another one closes it.
 
-    /// What follows is the slip of this name, "merchant's slip": people read it where the job is
-    /// not printed. A job may hold several, and they share its fate.
+    /// Names the slip that follows, "merchant's slip", for the message if the job is not printed. A
+    /// job may hold several slips, which are printed or lost together.
     void beginSlip(std::string_view name) { slips.emplace_back(name); }
     /// One printed line; a NUL prints as a blank.
     void line(std::string_view text);
@@ -69,18 +69,18 @@ public:
     void picture(std::string_view name, double sizeBehind);
     /// Tab stops "x1,x2,..." in millimetres, until the job is closed.
     void tabs(std::string_view stops);
-    /// The knife. It leaves the font at 10 points.
+    /// Cuts the paper. The font size is 10 points afterwards.
     void cut();
     void newPage();
-    /// Lays the open job, and those to come, across the page. A roll has no orientation.
+    /// Prints the open job, and later ones, in landscape. A roll has no orientation.
     void setLandscape(bool on);
 
     bool jobOpen() const { return open; }
-    /// Hands the job to its printer. One that the printer does not take is lost, and its slips are
-    /// kept for takeUnprinted(). Without an open job nothing is printed.
+    /// Submits the job to its printer. A job that the printer does not take is lost, and the names
+    /// of its slips are kept for takeUnprinted(). Without an open job nothing is printed.
     void closeJob();
     /// The slips that were not printed since the last call, in their order; forgets them. A job
-    /// without a slip (the knife alone) is not told.
+    /// without a slip (only a cut) is not among them.
     std::vector<Unprinted> takeUnprinted() { return std::exchange(unprinted, {}); }
 
     /// Loads printer list and fonts while the program waits anyway.

@@ -7,10 +7,10 @@
 
 namespace printing {
 
-/// Selects the printer of `ReceiptPrinterName`, trimmed: the last one that begins with it, the
-/// default printer where none does, which "CCLastProcess.dat" tells then. Nothing before the
-/// configuration was read: an empty name would fit whatever printer comes last. Costs nothing: the
-/// printers are not touched before the result is needed.
+/// Selects the printer of `ReceiptPrinterName`, trimmed: the last one that begins with it, or else
+/// the default printer, which is reported in "CCLastProcess.dat". Does nothing before the
+/// configuration was read, because an empty name would fit the last printer of the list. Takes no
+/// time: the printers are not looked up before the result is needed.
 void Set_Printer(records::App &app, Printer &printer);
 
 /// Selects the last printer that begins with "VENDOR".

@@ -1,4 +1,4 @@
-// Slips printed later from a record in hand: reprints of both copies, and the void slip.
+// Slips printed later from a stored record: reprints of both copies, and the void slip.
 #include "printing/slip_parts.h"
 
 namespace printing {
@@ -24,7 +24,7 @@ void printReprintEnd(const App &app, Printer &printer, const SlipContext &contex
         printer.setBold(false);
     }
     printBanner(printer, banner, 12, 1);
-    // Kept: any balance but nothing, even one below it, where a first print wants one above.
+    // Kept: any balance except 0, even a negative one; a first print wants a positive one.
     if (context.giftMarker && !app.values.CCdata.value(records::GCbalance).isZero()) {
         printer.setSize(14);
         printer.setBold(true);

@@ -105,7 +105,7 @@ void CutSequence(Printer &printer)
 
 void writeCreditApproval(const App &app)
 {
-    // Kept: the reference goes out as the record holds it, scrambled after an approval.
+    // Kept: the reference is written as in the record, scrambled after an approval.
     app.files.write(app.values.Maindir + "CreditApproval.dat",
                     records::quotedLine(hashedNumber(fieldText(app, records::CCNumb))) +
                         records::quotedLine(authorizationLine(app)));

@@ -1,7 +1,7 @@
-// The direct slips: what they say, line by line, from the record in `CCdata`. Each procedure
-// writes to the selected printer with errors ignored: a slip that cannot be printed is lost, and
-// the transaction goes on. A slip is written in one go, without a turn of the event loop: the
-// operator's "Cancel" must not get between an approval and its answer.
+// The direct slips: their lines, from the record in `CCdata`. Each procedure writes to the selected
+// printer with errors ignored: a slip that cannot be printed is lost, and the transaction goes on.
+// A slip is written without a turn of the event loop, because the operator's "Cancel" must not come
+// between an approval and its answer.
 #pragma once
 
 #include "printing/printer.h"
@@ -27,7 +27,7 @@ struct SlipContext {
 
 // After an approval. The merchant copy comes first.
 
-/// Nothing at all for a trimmed request text that begins with "DelPrePa".
+/// Prints nothing if the trimmed request text begins with "DelPrePa".
 void Print_Merch(records::App &app, Printer &printer, const SlipContext &context);
 /// Writes "CreditApproval.dat" instead when no customer copy is wanted (SSCheck1,
 /// "CCnoPrint.dat") or the request text begins with "DelPrePay". With the NoCut2 flag at -1 the
@@ -45,10 +45,10 @@ void Att_Server(const records::App &app, Printer &printer);
 
 /// The balance section of a gift card, within a slip.
 void print_balance(const records::App &app, Printer &printer);
-/// The balance as a page of its own, behind template slips.
+/// The balance on a separate page, after template slips.
 void printGiftBalancePage(const records::App &app, Printer &printer);
 
-// Later, from the record in `CCdata`: no tests, no suppression. `CCNumb` must be plain.
+// Reprints, from the record in `CCdata`: nothing suppresses them. `CCNumb` must be plain.
 
 void Reprint_Merch(const records::App &app, Printer &printer, const SlipContext &context);
 void Reprint_Cust(const records::App &app, Printer &printer, const SlipContext &context);

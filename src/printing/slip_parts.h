@@ -9,7 +9,7 @@
 
 namespace printing {
 
-// Their names where they could not be printed.
+// Their names in the message that they could not be printed.
 inline constexpr const char *kMerchantSlip = "merchant's slip";
 inline constexpr const char *kCustomerSlip = "customer's slip";
 
@@ -33,11 +33,11 @@ std::string hashedNumber(std::string_view number);
 
 /// The plain slip font in its base size.
 void useSlipFont(const records::App &app, Printer &printer);
-/// Banner, font size behind it, blank lines.
+/// Banner, the font size after it, blank lines.
 void printBanner(Printer &printer, std::string_view picture, double sizeBehind, int blankLines);
 /// Date, time, receipt, server and table in one line.
 std::string saleLine(const records::App &app);
-/// The masked number as the command-line mode has it, else from `hashed`.
+/// The masked number as the command-line mode shows it, else from `hashed`.
 std::string cardText(const records::App &app, std::string_view hashed);
 /// The business and its address, the rule, the lines of sale and card holder, and the card; ends in
 /// the small size.
@@ -46,14 +46,14 @@ void printHeader(const records::App &app, Printer &printer, const std::string &s
 std::string transRecordText(const SlipContext &context);
 /// "AUTH - ", the code and the terminal.
 std::string authorizationLine(const records::App &app);
-/// The same, with the routing identifier in place of the code where there is one.
+/// The same, with the routing identifier instead of the code if there is one.
 std::string approvalLine(const records::App &app);
 /// The customer's, without a code.
 std::string terminalLine(const records::App &app);
 /// One bold line and a blank one; ends in the large size.
 void printBoldLine(const records::App &app, Printer &printer, const std::string &text);
 
-/// What stands behind "Gratuity" and "Total".
+/// The texts after "Gratuity" and "Total".
 struct TipTexts {
     std::string tip;
     std::string total;

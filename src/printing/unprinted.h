@@ -1,4 +1,4 @@
-// Slips that no printer took: in words for the people who wait for them, and for the trace.
+// Messages and trace lines about slips that no printer took.
 #pragma once
 
 #include "platform/dialogs.h"
@@ -16,7 +16,7 @@ std::string unprintedWords(const std::vector<Unprinted> &unprinted);
 /// "  NOT PRINTED - merchant's slip - no room on the disk - Receipt", a line for each slip.
 std::vector<std::string> unprintedLines(const std::vector<Unprinted> &unprinted);
 
-/// Tells what `printer` has not printed, and `whatNow` behind it. Ok where nothing is to be told.
+/// Shows what `printer` has not printed, followed by `whatNow`. Ok if everything was printed.
 platform::Answer tellUnprinted(platform::Dialogs &dialogs, Printer &printer,
                                const std::string &whatNow,
                                platform::Buttons buttons = platform::Buttons::Ok);

@@ -1,5 +1,5 @@
-// App: the platform's services and this process's values, as one pair that every routine takes.
-// There are no globals; a test makes its own.
+// App: the platform's services and this process's values, which every routine takes together. There
+// are no globals; a test makes its own.
 #pragma once
 
 #include "platform/held_file.h"
@@ -22,7 +22,7 @@ struct ManagerRow {
     std::string endDate; // "MM/DD/YYYY"
 };
 
-/// The process-wide flags and words. All start empty, false or 0, as in a fresh process.
+/// The process-wide flags and texts. All start empty, false or 0.
 struct ProcessValues {
     // Directories, each ending in a backslash as its source spells it; names are appended.
     std::string Maindir;

@@ -1,4 +1,4 @@
-// Backups with a stamp: copies of a card file that are named by their date and time.
+// Backups with a stamp: copies of a card file, named by their date and time.
 #pragma once
 
 #include "records/app.h"
@@ -8,7 +8,7 @@
 
 namespace records {
 
-/// What became of a backup.
+/// The result of a backup.
 struct Backup {
     platform::DateTime when;           // the moment that its name tells
     std::string stamp;                 // MMDDYYYYHHMMSS, the beginning of its name

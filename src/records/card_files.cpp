@@ -12,8 +12,8 @@ using platform::Outcome;
 using platform::SlotFile;
 using platform::SlotUse;
 
-/// Opens and locks. Inside ErrorsIgnored a refused lock is passed over; outside it the program is
-/// ending already.
+/// Opens and locks. Inside ErrorsIgnored a refused lock is ignored; outside it has already ended
+/// the program.
 Outcome openLocked(App &app, SlotFile &file, SlotUse use)
 {
     const Outcome opened = file.open(use);
@@ -23,13 +23,13 @@ Outcome openLocked(App &app, SlotFile &file, SlotUse use)
     return done(locked) || app.run.errorsIgnored() ? Outcome::Done : locked;
 }
 
-/// A write that fails may leave a part of itself in the slot: then what stood there is put back.
+/// A failed write may leave a part of the record in the slot; then the old content is restored.
 Outcome rewrite(App &app, SlotFile &slots, long slot, const CardRecord &before,
                 const CardRecord &next)
 {
     Outcome outcome = Outcome::Done;
     {
-        const platform::ErrorsIgnored ignored(app.run); // or the files would be shut by then
+        const platform::ErrorsIgnored ignored(app.run); // else the files would be shut
         outcome = slots.write(slot, next.view());
         if (!done(outcome))
             slots.write(slot, before.view());

@@ -128,7 +128,7 @@ void Pause(App &app, std::chrono::milliseconds length)
     auto wanted = length.count();
     while (!app.ending()) {
         const int passed = app.clock.now().millisecondsOfDay() - start;
-        if (passed < 0) // past midnight the full length might never be reached before the next one
+        if (passed < 0) // the full length might not be reached before the next midnight
             wanted = 0;
         if (passed >= wanted)
             return;

@@ -1,5 +1,5 @@
-// Small routines that every screen repeats: the scrambling of stored card references, brands,
-// masks, and two time helpers.
+// Small routines that all screens use: the scrambling of stored card references, brands, masks, and
+// two time helpers.
 #pragma once
 
 #include <chrono>
@@ -22,23 +22,22 @@ struct CardBrand {
     int type;
 };
 
-/// "Unknown" (9) for anything but digits (blanks and hyphens apart) or fewer than 14 of them; the
-/// first prefix rule that gives a name wins.
+/// "Unknown" (9) for fewer than 14 digits or for any character other than digits, blanks and
+/// hyphens; the first prefix rule that gives a name wins.
 CardBrand CreditCardType(std::string_view number);
 
 /// "XXXX XXXX XXXX " and the last 4 characters of the trimmed number.
 std::string maskedNumber(std::string_view number);
 
-/// The text with each run of 13 digits or more, blanks and hyphens between them or not, as a
-/// masked number: what a card number and anything written right behind it would be.
+/// The text with each run of 13 digits or more (with or without blanks and hyphens in between) as a
+/// masked number: it could be a card number, with whatever directly follows it.
 std::string withoutCardNumbers(std::string_view text);
 
-/// A 4-digit expiry turned round, "YYMM" to "MMYY" and back; any other text stays.
+/// Swaps the halves of a 4-digit expiry, "YYMM" to "MMYY" and back; any other text stays.
 std::string turnedExpiry(std::string_view expiry);
 
-/// Waits on the clock of the day, yielding on each pass.
-/// Kept: across midnight the difference goes negative and the wait lasts until the clock has
-/// climbed back past the start.
+/// Waits by the time of day, with a yield() in each pass. Kept: across midnight the difference
+/// becomes negative and the wait lasts until the clock has passed the start again.
 void Pause(App &app, std::chrono::milliseconds length);
 
 /// "HH:MM" of a count of minutes, each at least two digits; `seconds` appends ":00".

@@ -55,17 +55,16 @@ using CardRecord = FixedRecord<CardField, 490>;
 /// Slots of the card files; the last 10 bytes of a slot belong to no field and are never read.
 inline constexpr std::size_t kCardSlotLength = 500;
 
-/// Blanks the fields of a tender and sets `CCaditionalFUNDS` to "0"; the 12 other fields keep what
-/// they hold.
+/// Blanks the fields of a tender and sets `CCaditionalFUNDS` to "0"; the 12 other fields stay.
 void Clear_CCdata(CardRecord &CCdata);
 
 /// `CCNumb` := StrEncode of its trimmed text, `CCEncoded` := "1".
 void encodeCardNumber(CardRecord &CCdata);
-/// The reverse, for a working copy: where the value of `CCEncoded` is not 0, `CCNumb` :=
-/// StrDecode of its trimmed text, `CCEncoded` := "0".
+/// The reverse, for a working copy: if the value of `CCEncoded` is not 0, `CCNumb` := StrDecode of
+/// its trimmed text, `CCEncoded` := "0".
 void decodeCardNumber(CardRecord &CCdata);
 
-/// An approved amount above 0 takes the place of the tab, as the plain text of its value.
+/// An approved amount above 0 replaces the tab, as the plain text of its value.
 void takeApprovedAmount(CardRecord &CCdata);
 
 } // namespace records

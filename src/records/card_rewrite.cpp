@@ -34,8 +34,7 @@ private:
     {
         Outcome outcome = app.files.createIfMissing(rewrite.file);
         if (done(outcome))
-            outcome =
-                live.open(SlotUse::Rewrite); // a file that must not be written to stays as it is
+            outcome = live.open(SlotUse::Rewrite); // a write-protected file must stay as it is
         if (!done(outcome))
             return outcome;
         outcome = live.lock();
@@ -97,7 +96,7 @@ private:
         return done(outcome) ? work.replace(live, count) : outcome;
     }
 
-    /// The bytes behind the record stay as they are.
+    /// The bytes after the record stay as they are.
     Outcome keep(long slot, platform::WorkFile &work)
     {
         std::string bytes(kCardSlotLength, '\0');

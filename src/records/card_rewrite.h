@@ -1,5 +1,5 @@
-// Rewrites of a whole card file: records leave it for another file, the others stay in their order.
-// The one way in which "CCPending.dat" becomes shorter.
+// Rewrites of a whole card file: some records move to another file, the others stay in their order.
+// The only way in which "CCPending.dat" becomes shorter.
 #pragma once
 
 #include "records/app.h"
@@ -21,20 +21,20 @@ struct CardRewrite {
     std::string workFile; // the next content of `file` while it is being written
     /// Called once for each slot in its order.
     std::function<Fate(const CardRecord &record)> fateOf;
-    /// What a record is to become where it goes: in the target, or in the file if it stays.
+    /// Changes a record before it is written: to the target, or to the file if it stays.
     std::function<void(CardRecord &copy, Fate fate)> change{};
-    /// In ErrorsIgnored a refused lock of `file` is passed over.
+    /// In ErrorsIgnored, ignore a refused lock of `file`.
     bool worksUnlocked = false;
-    /// Told the slots of the second walk. No event may run in it: the file is locked.
+    /// Called with each slot of the second pass. No event may run in it: the file is locked.
     std::function<void(long slot)> progress{};
 };
 
-/// First the moving records are appended to the target and flushed. Then, if any leaves or changes,
-/// the work file is filled with the slots of the others, read anew, and put in the place of the
-/// file, under the lock from the first look on (see platform::WorkFile for what others append
-/// meanwhile). No slot is written to in its place: a record that a power cut tears there could not
-/// be read any more, half scrambled. At every moment each record is whole in one of the two files,
-/// after a stop in between perhaps in both. On the first operation that fails nothing more is done.
+/// First the moving records are appended to the target and flushed. Then, if any record leaves or
+/// changes, the work file is filled with the other slots, read again, and replaces the file. The
+/// file is locked all the time (see platform::WorkFile for what others append meanwhile). No slot
+/// is rewritten in place, because a power cut could leave half a record there. At every moment each
+/// record is whole in one of the two files; if the program stops in between, perhaps in both. The
+/// first operation that fails ends the rewrite.
 platform::Outcome rewriteCardFile(App &app, const CardRewrite &rewrite);
 
 } // namespace records

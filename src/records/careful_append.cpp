@@ -11,7 +11,7 @@ namespace {
 
 using platform::Outcome;
 
-constexpr int kAppends = 3; // each one needs another who writes over the one before
+constexpr int kAppends = 3; // another is needed only if somebody overwrites the one before
 
 CarefulRecord appendOnce(App &app, const std::string &file, const CardRecord &record)
 {

@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char *kIniFile = "C:\\Lumbrio\\LumbrioINI.dat";
 
-/// A file that ends within the field leaves NULs behind its text, where every path would end.
+/// A file that ends within the field leaves NULs after its text; a path would end there.
 std::string trimmedInPlace(LumbrioConfig &config, const ConfigField &field)
 {
     const std::string raw = config.raw(field);
@@ -51,8 +51,8 @@ std::string whatHolds(const ProcessValues &values)
            values.paymentDirectory;
 }
 
-/// Locked too while the point of sale has emptied it to write it anew: read just then, the records
-/// of this tender would go into directories that nobody looks into.
+/// An empty file counts as locked: the point of sale empties it before it writes it again. If it
+/// were read at that moment, the records of this tender would go to directories where nobody looks.
 platform::Outcome lockWhole(platform::SlotFile &file)
 {
     long slots = 0;
@@ -63,8 +63,9 @@ platform::Outcome lockWhole(platform::SlotFile &file)
     return platform::Outcome::Locked;
 }
 
-/// Looks for the file, and reads it where it is there and its content is wanted. A share that
-/// stumbles must not decide how a card is charged: after the wait somebody can read what does.
+/// Looks for the file, and reads it if it is there and its content is wanted. A short failure of
+/// the share must not decide how a card is charged; if it lasts, the trace says which settings are
+/// used.
 bool isThere(App &app, const std::string &path, std::string *content)
 {
     bool there = false;
@@ -81,7 +82,7 @@ bool isThere(App &app, const std::string &path, std::string *content)
     return false;
 }
 
-/// From `Maindir`, which becomes the usual directory when it is empty. False without the file.
+/// From `Maindir`, which becomes the usual directory if it is empty. False without the file.
 bool readCardOptions(App &app, CardOptions &options)
 {
     if (app.values.Maindir.empty())

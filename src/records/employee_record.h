@@ -9,7 +9,7 @@ struct EmployeeField : Field {};
 
 using EmployeeRecord = FixedRecord<EmployeeField, 1000>;
 
-/// All 32, in the order of the bytes; a name beginning with "reserved" draws no meaning.
+/// All 32, in the order of the bytes; fields whose names begin with "reserved" are not used.
 // clang-format off
 inline constexpr std::array<EmployeeField, 32> kEmployeeFields = {{
     {{"number", 0, 20}},         {{"second identifier", 20, 20}}, {{"name", 40, 30}},

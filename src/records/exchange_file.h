@@ -1,5 +1,6 @@
-// Exchange files: what another program wrote for this one. Read within bounds, so that a broken or
-// hostile file costs neither memory nor time and brings no control character into a record.
+// Exchange files: what another program wrote for this one. They are read within limits, so that a
+// broken or hostile file costs little memory and time and brings no control character into a
+// record.
 #pragma once
 
 #include "records/trace.h"
@@ -22,7 +23,7 @@ struct ExchangeText {
     bool longLines = false; // some were cut to kExchangeLine
 };
 
-/// What of a file's content counts.
+/// The part of a file's content that is used.
 ExchangeText boundedText(std::string_view content);
 
 struct ExchangeFile : ExchangeText {
@@ -31,12 +32,12 @@ struct ExchangeFile : ExchangeText {
     platform::DateTime modified; // before it was read
 };
 
-/// Reads the file at `path`, which must be a plain file and no link. What is left out goes into the
-/// trace. Outside ErrorsIgnored a failure ends the program, as with Files::read.
+/// Reads the file at `path`, which must be a plain file and no link. The trace says what was left
+/// out. Outside ErrorsIgnored a failure ends the program, as with Files::read.
 ExchangeFile readExchange(App &app, const std::string &path);
 
-/// `value` cut to `length` characters, without control characters; what is cut goes into the trace
-/// as longer than that, `name` telling what it was.
+/// `value` cut to `length` characters, without control characters. If it was cut, the trace says
+/// so, with `name`.
 std::string boundedValue(App &app, std::string_view value, std::size_t length, const char *name);
 
 } // namespace records

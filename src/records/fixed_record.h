@@ -1,5 +1,5 @@
-// FixedRecord: fixed-length text fields one after the other, one byte a character, as the shared
-// files hold them.
+// FixedRecord: fixed-length text fields one after the other, one byte per character, as in the
+// shared files.
 #pragma once
 
 #include "records/money.h"
@@ -14,8 +14,8 @@
 
 namespace records {
 
-/// Where a field stands. Each kind of record has a type of its own derived from this, so that a
-/// field cannot be asked of the wrong record.
+/// Where a field stands. Each kind of record derives its own type from this, so that a field cannot
+/// be used with the wrong record.
 struct Field {
     const char *name;
     std::size_t offset;
@@ -34,7 +34,7 @@ template <class Table> constexpr bool isContiguous(const Table &fields, std::siz
     return at == size;
 }
 
-/// The working copy of one record. What was never assigned is NUL bytes.
+/// The working copy of one record. Fields never assigned are NUL bytes.
 template <class FieldType, std::size_t Size> class FixedRecord {
 public:
     static constexpr std::size_t kSize = Size;

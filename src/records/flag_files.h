@@ -1,4 +1,5 @@
-// Flag files: their presence is what they say, to every program on the share or at the station.
+// Flag files: the presence of such a file means something to every program on the share or at the
+// station.
 #pragma once
 
 #include "records/app.h"

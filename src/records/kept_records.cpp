@@ -40,7 +40,7 @@ bool parseKept(std::string_view content, Kept &kept)
     return true;
 }
 
-/// One of the card files in `Remotedir`, and nothing else that a file may name.
+/// Whether the path is one of the card files in `Remotedir`: the kept file could name any other.
 bool isCardFile(const ProcessValues &values, const std::string &target)
 {
     constexpr std::string_view kMonth = "MMYY";
@@ -69,8 +69,9 @@ std::string describe(const CardRecord &record)
            record.text(CApprovalCode);
 }
 
-/// The file is there, or at least the folder of the other card files: where the share has gone, its
-/// place may be an empty folder, and a new file in it would be hidden when the share comes back.
+/// Whether the file is there, or at least the folder of the other card files. When the share is
+/// gone, an empty folder may be in its place, and a new file there would be hidden when the share
+/// comes back.
 Outcome placeOf(App &app, const std::string &target)
 {
     bool there = false;
@@ -81,7 +82,7 @@ Outcome placeOf(App &app, const std::string &target)
                                                                           : Outcome::NotThere;
 }
 
-/// Appended under the lock, which is waited for: nothing presses here.
+/// Appends only under the lock and waits for it, because there is no hurry here.
 Outcome storeUnderLock(App &app, const Kept &kept)
 {
     Outcome outcome = placeOf(app, kept.target);
@@ -95,7 +96,7 @@ Outcome storeUnderLock(App &app, const Kept &kept)
     return done(outcome) ? appendAndClose(slots, kept.record).outcome : outcome;
 }
 
-/// Not Done: it waits on.
+/// If not Done, the record stays kept.
 Outcome storeOnce(App &app, const Kept &kept)
 {
     const Sighting sighting = findTransaction(app, kept.record, kept.target);
@@ -110,18 +111,19 @@ Outcome storeOnce(App &app, const Kept &kept)
     return outcome;
 }
 
-/// One file in the hands of whoever claims it: locked, then renamed. Another's is left alone.
+/// A kept file while one program works on it: locked, then renamed. A file that another program has
+/// claimed is not touched.
 class Claim {
 public:
     Claim(App &theApp, const std::string &thePath) : app(theApp), path(thePath) {}
 
-    /// Locked or NotThere: another has it in hand, or is done with it.
+    /// Locked or NotThere: another program is working on it, or has finished it.
     Outcome take()
     {
         Outcome outcome = app.files.open(path, platform::OpenMode::ReadWrite, file);
         if (done(outcome))
             outcome = app.files.lock(path, platform::OpenMode::ReadWrite, file);
-        // Where it was claimed before, whoever did is dead: the lock was free.
+        // If it was claimed before, the program that did is dead, because the lock was free.
         if (!done(outcome) || path.ends_with(kClaimed))
             return outcome;
         const std::string claimed = path + std::string(kClaimed);
@@ -144,13 +146,13 @@ public:
             tell(app, "cannot be read - " + path);
             return;
         }
-        // A file that did not answer for one of them will not for the next.
+        // A card file that failed for one record will fail for the next.
         const Outcome outcome = done(far) ? storeOnce(app, kept) : far;
         far = outcome;
         if (done(outcome)) {
             ++result.stored;
             if (!done(app.files.removeIfThere(path)))
-                app.files.write(path, {}); // or it would come back when the record has been moved
+                app.files.write(path, {}); // else it would be stored again after a move
             return;
         }
         result.waiting.push_back(kept.record);
@@ -187,7 +189,7 @@ std::string keepRecord(App &app, const std::string &target, const CardRecord &re
     outcome = app.files.writeNew(stationDataFolder(app) + "KeptRecord-" + stampOf(app.clock.now()),
                                  ".dat", keptText(target, record), path);
     if (!done(outcome) && app.files.exists(path))
-        outcome = Outcome::Done; // not flushed, yet whole
+        outcome = Outcome::Done; // not flushed, but whole
     tell(app, done(outcome) ? "written - " + describe(record) + " - " + path
                             : "NOT WRITTEN - " + std::string(platform::textOf(outcome)) + " - " +
                                   describe(record) + " - " + path);

@@ -1,21 +1,23 @@
-// What a killed program of this station has left behind, and the lock that says that none lives.
+// Files that a killed program of this station left, and the lock that shows that no other is
+// running.
 #pragma once
 
 #include "records/trace.h"
 
 namespace records {
 
-/// "Data\" + the executable's name + ".lock" in `Maindir`: held from here to the end of the
-/// program. The folder is made when it is missing. Whoever cannot have it, because another program
-/// of this role runs or because of a failure, works as ever and clears nothing away.
-/// Locked when another program of this role lives.
+/// Takes "Data\" + the executable's name + ".lock" in `Maindir` and holds it to the end of the
+/// program. The folder is created if it is missing. A program that cannot take it, because another
+/// program of this role runs or because of a failure, works as usual and deletes no work files.
+/// Locked when another program of this role runs.
 platform::Outcome takeRoleLock(App &app);
-/// No other program of this role runs on `Maindir`, so that nothing it left is in use.
+/// True: no other program of this role runs on `Maindir`, so that no file it left is in use.
 bool holdsRoleLock(const App &app);
 
-/// Removes the work files that this role has left at this station, wherever it writes some:
+/// Removes the work files that this role left at this station, in all folders where it writes some:
 /// `Maindir` and `Remotedir` with their data folders, "C:\Lumbrio\", the exchange with the payment
-/// server, the spool. Nothing without the role's lock. Gives a line for each one, for the trace.
+/// server, the spool. Without the role's lock it removes none. Gives a line for the trace for each
+/// file.
 TraceLines clearLeftOvers(App &app);
 
 } // namespace records

@@ -40,7 +40,7 @@ void Fetch_EmpName(App &app)
     const std::string path = values.timeClockDirectory + "Data\\Zemployee.dat";
     if (!app.files.exists(path))
         return;
-    // Whatever fails ends the scan, not the program: the slip then names nobody.
+    // A failure ends only the search; the slip then has no name.
     const platform::ErrorsIgnored ignored(app.run);
     platform::SlotFile file(app.files, path, EmployeeRecord::kSize);
     if (!done(file.open(platform::SlotUse::Read)) || !done(file.lock()))

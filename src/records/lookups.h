@@ -1,5 +1,4 @@
-// Lookups that give people their names: employees from "Zemployee.dat", managers from
-// "ButtonAM.dat".
+// Names of people by their numbers: employees from "Zemployee.dat", managers from "ButtonAM.dat".
 #pragma once
 
 #include "records/app.h"
@@ -8,12 +7,12 @@
 
 namespace records {
 
-/// Current employee number to `EmployeeFullName` and `EmployeeShortName`, from
+/// Sets `EmployeeFullName` and `EmployeeShortName` for the current employee number, from
 /// "Data\Zemployee.dat" of the time clock directory, under its lock. An empty number changes
 /// nothing; an unknown one gives "XXXXXX" and leaves the short name.
 void Fetch_EmpName(App &app);
 
-/// The first word of a name with the blank behind it; without a blank the first five letters.
+/// The first word of a name with the blank after it; without a blank the first five letters.
 std::string shortName(const std::string &name);
 
 /// `ManagerTable` from "ini\3\ButtonAM.dat" under `Remotedir` (an empty one becomes

@@ -1,5 +1,5 @@
 // LumbrioConfig: the single 2300-byte record of the point of sale's "LumbrioINI.dat", 191 fixed
-// text fields. Read only; reserved fields are carried, no meaning is drawn from them.
+// text fields. Read only; reserved fields are not used.
 #pragma once
 
 #include "records/fixed_record.h"

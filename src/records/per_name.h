@@ -1,4 +1,4 @@
-// PerName: one value for each name of an enumeration, whose names count from 0.
+// PerName: one value for each name of an enumeration that counts from 0.
 #pragma once
 
 #include <array>

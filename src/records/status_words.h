@@ -1,5 +1,5 @@
-// The words in which a card record says what became of it. Stations, lists and other programs
-// compare them letter by letter.
+// The status words of a card record. Stations, lists and other programs compare them letter by
+// letter.
 #pragma once
 
 #include <string_view>
@@ -15,7 +15,7 @@ inline constexpr const char *kCompleted = "Completed";
 inline constexpr const char *kApproved = "Approved";
 inline constexpr const char *kDeclined = "Declined";
 
-/// Lists and rewrites know a status by its first letters, in just these capitals.
+/// Lists and rewrites recognise a status by its first letters, in exactly these capitals.
 inline bool beginsNotAdjusted(std::string_view status)
 {
     return status.starts_with("Not");

@@ -19,7 +19,7 @@ bool isSmallLetter(char c)
     return c >= 'a' && c <= 'z';
 }
 
-/// By hand: a list trims a dozen short fields a record.
+/// A loop of our own for speed: a list trims a dozen short fields of each record.
 std::string_view withoutBlanks(std::string_view text)
 {
     const auto isBlankChar = [](char c) { return c == ' ' || c == '\0'; };
@@ -61,8 +61,8 @@ bool scanNumber(std::string_view text, std::size_t &at, bool grouped, Money &val
     return digits;
 }
 
-/// A rounded value as digits, each part without what a mask decides. In one piece of memory: a list
-/// writes several a record.
+/// A rounded value as digits, before a mask is applied. In one piece of memory for speed: a list
+/// writes several for each record.
 class NumberParts {
 public:
     NumberParts(Money value, int decimals);
@@ -119,7 +119,7 @@ std::string padded(int number, std::size_t width)
     return text.size() >= width ? Right(text, width) : std::string(width - text.size(), '0') + text;
 }
 
-/// Walks a date mask; what a letter group means depends on what stood before it.
+/// Reads a date mask; the meaning of a letter group depends on the one before it.
 class DateMask {
 public:
     DateMask(const platform::DateTime &theTime, std::string_view theMask)
@@ -184,7 +184,7 @@ private:
     std::size_t at = 0;
 };
 
-/// A number of `least` to `most` digits in front of `text`, which it takes off; -1 for another.
+/// Takes a number of `least` to `most` digits off the front of `text`; -1 for anything else.
 int takeNumber(std::string_view &text, std::size_t least, std::size_t most)
 {
     std::size_t digits = 0;

@@ -10,11 +10,11 @@
 
 namespace records {
 
-/// Blanks (0x20) cut at both ends. A text of nothing but blanks and NULs, as a field that was
-/// never assigned holds, is empty; NULs behind real text stay.
+/// Cuts blanks (0x20) at both ends. A text of only blanks and NULs, as in a field never assigned,
+/// becomes empty; NULs after other text stay.
 std::string Trim(std::string_view text);
 
-/// Nothing but blanks and NULs.
+/// Only blanks and NULs.
 bool isBlank(std::string_view text);
 
 /// The number a text begins with: leading blanks skipped, sign, digits, one point, digits; it
@@ -34,7 +34,7 @@ bool readNumber(std::string_view text, Money &value);
 /// "12.", 0 is ".", 0.5 is ".5"; "##########": 0 is "").
 std::string Format(Money value, std::string_view mask);
 
-/// The same for a text; a text that is no number stays as it is.
+/// The same for a text; a text that is not a number stays as it is.
 std::string Format(std::string_view text, std::string_view mask);
 
 /// A date or time mask of MM MMMM DD DDDD YY YYYY HH NN SS and ampm (in any case); MM right after
@@ -58,12 +58,12 @@ std::string Right(std::string_view text, std::size_t count);
 std::string Left(std::string_view text, std::size_t count);
 std::string toLower(std::string_view text);
 bool startsWith(std::string_view text, std::string_view beginning);
-/// "20250115-130500": date and time as they stand in the names of files, and sort.
+/// "20250115-130500": date and time for names of files; they sort by time.
 std::string stampOf(const platform::DateTime &when);
 /// Calendar day as a number that sorts (YYYYMMDD).
 int dayNumber(const platform::DateTime &when);
-/// The same of a date "MM/DD/YY" or "MM/DD/YYYY", blanks around it allowed, month and day of one
-/// digit too; a year of two digits is 20YY. 0 for what is no date.
+/// The same for a date "MM/DD/YY" or "MM/DD/YYYY"; blanks around it and one-digit months and days
+/// are allowed; a year of two digits is 20YY. 0 if it is not a date.
 int dayOf(std::string_view text);
 
 } // namespace records

@@ -1,5 +1,5 @@
-// Trace logs: the plain text that every step of a transaction leaves behind. Writing a trace
-// never stops anything: each block opens, appends and closes with errors ignored.
+// Trace logs: plain text about every step of a transaction. Writing a trace never stops anything:
+// each block opens, appends and closes with errors ignored.
 #pragma once
 
 #include "records/app.h"
@@ -17,7 +17,7 @@ using TraceLines = std::vector<std::string>;
 
 /// Appends lines to a trace file, created when missing: one block, open to close.
 void traceBlock(App &app, const std::string &path, const TraceLines &lines);
-/// "CCLastProcess.dat", the story of the last process on this station.
+/// "CCLastProcess.dat", the steps of the last process on this station.
 void traceProcess(App &app, const TraceLines &lines);
 /// "TRACELOG.TXT", which grows without limit.
 void traceLog(App &app, const TraceLines &lines);

@@ -13,8 +13,8 @@ using platform::Outcome;
 
 constexpr int kMostMonths = 24;
 
-/// What moves records appends to the next file before it takes them out of the one before, so that
-/// a search in this order meets them. A record may have been finished in any month since.
+/// Code that moves a record appends it to the next file before it removes it from the one before,
+/// so a search in this order finds it. It may have been finished in any month since.
 std::vector<std::string> filesToSearch(App &app, const CardRecord &record,
                                        const std::string &target)
 {
@@ -41,8 +41,8 @@ std::vector<std::string> filesToSearch(App &app, const CardRecord &record,
     return once;
 }
 
-/// What of a field tells transactions apart: letters and digits of the identifier, the trimmed text
-/// of any other.
+/// The part of a field that identifies a transaction: letters and digits of the identifier, the
+/// trimmed text of any other field.
 std::string comparable(const CardRecord &record, const CardField &field)
 {
     std::string text = record.text(field);
@@ -53,7 +53,7 @@ std::string comparable(const CardRecord &record, const CardField &field)
     return text;
 }
 
-/// In one reading of the whole file: slot by slot would be a round trip each where it is far away.
+/// Reads the whole file at once: slot by slot would need one round trip to the server for each.
 Sighting findIn(App &app, const std::string &file, const CardRecord &record)
 {
     std::string bytes;

@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t kWholeDigits = 7;
 constexpr std::size_t kDecimals = 2;
 
-/// How many digits stand at `at` and behind.
+/// The number of digits from `at` on.
 std::size_t digitsFrom(std::string_view text, std::size_t at)
 {
     return std::min(text.find_first_not_of("0123456789", at), text.size()) - at;

@@ -35,8 +35,8 @@ platform::Outcome readWhole(platform::DiskFile &file, std::string &text)
     return outcome;
 }
 
-/// Without the file everything has its default. One that cannot be read is no such file: the
-/// station would print elsewhere and pay with another login than it should.
+/// Without the file every setting has its default. A file that cannot be read must not count as
+/// missing: the station would print elsewhere and pay with the wrong login.
 platform::Installation readInstallation(platform::Disk &disk, platform::Run &run,
                                         const std::string &path)
 {
@@ -129,7 +129,7 @@ int runProgram(int argc, char **argv,
     platform::applyTheme(application);
     Program program(options);
     std::shared_ptr<void> firstScreen;
-    // Opened by the first turn: work done inside an event may leave screens to deleteLater().
+    // Opened by the first turn, because work inside an event may leave screens to deleteLater().
     QMetaObject::invokeMethod(
         &application, [&] { firstScreen = openFirstScreen(program); }, Qt::QueuedConnection);
     program.turnUntilEnd();

@@ -13,22 +13,22 @@ namespace roles {
 
 /// For executables of the tests; the shipped mains pass none.
 struct ProgramOptions {
-    double clockScale = 1.0; // milliseconds that pass in the program for one of the wall's
+    double clockScale = 1.0; // program milliseconds for each real one
     std::function<std::unique_ptr<platform::Disk>(std::unique_ptr<platform::Disk>)> wrapDisk;
 };
 
 class Program {
 public:
-    /// Needs the application object; reads installation.ini and nothing else: no printer, no
-    /// share and no network is touched here.
+    /// Needs the application object. Reads only installation.ini; touches no printer, no share and
+    /// no network.
     explicit Program(const ProgramOptions &options = {});
     ~Program();
 
     platform::Services &services();
-    /// False, and the program says so and ends, where installation.ini is there and cannot be read.
-    /// A role that has something to do before it ends asks Installation::unreadable itself.
+    /// False if installation.ini exists and cannot be read; the program then reports it and ends. A
+    /// role that has something to do before that checks Installation::unreadable itself.
     bool hasInstallation();
-    /// Turns the event loop until the end was asked for.
+    /// Turns the event loop until the program is ending.
     void turnUntilEnd();
 
 private:
@@ -37,8 +37,8 @@ private:
 };
 
 /// Runs a program: application object, theme, services, then `openFirstScreen`, then turns until
-/// the end. What it returns is kept alive until then (the first screen, as a rule). The exit code
-/// is 0, or 1 when a failed operation ended the program.
+/// the end. The object that `openFirstScreen` returns (usually the first screen) lives until then.
+/// The exit code is 0, or 1 when a failed operation ended the program.
 int runProgram(int argc, char **argv,
                const std::function<std::shared_ptr<void>(Program &)> &openFirstScreen,
                const ProgramOptions &options = {});

@@ -24,7 +24,8 @@ public:
     }
     ~ManagerRole()
     {
-        // At once: no handler runs any more, and later their printer would be gone.
+        // Now, because no handler runs any more and their printer is destroyed before they would
+        // be.
         delete entry.release();
         delete list.release();
     }
@@ -43,7 +44,8 @@ private:
         start.hide();
     }
 
-    /// One at a time; one that is still open is closed, unless the manager keeps what he typed.
+    /// Only one is open at a time; an open one is closed first, unless the manager keeps the typed
+    /// text.
     void openEntry(const std::string &file, long slot)
     {
         if (entry && !entry->closeForRewrite())

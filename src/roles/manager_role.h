@@ -1,11 +1,12 @@
-// The manager's role: wires the manager's screens to what the program gives them and to each other.
+// The manager's role: connects the manager's screens with the program's services and with each
+// other.
 #pragma once
 
 #include "roles/application.h"
 
 namespace roles {
 
-/// Opens the first screen of TndrMGR over the whole display. What it returns keeps the role alive.
+/// Opens the first screen of TndrMGR, full screen. The role lives as long as the returned object.
 std::shared_ptr<void> openManager(Program &program);
 
 } // namespace roles

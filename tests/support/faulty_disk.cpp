@@ -159,10 +159,10 @@ std::string FaultyDisk::nameOf(Path at) const
 Outcome FaultyDisk::ruled(Path operation, Path at, Path line)
 {
     Outcome outcome = Outcome::Done;
-    for (const auto &[rule, given] : rules)
+    for (const auto &[rule, ruling] : rules)
         if (rule.first == operation && (at.ends_with(rule.second) || line.ends_with(rule.second))) {
-            outcome = given;
-            if (!done(given))
+            outcome = ruling;
+            if (!done(ruling))
                 rulesMet.insert(rule);
         }
     return outcome;
