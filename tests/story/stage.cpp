@@ -11,6 +11,8 @@ namespace {
 
 using platform::Outcome;
 
+constexpr const char *kThoughDisabled = ", though disabled";
+
 Outcome outcomeNamed(const std::string &name)
 {
     for (const Outcome outcome : {Outcome::NotThere, Outcome::Locked, Outcome::Leased,
@@ -180,6 +182,14 @@ void Stage::act(Words line)
     (*act)(rest == line.npos ? "" : line.substr(rest));
 }
 
+void Stage::check(Words beginning, Act act)
+{
+    word(beginning, [this, act](Words rest) {
+        told.checks.insert(current.number);
+        act(rest);
+    });
+}
+
 void Stage::addWords()
 {
     word("put", [this](std::string rest) {
@@ -199,6 +209,8 @@ void Stage::addWords()
         const bool disabled = caption.ends_with(kThoughDisabled);
         if (disabled)
             caption.erase(caption.size() - std::string(kThoughDisabled).size());
+        if (disabled)
+            told.checks.insert(current.number);
         press(caption, disabled);
     });
     word("answer", [this](Words said) { answers.emplace_back(current, said); });

@@ -19,8 +19,6 @@ public:
     Stage(const Stage &) = delete;
     Stage &operator=(const Stage &) = delete;
 
-    static constexpr const char *kThoughDisabled = ", though disabled";
-
     /// Does the given lines, the script, and what they lead to.
     Told perform(const Lines &given, const Lines &script);
 
@@ -33,6 +31,8 @@ protected:
 
     /// A word of the language: the line begins with it, the act gets the rest of the line.
     void word(Words beginning, Act act) { words[beginning] = std::move(act); }
+    /// One that only looks, so that nothing can notice when it is left out.
+    void check(Words beginning, Act act);
     /// "press CAPTION", for a command that can be pressed now; one without `enabled` always can.
     void command(Words caption, std::function<void()> press, Test enabled = {});
     /// "when NAME: ..." may be said in a script; the room calls happen(NAME) when it does.

@@ -67,7 +67,7 @@ public:
         const std::string only = setting("LUMBRIO_STORY");
         for (auto &[name, each] : all)
             for (std::size_t i = 0; i < each.story->script.size(); ++i)
-                if ((only.empty() || only == name) && !isCheck(each.story->script[i]) &&
+                if ((only.empty() || only == name) && !isCheck(each, i) &&
                     isNoticed(each, i) == isInVain(each.story->script[i]))
                     tellMutant(*each.file, each.story->script[i]);
         for (const StoryFile &file : files)
@@ -172,10 +172,10 @@ private:
                    textOf(shownAs(story, told, likeOf(story))) != textOf(now(story));
         });
     }
-    /// Whoever deletes the line has to delete what it shows, or what it holds to be disabled.
-    static bool isCheck(const ScriptLine &line)
+    /// It only looks, or somebody who deletes it has to delete what it shows.
+    bool isCheck(Entry &entry, std::size_t line)
     {
-        return !line.shown.empty() || line.text.ends_with(Stage::kThoughDisabled);
+        return toldOf(entry).checks.contains(line + 1) || !entry.story->script[line].shown.empty();
     }
     static bool isInVain(const ScriptLine &line)
     {

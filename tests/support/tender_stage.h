@@ -16,6 +16,9 @@ protected:
     TenderStage();
 
     void configure(int field, Words text) override { story.configure(field, text); }
+    void boxShown(Words box) override { boxLines += box + "\n"; }
+    /// All that came up.
+    story::Lines boxes() const { return platform::splitLines(boxLines); }
 
 private:
     static std::optional<std::uint64_t> takeDelay(std::string &words);
@@ -23,6 +26,8 @@ private:
     void answer(const std::string &result, const std::string &reply,
                 std::optional<std::uint64_t> after); // ms
     void approveNow();
+
+    std::string boxLines;
 };
 
 } // namespace support

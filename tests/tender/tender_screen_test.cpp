@@ -2,9 +2,10 @@
 // virtual time, driven by keyboard, by finger and by what a screen reader calls things. A story's
 // look tells of everything that can be read in the window that has the keyboard, and that nothing
 // is cut off or without a name, at both sizes.
+#include "story/stories.h"
 #include "support/qt/qt_station.h"
 #include "support/qt/screen_checks.h"
-#include "telling.h"
+#include "support/tender_stage.h"
 #include "tender/XCreader1.h"
 #include "tender/Xcharge1.h"
 
@@ -13,6 +14,8 @@
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 
 namespace {
@@ -33,6 +36,11 @@ std::string described(QWidget &control)
                    .arg(box->displayText())
                    .arg(box->font().pointSize())
                    .arg(box->grab().toImage().pixelColor(4, 20).name());
+    else if (auto *editor = qobject_cast<QPlainTextEdit *>(&control))
+        text = editor->toPlainText();
+    else if (auto *list = qobject_cast<QListWidget *>(&control))
+        for (int row = 0; row < list->count(); ++row)
+            text += u'|' + list->item(row)->text();
     else
         text = control.property("edge").toString();
     return (control.objectName() + u' ' + text).toStdString() +
@@ -48,114 +56,154 @@ struct Paints : QObject {
     }
 };
 
-class ScreenTelling : public support::Telling {
+class TenderScreens : public support::TenderStage {
 public:
-    ScreenTelling()
+    TenderScreens()
     {
-        verbs.insert({
-            {"click", [&](W w) { did(w.all, support::click(name(w))); }},
-            {"press",
-             [&](W w) {
-                 support::press(Qt::Key(QKeySequence(name(w))[0].key()),
-                                w.all == "Space" ? QStringLiteral(" ") : QString());
-             }},
-            {"type", [&](W w) { support::type(name(w)); }},
-            {"keys",
-             [&](W w) {
-                 for (const char digit : w.all)
-                     did(w.all, support::click(QStringLiteral("Digit ") + QLatin1Char(digit)));
-             }},
-            {"focus", [&](W w) { support::controlNamed(name(w))->setFocus(); }},
-            {"tabs",
-             [&](W w) {
-                 for (int n = std::stoi(w.all); n > 0; --n) {
-                     support::press(Qt::Key_Tab);
-                     seen +=
-                         "tab " + QApplication::focusWidget()->objectName().toStdString() + "\n";
-                 }
-             }},
-            {"paints",
-             [&](W w) {
-                 EXPECT_GE(paints.count, std::stoi(w.first));
-                 EXPECT_LE(std::exchange(paints.count, 0), std::stoi(w.rest));
-             }},
-            {"reader", [&](W) { reader.show(); }},
-            {"close", [&](W) { screen.close(); }},
-            {"unpainted", [&](W) { screen.setUpdatesEnabled(false); }},
-            {"show", [&](W w) { screen.findChild<QWidget *>(name(w))->show(); }},
-            {"hide", [&](W w) { screen.findChild<QWidget *>(name(w))->hide(); }},
-            {"read", [&](W w) { seen += described(*support::controlNamed(name(w))) + "\n"; }},
-            {"look", [&](W) { look(); }},
-        });
         story.station.time.everyTurn = [] { QCoreApplication::processEvents(); };
         screen.resize(1024, 768);
         screen.installEventFilter(&paints);
+        addHandWords();
+        addWindowWords();
     }
 
-    std::string tell(const std::string &script) override
+private:
+    void addHandWords()
     {
-        listen(script);
+        word("key", [](Words key) {
+            support::press(Qt::Key(QKeySequence(QString::fromStdString(key))[0].key()),
+                           key == "Space" ? QStringLiteral(" ") : QString());
+        });
+        word("type", [](Words text) { support::type(QString::fromStdString(text)); });
+        word("digits", [this](Words digits) {
+            for (const char digit : digits)
+                press(std::string("Digit ") + digit, false);
+        });
+        word("focus", [this](Words name) {
+            if (QWidget *control = find(name))
+                control->setFocus();
+        });
+        check("tabs", [this](Words count) {
+            for (int n = std::stoi(count); n > 0; --n) {
+                support::press(Qt::Key_Tab);
+                tell(QApplication::focusWidget()->objectName().toStdString());
+            }
+        });
+    }
+    void addWindowWords()
+    {
+        check("paints", [this](Words range) { // "3 to 5" since the last time
+            const int count = std::exchange(paints.count, 0);
+            if (count < std::stoi(range) || count > std::stoi(range.substr(range.find("to") + 2)))
+                complain(std::to_string(count) + " paints");
+        });
+        word("show the reader", [this](Words) { reader.show(); });
+        word("close", [this](Words) { screen.close(); });
+        word("the screen is not painted", [this](Words) { screen.setUpdatesEnabled(false); });
+        word("show", [this](Words name) { part(name)->show(); });
+        word("hide", [this](Words name) { part(name)->hide(); });
+        check("read", [this](Words name) {
+            if (QWidget *control = find(name))
+                tell(described(*control));
+        });
+        check("look", [this](Words) { look(); });
+        check("fits", [this](Words) { expectFits(window()); });
+    }
+
+    QWidget *part(Words name) { return screen.findChild<QWidget *>(QString::fromStdString(name)); }
+    QWidget *find(Words name)
+    {
+        QWidget *control = support::controlNamed(QString::fromStdString(name));
+        if (control == nullptr)
+            complain("there is no " + name);
+        return control;
+    }
+    void press(Words caption, bool thoughDisabled) override
+    {
+        const QWidget *control = find(caption);
+        if (control != nullptr && control->isEnabled() == thoughDisabled)
+            complain(caption + (thoughDisabled ? " is not disabled" : " is disabled"));
+        else if (control != nullptr && !thoughDisabled)
+            support::click(QString::fromStdString(caption));
+    }
+
+    void play() override
+    {
         story.station.time.after(100'000, [this] { story.station.run.end(); });
         screen.show();
         while (!story.station.run.ending())
             story.station.run.yield();
-        seen += "ended at " + std::to_string(story.station.time.milliseconds()) + ", state " +
-                screen.findChild<QLabel *>(QStringLiteral("stateWord"))->text().toStdString() +
-                ", " + described(*screen.findChild<QFrame *>(QStringLiteral("stateEdge"))) +
-                ", manager " + story.app.values.managerResult + ", clerk " +
-                story.app.values.CCdata.text(records::CCServer) + ", code " +
-                story.app.values.CCdata.text(records::CApprovalCode) +
-                (story.station.has(TenderStory::kMarker) ? ", marker\n" : "\n");
-        for (const std::string &file : story.left())
-            seen += story.station.get(TenderStory::kLocalTran + file);
-        for (const std::string &box : story.station.dialogs.shown)
-            seen += "box " + box + "\n";
-        for (const char *file : {"CCnoPrint.dat", "XCfont.dat", "Xsend.ans"}) {
-            const std::string path = std::string("C:\\Lumbrio\\") + file;
-            if (story.station.has(path))
-                seen += "== " + path + "\n" + story.station.get(path);
-        }
-        const std::string trace = story.processTrace();
-        for (const char *secret : {"4111111111111111", "7193"})
-            EXPECT_EQ(trace.find(secret), std::string::npos);
-        return seen + std::to_string(story.pending().size()) + " records, " +
-               std::to_string(story.station.system.started.size()) + " starts\n" + story.slips();
     }
-
-private:
-    using TenderStory = support::TenderStory;
-
-    static QString name(W w) { return QString::fromStdString(w.all); }
-    void did(const std::string &what, bool done) { seen += done ? "" : "cannot " + what + "\n"; }
-    /// What has come and gone since the last look.
-    void look()
+    /// The one that has the keyboard.
+    QWidget &window()
     {
         QWidget *modal = QApplication::activeModalWidget();
-        QWidget *window = modal != nullptr     ? modal
-                          : reader.isVisible() ? static_cast<QWidget *>(&reader)
-                                               : &screen;
-        std::vector<std::string> now;
-        if (window->isVisible()) {
-            for (const QSize size : support::kScreenSizes)
-                EXPECT_EQ(support::clippedControls(*window, size), "") << size.width();
-            EXPECT_EQ(support::badlyNamedControls(*window), "");
-            window->resize(support::kScreenSizes[0]);
-            now.push_back(window->windowTitle().toStdString() +
-                          ", with dots: " + support::elidedLabels(*window));
-            for (auto *control : window->findChildren<QWidget *>())
-                if (control->isVisible() && !control->objectName().isEmpty())
-                    now.push_back(described(*control));
+        if (modal != nullptr)
+            return *modal;
+        return reader.isVisible() ? static_cast<QWidget &>(reader) : screen;
+    }
+    static void expectFits(QWidget &shown)
+    {
+        for (const QSize size : support::kScreenSizes)
+            EXPECT_EQ(support::clippedControls(shown, size), "") << size.width();
+        EXPECT_EQ(support::badlyNamedControls(shown), "");
+        shown.resize(support::kScreenSizes[0]);
+    }
+    void look()
+    {
+        QWidget &shown = window();
+        expectFits(shown);
+        story::Lines lines = {"dots: " + support::elidedLabels(shown)};
+        std::string keypad = "keypad ";
+        for (auto *control : shown.findChildren<QWidget *>()) {
+            const std::string name = support::accessibleNameOf(*control).toStdString();
+            if (!control->isVisible() || control->objectName().isEmpty())
+                continue;
+            if (name.starts_with("Digit "))
+                keypad += name.back();
+            else if (const std::string text = described(*control); !text.ends_with(' '))
+                lines.push_back(text); // and no frame around others
         }
-        const std::vector<std::string> before = std::exchange(looked, now);
-        seen += "== at " + std::to_string(story.station.time.milliseconds()) + ", manager " +
-                story.app.values.managerResult + "\n";
-        for (const auto &[sign, these, others] : {std::tuple("- ", before, now), {"", now, before}})
-            for (const std::string &line : these)
-                if (std::find(others.begin(), others.end(), line) == others.end())
-                    seen += sign + line + "\n";
+        if (!keypad.ends_with(' '))
+            lines.push_back(keypad);
+        tellChanges(shown.windowTitle().toStdString(), lines);
     }
 
-    std::vector<std::string> looked;
+    std::vector<story::Section> leftBehind() override
+    {
+        const records::ProcessValues &values = story.app.values;
+        std::vector<story::Section> parts = {
+            {"end",
+             {"at " + std::to_string(story.station.time.milliseconds()) + " ms",
+              "state " +
+                  screen.findChild<QLabel *>(QStringLiteral("stateWord"))->text().toStdString(),
+              described(*screen.findChild<QFrame *>(QStringLiteral("stateEdge"))),
+              "manager " + values.managerResult, "clerk " + values.CCdata.text(records::CCServer),
+              "code " + values.CCdata.text(records::CApprovalCode),
+              "records " + std::to_string(story.pending().size()),
+              "starts " + std::to_string(story.station.system.started.size())}},
+            {"boxes", boxes()}};
+        if (story.station.has(support::TenderStory::kMarker))
+            parts[0].lines.emplace_back("marker");
+        for (const std::string &file : story.left())
+            parts[0].lines.push_back("left " +
+                                     story.station.get(support::TenderStory::kLocalTran + file));
+        if (story.answered())
+            parts[0].lines.push_back("answer " +
+                                     story.answer().substr(0, story.answer().find('\r')));
+        for (const std::string &line : platform::splitLines(story.slips()))
+            if (line.starts_with('['))
+                parts[0].lines.push_back("slip " + line);
+        for (const char *file : {"CCnoPrint.dat", "XCfont.dat"})
+            if (const std::string path = std::string("C:\\Lumbrio\\") + file;
+                story.station.has(path))
+                parts[0].lines.push_back(file + (" " + story.station.get(path)));
+        for (const char *secret : {"4111111111111111", "7193"})
+            if (story.processTrace().find(secret) != std::string::npos)
+                complain(std::string("a secret stands in the trace: ") + secret);
+        return parts;
+    }
+
     tender::Xcharge1 screen{story.app, story.printer};
     tender::XCreader1 reader{story.app};
     Paints paints;
@@ -203,9 +251,9 @@ TEST(PartialApproval, ShowsWhatIsPaidAndWhatIsOwedAsLargeAsTheAmount)
         EXPECT_EQ(support::clippedControls(screen, size), "") << size.width();
 }
 
-TEST(Screens, ShowWhatTheirGoldenFilesSay)
+TEST(Stories, OfTheScreensShowWhatTheirFilesSay)
 {
-    support::expectStories<ScreenTelling>("tender/screens", 23);
+    story::expectStories<TenderScreens>("tender/screens");
 }
 
 } // namespace

@@ -37,7 +37,7 @@ private:
             const std::string expiry = story::takeUntil(card, " ");
             story.view.typedCard = {number, expiry, card};
         });
-        word("look", [this](Words) { look(); });
+        check("look", [this](Words) { look(); });
         word("watch", [this](Words) {
             watching = true;
             story.station.time.maxStep = 10;
@@ -77,7 +77,6 @@ private:
     }
 
     void play() override { story.run(100'000); }
-    void boxShown(Words box) override { boxes.push_back(box); }
     void swipe(Words first, Words second)
     {
         tender.takeFirstTrack(first);
@@ -117,14 +116,11 @@ private:
             {"screen", fieldLines()},
             {"status", story.view.status},
             {"payment", paymentLines()},
-            {"boxes", {}},
+            {"boxes", boxes()},
             {"asked", story.view.asked},
             {"watched", watched},
             {"records", recordLines()},
             {"slips", slipLines()}};
-        for (const std::string &box : boxes)
-            for (const std::string &line : platform::splitLines(box))
-                parts[5].lines.push_back(line);
         parts[3].lines.erase(parts[3].lines.begin()); // before the first
         addFiles(parts);
         std::erase_if(parts, [](const Section &part) { return part.lines.empty(); });
@@ -244,7 +240,6 @@ private:
     }
 
     support::StoryTender &tender = story.tender;
-    Lines boxes;
     bool watching = false;
     std::string seen;
     Lines watched;
