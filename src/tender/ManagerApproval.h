@@ -1,5 +1,5 @@
-// ManagerApproval: asks for a manager's card or code, for whoever needs an approval. After
-// runModal() the answer stands in `managerResult`.
+// ManagerApproval: asks for a manager's card or code. After runModal() the answer stands in
+// `managerResult`.
 #pragma once
 
 #include "platform/qt/screen.h"
@@ -17,7 +17,7 @@ class ManagerApproval : public platform::Screen {
     Q_OBJECT
 
 public:
-    /// `ManagerTable` is taken as it stands.
+    /// Uses `ManagerTable` without reading the managers again.
     ManagerApproval(records::App &theApp, const ManagerQuestion &question);
     ~ManagerApproval() override;
 

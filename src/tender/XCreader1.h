@@ -1,5 +1,5 @@
 // XCreader1: "XC - Result File Reader". Reads a result file of the payment application into the
-// working record and lists its lines; also tries the tagged form on a typed text.
+// working record and lists its lines; also tries the reader on a typed text.
 #pragma once
 
 #include "platform/qt/screen.h"

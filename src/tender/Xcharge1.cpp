@@ -110,7 +110,7 @@ void Xcharge1::Form_Load()
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(form);
     ui->countRow->setUsualWait(kUsualWait);
-    ui->Label4->hide(); // working storage alone
+    ui->Label4->hide(); // working storage only
     gatherArrays();
     connectCommands();
     setDefaultCommand(ui->SSCommand2);

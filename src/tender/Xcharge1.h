@@ -26,7 +26,7 @@ public:
     Xcharge1(records::App &theApp, printing::Printer &printer);
     ~Xcharge1() override;
 
-    /// What a higher room brings up; empty while there is no such screen.
+    /// These show screens of a higher room; empty while there is no such screen.
     std::function<void()> onSetup;
     std::function<void()> onRemoval;
 
@@ -59,7 +59,7 @@ private:
     std::unique_ptr<Ui::Xcharge1> ui;
     std::array<QLabel *, 16> Label3{}; // 7 and 11 are not used
     std::optional<TenderFields> shown;
-    Tender tender; // last: it refers to this view until it is gone
+    Tender tender; // last: it uses this view until it is destroyed
 };
 
 } // namespace tender

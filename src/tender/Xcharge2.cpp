@@ -24,7 +24,7 @@ Xcharge2::Xcharge2(records::App &theApp)
     : Screen(theApp), app(theApp), ui(std::make_unique<Ui::Xcharge2>())
 {
     ui->setupUi(this);
-    ui->Label2->hide(); // working storage alone
+    ui->Label2->hide(); // working storage only
     boxes = {ui->Text1, ui->Text2, ui->Text3};
     connectCommands();
     setDefaultCommand(ui->SSCommand4);

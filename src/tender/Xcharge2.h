@@ -1,5 +1,5 @@
-// Xcharge2: manual card entry. Three boxes that a keyboard or the screen's keypad types into; what
-// was typed is asked for after runModal().
+// Xcharge2: manual card entry. Three boxes are filled by a keyboard or by the screen's keypad. Ask
+// for typedCard() after runModal().
 #pragma once
 
 #include "platform/qt/screen.h"
@@ -23,7 +23,7 @@ public:
     explicit Xcharge2(records::App &theApp);
     ~Xcharge2() override;
 
-    /// The card once "Process" was pressed; nothing after any other end of the screen.
+    /// The card after "Process"; nothing when the screen was left otherwise.
     std::optional<TypedCard> typedCard() const { return processed; }
 
 protected:

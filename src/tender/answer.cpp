@@ -52,7 +52,7 @@ platform::Outcome Answer::lookAt(const std::string &content)
     return done(outcome) && there != content ? platform::Outcome::NotThere : outcome;
 }
 
-/// An answer that can't be read back may be whole, and stays.
+/// An answer that cannot be read back may be whole, so it stays.
 void Answer::removeRemains(platform::Outcome written, platform::Outcome seen)
 {
     const std::string path = answerFile(app.values);

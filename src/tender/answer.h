@@ -9,7 +9,7 @@
 
 namespace tender {
 
-/// Removes the answer of an earlier tender, or empties it where it can't be removed. Tries for
+/// Removes the answer of an earlier tender, or empties it where it cannot be removed. Tries for
 /// some seconds (platform::Wait::Answer). Fails with the outcome of the last try; then nothing may
 /// be charged.
 platform::Outcome removeOldAnswer(records::App &app);
@@ -20,8 +20,9 @@ public:
     explicit Answer(records::App &theApp) : app(theApp) {}
 
     /// Replaces the file whole and flushes it; where that fails for some seconds, writes in place.
-    /// A whole answer stays even when its flush failed; half of one is removed, and so is an older
-    /// one. Done when the answer stands, else why not. Errors are ignored, but traced.
+    /// A whole answer stays even when its flush failed; half an answer is removed, and so is an
+    /// older one. Done when the whole answer is in the file, else the outcome of the last try.
+    /// Errors are ignored, but traced.
     platform::Outcome write(const std::string &content);
 
     /// True until a write has left no whole answer.
@@ -39,7 +40,7 @@ private:
     bool onDisk = false;
 };
 
-/// What the answer says, and of which record, for "TRACELOG.TXT".
+/// Writes the result and the fields of the answer to "TRACELOG.TXT".
 void traceAnswer(records::App &app);
 
 } // namespace tender

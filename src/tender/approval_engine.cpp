@@ -23,7 +23,7 @@ bool isSwiped(const CardRecord &CCdata)
     return CCdata.text(CCSwiped) == "True";
 }
 
-/// Blank values enter the record with the defaults that the request sends for them.
+/// Blank values get the defaults of the request in the record too.
 LocalRequest fillRequest(App &app, const TenderFields &fields, const std::string &track)
 {
     CardRecord &CCdata = app.values.CCdata;
@@ -118,7 +118,7 @@ void Tender::traceLocalRequest(const LocalRequest &request)
 bool Tender::waitForAnswer()
 {
     wait.start(server.answerFile());
-    wait.startTimer(kWaitTimer); // anew: the audit's question may have taken its time
+    wait.startTimer(kWaitTimer); // again: the audit's question may have taken a while
     for (;;) {
         const WaitEnd ended = wait.untilThere([this](platform::Outcome) {
             if (wholeNumber(fields.waitCount) >= kCancelFrom)
@@ -149,8 +149,8 @@ bool Tender::noAnswer()
     return true;
 }
 
-/// False when there is an answer that cannot be read; it stays where it is, as the evidence, and
-/// the tender has ended.
+/// False when the answer cannot be read; it stays where it is, as evidence, and the tender has
+/// ended.
 bool Tender::readAnswer()
 {
     wait.end();

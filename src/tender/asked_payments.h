@@ -1,6 +1,6 @@
-// Asked payments: the payments of this station that were started and whose answer no tender has
-// read. A payment application that its tender has given up may still answer, in the midst of the
-// next tender.
+// Asked payments: the payments of this station that were started and whose result no tender has
+// read. When a tender has given up, the payment application may still answer, during the next
+// tender.
 #pragma once
 
 #include "records/app.h"
@@ -18,15 +18,15 @@ struct AskedPayment {
     bool operator==(const AskedPayment &) const = default;
 };
 
-/// Those of today that are still open.
+/// The payments of today that are still open. Errors are ignored here and below.
 std::vector<AskedPayment> openPayments(records::App &app);
-/// Adds one. Failures of all of these end nothing.
+/// Adds a payment.
 void noteAsked(records::App &app, const AskedPayment &payment);
-/// Takes it out again, and what is not of today.
+/// Removes the payment, and those of earlier days.
 void noteAnswered(records::App &app, const AskedPayment &payment);
 
-/// The result in `CCdata` is for another amount than `amount`: what is approved and what is still
-/// owed do not make it up. A result that names no approved amount is for any.
+/// True when the approved amount and the amount still owed in `CCdata` do not add up to `amount`.
+/// False for a result without an approved amount.
 bool isForAnotherAmount(const records::CardRecord &CCdata, std::string_view amount);
 
 } // namespace tender

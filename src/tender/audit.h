@@ -1,5 +1,5 @@
-// The audit of the amount: what the point of sale calculated, "XAudit.DAT" in `Maindir`, against
-// what the tender asks for.
+// The audit compares the amount of the tender with the one that the point of sale has calculated,
+// in "XAudit.DAT" in `Maindir`.
 #pragma once
 
 #include "records/app.h"
@@ -7,9 +7,9 @@
 
 namespace tender {
 
-/// Asks the operator when the two are not the same money; a file that cannot be read agrees with
-/// no amount. True when he pressed Cancel: then the result word is empty. `localPath` is for the
-/// wording of the question.
+/// Asks the operator when the two amounts differ; a file that cannot be read agrees with no amount.
+/// True after "Cancel"; then the result word is empty. Without the command line (`localPath`) the
+/// question has another wording.
 bool auditRefused(records::App &app, Display &display, bool localPath);
 
 } // namespace tender

@@ -38,9 +38,8 @@ bool CardCapture::awaitsCard() const
     return !fields.boxesLocked && !fields.cardTaken && !manager.asking() && !app.ending();
 }
 
-/// A reader that sends a first track alone types nothing into the second box: then its swipe is
-/// taken when the settle time is over. A "%" begins another card's: what was left of the one before
-/// must not go with it.
+/// Some readers send a first track only and type nothing into the second box; their swipe is read
+/// after the settle time. A "%" begins another card, so what is left of the card before is dropped.
 void CardCapture::takeFirstTrack(const std::string &typed)
 {
     if (!awaitsCard())
@@ -74,8 +73,8 @@ void CardCapture::takeSecondTrack(const std::string &typed)
         captureSwipe();
 }
 
-/// What a reader still sends while the card is being validated (a third track) is passed over: its
-/// "?" would charge the card once more.
+/// A third track that the reader still sends while the card is being validated is ignored: its "?"
+/// would charge the card once more.
 void CardCapture::captureSwipe()
 {
     fields.cardTaken = true;
@@ -89,7 +88,7 @@ void CardCapture::captureSwipe()
         Get_Number();
 }
 
-/// While a manager is asked nothing is taken; the timer comes again.
+/// While a manager is asked no card is read; the timer fires again.
 void CardCapture::settleTimeOver()
 {
     if (manager.asking())
@@ -144,8 +143,8 @@ void CardCapture::expiredCard()
     reset();
 }
 
-/// The track is kept for whoever looks after the reader. A share that cannot be written to must
-/// not end the tender: the next swipe may be good.
+/// The track helps to find a fault of the reader. When the share cannot be written to, the tender
+/// goes on: the next swipe may be good.
 void CardCapture::invalidCard()
 {
     app.dialogs.message(
@@ -184,7 +183,7 @@ void CardCapture::enterManually()
 {
     if (!awaitsCard())
         return;
-    settleTimer.setInterval(0); // of a swipe that nobody waits for any more
+    settleTimer.setInterval(0); // or half a swipe would be read while the card is typed
     fields.cardTaken = true;
     display.view.SetTopMostWindow(false);
     const std::optional<TypedCard> card = display.view.askCard();
@@ -195,12 +194,12 @@ void CardCapture::enterManually()
     if (card)
         enterTyped(*card);
     else if (!fields.firstTrack.empty())
-        reset(); // half a swipe that nobody waited for
+        reset(); // of half a swipe
     else
         display.view.focus(TenderBox::FirstTrack);
 }
 
-/// Kept: a typed card is tested neither for its expiry nor for its brand; the bank does both.
+/// Kept: neither the expiry nor the brand of a typed card is tested; the bank does both.
 void CardCapture::enterTyped(const TypedCard &card)
 {
     fields.cardTaken = true;

@@ -1,5 +1,5 @@
 // CardCapture: takes the card that is swiped into the two boxes or typed, until there is one that
-// can be charged. What it reads of a card is wiped with it.
+// can be charged. Its copies of the card are wiped when it is destroyed.
 #pragma once
 
 #include "platform/clock.h"
@@ -21,20 +21,20 @@ public:
                 std::function<void()> theCharge);
     ~CardCapture() { wipeCard(); }
 
-    /// What was typed into a swipe box; passed over while no card is awaited. A swipe is whole with
-    /// its second track, or 1500 ms after a first one that nothing followed.
+    /// Take what was typed into a swipe box; it is ignored while no card is awaited. A swipe is
+    /// complete with its second track, or 1500 ms after a first track when no second one comes.
     void takeFirstTrack(const std::string &typed);
     void takeSecondTrack(const std::string &typed);
-    /// Reads the swipe of the two boxes. A good card is charged (a manager's is only read); of any
-    /// other the operator hears, and the boxes wait for the next one. An invalid track goes to
-    /// "BadSwipe.dat" in `Remotedir`.
+    /// Reads the swipe of the two boxes. A good card is charged (a manager's card is only read).
+    /// For any other card a message is shown and the boxes are emptied. An invalid track is
+    /// appended to "BadSwipe.dat" in `Remotedir`.
     void Get_Number();
 
     void clearSwipe();
     void enterManually();
     /// Shows the digits that "XCHide.txt" masks.
     void showDigits();
-    /// Nothing is read any more of what was swiped.
+    /// Forgets a swipe that is not complete yet.
     void stop() { settleTimer.setInterval(0); }
 
     /// The swipe as read, both tracks joined, or the number as typed.

@@ -1,4 +1,4 @@
-// The one command line that starts the payment application and fixes its transaction.
+// The command line that starts the payment application with one transaction.
 #pragma once
 
 #include <string>
@@ -9,15 +9,15 @@ namespace tender {
 
 inline constexpr const char *kXchargeProgram = "c:\\Program Files\\X-charge\\Xcharge.exe";
 inline constexpr const char *kResultFile = "C:/lumbrio/xResultFile.txt";
-/// Kept: not the program's own spelling, so that a program left over by that name lives on.
+/// Kept: the program is spelled otherwise, so one that is left over is not ended by this name.
 inline constexpr const char *kXchargeImage = "X-Charge.exe";
 
 /// A value as it may stand on the command line: it ends where a blank and a "/" would begin another
 /// option. Control characters must be blanks already.
 std::string argumentValue(std::string_view value);
 
-/// What the command line is made of. Values go in as argumentValue() gives them: no quotes, no
-/// trimming here.
+/// The values of the command line, as argumentValue() gives them. They are neither quoted nor
+/// trimmed here.
 struct PaymentCall {
     bool purchase = false; // charge at once instead of pre-authorising
     bool partialSupport = true;

@@ -26,14 +26,15 @@ void Tender::hideOfflinePanel()
     display.view.focus(TenderBox::FirstTrack);
 }
 
-/// The payment application knows the card of a command-line tender; a local one must have read it.
+/// With the command line the payment application knows the card; otherwise it must have been read
+/// here.
 bool Tender::cardIsKnown() const
 {
     const CardRecord &CCdata = app.values.CCdata;
     return app.values.X1009 || (!isBlank(CCdata.text(CCNumb)) && !isBlank(CCdata.text(CCExpDate)));
 }
 
-/// What the point of sale hears when nobody knows the bank's word.
+/// For the point of sale when the outcome is unknown.
 std::string Tender::unknownAnswer() const
 {
     const CardRecord &CCdata = app.values.CCdata;
@@ -45,8 +46,8 @@ std::string Tender::answerOfPayment() const
     return app.values.X1009 ? kResultFile : server.answerFile();
 }
 
-/// "YES". A card that was answered while the manager made up his mind takes the normal way on, and
-/// so does one that nobody approves: the wait that was told to stop has not seen it yet.
+/// Without an approval the wait goes on, and so it does when the bank has answered meanwhile: the
+/// stopped wait has not seen the answer yet.
 void Tender::askForOfflineApproval()
 {
     if (!fields.offlinePanelVisible || manager.asking() || end.begun() || app.ending())
@@ -131,7 +132,7 @@ void Tender::switchGratuitySlip()
 
 void Tender::setNoReceipt(bool checked)
 {
-    // Inside a wait: a box that cannot be remembered must not end a card that is being charged.
+    // A choice that cannot be remembered must not end a card that is being charged.
     const platform::ErrorsIgnored ignored(app.run);
     const std::string path = noReceiptFlag(app.values);
     fields.noReceipt = checked;
@@ -140,7 +141,7 @@ void Tender::setNoReceipt(bool checked)
     else
         app.files.removeIfThere(path);
     display.show();
-    display.view.focus(TenderBox::FirstTrack); // the next swipe must not end in the check box
+    display.view.focus(TenderBox::FirstTrack); // or the next swipe would go into the check box
 }
 
 } // namespace tender

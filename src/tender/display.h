@@ -12,12 +12,12 @@ struct Display {
     /// `theView` must outlive the display.
     explicit Display(TenderView &theView) : view(theView) {}
 
-    /// Brings the screen up to date with the fields. Whether "CONFIG" is enabled follows from the
-    /// other fields: it can end the tender, so it goes with "Cancel"; but it withdraws no request
-    /// from the payment server.
+    /// Brings the screen up to date with the fields. Enables "CONFIG" where "Cancel" is enabled,
+    /// since both can end the tender, but not once the payment server has a request: "CONFIG" does
+    /// not withdraw it.
     void show();
     void status(const std::string &text);
-    /// Painted before control goes on, for what takes its time.
+    /// Shows the status at once, before work that takes some time.
     void statusPainted(const std::string &text);
 
     TenderFields fields;

@@ -44,7 +44,7 @@ void putAside(App &app, const std::string &path)
                                      : std::string(" - stays: ") + platform::textOf(outcome)));
 }
 
-/// Its card was read in clear, so that it must go.
+/// The request holds a card number in clear, so it must not stay.
 void removeDeadRequest(App &app, const std::string &path)
 {
     std::string content;

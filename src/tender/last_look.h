@@ -9,15 +9,16 @@
 namespace tender {
 
 struct LastLook {
-    bool there = false;            // the bank's word, after all
-    const char *unknown = nullptr; // or what cannot be told,
-    const char *reason = nullptr;  // and why
+    bool there = false;            // the bank's word has come after all
+    const char *unknown = nullptr; // what cannot be found out, for the operator; null for nothing
+    const char *reason = nullptr;  // why not
 };
 
-/// Takes the request back first: from then on nobody takes it any more. Errors are ignored.
+/// Takes the request back first, so that the server cannot take it after the look. Errors are
+/// ignored.
 LastLook lookLast(records::App &app, ServerExchange &server, TenderWait &wait);
 
-/// The bank's word lies there, or may lie there, and the wait has not looked since.
+/// True when the bank's word is there, or may be there, though the wait has not seen it yet.
 bool answerHasCome(TenderWait &wait);
 
 } // namespace tender

@@ -49,7 +49,7 @@ std::string orDefault(const std::string &text, const char *fallback)
     return isBlank(text) ? std::string(fallback) : text;
 }
 
-/// In one piece of memory: a list of the values would be a copy of the card more.
+/// Built in one string: a list of the values would be one more copy of the card.
 std::string requestLine(const LocalRequest &request)
 {
     std::string line;

@@ -1,5 +1,5 @@
-// Local requests: the files that the payment server's folder "LocalTran\" exchanges with the
-// tender when no command line drives the payment application.
+// Local requests: the files that a tender exchanges with the payment server in its folder
+// "LocalTran\", when the payment application is not started by a command line.
 #pragma once
 
 #include "platform/clock.h"
@@ -21,11 +21,11 @@ struct LocalFiles {
 /// The folder of the exchange, with its backslash.
 std::string localFolder(const records::ProcessValues &values);
 
-/// What a name in the folder of the exchange is of, when a tender of this station made it.
+/// The kind of a file that a tender of this station has left in that folder.
 enum class LeftOver { None, Request, Answer };
 
-/// By the station's whole name, the twelve digits of the moment and the ending. A work file holds a
-/// request too.
+/// Judged by the station's whole name, the twelve digits of the moment and the ending. A work file
+/// counts as a request, for it holds one.
 LeftOver leftOverOf(const records::ProcessValues &values, std::string_view name);
 
 LocalFiles localFiles(const records::ProcessValues &values, const platform::DateTime &now);
@@ -38,7 +38,7 @@ struct LocalRequest {
     std::string number;   // "99999999999999"
     std::string cardText; // the whole track of a swipe, the expiry of a typed card; "9999"
     std::string amount;   // "1.00"
-    std::string verify;   // typed card alone; left out when blank or "000"
+    std::string verify;   // of a typed card only; left out when blank or "000"
     bool typed = false;
 
     ~LocalRequest(); // wipes the card
@@ -53,11 +53,12 @@ std::string requestLine(const LocalRequest &request);
 /// The amount as the request sends it: mask "#######.##", a value of 0 becomes "1.00".
 std::string localAmount(std::string_view amount);
 
-/// The one value of an answer file; empty when there is none. It goes into traces, the record and
-/// the answer for the point of sale, so a card number that a server repeats in it arrives masked.
+/// The one value of an answer file; empty when there is none. A card number in it is masked, since
+/// the value goes into traces, the record and the answer for the point of sale.
 std::string answerText(std::string_view content);
 
-/// One of the letters that say yes or no; anything else may be what is there of an answer so far.
+/// True for an answer that begins with a letter for yes or no. Any other text may be the first
+/// bytes of an answer that is still being written.
 bool namesOutcome(std::string_view answer);
 
 /// "Approved" for an answer that begins with "Y", else "Declined"; capitals count.

@@ -11,12 +11,12 @@ using namespace records;
 
 namespace {
 
-/// What stands where a row has no manager, or has one no longer.
+/// The card numbers of rows without a manager, and of managers who have left.
 constexpr std::string_view kNoCards[] = {"", "xxxxxxxxxx", "xxITxx_Not_Valid",
                                          "XXX_Expired_Not_Valid"};
 constexpr std::string_view kNoManager = "Not Assigned";
 
-/// The number on a second track, alone or behind a first one that could not be read ("%E?").
+/// The number on a second track that stands by itself or after an unreadable first one ("%E?").
 std::string secondTrackNumber(std::string_view swipe)
 {
     const std::size_t behindFirst = swipe.find("?;");
@@ -36,8 +36,8 @@ std::string codeOf(std::string_view text)
     return number.empty() ? Trim(Remove_Swipe(swipe)) : number;
 }
 
-/// As dayNumber() of "MM/DD/YYYY" or "MM/DD/YY", a time behind it passed over; 0 for what is no
-/// date.
+/// As dayNumber() of "MM/DD/YYYY" or "MM/DD/YY", a time after it ignored; 0 for a text that
+/// is no date.
 int endDay(std::string_view date)
 {
     const std::size_t first = date.find('/');

@@ -24,8 +24,8 @@ struct ManagerQuestion {
 std::optional<std::string> approvingManager(const records::ProcessValues &values,
                                             std::string_view text, const platform::DateTime &today);
 
-/// One question to a manager. From its start on `managerResult` is "NO", so that whatever cuts
-/// the check short refuses.
+/// One question to a manager. `managerResult` is "NO" from the start, so that a check that is cut
+/// short refuses.
 class ManagerCheck {
 public:
     explicit ManagerCheck(records::App &theApp);
@@ -37,7 +37,7 @@ public:
     void refuse();
 
     bool decided() const { return over; }
-    /// What a wrong try has left, as a sentence; empty before the first.
+    /// How many tries are left, as a sentence; empty before the first wrong one.
     std::string triesLeft() const;
 
 private:

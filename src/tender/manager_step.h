@@ -1,4 +1,4 @@
-// ManagerStep: asks a manager before a tender does what a server may not decide.
+// ManagerStep: asks a manager before something that a server may not decide.
 #pragma once
 
 #include "records/app.h"
@@ -13,10 +13,10 @@ public:
     ManagerStep(records::App &theApp, Display &theDisplay) : app(theApp), display(theDisplay) {}
 
     /// Shows the manager's screen and waits for the answer in `managerResult`: a name, or "NO",
-    /// also at the program's end. The list of managers is read anew, for at the load the shared
-    /// directory was not known yet. `managerRequest` stays set for the caller to clear.
+    /// also at the program's end. The list of managers is read anew, because the shared
+    /// directory was not known at the load. `managerRequest` stays set for the caller to clear.
     std::string ask(const std::string &what);
-    /// Whatever comes meanwhile, a swipe or another command, is not taken.
+    /// Swipes and other commands that come meanwhile are ignored.
     bool asking() const { return isAsking; }
 
 private:

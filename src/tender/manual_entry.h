@@ -1,5 +1,5 @@
-// Manual entry: when a card that was typed may go to its approval, and the size of the letters on
-// the entry screen, which all stations share.
+// Manual entry: when a typed card may be sent for its approval, and the font of the entry screen,
+// which all stations share.
 #pragma once
 
 #include "records/app.h"
@@ -9,7 +9,7 @@
 
 namespace tender {
 
-/// A card as it was typed, digits alone; wiped when it goes.
+/// A card as it was typed, digits only; wiped by its destructor.
 struct TypedCard {
     std::string number;
     std::string expiry; // "MMYY" as typed
@@ -25,10 +25,10 @@ enum class EntryFont { Large, Small };
 
 /// Small when "XCfont.dat" stands in `Remotedir`.
 EntryFont entryFont(records::App &app);
-/// The other font than `shown`, kept for all entry screens to come: deletes "XCfont.dat", or makes
-/// it. Errors are ignored: where the share refuses, the screen at hand has its font all the same.
+/// Returns the other font than `shown` and keeps it for later entry screens: deletes "XCfont.dat",
+/// or makes it. Errors are ignored; then only this screen has the other font.
 EntryFont switchEntryFont(records::App &app, EntryFont shown);
-/// The command that switches to the other font.
+/// The caption of the command that switches to the other font.
 const char *switchCaption(EntryFont shown);
 
 } // namespace tender

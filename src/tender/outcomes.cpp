@@ -150,7 +150,7 @@ void Outcomes::markApprovedOffline()
     fields.approved = true;
 }
 
-/// Nobody has charged this card yet, and nobody would know that it was to be charged.
+/// The card is not charged yet, and without a record nobody would charge it later.
 void Outcomes::offlineNotStored()
 {
     end.notices.clear();
@@ -177,15 +177,14 @@ printing::SlipContext Outcomes::slips(const TenderRecord &record) const
                        record.slot());
 }
 
-/// The bank's word may go once its record and the answer are on the disk. The next tender deletes
-/// the result.
+/// The next tender deletes a result whose record and answer are on the disk.
 void Outcomes::noteDealtWith(const TenderRecord &record)
 {
     if (end.answerFlushed() && record.safe() && !app.ending())
         payment.noteDealtWith();
 }
 
-/// An approval that no record tells of leaves the server's answer where it is, as the evidence.
+/// The server's answer stays as evidence of an approval that has no record.
 void Outcomes::removeServersFiles(ServerExchange &server, const TenderRecord &record)
 {
     server.withdraw();

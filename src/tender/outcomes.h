@@ -1,5 +1,5 @@
-// Outcomes: what a tender does once it knows how its card fares. In each the record comes first, on
-// the disk and flushed, then the slips, then the answer for the point of sale, then the end.
+// Outcomes: what a tender does after the bank or a manager has decided. Each outcome stores the
+// record first, flushed to the disk, then prints the slips, answers the point of sale and ends.
 #pragma once
 
 #include "printing/printer.h"
@@ -21,27 +21,27 @@ public:
     Outcomes(records::App &theApp, printing::Printer &thePrinter, Display &theDisplay,
              TenderEnd &theEnd, XchargePayment &thePayment);
 
-    /// The month's files, for sales that are charged at once and for declines. They are kept, for a
-    /// tender may last over midnight.
+    /// Names the files of this month for sales that are charged at once and for declines. They stay
+    /// the same when the tender lasts over midnight.
     void nameMonthFiles();
     const std::string &monthFile() const { return sales; }
 
-    // By the payment application's result.
+    // After the payment application's result, which is in `CCdata`.
 
     void approved();
-    /// The bank grants a part. The slips ask the guest for the rest, and the answer's first word
-    /// tells the point of sale that the tab is not paid.
+    /// The bank has granted a part. The slips ask the guest for the rest, and the answer's first
+    /// word tells the point of sale that the tab is not paid.
     void partiallyApproved();
-    /// A time-out ("T") stays on screen for the operator. Kept: also after a refused audit, with an
-    /// empty result word; its record is blank then.
+    /// A time-out ("T") stays on screen for the operator. Kept: a refused audit is filed here too,
+    /// with an empty result word.
     void declined();
 
-    /// By the payment server's answer, which is in the fields and in `CCdata`. Kept: a declined
+    /// After the payment server's answer, which is in the fields and in `CCdata`. Kept: a declined
     /// card is filed among the pending ones too, charged at once or not.
     void answeredByServer(ServerExchange &server);
 
-    /// By a manager, without the bank. Kept: a sale that would be charged at once is filed as
-    /// pending too; nobody has charged it yet.
+    /// After a manager has approved without the bank. Kept: a sale that would be charged at once is
+    /// filed as pending too; nobody has charged it yet.
     void approvedOffline();
 
 private:

@@ -32,11 +32,10 @@ std::string answerFile(const records::ProcessValues &values);
 /// The one value of "XAudit.DAT"; empty when there is none.
 std::string auditAmount(std::string_view content);
 
-/// The audit's and the tender's amount are the same value once both went through the mask
-/// "#######.##".
+/// True when both amounts have the same value after the mask "#######.##".
 bool amountsAgree(std::string_view audit, std::string_view amount);
 
-/// The question when they do not agree, one run of characters; `amount` is the tender's.
+/// The question when they do not agree, in one line; `amount` is the tender's.
 std::string auditQuestion(std::string_view amount, bool localPath);
 
 /// The answer block: `word`, then the nine fields common to every answer, each a quoted line with

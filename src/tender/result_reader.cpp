@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::size_t kRest = std::string_view::npos;
 
-/// One row of the table: a line that starts with `key` gives `length` characters from position
-/// `from` (counted from 0) to a field.
+/// A line that starts with `key` puts `length` characters, from position `from` on (counted from
+/// 0), into a field.
 struct ResultRow {
     std::string_view key;
     std::size_t from;
@@ -29,7 +29,7 @@ constexpr ResultRow rest(std::string_view key, const CardField &field)
     return {key, key.size(), kRest, field};
 }
 
-// In the order of the table; the rows that set words of their own stand in applyResultLine.
+// In this order. The lines that set other words than their own are in applyResultLine.
 constexpr std::array kRows = {
     rest("RESULT=", CResponse),
     // Kept: one character more than the key is dropped, so the description loses its first.
@@ -115,7 +115,7 @@ ReadResult readResultFile(App &app, const std::string &name)
     ExchangeFile file;
     platform::patiently(app.run, platform::Wait::Result, [&] {
         file = readExchange(app, name);
-        // One that says nothing may be half of one.
+        // A result that says nothing may be half written.
         return done(file.outcome) && !saysAnything(file.text) ? platform::Outcome::NotThere
                                                               : file.outcome;
     });

@@ -17,15 +17,15 @@ inline constexpr const char *kDefaultResultFile = "c:\\Lumbrio\\xResultFile.Txt"
 /// closing tag included.
 void applyResultLine(std::string_view line, records::CardRecord &CCdata);
 
-/// What a reading of a result came to.
+/// The outcome of reading a result.
 struct ReadResult {
     platform::Outcome outcome = platform::Outcome::Broken;
     bool longer = false;       // than records::kExchangeLimit
-    bool namesOutcome = false; // one of its lines says approved or declined
+    bool namesOutcome = false; // a line of it says approved or declined
     std::vector<std::string> lines;
     std::string mark; // of the bytes that were read, see evidence.h
 
-    /// Nobody knows what the bank has said: not even "no".
+    /// The bank's word is unknown: it may be yes or no.
     bool unreadable() const { return !done(outcome) || (longer && !namesOutcome); }
     /// Why it is unreadable.
     const char *reason() const

@@ -39,7 +39,7 @@ void Tender::Run_Xcharge()
         judgeResult(readResult());
 }
 
-/// By the audit. True when the tender is over, filed as declined.
+/// By the audit. True when the tender has ended, filed as declined.
 bool Tender::amountRefused(bool localPath)
 {
     if (!auditRefused(app, display, localPath))
@@ -63,7 +63,7 @@ bool Tender::paymentProgramMissing()
 
 void Tender::startWait()
 {
-    // Kept: the wording has outlived the value.
+    // Kept: the trace says 20 seconds; the timer has 8.
     traceProcess(app, {std::string(15, ' '), "  Setting a 20 second timer to wait for response"});
     wait.startTimer(kWaitTimer);
     clearResult(app, kResultFile);
@@ -71,7 +71,7 @@ void Tender::startWait()
     wait.start(kResultFile);
 }
 
-/// Nothing is charged then.
+/// True when the tender has ended, without a charge.
 bool Tender::oldResultRemains()
 {
     if (!payment.oldResultRemains())
@@ -91,7 +91,7 @@ bool Tender::waitForResult()
 {
     const WaitEnd ended = wait.untilThere([&](platform::Outcome looked) {
         fields.sharedCount = fields.waitCount;
-        if (done(looked)) // or the card may be charged already, and would be once more
+        if (done(looked)) // else the card may be charged already
             payment.startAt(wholeNumber(fields.waitCount));
     });
     if (ended == WaitEnd::Stopped)

@@ -41,8 +41,8 @@ platform::Outcome ServerExchange::place(const LocalRequest &request)
     return outcome;
 }
 
-/// An earlier card's answer lies there after a clock was set back. It would be taken for this
-/// card's.
+/// After the clock was set back, the answer of an earlier card may have this name. It would be
+/// taken for this card's.
 platform::Outcome ServerExchange::makeWayForAnswer()
 {
     clearResult(app, files.answer);
@@ -72,7 +72,7 @@ ServerAnswer ServerExchange::readAnswer()
     ExchangeFile file;
     platform::patiently(app.run, platform::Wait::Result, [&] {
         file = readExchange(app, files.answer);
-        // One that says nothing may be half of one.
+        // An answer that says nothing may be half written.
         return done(file.outcome) && !namesOutcome(answerText(file.text))
                    ? platform::Outcome::NotThere
                    : file.outcome;
@@ -94,7 +94,7 @@ void ServerExchange::putLateAnswerAside()
         clearResult(app, files.answer);
 }
 
-/// False where the file still lies there, or may lie there.
+/// False when the file is still there, or may be there.
 bool ServerExchange::remove(const std::string &file)
 {
     const platform::Outcome removed = app.files.removeIfThere(file);

@@ -6,7 +6,8 @@
 
 namespace tender {
 
-/// Fills `CCdata` with the card, the request and the moment; what the bank will say becomes blank.
+/// Fills `CCdata` with the card, the request and the time; the fields for the bank's word become
+/// blank.
 /// Deletes the batch marker "ServerISBatching.dat" in `Remotedir` first.
 void Set_Data(records::App &app, const TenderFields &fields);
 

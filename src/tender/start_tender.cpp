@@ -31,8 +31,8 @@ bool isStationRole(const App &app)
     return name == "TndrI" || toLower(name) == "tndri";
 }
 
-/// The old answer and the mode flag lie in the configured directory, so that the configuration is
-/// read ahead of them, silently; the reading that may fail follows in its place.
+/// The old answer and the mode flag lie in the configured directory, so the configuration is read
+/// before them, and failures are ignored. It is read again in its place, where a failure counts.
 bool findDirectories(App &app)
 {
     const platform::ErrorsIgnored ignored(app.run);
@@ -48,8 +48,8 @@ void readModeFlag(App &app, TenderFields &fields)
     fields.commandLineMode = app.values.X1009 ? "True" : "False";
 }
 
-/// Not every end of a tender writes an answer, and the one of the guest before may say "Approved".
-/// No card is charged beside one that can neither be removed nor emptied.
+/// Not every end of a tender writes an answer, and the answer for the guest before may say
+/// "Approved". While it can be neither removed nor emptied, no card is charged.
 void freeAnswer(App &app)
 {
     const platform::Outcome outcome = removeOldAnswer(app);
@@ -57,7 +57,7 @@ void freeAnswer(App &app)
         app.run.fail("Removing the answer of an earlier tender", answerFile(app.values), outcome);
 }
 
-/// Of tenders of this station that did not come to their end.
+/// Files of tenders of this station that were killed.
 void clearWhatOthersLeft(App &app)
 {
     if (const TraceLines lines = clearLeftOvers(app); !lines.empty())
@@ -66,7 +66,7 @@ void clearWhatOthersLeft(App &app)
         clearDeadRequests(app);
 }
 
-/// Not while the back office batches. The guest waits, but seldom: it needs a failure before.
+/// The guest has to wait for this, but only after an earlier failure.
 void storeKept(App &app, Display &display)
 {
     const KeptRecords found = storeKeptRecords(app);
@@ -82,7 +82,7 @@ void prepareForCommandLine(Display &display)
     display.statusPainted("Waiting for Xcharge Interface");
 }
 
-/// Until a typed card says otherwise.
+/// A typed card changes this.
 void assumeSwipe(CardRecord &CCdata)
 {
     CCdata.set(CCSwiped, "True");
@@ -232,11 +232,11 @@ void Tender::startAsTender()
     if (anotherTenderLives())
         return;
     freeAnswer(app);
-    // An unknown login must not pay, nor another printer print.
+    // Without its settings the station would pay with another login and print elsewhere.
     if (!app.installation.unreadable.empty())
         app.run.fail(app.installation.unreadable);
     configure(iniLocked);
-    freeAnswer(app); // in the directory that is known for certain now
+    freeAnswer(app); // once more: only now the directory is certain
     if (!app.ending())
         clearWhatOthersLeft(app);
     if (app.ending() || serverIsBatching())
@@ -255,7 +255,7 @@ void Tender::startAsTender()
         Run_Xcharge();
 }
 
-/// Another role wants the filled fields only, of what request there is.
+/// Another role needs the filled fields only; a request may be missing.
 void Tender::startAsHelper()
 {
     const platform::ErrorsIgnored ignored(app.run);
@@ -273,7 +273,7 @@ void Tender::configure(bool iniLocked)
     readConfiguration(app, display, iniLocked);
 }
 
-/// False when there is none.
+/// False when there is no request; then the tender has ended.
 bool Tender::takeRequest(TenderRequest &request)
 {
     const Sent sent = readRequest(app, request);
@@ -290,8 +290,7 @@ void Tender::showRequest(const TenderRequest &request)
 }
 
 /// A command pressed twice starts two tenders of one check: the second would charge the card again,
-/// and answer in place of the first. A lock that cannot be had for another reason is not in the
-/// way.
+/// and answer in place of the first. When the lock fails for another reason, the tender goes on.
 bool Tender::anotherTenderLives()
 {
     if (takeRoleLock(app) != platform::Outcome::Locked)
@@ -320,7 +319,7 @@ void Tender::deleteBatchMarker()
     app.files.removeIfThere(batchMarker(app.values));
 }
 
-/// The point of sale gets its answer before anybody has to press a button.
+/// The answer is written before the message waits for the operator.
 void Tender::requestMissing()
 {
     end.answer(answerBlock("File Not Found", app.values.CCdata));

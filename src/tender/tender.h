@@ -1,6 +1,6 @@
 // Tender: the procedures of the tender role, from the point of sale's "Xsend.req" to "Xsend.ans".
 // One object lives for one card attempt. It knows no window: it works on App, on the pen of the
-// slips and on the narrow view of its screen. What it is made of stands in the headers below.
+// slips and on the narrow view of its screen. Its parts are declared in the headers below.
 #pragma once
 
 #include "platform/clock.h"
@@ -46,7 +46,8 @@ public:
     void enterManually() { capture.enterManually(); }
     void clearSwipe() { capture.clearSwipe(); }
     void showDigits() { capture.showDigits(); }
-    /// Declines and ends the tender, but not where the bank's word has come, or may have come.
+    /// Declines and ends the tender, but not when the bank's word has come. Where it may have come,
+    /// the outcome is unknown.
     void cancel();
     void finishTender();
     /// Opens the card setup after a manager has agreed.
@@ -58,7 +59,7 @@ public:
     /// Warns, then removes the payment application.
     void offerRemoval();
     void startPaymentServer();
-    /// "CCnoPrint.dat" remembers it for the tenders to come.
+    /// Remembered in "CCnoPrint.dat" for later tenders.
     void setNoReceipt(bool checked);
     /// The hidden way out of "File Server Busy" when a batch has died: deletes the batch marker.
     void deleteBatchMarker();

@@ -65,7 +65,6 @@ void TenderEnd::close()
         app.run.endInFailure();
 }
 
-/// Each stays until somebody presses OK.
 void TenderEnd::showNotices()
 {
     display.show();

@@ -1,5 +1,5 @@
-// TenderEnd: how every tender ends. The point of sale gets its answer, the operator reads what he
-// has to know, and the program ends.
+// TenderEnd: how every tender ends. The point of sale gets its answer, the operator reads the
+// notices, and the program ends.
 #pragma once
 
 #include "printing/printer.h"
@@ -15,8 +15,8 @@ namespace tender {
 
 class TenderEnd {
 public:
-    /// `theStopTimers` is called before the operator reads anything: no timer may start something
-    /// then.
+    /// `theStopTimers` is called before the notices are shown: no timer may fire while they are
+    /// read.
     TenderEnd(records::App &theApp, printing::Printer &thePrinter, Display &theDisplay,
               std::function<void()> theStopTimers);
 
@@ -24,26 +24,25 @@ public:
     void begin() { isBegun = true; }
     bool begun() const { return isBegun; }
 
-    /// Writes the answer. Where it does not stand, a notice says so at the end.
+    /// Writes the answer. When that fails, a notice says so at the end.
     void answer(const std::string &content);
     /// The same, with a line for each value in "TRACELOG.TXT".
     void answerTraced(const std::string &content);
     bool answerFlushed() const { return file.flushed(); }
 
-    /// Nobody knows what the bank has said: the card may be charged. The point of sale has no word
-    /// for that, `declined` is the answer that it gets; no record is made, for it would read as a
-    /// decline. What the bank wrote to `result` stays there. `what` is for the operator, `reason`
-    /// says why. Ends the tender.
+    /// Ends a tender whose outcome is unknown: the card may be charged. The point of sale has no
+    /// word for that and gets `declined`. No record is made, since it would read as a decline. The
+    /// file `result` of the bank stays. `what` is for the operator, `reason` says why.
     void unknown(const std::string &result, const char *what, const char *reason,
                  const std::string &declined);
     /// Leaves the end to the operator, who reads the notices first.
     void leaveToOperator();
     /// Closes, and so prints, a print job that is still open, shows the notices and ends the
-    /// program; in failure where no answer stands. Record and answer are written by then, so that
-    /// nothing waits for whoever reads.
+    /// program, in failure when there is no answer. Record and answer are written by then, so that
+    /// nothing waits until the notices are read.
     void close();
 
-    /// For what somebody has to know once record and answer are done with.
+    /// Shown after record and answer are written.
     std::vector<platform::Notice> notices;
 
 private:

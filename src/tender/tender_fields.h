@@ -87,7 +87,7 @@ struct TenderFields {
     bool operator==(const TenderFields &) const = default;
 };
 
-/// Those that hold what is read of a card: wiped when it is done with.
+/// The fields that hold the card; they are wiped after use.
 inline std::array<std::string *, 7> cardTexts(TenderFields &fields)
 {
     return {&fields.cardOrResult, &fields.firstTrack, &fields.secondTrack, &fields.cardNumber,

@@ -28,7 +28,7 @@ void TenderRecord::confirm()
         return;
     stored = confirmStored(app, file, record, stored);
     tellUnstored();
-    // Who holds the lock may still write over it: the next start looks once more.
+    // The holder of the lock may still write over it: the next start looks once more.
     if (stored.unlocked && stored.stored() && !kept && record.text(CCstatus) == "Approved")
         keep();
 }

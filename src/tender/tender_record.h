@@ -12,7 +12,7 @@ namespace tender {
 
 class TenderRecord {
 public:
-    /// What somebody has to know of a charge that is in no card file is added to `theNotices`.
+    /// A notice about a charge that is in no card file is added to `theNotices`.
     TenderRecord(records::App &theApp, std::vector<platform::Notice> &theNotices)
         : app(theApp), notices(theNotices)
     {
@@ -22,16 +22,16 @@ public:
     /// another holds, then appends without it. A failure is traced; an approved record is then
     /// kept in the station's own folder. For routines that ignore errors.
     void store(const std::string &file);
-    /// Writes `CCdata` once more into its slot. Nothing where the record was not stored, or without
-    /// the lock: then its holder may be about to write to that slot.
+    /// Writes `CCdata` once more into its slot. Does nothing when the record was not stored, or was
+    /// stored without the lock: its holder may be about to write to that slot.
     void writeAgain();
-    /// Before the answer, where the record was appended without the lock: looks whether it still
-    /// stands, and appends it again where it does not.
+    /// Call it before the answer. A record that was appended without the lock may have been written
+    /// over: it is looked for and, when it is missing, appended again.
     void confirm();
 
-    /// A power cut, a kill or a failure from here on leaves something that tells of the charge.
+    /// The charge is recorded on a disk, whatever happens from here on.
     bool safe() const { return done(stored.outcome) || kept; }
-    /// The lock was refused for all of the wait: another may write over the record.
+    /// The lock was not to be had: another program may write over the record.
     bool unlocked() const { return stored.unlocked; }
     /// From 1, in its file; 0 where the record is not stored.
     long slot() const { return stored.slot; }

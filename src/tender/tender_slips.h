@@ -1,5 +1,5 @@
-// The slips of a tender: what they take from the screen, the order in which they are printed, and
-// the lines that tell of them in "CCLastProcess.dat".
+// The slips of a tender: the values that they take from the screen, the order of printing, and
+// their lines in "CCLastProcess.dat".
 #pragma once
 
 #include "printing/slip.h"
@@ -20,14 +20,14 @@ struct Gratuity {
 /// `percent` of `amount`, cut to cents by the mask "######.##".
 Gratuity gratuityOf(std::string_view amount, const records::Money &percent);
 
-/// `slot` is the record's in its card file, 0 for none.
+/// `slot` is the record's place in its card file, 0 for none.
 printing::SlipContext slipContext(const TenderFields &fields, const Gratuity &gratuity, long slot);
 
 /// The merchant's and the guest's copy of an approval. Kept: no printer is chosen for a request
 /// that deletes a prepayment.
 void printSlips(records::App &app, printing::Printer &printer, Display &display,
                 const printing::SlipContext &context);
-/// Those of a partial approval, and the attention slip for the server.
+/// The two copies of a partial approval, and the attention slip for the server.
 void printPartialSlips(records::App &app, printing::Printer &printer, Display &display,
                        const printing::SlipContext &context);
 

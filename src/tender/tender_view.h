@@ -14,8 +14,8 @@ enum class TenderBox { FirstTrack, SecondTrack, Cancel, KeepWaiting };
 
 class TenderView : public virtual platform::View {
 public:
-    /// Brings the screen up to date with the fields; called on every pass of a wait, so it costs
-    /// next to nothing when nothing changed.
+    /// Brings the screen up to date with the fields; called on every pass of a wait, so it must
+    /// be cheap when nothing has changed.
     virtual void refresh(const TenderFields &fields) = 0;
     virtual void focus(TenderBox box) = 0;
     /// Shows the modal screen `xcharge3` ("File Server Busy"); returns when it was left.

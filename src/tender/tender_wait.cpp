@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::uint32_t kTimeoutTimer = 1200; // ms
 
-/// A file, or what has come in its place and cannot be read.
+/// There is something at the path, be it a file or not.
 platform::Outcome lookFor(App &app, const std::string &file, bool &there)
 {
     platform::Found found = platform::Found::Nothing;

@@ -1,5 +1,5 @@
-// TenderWait: the wait for the bank's word, that is for one file. It counts, runs the timer of the
-// ladder of messages (wait_rules.h) and says how the wait ended.
+// TenderWait: the wait for the bank's word, which comes as a file. It counts, runs the timer that
+// changes the messages (wait_rules.h) and says how the wait ended.
 #pragma once
 
 #include "platform/clock.h"
@@ -23,23 +23,23 @@ public:
     /// `theOfflineCount` is called at the counts at which the offline panel would be shown.
     TenderWait(records::App &theApp, Display &theDisplay, std::function<void()> theOfflineCount);
 
-    /// Arms the ladder's timer, in milliseconds.
+    /// Starts the timer of the messages; `interval` in milliseconds.
     void startTimer(std::uint32_t interval);
-    /// Counts from 0, waiting for `theFile`; whoever asked for a stop has not meant this wait.
+    /// Begins to wait for `theFile`, with count 0. Clears a `StopWaiting` of an earlier wait.
     void start(const std::string &theFile);
-    /// Turns the event loop until the file exists. `onPass` is called on each pass that has not
-    /// found it, with the new count on the screen and the outcome of the look: anything but Done
-    /// says that the file may be there. Goes on counting where it is called again.
+    /// Turns the event loop until the file exists. `onPass` is called after each look that has not
+    /// found it, with the outcome of the look: with any other than Done the file may be there. The
+    /// new count is in the fields by then. A second call goes on with the count.
     WaitEnd untilThere(const std::function<void(platform::Outcome looked)> &onPass);
-    /// Looks for the file once more, for some seconds where it cannot be looked for
-    /// (platform::Wait::Result). Done and not there when nothing is waited for.
+    /// Looks for the file once more. When the look fails, tries again for some seconds
+    /// (platform::Wait::Result). Done, and not there, when nothing is waited for.
     platform::Outcome lookOnceMore(bool &there);
-    /// Nobody waits any more; the ladder goes on.
+    /// Ends a wait that was stopped; the messages go on.
     void giveUp() { waiting = false; }
-    /// The file is there.
+    /// Ends the wait after the file has come.
     void end();
 
-    /// After a "T" result: the count goes on with a timer of its own, for the operator to see.
+    /// After a "T" result: the count on the screen goes on, by a timer of its own.
     void countOn();
     void stopTimers();
 

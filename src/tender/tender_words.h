@@ -1,5 +1,5 @@
-// What the tender screen says in one glance, worked out of the tender's fields: the state's word,
-// colour and hint, and the texts that are shown otherwise than they are kept.
+// What the tender screen shows at a glance, made from the tender's fields: the word, colour and
+// hint of the state, and texts in another form than in the fields.
 #pragma once
 
 #include "tender/tender_fields.h"
@@ -28,7 +28,7 @@ std::string shownAmount(std::string_view amount);
 /// A card number with all but its last 4 digits as asterisks.
 std::string shownCardNumber(std::string_view number);
 
-/// Counts up to which a wait is nothing unusual; the full length of the wait's bar.
+/// Up to this count a wait is nothing unusual. It fills the bar of the wait.
 inline constexpr int kUsualWait = 49;
 
 } // namespace tender

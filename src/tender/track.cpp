@@ -9,7 +9,7 @@ using namespace records;
 
 namespace {
 
-constexpr std::size_t kNumberFrom = 2; // behind the start sentinel and the format letter
+constexpr std::size_t kNumberFrom = 2; // after the start sentinel and the format letter
 
 bool isDigits(std::string_view text)
 {

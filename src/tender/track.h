@@ -1,5 +1,5 @@
 // Magnetic tracks: what a card reader types into the swipe boxes, a format-B first track with or
-// without a second one behind it.
+// without a second one after it.
 #pragma once
 
 #include "platform/clock.h"
@@ -10,7 +10,7 @@
 
 namespace tender {
 
-/// A card as a swipe gave it; wiped when it goes.
+/// A card as read from a swipe; wiped by its destructor.
 struct CardData {
     std::string number;
     std::string expiry; // "YYMM"
@@ -20,9 +20,9 @@ struct CardData {
     ~CardData();
 };
 
-/// Number from position 3 to the first "^", the name up to the next, the expiry behind it. A name
+/// Number from position 3 to the first "^", the name up to the next, the expiry after it. A name
 /// without "/" is the last name and the first name is one blank. Nothing when a "^" is missing or
-/// no four digits follow the second one. What stands behind the expiry is passed over.
+/// no four digits follow the second one. What follows the expiry is ignored.
 std::optional<CardData> parseTrack(std::string_view track);
 
 /// By month: a card of today's month is good. `expiry` is "YYMM".

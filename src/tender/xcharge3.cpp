@@ -24,14 +24,14 @@ void xcharge3::SSCommand4_Click()
     services.end();
 }
 
-/// The screen stays: whoever knows of this way out starts the tender anew.
+/// The screen stays; the tender has to be started again.
 void xcharge3::Picture1_Click()
 {
     removeMarker();
     ui->SSCommand4->setFocus();
 }
 
-/// There is nothing behind this screen to go back to.
+/// No other screen is open.
 void xcharge3::closeAsked()
 {
     SSCommand4_Click();

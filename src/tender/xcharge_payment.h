@@ -1,5 +1,5 @@
-// XchargePayment: one payment of the payment application, from its start by a command line to the
-// result that is dealt with. It is told apart from payments that earlier tenders have given up.
+// XchargePayment: one payment of the payment application, from its command line to its result. A
+// payment that an earlier tender has given up is recognised by its amount.
 #pragma once
 
 #include "printing/printer.h"
@@ -15,11 +15,11 @@
 namespace tender {
 
 /// Ends a payment application that is left over, and pauses 500 ms. Fonts and printers are warmed
-/// up within the pause, which stands anyway.
+/// up during the pause.
 void endLeftOverProgram(records::App &app, printing::Printer &printer);
 
 /// What the fields and the options ask for. A blank server number becomes "9999" in the fields too.
-/// A value that would become another option is cut, and the trace tells.
+/// A value that would become another option is cut, and the trace gets a line.
 PaymentCall paymentCall(records::App &app, TenderFields &fields);
 
 /// For routines that ignore errors.
@@ -30,18 +30,19 @@ public:
     /// Makes the command line of a payment for this receipt, and traces it.
     void prepare(const PaymentCall &call, const std::string &theReceipt,
                  const std::string &theAmount);
-    /// An old result that cannot be deleted would be taken for this card's; the trace tells.
+    /// True when an old result could not be deleted: it would be taken for this card's. The trace
+    /// gets a line.
     bool oldResultRemains();
     /// Starts the payment application at the first call, and once more at count 50 of the wait:
-    /// that revives a stalled one. The first start is noted before.
+    /// that revives a stalled one. Notes the payment as asked before the first start.
     void startAt(int count);
     /// Reads the result into `CCdata`, see readResultFile().
     ReadResult readResult();
-    /// A payment application that a tender has given up goes on, and may answer the next one. Its
-    /// approval must not pay for another guest.
+    /// True for an approval of another amount while an earlier payment is open. A payment that its
+    /// tender has given up goes on and may answer the next tender; it must not pay for another
+    /// guest.
     bool isOfEarlierPayment() const;
-    /// Notes that record and answer of this result are on the disk. Nothing for a payment whose
-    /// result was not read.
+    /// Notes that record and answer are on the disk. Does nothing before the result was read.
     void noteDealtWith();
 
 private:
