@@ -24,13 +24,18 @@ PrinterChoice::PrinterChoice(platform::Services &theServices, std::vector<std::s
     const auto print = [this] { printCommand_Click(); };
     connect(ui->printCommand, &QAbstractButton::clicked, this, print); // "Print"
     connect(ui->printers, &QListWidget::itemDoubleClicked, this, print);
-    connect(ui->cancelCommand, &QAbstractButton::clicked, this,
-            &PrinterChoice::closeAsked); // "Cancel"
+    onClick(ui->cancelCommand, *this, &PrinterChoice::closeAsked); // "Cancel"
     setDefaultCommand(ui->printCommand);
     ui->printers->setFocus();
 }
 
 PrinterChoice::~PrinterChoice() = default;
+
+std::optional<std::string> PrinterChoice::ask()
+{
+    runModal();
+    return answer;
+}
 
 void PrinterChoice::printCommand_Click()
 {

@@ -1,5 +1,4 @@
-// PrinterChoice: on which of the installed printers a slip is printed again. After runModal() the
-// answer is asked for.
+// PrinterChoice: asks on which of the installed printers a slip is printed again.
 #pragma once
 
 #include "platform/qt/screen.h"
@@ -24,8 +23,8 @@ public:
                   const std::string &current);
     ~PrinterChoice() override;
 
-    /// Nothing after "Cancel".
-    std::optional<std::string> chosen() const { return answer; }
+    /// Shows the choice; nothing after "Cancel".
+    std::optional<std::string> ask();
 
 private:
     void printCommand_Click(); // "Print"

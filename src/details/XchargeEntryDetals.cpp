@@ -71,27 +71,26 @@ void XchargeEntryDetals::gatherArrays()
 
 void XchargeEntryDetals::connectCommands()
 {
-    const auto click = [this](QAbstractButton *command, void (EntryDetails::*handler)()) {
-        connect(command, &QAbstractButton::clicked, this, [this, handler] { (entry.*handler)(); });
-    };
-    click(ui->SSCommand1, &EntryDetails::saveAndClose);      // "Done"
-    click(ui->SSCommand2, &EntryDetails::forceNoTip);        // "Force NO TIP"
-    click(ui->SSCommand3, &EntryDetails::cancel);            // "Cancel"
-    click(ui->SSCommand4, &EntryDetails::undoTip);           // "Undo TIP Adjustment"
-    click(ui->SSCommand5, &EntryDetails::deleteEntry);       // "Delete This Entry "
-    click(ui->SSCommand7, &EntryDetails::reprintCustomer);   // "Customer"
-    click(ui->SSCommand8, &EntryDetails::reprintMerchant);   // "Merchant"
-    click(ui->SSCommand10, &EntryDetails::save);             // "Save"
-    click(ui->SSCommand11, &EntryDetails::forceAllNoTip);    // "Force ALL NO TIP"
-    click(ui->SSCommand12, &EntryDetails::deleteAndPrint);   // "Delete and Print a Receipt"
-    click(ui->SSCommand13, &EntryDetails::undelete);         // "UnDelete - Move to Pending List"
-    click(ui->SSCommand14, &EntryDetails::forceAdjusted);    // "Force"
-    click(ui->SSCommand15, &EntryDetails::voidEntry);        // "VOID"
-    click(ui->SSCommand16, &EntryDetails::forceAllAdjusted); // "Force ALL to Adjusted - Pending"
-    click(ui->SSCommand17, &EntryDetails::clearTip);         // "Clear Tip Amount"
-    click(ui->Label3_0, &EntryDetails::offerQuickTips);      // the tab
-    click(ui->Command1, &EntryDetails::revealTrackLine);     // "The Track Read Line has been ..."
-    click(ui->Command2, &EntryDetails::revealNumber);        // "View Card #"
+    onClick(ui->SSCommand1, entry, &EntryDetails::saveAndClose);    // "Done"
+    onClick(ui->SSCommand2, entry, &EntryDetails::forceNoTip);      // "Force NO TIP"
+    onClick(ui->SSCommand3, entry, &EntryDetails::cancel);          // "Cancel"
+    onClick(ui->SSCommand4, entry, &EntryDetails::undoTip);         // "Undo TIP Adjustment"
+    onClick(ui->SSCommand5, entry, &EntryDetails::deleteEntry);     // "Delete This Entry "
+    onClick(ui->SSCommand7, entry, &EntryDetails::reprintCustomer); // "Customer"
+    onClick(ui->SSCommand8, entry, &EntryDetails::reprintMerchant); // "Merchant"
+    onClick(ui->SSCommand10, entry, &EntryDetails::save);           // "Save"
+    onClick(ui->SSCommand11, entry, &EntryDetails::forceAllNoTip);  // "Force ALL NO TIP"
+    onClick(ui->SSCommand12, entry, &EntryDetails::deleteAndPrint); // "Delete and Print a Receipt"
+    onClick(ui->SSCommand13, entry, &EntryDetails::undelete); // "UnDelete - Move to Pending List"
+    onClick(ui->SSCommand14, entry, &EntryDetails::forceAdjusted); // "Force"
+    onClick(ui->SSCommand15, entry, &EntryDetails::voidEntry);     // "VOID"
+    onClick(ui->SSCommand16, entry,
+            &EntryDetails::forceAllAdjusted);                 // "Force ALL to Adjusted - Pending"
+    onClick(ui->SSCommand17, entry, &EntryDetails::clearTip); // "Clear Tip Amount"
+    onClick(ui->Label3_0, entry, &EntryDetails::offerQuickTips); // the tab
+    onClick(ui->Command1, entry,
+            &EntryDetails::revealTrackLine);                   // "The Track Read Line has been ..."
+    onClick(ui->Command2, entry, &EntryDetails::revealNumber); // "View Card #"
     const auto arrow = [this](QAbstractButton *command, long by) {
         connect(command, &QAbstractButton::clicked, this, [this, by] {
             entry.step(by);
@@ -269,9 +268,7 @@ void XchargeEntryDetals::focusTip()
 std::optional<std::string> XchargeEntryDetals::choosePrinter(const std::vector<std::string> &names,
                                                              const std::string &current)
 {
-    PrinterChoice choice(app, names, current);
-    choice.runModal();
-    return choice.chosen();
+    return PrinterChoice(app, names, current).ask();
 }
 
 /// Clears what a password has revealed at once, not only when the object is destroyed.

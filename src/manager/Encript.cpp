@@ -16,8 +16,8 @@ Encript::Encript(platform::Services &theServices)
     // What the shared files can hold: one byte a character.
     static const QRegularExpression singleBytes(QStringLiteral("[\\x{0}-\\x{FF}]*"));
     ui->Text1->setValidator(new QRegularExpressionValidator(singleBytes, this));
-    connect(ui->SSCommand1, &QAbstractButton::clicked, this, &Encript::SSCommand1_Click);
-    connect(ui->SSCommand2, &QAbstractButton::clicked, this, &Encript::SSCommand2_Click);
+    onClick(ui->SSCommand1, *this, &Encript::SSCommand1_Click);
+    onClick(ui->SSCommand2, *this, &Encript::SSCommand2_Click);
     setDefaultCommand(ui->SSCommand1);
     ui->Text1->setFocus();
 }

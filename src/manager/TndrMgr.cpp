@@ -24,9 +24,8 @@ TndrMgr::TndrMgr(records::App &theApp, ManagerRoutes routes)
                                ui->SSCommand8,  // "Tndr Log"
                                ui->SSCommand9}) // "Config"
         later->setEnabled(false);
-    connect(ui->SSCommand3, &QAbstractButton::clicked, this,
-            [this] { start.startAfterHours(); }); // "NEXT", after business hours
-    connect(ui->SSCommand4, &QAbstractButton::clicked, this, [this] { start.quit(); }); // "QUIT"
+    onClick(ui->SSCommand3, start, &ManagerStart::startAfterHours); // "NEXT", after business hours
+    onClick(ui->SSCommand4, start, &ManagerStart::quit);            // "QUIT"
     setDefaultCommand(ui->SSCommand3);
     refresh(start.state());
 }

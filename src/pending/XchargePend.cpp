@@ -13,6 +13,7 @@ namespace pending {
 
 using platform::fromQt;
 using platform::MListColumn;
+using platform::putCommand;
 using platform::putLook;
 using platform::putValue;
 using platform::putVisible;
@@ -84,23 +85,20 @@ void XchargePend::gatherArrays()
 
 void XchargePend::connectCommands()
 {
-    const auto click = [this](QAbstractButton *command, void (Pending::*handler)()) {
-        connect(command, &QAbstractButton::clicked, this, [this, handler] { (list.*handler)(); });
-    };
-    click(ui->SSCommand1, &Pending::leave);                 // "Done"
-    click(ui->SSCommand2, &Pending::process);               // "Process"
-    click(ui->SSCommand3, &Pending::refresh);               // "Refresh"
-    click(ui->SSCommand4, &Pending::print);                 // "Print"
-    click(ui->SSCommand5, &Pending::finish);                // "Finish"
-    click(ui->SScommand6, &Pending::showArchive);           // "Archive"
-    click(ui->SSCommand7, &Pending::showTotalsByServer);    // "Totals by Servers"
-    click(ui->SSCommand10, &Pending::showTotalsByTerminal); // "Totals by Terminal"
-    click(ui->SSCommand11, &Pending::forceAllNoTip);        // "Force ALL NO TIP"
-    click(ui->SSCommand12, &Pending::showTotalsByType);     // "Totals by CC Type"
-    click(ui->SSCommand13, &Pending::markDayCompleted);     // "Mark Completed"
-    click(ui->SSCommand14, &Pending::deleteDeclines);       // "DELETE RED'S"
-    click(ui->SSCommand15, &Pending::markAllCompleted);     // "Mark all completed"
-    click(ui->Image1, &Pending::markAllCompletedByPicture); // the picture in the corner
+    onClick(ui->SSCommand1, list, &Pending::leave);                 // "Done"
+    onClick(ui->SSCommand2, list, &Pending::process);               // "Process"
+    onClick(ui->SSCommand3, list, &Pending::refresh);               // "Refresh"
+    onClick(ui->SSCommand4, list, &Pending::print);                 // "Print"
+    onClick(ui->SSCommand5, list, &Pending::finish);                // "Finish"
+    onClick(ui->SScommand6, list, &Pending::showArchive);           // "Archive"
+    onClick(ui->SSCommand7, list, &Pending::showTotalsByServer);    // "Totals by Servers"
+    onClick(ui->SSCommand10, list, &Pending::showTotalsByTerminal); // "Totals by Terminal"
+    onClick(ui->SSCommand11, list, &Pending::forceAllNoTip);        // "Force ALL NO TIP"
+    onClick(ui->SSCommand12, list, &Pending::showTotalsByType);     // "Totals by CC Type"
+    onClick(ui->SSCommand13, list, &Pending::markDayCompleted);     // "Mark Completed"
+    onClick(ui->SSCommand14, list, &Pending::deleteDeclines);       // "DELETE RED'S"
+    onClick(ui->SSCommand15, list, &Pending::markAllCompleted);     // "Mark all completed"
+    onClick(ui->Image1, list, &Pending::markAllCompletedByPicture); // the picture in the corner
     for (std::size_t option = 0; option < SSOption1.size(); ++option)
         connect(SSOption1[option], &QAbstractButton::toggled, this, [this, option](bool on) {
             if (on)
@@ -236,8 +234,7 @@ void XchargePend::showCommands(const PendingFields &fields)
         // another window is in front.
         if (focusWidget() == &command && !(state.enabled && state.visible))
             ui->MList1->setFocus();
-        command.setEnabled(state.enabled);
-        putVisible(command, state.visible);
+        putCommand(command, state);
     }
     ui->Image1->setEnabled(fields.commands[Command::MarkAllCompleted].enabled); // the same command
 }
@@ -287,9 +284,7 @@ bool XchargePend::closeEntry()
 std::optional<std::string> XchargePend::choosePrinter(const std::vector<std::string> &names,
                                                       const std::string &proposed)
 {
-    details::PrinterChoice choice(app, names, proposed);
-    choice.runModal();
-    return choice.chosen();
+    return details::PrinterChoice(app, names, proposed).ask();
 }
 
 } // namespace pending

@@ -2,6 +2,7 @@
 // only mirrors them.
 #pragma once
 
+#include "platform/command_state.h"
 #include "records/per_name.h"
 #include "reports/card_list.h"
 
@@ -33,11 +34,7 @@ enum class Command {
 };
 inline constexpr std::size_t kCommands = 15;
 
-struct CommandState {
-    bool enabled = true;
-    bool visible = true;
-    bool operator==(const CommandState &) const = default;
-};
+using platform::CommandState;
 
 struct PendingFields {
     reports::TotalTexts totals; // Label5

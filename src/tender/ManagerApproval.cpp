@@ -29,11 +29,8 @@ void ManagerApproval::connectCommands()
 {
     connect(ui->codeBox, &QLineEdit::textChanged, this,
             [this](const QString &text) { ui->okCommand->setDisabled(text.isEmpty()); });
-    const auto click = [this](QAbstractButton *command, void (ManagerApproval::*handler)()) {
-        connect(command, &QAbstractButton::clicked, this, handler);
-    };
-    click(ui->okCommand, &ManagerApproval::okCommand_Click); // "OK"
-    click(ui->cancelCommand, &ManagerApproval::closeAsked);  // "Cancel"
+    onClick(ui->okCommand, *this, &ManagerApproval::okCommand_Click); // "OK"
+    onClick(ui->cancelCommand, *this, &ManagerApproval::closeAsked);  // "Cancel"
 }
 
 void ManagerApproval::okCommand_Click()

@@ -14,9 +14,9 @@ XCreader1::XCreader1(records::App &theApp)
 {
     ui->setupUi(this);
     ui->Text1->setText(toQt(kDefaultResultFile));
-    connect(ui->Command1, &QAbstractButton::clicked, this, &XCreader1::Command1_Click);
-    connect(ui->Command2, &QAbstractButton::clicked, this, &XCreader1::Command2_Click);
-    connect(ui->Command3, &QAbstractButton::clicked, this, &XCreader1::Command3_Click);
+    onClick(ui->Command1, *this, &XCreader1::Command1_Click);
+    onClick(ui->Command2, *this, &XCreader1::Command2_Click);
+    onClick(ui->Command3, *this, &XCreader1::Command3_Click);
     setDefaultCommand(ui->Command1);
 }
 

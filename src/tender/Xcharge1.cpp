@@ -13,6 +13,7 @@
 
 namespace tender {
 
+using platform::putCommand;
 using platform::putLook;
 using platform::putValue;
 using platform::putVisible;
@@ -29,12 +30,6 @@ void put(QLineEdit &box, const std::string &value)
     const QString text = toQt(value);
     if (box.text() != text)
         box.setText(text);
-}
-
-void put(QAbstractButton &command, const CommandState &state)
-{
-    command.setEnabled(state.enabled);
-    putVisible(command, state.visible);
 }
 
 const char *lookOf(StateColour colour)
@@ -73,20 +68,18 @@ void Xcharge1::gatherArrays()
 
 void Xcharge1::connectCommands()
 {
-    const auto click = [this](QAbstractButton *command, void (Tender::*handler)()) {
-        connect(command, &QAbstractButton::clicked, this, [this, handler] { (tender.*handler)(); });
-    };
-    click(ui->SSCommand1, &Tender::cancel);                // "Cancel"
-    click(ui->SSCommand2, &Tender::finishTender);          // "Finish Tender"
-    click(ui->SSCommand3, &Tender::enterManually);         // "Enter Manually"
-    click(ui->SSCommand4, &Tender::clearSwipe);            // "Clear"
-    click(ui->SSCommand5, &Tender::openSetup);             // "CONFIG"
-    click(ui->SSCommand6, &Tender::showDigits);            // "View"
-    click(ui->SSCommand7, &Tender::switchGratuitySlip);    // "NO" / "YES", slip with gratuity
-    click(ui->SSCommand8, &Tender::askForOfflineApproval); // "YES", approve offline
-    click(ui->SSCommand9, &Tender::keepWaiting);           // "NO", go on waiting
-    click(ui->SSPanel4, &Tender::offerRemoval);            // the warning
-    click(ui->Command3, &Tender::startPaymentServer);      // "Start Xcharge"
+    onClick(ui->SSCommand1, tender, &Tender::cancel);        // "Cancel"
+    onClick(ui->SSCommand2, tender, &Tender::finishTender);  // "Finish Tender"
+    onClick(ui->SSCommand3, tender, &Tender::enterManually); // "Enter Manually"
+    onClick(ui->SSCommand4, tender, &Tender::clearSwipe);    // "Clear"
+    onClick(ui->SSCommand5, tender, &Tender::openSetup);     // "CONFIG"
+    onClick(ui->SSCommand6, tender, &Tender::showDigits);    // "View"
+    onClick(ui->SSCommand7, tender,
+            &Tender::switchGratuitySlip); // "NO" / "YES", slip with gratuity
+    onClick(ui->SSCommand8, tender, &Tender::askForOfflineApproval); // "YES", approve offline
+    onClick(ui->SSCommand9, tender, &Tender::keepWaiting);           // "NO", go on waiting
+    onClick(ui->SSPanel4, tender, &Tender::offerRemoval);            // the warning
+    onClick(ui->Command3, tender, &Tender::startPaymentServer);      // "Start Xcharge"
     const auto typed = [this](QLineEdit *box, void (Tender::*handler)(const std::string &)) {
         connect(box, &QLineEdit::textEdited, this, [this, handler](const QString &text) {
             std::string bytes = platform::fromQt(text);
@@ -223,13 +216,13 @@ void Xcharge1::showPanels(const TenderFields &fields)
 
 void Xcharge1::showCommands(const TenderFields &fields)
 {
-    put(*ui->SSCommand1, fields.cancel);
-    put(*ui->SSCommand2, fields.finish);
-    put(*ui->SSCommand3, fields.enterManually);
-    put(*ui->SSCommand4, fields.clear);
-    put(*ui->SSCommand5, fields.setup);
-    put(*ui->SSCommand6, fields.view);
-    put(*ui->Command3, fields.startServer);
+    putCommand(*ui->SSCommand1, fields.cancel);
+    putCommand(*ui->SSCommand2, fields.finish);
+    putCommand(*ui->SSCommand3, fields.enterManually);
+    putCommand(*ui->SSCommand4, fields.clear);
+    putCommand(*ui->SSCommand5, fields.setup);
+    putCommand(*ui->SSCommand6, fields.view);
+    putCommand(*ui->Command3, fields.startServer);
 }
 
 void Xcharge1::showOptions(const TenderFields &fields)

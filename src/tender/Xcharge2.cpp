@@ -43,12 +43,9 @@ void Xcharge2::connectCommands()
     }
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget *, QWidget *now) { boxGotFocus(now); });
-    const auto click = [this](QAbstractButton *command, void (Xcharge2::*handler)()) {
-        connect(command, &QAbstractButton::clicked, this, handler);
-    };
-    click(ui->SSCommand4, &Xcharge2::SSCommand4_Click); // "Process"
-    click(ui->SSCommand7, &Xcharge2::SSCommand7_Click); // "Small Font" / "Large Font"
-    connect(ui->cancelCommand, &QAbstractButton::clicked, this, &Xcharge2::closeAsked); // "Cancel"
+    onClick(ui->SSCommand4, *this, &Xcharge2::SSCommand4_Click); // "Process"
+    onClick(ui->SSCommand7, *this, &Xcharge2::SSCommand7_Click); // "Small Font" / "Large Font"
+    onClick(ui->cancelCommand, *this, &Xcharge2::closeAsked);    // "Cancel"
 }
 
 void Xcharge2::Form_Load()

@@ -3,17 +3,14 @@
 // begins with the control that shows it.
 #pragma once
 
+#include "platform/command_state.h"
+
 #include <array>
 #include <string>
 
 namespace tender {
 
-/// A command's state as the procedures set it.
-struct CommandState {
-    bool enabled = true;
-    bool visible = true;
-    bool operator==(const CommandState &) const = default;
-};
+using platform::CommandState;
 
 struct TenderFields {
     // Of the request and of who asks.

@@ -11,8 +11,8 @@ xcharge3::xcharge3(platform::Services &theServices, std::function<void()> theRem
       removeMarker(std::move(theRemoveMarker))
 {
     ui->setupUi(this);
-    connect(ui->SSCommand4, &QAbstractButton::clicked, this, &xcharge3::SSCommand4_Click); // "OK"
-    connect(ui->Picture1, &QAbstractButton::clicked, this, &xcharge3::Picture1_Click);
+    onClick(ui->SSCommand4, *this, &xcharge3::SSCommand4_Click); // "OK"
+    onClick(ui->Picture1, *this, &xcharge3::Picture1_Click);
     setDefaultCommand(ui->SSCommand4);
     ui->SSCommand4->setFocus();
 }

@@ -1,7 +1,9 @@
 #include "platform/qt/controls.h"
 
+#include "platform/command_state.h"
 #include "platform/qt/qt_text.h"
 
+#include <QAbstractButton>
 #include <QLabel>
 
 namespace platform {
@@ -23,6 +25,12 @@ void putVisible(QWidget &part, bool visible)
     const bool hidden = part.isHidden() && part.testAttribute(Qt::WA_WState_ExplicitShowHide);
     if (visible == hidden)
         part.setVisible(visible);
+}
+
+void putCommand(QAbstractButton &command, const CommandState &state)
+{
+    command.setEnabled(state.enabled);
+    putVisible(command, state.visible);
 }
 
 } // namespace platform

@@ -4,11 +4,14 @@
 
 #include <string>
 
+class QAbstractButton;
 class QLabel;
 class QString;
 class QWidget;
 
 namespace platform {
+
+struct CommandState;
 
 /// A value and what it is (the label's accessible description), in one name for screen readers. A
 /// dash stands in the place of an empty value.
@@ -18,5 +21,8 @@ void putValue(QLabel &label, const std::string &value);
 /// Before the screen is shown nothing is said twice: showing a part, even one that is not hidden,
 /// lays it out at once, in a size that it will not have.
 void putVisible(QWidget &part, bool visible);
+
+/// Enabled and visible as the procedures say.
+void putCommand(QAbstractButton &command, const CommandState &state);
 
 } // namespace platform

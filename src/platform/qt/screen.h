@@ -5,13 +5,13 @@
 #include "platform/services.h"
 #include "platform/view.h"
 
+#include <QAbstractButton>
 #include <QPointer>
 #include <QWidget>
 
 #include <functional>
 #include <memory>
 
-class QAbstractButton;
 class QApplication;
 
 namespace platform {
@@ -57,6 +57,14 @@ protected:
 
     /// Escape or the window's cross: the harmless way out. Without an override, unload().
     virtual void closeAsked() { unload(); }
+    /// Each press of the command calls `handler` of `procedures`: of the screen itself, or of what
+    /// it owns.
+    template <class Procedures, class Base>
+    void onClick(QAbstractButton *command, Procedures &procedures, void (Base::*handler)())
+    {
+        connect(command, &QAbstractButton::clicked, this,
+                [&procedures, handler] { (procedures.*handler)(); });
+    }
     /// The command that Enter stands for where no other command has the focus; may be disabled at
     /// times. A text box of several lines keeps Enter for itself.
     void setDefaultCommand(QAbstractButton *command);
