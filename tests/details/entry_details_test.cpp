@@ -1,10 +1,9 @@
 // One entry on the manager's screen: what each command leaves in the card files, on the screen and
 // on paper, told in golden tables; and that no stop or failure loses a record.
-#include "details/entry_commands.h"
 #include "records/card_files.h"
 #include "support/card_text.h"
 #include "support/golden_table.h"
-#include "support/test_station.h"
+#include "support/manager_stage.h"
 
 namespace {
 
@@ -34,119 +33,99 @@ std::string slotOf(const std::string &receipt, const std::string &changes = {})
 
 const std::string kEmpty(kCardSlotLength, '\0');
 
-/// A manager who presses commands by their names, types what is to be typed, and writes down all
-/// that happens.
-struct Story : details::EntryView, platform::WindowlessView {
+/// An entry of one of the card files; its script says what the manager does.
+struct EntryStage : support::ManagerStage {
     /// The file of `source` has three slots: another record, the one of the row, and one that was
     /// never filled. "no files": there are none.
-    explicit Story(const std::string &sale, const std::string &theSource = "PEND")
-        : source(theSource)
+    explicit EntryStage(const std::string &sale, const std::string &theSource = "PEND")
+        : ManagerStage(nullptr, false,
+                       {[this] { reload("list"); },
+                        [this] { reload("archive"); },
+                        [this] { say("bulk"); },
+                        {},
+                        {}}),
+          source(theSource)
     {
-        station.dialogs.noted = &happened;
-        station.dialogs.typed = "Office Laser"; // also for a password
-        station.folder("F:\\Lumbrio\\data");
-        app.values.Maindir = "C:\\Lumbrio\\";
-        app.values.Remotedir = "F:\\Lumbrio\\";
-        app.values.ReceiptPrinterName = "Receipt";
         app.values.CCdata.set(CCReceipt, "of another");
         for (const auto &[of, name] : kFiles)
             if (sale != "no files")
-                files[name] =
+                placed[name] =
                     of != source ? slotOf("7") : slotOf("1") + slotOf("1043", sale) + kEmpty;
-        for (const auto &[name, bytes] : files)
+        for (const auto &[name, bytes] : placed)
             station.put(name, bytes);
+        word("open slot",
+             [this](Words slot) { entry.open(file(), wholeNumber(slot), source.substr(0, 4)); });
+        word("the list rewrites", [this](Words) { entry.closeForRewrite(); });
+        word("fill", [this](Words) { entry.Fill_data(); });
+        word("the file is shorter now", [this](Words) { station.put(file(), slotOf("1")); });
+        word("a server adds a tip of", [this](Words tip) {
+            station.put(file(), slotOf("1") + slotOf("1043", "CCTip=" + tip) + kEmpty);
+        });
     }
 
-    void press(const std::string &command)
+    std::string play(const story::Lines &script)
     {
-        const std::string word = command.substr(command.find(' ') + 1);
-        const details::Commands commands = {
-            {"open ", [&] { entry.open(file(), wholeNumber(word), source.substr(0, 4)); }},
-            {"fill", [&] { entry.Fill_data(); }},
-            {"KEEP", [&] { app.values.editMode = "KEEP"; }},
-            {"shrink", [&] { station.put(file(), slotOf("1")); }},
-            {"server ", // adds a tip
-             [&] { station.put(file(), slotOf("1") + slotOf("1043", "CCTip=" + word) + kEmpty); }},
-            {"locked ",
-             [&] {
-                 held = std::make_unique<platform::SlotFile>(other.files, kFiles.at(word), 500);
-                 EXPECT_TRUE(done(held->open(platform::SlotUse::Rewrite)) && done(held->lock()));
-             }},
-            {"jam",
-             [&] {
-                 station.printers.failures = {2, platform::Outcome::NoRoom};
-             }},
-            {"refuse", [&] { station.dialogs.choice = platform::Answer::Cancel; }},
-            {"wait", [&] { station.advance(500); }},
-            {"type ", [&] { station.dialogs.typed = word; }},
-            {"no answer", [&] { station.dialogs.typed.reset(); }},
-        };
-        EXPECT_TRUE(details::doFirst(commands, command) || details::pressEntry(entry, command))
-            << "there is no command " << command;
+        story::Lines lines = script;
+        lines.insert(lines.begin(), "open slot 2");
+        const story::Told told = perform({}, lines);
+        for (const std::string &complaint : told.complaints)
+            ADD_FAILURE() << complaint;
+        std::string text;
+        for (const std::vector<story::Section> &step : told.steps)
+            for (const story::Section &section : step)
+                for (const std::string &line : section.lines)
+                    text += (text.empty() ? "" : ", ") + line;
+        return text;
     }
-
+    void press(Words caption, bool thoughDisabled) override
+    {
+        Stage::press(caption + " of the entry", thoughDisabled);
+    }
     const std::string &file() const { return kFiles.at(source); }
 
-    /// Each file that is no longer as at the beginning: its receipts in order, with the fields that
-    /// are not as they were in the record of that receipt.
+    /// Each file that is no longer as at the beginning.
     std::string disk() const
     {
         std::string text;
         for (const auto &[of, name] : kFiles) {
-            if (station.getIfThere(name) == (files.contains(name) ? files.at(name) : ""))
-                continue;
-            text += of + ":";
-            for (const CardRecord &record : support::recordsIn(station.getIfThere(name)))
-                text += " " + toldOf(record);
-            text += ". ";
+            const auto before = placed.find(name);
+            const std::string bytes = before == placed.end() ? "" : before->second;
+            if (station.getIfThere(name) != bytes)
+                text += of + recordsOf(name, bytes).substr(name.size()) + ". ";
         }
         return text;
     }
-    std::string toldOf(const CardRecord &record) const
-    {
-        const std::string receipt = record.text(CCReceipt);
-        const CardRecord before = receipt == "1043" ? support::recordsIn(files.at(file()))[1]
-                                  : receipt.empty() ? CardRecord()
-                                                    : saleOf(receipt);
-        std::string text = receipt.empty() ? "-" : receipt;
-        for (const CardField &field : kCardFields)
-            if (record.raw(field) != before.raw(field))
-                text += std::string(" ") + field.name + "=" + Trim(record.raw(field));
-        return text.find(' ') == text.npos ? text : "(" + text + ")";
-    }
     std::string screen() const
     {
+        using enum details::Box;
         const details::EntryFields &f = entry.state();
-        EXPECT_TRUE(f == shown || !open) << "the screen was not brought up to date";
+        EXPECT_TRUE(f == shown || !entryOpen) << "the screen was not brought up to date";
         std::string text = std::to_string(f.slot) + " " + f.ofRecords + " ";
         text += f.previousEnabled ? "<" : "-";
         text += f.nextEnabled ? "> " : "- ";
-        text += (f.numberRevealed ? f.boxes[details::Box::Number] : f.maskedNumber) + ", tip " +
-                f.tip + " of " + f.tab + ", " + f.total + ", " + f.boxes[details::Box::NewTotal] +
-                ", " + f.boxes[details::Box::TipStatus] + "," + f.boxes[details::Box::Brand];
+        text += (f.numberRevealed ? f.boxes[Number] : f.maskedNumber) + ", tip " + f.tip + " of " +
+                f.tab + ", " + f.total + ", " + f.boxes[NewTotal] + ", " + f.boxes[TipStatus] +
+                "," + f.boxes[Brand];
         const std::pair<bool, std::string> marks[] = {
             {f.cardNoticeVisible, f.cardNotice},
-            {f.fundsNoticesVisible, f.boxes[details::Box::FundsNeeded] + " needed"},
+            {f.fundsNoticesVisible, f.boxes[FundsNeeded] + " needed"},
             {f.tipLocked, "locked"},
             {!f.quickTipsVisible, "no quick tips"},
-            {f.deleteAndPrintVisible, "12"},
-            {f.undeleteVisible, "13"},
+            {f.deleteAndPrintVisible, "Delete and Print"},
+            {f.undeleteVisible, "UnDelete"},
             {f.trackLineRevealed, "track line"},
             {busy != 0, "busy"}};
         for (const auto &[on, mark] : marks)
             text += on ? ", " + mark : "";
         for (const std::string &tip : f.quickTips)
             text += tip.empty() ? "" : " [" + tip + "]";
-        return open ? text : "closed";
+        return entryOpen ? text : "closed";
     }
-    /// What was told to the screen and the lists, and what came out of the printers.
-    std::string events() const
+    std::string slips() const
     {
-        std::string text = happened;
-        for (const std::string &sound : station.system.played)
-            text += sound + " ";
+        std::string text;
         for (const auto &[name, job] : station.printers.collected) {
-            text += "[" + name;
+            text += " [" + name;
             for (const platform::PrintOperation &operation : job.operations)
                 for (const char *part : {"Picture", "Card:", "REPRINT", "VOIDED", "require", "$"})
                     if (operation.text.find(part) != std::string::npos)
@@ -155,31 +134,13 @@ struct Story : details::EntryView, platform::WindowlessView {
         }
         return text;
     }
-
-    void refresh(const details::EntryFields &fields) override
-    {
-        shown = fields;
-        open = true;
-    }
-    void focusTip() override { happened += "focus "; }
-    void setBusyPointer(bool on) override { busy += on ? 1 : -1; }
-    void unload() override
-    {
-        happened += "closed ";
-        open = false;
-    }
-    std::optional<std::string> choosePrinter(const std::vector<std::string> &names,
-                                             const std::string &current) override
-    {
-        happened += std::to_string(names.size()) + " printers, " + current + " ";
-        return station.dialogs.typed;
-    }
     /// Another program does, if it gets the lock: the first record lies where this one was.
     void moveTwoToTheEnd()
     {
-        App program{other.services};
+        support::TestStation another(&station);
+        App program{another.services};
         program.values.Remotedir = app.values.Remotedir;
-        other.run.reportFailure = [](const std::string &) {};
+        another.run.reportFailure = [](const std::string &) {};
         for (int moved = 0; moved < 2; ++moved) {
             CardRecord first;
             readRecord(program, file(), 1, first);
@@ -190,77 +151,57 @@ struct Story : details::EntryView, platform::WindowlessView {
     /// While a list reads its file the manager presses whatever there is.
     void reload(const char *list)
     {
-        happened += list;
-        details::pressEverything(entry);
+        say(list);
+        for (const auto &press : pressedOfEntry)
+            press();
+        entry.takeQuickTip(2);
+        entry.typeTip("8");
         entry.open(file(), 1, "PEND");
     }
 
-    std::string happened;
-    support::TestStation station;
-    App app{station.services};
-    printing::Printer printer{station.printers};
     std::string source;
-    std::map<std::string, std::string> files; // at the beginning
-    details::EntryFields shown;
-    bool open = false;
-    int busy = 0;
-    support::TestStation other{&station};
-    std::unique_ptr<platform::SlotFile> held; // by the other station
-    details::EntryDetails entry{app,
-                                printer,
-                                *this,
-                                {[this] { reload("list "); },
-                                 [this] { reload("archive "); },
-                                 [this] { happened += "bulk "; },
-                                 {},
-                                 {}}};
 };
 
 TEST(Entry, LeavesOnDiskScreenAndPaperWhatTheGoldenTableSays)
 {
     support::expectTable("details/commands.txt", [](const std::string &row) {
+        SCOPED_TRACE(row);
         const std::size_t colon = row.find(": ");
         const std::size_t at = std::min(row.find('@'), colon);
-        Story story(Trim(row.substr(0, at)),
-                    at < colon ? row.substr(at + 1, colon - at - 1) : "PEND");
-        story.press("open 2");
-        for (std::size_t from = colon + 2, end = colon; end != row.npos; from = end + 2) {
-            end = row.find(", ", from);
-            story.press(row.substr(from, end - from));
-        }
-        EXPECT_EQ(story.app.values.CCdata.text(CCReceipt), "of another") << row;
-        EXPECT_EQ(story.printer.selectedName(), "Receipt TM-88") << row;
-        return std::vector{story.disk(), story.screen(), story.events()};
+        EntryStage stage(Trim(row.substr(0, at)),
+                         at < colon ? row.substr(at + 1, colon - at - 1) : "PEND");
+        story::Lines script;
+        for (std::string rest = row.substr(colon + 2); !rest.empty();)
+            script.push_back(story::takeUntil(rest, "; "));
+        const std::string told = stage.play(script);
+        EXPECT_EQ(stage.app.values.CCdata.text(CCReceipt), "of another");
+        EXPECT_EQ(stage.printer.selectedName(), "Receipt TM-88");
+        return std::vector{stage.disk(), stage.screen(), told + stage.slips()};
     });
 }
 
 TEST(Entry, StoresNoPartOfAnAmountThatWasMistyped)
 {
-    for (const char *typed : {"tip -5", "tip 1e3", "tip 12345678", "box 4=1.234", "box 7=48,500",
-                              "box 8=$5", "box 12=5 50", "box 22=9.9.9"})
-        for (const char *command : {"Done", "Save"}) {
-            Story story("CCTip=3");
-            for (const char *each : {"open 2", "tip 5", typed})
-                story.press(each);
-            story.press(command);
-            EXPECT_EQ(story.disk(), "") << typed << command;
-            EXPECT_EQ(story.happened.rfind("[NOT AN AMOUNT] The ", 0), 0U) << story.happened;
-            EXPECT_TRUE(story.open);
+    for (const char *typed : {"tip -5", "tip 1e3", "tip 12345678", "box 4 = 1.234",
+                              "box 7 = 48,500", "box 8 = $5", "box 12 = 5 50", "box 22 = 9.9.9"})
+        for (const char *command : {"press Done", "press Save"}) {
+            EntryStage stage("CCTip=3");
+            const std::string told = stage.play({"tip 5", typed, "answer Ok", command});
+            EXPECT_EQ(stage.disk(), "") << typed << command;
+            EXPECT_EQ(told.rfind("[NOT AN AMOUNT] The ", 0), 0U) << told;
+            EXPECT_NE(stage.screen(), "closed");
         }
-    Story story("CCTip=");
-    story.station.dialogs.choice = platform::Answer::Cancel;
-    story.press("open 2");
-    story.press("tip 5x");
-    EXPECT_FALSE(story.entry.closeForRewrite()) << "not before somebody has been asked";
+    EntryStage stage("CCTip=");
+    stage.play({"tip 5x", "answer Cancel", "the list rewrites"});
+    EXPECT_NE(stage.screen(), "closed") << "not before somebody has been asked";
 }
 
 TEST(Entry, StoresNoControlCharacterThatWasPastedAndLeavesThoseOfTheFile)
 {
-    Story story("CCName=JANE\tROE");
-    for (const char *each :
-         {"open 2", "box 2=JANE\tR\x1BOE 2", "box 5=A\tB", "box 13=77\x7F\n1", "Done"})
-        story.press(each);
-    EXPECT_EQ(story.disk(), "PEND: 1 (77  1 CCName=JANE\tR OE 2 CCDescription= CCServer=A B) -. ");
+    EntryStage stage("CCName=JANE\tROE");
+    stage.play({"box 2 = JANE\tR\x1BOE 2", "box 5 = A\tB", "box 6 = 7\x7F\n1", "press Done"});
+    EXPECT_EQ(stage.disk(), "PEND: 1 (1043 CCName=JANE\tR OE 2 CCDescription= CCServer=A B "
+                            "CCTable=7  1) -. ");
 }
 
 // A record is one of its receipt and name; what a command changes may be torn by a power cut.
@@ -273,13 +214,13 @@ TEST(Entry, IsNeverLostWhereverACommandStopsAndWhateverFails)
                                           {"Delete and Print", "ARCH"},
                                           {"Delete", "DELE"},
                                           {"UnDelete", "DELE of December"},
-                                          {"Force ALL to", "PEND"}}) {
+                                          {"Force ALL to Adjusted", "PEND"}}) {
         std::size_t operations = 0;
         for (std::size_t n = 0; n < 3 * (operations + 1); ++n) {
-            Story story("", source);
-            story.press("open 2");
+            EntryStage story("", source);
             support::FaultyDisk &disk = story.station.disk;
             story.station.run.reportFailure = [](const std::string &) {};
+            story.entry.open(story.file(), 2, story.source.substr(0, 4));
             const std::size_t before = disk.operations();
             const std::size_t at = before + n / 3; // the first three: never
             if (n % 3 == 0)
@@ -291,7 +232,8 @@ TEST(Entry, IsNeverLostWhereverACommandStopsAndWhateverFails)
                 disk.before = [&](std::size_t now) {
                     now == at ? story.moveTwoToTheEnd() : void();
                 };
-            story.press(command);
+            story.press(command, false);
+            EXPECT_TRUE(at <= before || at > before + operations || disk.operations() >= at);
             if (n == 0)
                 operations = disk.operations() - before;
             std::string all;
@@ -308,7 +250,7 @@ TEST(Entry, IsNeverLostWhereverACommandStopsAndWhateverFails)
                                     std::string::npos &&
                                 std::string_view(command) == "UnDelete";
             EXPECT_EQ(story.station.run.ending(), n > 2 && n % 3 < 2 && !goesOn) << command << n;
-            EXPECT_EQ(story.busy, 0) << command << n;
+            EXPECT_EQ(story.screen().find("busy"), std::string::npos) << command << n;
         }
         EXPECT_GE(operations, 5U) << command;
     }
@@ -318,14 +260,18 @@ TEST(Entry, OfEveryByteKeepsTheScreenAliveAndItsNeighboursWhole)
 {
     for (const std::string command : {"Done", "Save", "Undo", "Delete", "UnDelete", "Customer"})
         for (int seed = 0; seed < 256; seed += 51) {
-            Story story("");
-            std::string &file = story.files[story.file()];
+            EntryStage story("");
+            std::string file = story.station.get(story.file());
             for (std::size_t i = 0; i < CardRecord::kSize; ++i)
                 file[kCardSlotLength + i] = static_cast<char>((i * 7 + i / 9) * 31 + seed);
             story.station.put(story.file(), file);
-            for (const std::string &each : {std::string("open 2"), std::string("the tab"), command})
-                story.press(each);
-            EXPECT_FALSE(story.station.run.failed()) << story.happened;
+            story.station.dialogs.person = [](const std::string &, const story::Lines &captions) {
+                return captions.empty() ? "with Office Laser" : captions.front();
+            };
+            story.entry.open(story.file(), 2, "PEND");
+            story.press("the tab", false);
+            story.press(command, false);
+            EXPECT_FALSE(story.station.run.failed()) << command << seed;
             const std::string now = story.station.get(story.file());
             EXPECT_EQ(now.substr(0, 500), file.substr(0, 500)) << command << seed;
             EXPECT_EQ(now.size(), command == "Delete" ? 1000 : 1500) << command << seed;

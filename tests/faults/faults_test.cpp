@@ -30,9 +30,16 @@ std::vector<Recipe> recipes()
           TenderKind{.name = "short slot", .shortTail = true},
           TenderKind{.name = "other spelling", .respelled = true}})
         all.push_back({kind.name, [kind] { return std::make_unique<TenderScene>(kind); }});
-    for (const std::string command : {"load", "tip", "Delete", "Finish", "Done", "Mark Completed",
-                                      "DELETE RED'S", "Move_Completed"})
-        all.push_back({command, [command] { return std::make_unique<ManagerScene>(command); }});
+    for (const story::Lines &script :
+         {story::Lines{"open slot 4", "tip 7.25", "press Done of the entry"},
+          {"open slot 4", "press Delete of the entry"},
+          {"press Refresh"},
+          {"press Finish"},
+          {"press Done"},
+          {"answer with 01/14/2025", "press Mark Completed"},
+          {"press DELETE RED'S"},
+          {"Move_Completed"}})
+        all.push_back({script.back(), [script] { return std::make_unique<ManagerScene>(script); }});
     return all;
 }
 
@@ -138,6 +145,7 @@ public:
         EXPECT_EQ(questions.recordsLost() + questions.unrecorded() + questions.otherwiseWrong(), "")
             << recipe.name;
         EXPECT_EQ(questions.inCardFiles(), scene->charged() ? 1U : 0U) << recipe.name;
+        EXPECT_EQ(scene->notFired(), story::Lines()) << recipe.name;
         scene->next()->act();
         EXPECT_FALSE(Drives(scene->station()).hold("/xresultfile-"))
             << recipe.name << ": put aside";
@@ -175,6 +183,9 @@ private:
         Happened happened;
         prepare(n, point, outcome, happened);
         scene->act();
+        // Only the last one, behind all operations, cannot fire: then nothing fails.
+        EXPECT_EQ(scene->station().disk.operations() >= n, n <= operations.size())
+            << happened.where << ": it never fired";
         if (point >= Point::CutAll)
             scene->station().disk.unflushed->cutPower(point == Point::CutNames);
         const Drives drives(scene->station());

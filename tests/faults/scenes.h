@@ -2,10 +2,8 @@
 // start.
 #pragma once
 
-#include "details/entry_commands.h"
-#include "manager/manager_start.h"
-#include "pending/pending_story.h"
-#include "records/text.h"
+#include "support/card_text.h"
+#include "support/manager_stage.h"
 #include "support/tender_story.h"
 #include "support/test_files.h"
 
@@ -32,6 +30,8 @@ struct Scene {
     /// The next start of the role, when all is well again.
     virtual std::unique_ptr<Scene> next() = 0;
     virtual bool charged() const { return false; }
+    /// What of its script did not happen.
+    virtual story::Lines notFired() const { return {}; }
     /// What is wrong with it that cannot be seen on the disk.
     virtual std::string amiss() const { return {}; }
 
@@ -164,10 +164,10 @@ private:
     support::TenderStory story;
 };
 
-/// A command of the manager's list, behind its load.
-class ManagerScene : public Scene, manager::ManagerStartView, platform::WindowlessView {
+/// A night of the manager, from the start of the program to a command, told in the stories' words.
+class ManagerScene : public Scene {
 public:
-    explicit ManagerScene(std::string theCommand) : command(std::move(theCommand))
+    explicit ManagerScene(story::Lines theScript) : script(std::move(theScript))
     {
         std::string three = slotOf("CCReceipt=3;CCDate=01/14/25");
         night.station.put(kPending, slotOf("CCReceipt=1;CCAdjStatus=Completed") +
@@ -175,61 +175,30 @@ public:
                                         three.replace(490, 10, "behind it ") +
                                         slotOf("CCReceipt=4;CCAdjStatus= Not"));
         night.station.put(kMonth, slotOf("CCReceipt=5;CCAdjStatus=Completed"));
-        records::LumbrioConfig config;
-        config.set(records::kMaindir, "C:\\Lumbrio\\");
-        config.set(records::kRemotedir, "F:\\Lumbrio\\");
-        night.station.put("C:\\Lumbrio\\LumbrioINI.dat", std::string(config.view()));
-        night.station.dialogs.typed = "01/14/2025";
     }
-    explicit ManagerScene(ManagerScene &earlier) : command(earlier.command), night(&earlier.night)
+    /// A tip or a deletion is not made again.
+    explicit ManagerScene(ManagerScene &earlier)
+        : script(!earlier.script.empty() && earlier.script.front() == "open slot 4"
+                     ? story::Lines()
+                     : earlier.script),
+          night(&earlier.night.station)
     {
-        night.station.dialogs.typed = "01/14/2025";
-        if (!rewrites())
-            command.clear();
     }
 
     TestStation &station() override { return night.station; }
     std::unique_ptr<Scene> next() override { return std::make_unique<ManagerScene>(*this); }
     void act() override
     {
-        manager::ManagerStart start(night.app, *this, {});
-        start.Form_Load();
-        night.list.Form_Load();
-        if (!night.station.run.ending())
-            press();
+        const story::Told told = night.perform({"start the program", "load the list"}, script);
         night.app.roleLock.release();
-        boxes = night.happened + night.panel;
+        unfired = told.complaints;
     }
+    story::Lines notFired() const override { return unfired; }
 
 private:
-    bool rewrites() const { return command != "tip" && command != "Delete"; }
-    void press()
-    {
-        const details::Commands commands = {
-            {"tip",
-             [&] {
-                 pressEntry({"tip 7.25", "Done"});
-             }},
-            {"Delete", [&] { pressEntry({"Delete"}); }},
-            {"Finish", [&] { night.list.finish(); }},
-            {"Done", [&] { night.list.leave(); }},
-            {"Mark Completed", [&] { night.list.markDayCompleted(); }},
-            {"DELETE RED'S", [&] { night.list.deleteDeclines(); }},
-            {"Move_Completed", [&] { records::moveSettledRecords(night.app); }},
-        };
-        details::doFirst(commands, command);
-    }
-    void pressEntry(const std::vector<std::string> &presses)
-    {
-        night.showEntry(kPending, 4);
-        for (const std::string &each : presses)
-            if (!night.station.run.ending())
-                details::pressEntry(night.entry, each);
-    }
-    void refresh(const manager::ManagerStartFields &) override {}
-
-    std::string command;
-    pending::Story night;
+    story::Lines script;
+    story::Lines unfired;
+    support::ManagerStage night;
 };
 
 } // namespace faults

@@ -1,13 +1,16 @@
 // Rewrites of the pending file: no tender of another station costs a record. Every operation on a
 // file fails or stops in tests/faults/.
-#include "pending/completing.h"
-#include "pending/pending_story.h"
+#include "records/card_files.h"
+#include "support/card_text.h"
+#include "support/manager_stage.h"
 
 #include <set>
 
 namespace {
 
-using namespace pending;
+using support::ManagerStage;
+using support::recordOf;
+using support::slotOf;
 using Slots = std::multiset<std::string>;
 
 constexpr const char *kRewrites[] = {"Finish", "Mark Completed", "DELETE RED'S", "Move_Completed"};
@@ -20,12 +23,18 @@ std::string evening()
            slotOf("CCReceipt=4;CCAdjStatus= Not");
 }
 
-struct Evening : Story {
-    explicit Evening(const Story *earlier = nullptr) : Story(earlier)
+struct Evening : ManagerStage {
+    explicit Evening(const support::TestStation *earlier = nullptr) : ManagerStage(earlier)
     {
-        station.dialogs.typed = "01/14/2025";
         if (earlier == nullptr)
             station.put(kPending, evening());
+    }
+    void press(const std::string &command)
+    {
+        story::Lines script = {command == "Move_Completed" ? command : "press " + command};
+        if (command == "Mark Completed")
+            script.insert(script.begin(), "answer with 01/14/2025");
+        EXPECT_EQ(perform({}, script).complaints, story::Lines());
     }
 };
 
@@ -41,9 +50,9 @@ Slots slots(const std::string &bytes)
 bool systemCopiesOver()
 {
     Evening story;
-    platform::SlotFile live(story.station.files, Story::kPending, records::kCardSlotLength);
+    platform::SlotFile live(story.station.files, ManagerStage::kPending, records::kCardSlotLength);
     live.open(platform::SlotUse::Read);
-    story.station.files.replaceWhole(Story::kPending, "");
+    story.station.files.replaceWhole(ManagerStage::kPending, "");
     return live.isStillThere();
 }
 
@@ -52,10 +61,10 @@ bool systemCopiesOver()
 bool tenderIsKept(const std::string &name, std::size_t n, bool insists, bool copiesOver)
 {
     Evening story;
-    Evening other(&story);
+    Evening other(&story.station);
     story.station.disk.copiesOver = copiesOver;
     if (n % 2 == 0) // half an append, torn by a power cut
-        story.station.put(Story::kPending, evening() + std::string(250, '\0'));
+        story.station.put(ManagerStage::kPending, evening() + std::string(250, '\0'));
     bool came = false;
     bool stored = false;
     bool inTheCopy = false; // there, and only there, it may be lost
@@ -68,11 +77,11 @@ bool tenderIsKept(const std::string &name, std::size_t n, bool insists, bool cop
         std::optional<platform::ErrorsIgnored> ignored;
         if (insists)
             ignored.emplace(other.station.run);
-        stored = addRecord(other.app, Story::kPending, recordOf("CCReceipt=new")).stored();
+        stored = addRecord(other.app, ManagerStage::kPending, recordOf("CCReceipt=new")).stored();
     };
     story.press(name);
     EXPECT_TRUE(stored || !came || !insists);
-    const Slots live = slots(story.get(Story::kPending));
+    const Slots live = slots(story.station.getIfThere(ManagerStage::kPending));
     EXPECT_EQ(std::count_if(live.begin(), live.end(),
                             [](const auto &slot) { return slot.find("new ") == 310; }),
               stored && !inTheCopy ? 1 : 0)
@@ -98,13 +107,13 @@ TEST(Finish, WithoutTheLockLeavesAFileAloneThatAnotherHasReplacedMeanwhile)
     if (systemCopiesOver())
         GTEST_SKIP() << "it is the same file then, and nobody can tell";
     Evening late;
-    Evening faster(&late);
+    Evening faster(&late.station);
     late.station.disk.before = [&](std::size_t n) {
         if (late.station.disk.operationLog()[n - 1].ends_with("flush f/Lumbrio/CCPending.Tmp"))
-            faster.app.files.replaceWhole(Story::kPending, slotOf("CCReceipt=77"));
+            faster.app.files.replaceWhole(ManagerStage::kPending, slotOf("CCReceipt=77"));
     };
     late.list.finish();
-    EXPECT_EQ(late.get(Story::kPending), slotOf("CCReceipt=77"));
+    EXPECT_EQ(late.station.getIfThere(ManagerStage::kPending), slotOf("CCReceipt=77"));
 }
 
 } // namespace

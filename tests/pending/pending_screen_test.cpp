@@ -2,9 +2,10 @@
 #include "pending/XchargePend.h"
 
 #include "details/XchargeEntryDetals.h"
-#include "pending/pending_story.h"
 #include "platform/qt/mlist.h"
 #include "platform/qt/print_painter.h"
+#include "support/card_text.h"
+#include "support/manager_stage.h"
 #include "support/qt/qt_station.h"
 #include "support/qt/screen_checks.h"
 
@@ -18,7 +19,7 @@ namespace {
 using namespace pending;
 using namespace support;
 
-struct ScreenStory : Story {
+struct ScreenStory : ManagerStage {
     explicit ScreenStory(const std::vector<std::string> &pending, bool lookOnly = false)
     {
         app.values.lookOnly = lookOnly;
@@ -176,7 +177,7 @@ TEST(PendingScreen, ShowsTheReceiptNumberThatIsTypedAndOpensNoOther)
     EXPECT_TRUE(story.takeOpened().ends_with(" 3; "));
     type(QStringLiteral("01"));
     press(Qt::Key_Return);
-    story.station.put(Story::kPending, slotOf(kEvening[0]) + slotOf(kEvening[3]));
+    story.station.put(ManagerStage::kPending, slotOf(kEvening[0]) + slotOf(kEvening[3]));
     EXPECT_TRUE(click(QStringLiteral("Refresh")));
     EXPECT_EQ(story.list.currentIndex().row(), 1) << "where the last one was opened";
     press(Qt::Key_Return);
@@ -206,7 +207,7 @@ TEST(PendingScreen, GetsTheKeyboardBackFromAnEntryOnItsRows)
     ScreenStory story(kEvening);
     details::XchargeEntryDetals entry(story.app, story.printer, story.screen.entryCallbacks());
     controlNamed(QStringLiteral("Refresh"))->setFocus();
-    entry.open(Story::kPending, 1, "PEND");
+    entry.open(ManagerStage::kPending, 1, "PEND");
     story.station.advance(1);
     EXPECT_TRUE(entry.isActiveWindow() && click(QStringLiteral("Save")));
     EXPECT_EQ(story.screen.focusWidget(), &story.list) << "not the command beside a greyed one";
@@ -226,7 +227,7 @@ TEST(PendingScreen, IsLeftByTheCrossAsByDoneAndNotByEscape)
     EXPECT_TRUE(story.list.hasFocus() && !story.station.run.ending());
     story.screen.close();
     EXPECT_TRUE(story.station.run.ending());
-    EXPECT_EQ(story.records(Story::kMonth).size(), 1U);
+    EXPECT_EQ(recordsIn(story.station.getIfThere(ManagerStage::kMonth)).size(), 1U);
 }
 
 TEST(PendingScreen, BesideAnotherManagerSaysSoAndLeavesOnlyWhatLooks)
@@ -244,7 +245,7 @@ TEST(PendingScreen, BesideAnotherManagerSaysSoAndLeavesOnlyWhatLooks)
     }
     EXPECT_TRUE(click(QStringLiteral("Done")));
     EXPECT_TRUE(story.station.run.ending());
-    EXPECT_EQ(story.get(Story::kMonth), "");
+    EXPECT_EQ(story.station.getIfThere(ManagerStage::kMonth), "");
 }
 
 TEST(PendingScreen, FitsBothSizesWithItsWidestTexts)
@@ -299,11 +300,11 @@ TEST(PendingScreen, CutsNoAmountAndShowsACutStatusWholeInTheChosenRow)
 /// Fifty rows, their headings and the mark of a page are one page of paper.
 TEST(PrintedListOnPaper, NeedsNoMorePagesThanItHasMarks)
 {
-    Story story;
+    ManagerStage story;
     std::string pending;
     for (int i = 0; i < 101; ++i)
         pending += slotOf("CCTip=12.50");
-    story.station.put(Story::kPending, pending);
+    story.station.put(ManagerStage::kPending, pending);
     story.list.refresh();
     story.printer.select("Office");
     story.list.print();

@@ -20,18 +20,4 @@ void expectTable(const std::string &name,
     EXPECT_EQ(table, golden);
 }
 
-void expectStory(const std::string &name,
-                 const std::function<std::string(const std::string &command)> &press)
-{
-    const std::string golden = testFile("golden/" + name);
-    std::string story;
-    for (const std::string &line : platform::splitLines(golden)) {
-        if (line.empty() || line[0] == '#' || line[0] == '>')
-            story += line + "\n";
-        if (line.starts_with("> "))
-            story += press(line.substr(2));
-    }
-    EXPECT_EQ(story, golden);
-}
-
 } // namespace support

@@ -1,6 +1,5 @@
 // Golden tables: files of rows "input|output|output" below a line of headings, below tests/golden/.
-// \r and \n in a row stand for those bytes. Golden stories: lines "> command", each followed by
-// what happened then; # begins a line for the reader.
+// \r and \n in a row stand for those bytes.
 #pragma once
 
 #include "support/test_files.h"
@@ -13,9 +12,5 @@ namespace support {
 /// out again.
 void expectTable(const std::string &name,
                  const std::function<std::vector<std::string>(const std::string &input)> &outputs);
-
-/// Runs all commands, `press` giving for each what happened; the same story must come out.
-void expectStory(const std::string &name,
-                 const std::function<std::string(const std::string &command)> &press);
 
 } // namespace support
