@@ -2,8 +2,6 @@
 #include "support/test_files.h"
 #include "support/test_station.h"
 
-#include <regex>
-
 namespace {
 
 using namespace platform;
@@ -64,7 +62,7 @@ TEST(FailedCalls, end_the_program_or_are_passed_over)
     }
 }
 
-/// Nobody knows then whether the file is there: a second one of the same name in other letters
+/// It is unknown then whether the file is there: a second one of the same name in other letters
 /// would hide the first for good.
 TEST(UnknownNames, fail_every_call_and_create_nothing)
 {
@@ -107,24 +105,19 @@ TEST(UnknownNames, fail_every_call_and_create_nothing)
     }
 }
 
-/// A lock is another matter: where it is passed over, nobody waits for it here.
 TEST(LeasedFiles, are_waited_for_ten_seconds_and_are_then_a_failure_like_any_other)
 {
     TestStation station;
     station.put(kFile, "old");
-    station.disk.failOn("open", "a.dat", Outcome::Leased);
-    station.disk.failOn("open", "a.dat to append", Outcome::Leased);
+    for (const char *path : {"a.dat", "a.dat to append"})
+        station.disk.failOn("open", path, Outcome::Leased);
     station.time.after(2000, [&] { station.disk.failOn("open", "a.dat", Outcome::Done); });
     EXPECT_EQ(station.files.read(kFile, content), Outcome::Done);
     EXPECT_EQ(station.time.milliseconds(), 2000U);
-    {
-        const ErrorsIgnored fromHere(station.run);
-        EXPECT_EQ(station.files.append(kFile, "new"), Outcome::Leased);
-    }
-    EXPECT_EQ(station.time.milliseconds(), 12'000U);
     station.dialogs.expect("", "Opening failed: not given back by another computer\n" + kFile,
                            platform::Buttons::Ok, platform::Answer::Ok);
     EXPECT_EQ(station.files.append(kFile, "new"), Outcome::Leased);
+    EXPECT_GE(station.time.milliseconds(), 12'000U);
     EXPECT_EQ(station.get(kFile), "old");
 }
 
@@ -151,9 +144,13 @@ TEST(Files, are_on_the_disk_in_an_order_that_survives_a_power_cut)
     station.files.writeFlushed(kFile, "1");
     station.files.createIfMissing(kOther); // never emptied: another may just have written to it
     station.files.replaceWhole(kFile, "new");
-    const std::regex unique(R"(\.[\w-]+\.new)");
-    EXPECT_EQ(std::regex_replace(station.disk.logText(), unique, ".new"),
-              support::testFile("golden/platform/flushed_files.txt"));
+    std::string steps; // without the unique part of the work file's name
+    for (std::string line : splitLines(station.disk.logText())) {
+        for (std::size_t at; (at = line.find("a.dat.")) != line.npos;)
+            line.replace(at, line.find(".new", at) + 4 - at, "work file");
+        steps += line + "\n";
+    }
+    EXPECT_EQ(steps, support::testFile("golden/platform/flushed_files.txt"));
 }
 
 TEST(ReplacedFiles, are_the_old_or_the_new_one_whatever_fails)

@@ -28,9 +28,12 @@ Outcome tryLock(TestStation &station)
     return file.lock();
 }
 
-TEST(Lock, keeps_lock_takers_out_and_lets_bytes_through_until_its_holder_is_killed)
+TEST(Lock, keeps_other_processes_out_but_not_their_bytes_until_it_is_released)
 {
     TestStation station;
+    const auto triedByAnother = [&] {
+        return SecondProcess([&] { SecondProcess::say(textOf(tryLock(station))); }).hear();
+    };
     SecondProcess holder([&] {
         SlotFile file(station.files, kPath, 500);
         file.open(SlotUse::Append);
@@ -42,29 +45,18 @@ TEST(Lock, keeps_lock_takers_out_and_lets_bytes_through_until_its_holder_is_kill
     EXPECT_EQ(station.files.append(kPath, "bytes"), Outcome::Done);
     EXPECT_EQ(station.get(kPath), "bytes");
     holder.kill();
-    EXPECT_EQ(tryLock(station), Outcome::Done);
-}
-
-TEST(Lock, is_kept_when_its_process_opens_the_file_again_and_not_left_to_a_started_program)
-{
-    TestStation station;
-    station.put(kPath, "");
-    const auto triedByAnother = [&] {
-        return SecondProcess([&] { SecondProcess::say(textOf(tryLock(station))); }).hear();
-    };
     SlotFile file(station.files, kPath, 500);
     file.open(SlotUse::Rewrite);
     ASSERT_EQ(file.lock(), Outcome::Done);
-    EXPECT_NE(std::system("ls -l /proc/self/fd | grep -q CCPending"), 0);
-    station.files.append(kPath, "");
-    EXPECT_EQ(tryLock(station), Outcome::Locked);
+    EXPECT_NE(std::system("ls -l /proc/self/fd | grep -q CCPending"), 0) << "inherited";
+    station.files.append(kPath, ""); // opens and closes the file once more
     EXPECT_EQ(triedByAnother(), "locked by another");
-    SecondProcess sharing([] { ::pause(); }); // not yet another program: it has the descriptor too
+    SecondProcess sharing([] { ::pause(); }); // forked, so it has the descriptor too
     file.close();
     EXPECT_EQ(triedByAnother(), "done");
 }
 
-/// Time that really passes: a lease is the system's business.
+/// Real time, because the system handles leases.
 struct RealTime : Clock, EventLoop {
     DateTime now() const override { return {}; }
     std::uint64_t milliseconds() const override
@@ -80,8 +72,8 @@ struct RealTime : Clock, EventLoop {
     }
 };
 
-/// Holds a lease as a file server does for its client, and gives it back so long after the system
-/// has asked for it.
+/// Holds a lease as a file server does for its client, and gives it back `delay` ms after the
+/// system has asked for it.
 void holdLease(const std::string &real, int kind, int delay)
 {
     sigset_t asked = {};
@@ -99,27 +91,14 @@ void holdLease(const std::string &real, int kind, int delay)
 
 TEST(LeasedFile, is_opened_as_soon_as_its_holder_gives_it_back)
 {
-    const auto add = [](Files &files) {
-        long slot = 0;
-        SlotFile file(files, kPath, 500);
-        file.open(SlotUse::Append);
-        return file.append(std::string(500, 'y'), slot);
-    };
-    const auto read = [](Files &files) {
-        std::string content;
-        return files.read(kPath, content);
-    };
     const struct {
         int kind, delay;
-        Outcome (*call)(Files &);
+        std::function<Outcome(Files &)> call;
     } kRows[] = {
-        {F_RDLCK, 0, add},
+        {F_RDLCK, 0, [](Files &f) { return f.append(kPath, "new"); }},
         {F_RDLCK, 200, [](Files &f) { return SlotFile(f, kPath, 500).open(SlotUse::Rewrite); }},
-        {F_RDLCK, 0, [](Files &f) { return f.write(kPath, "answer"); }},
-        {F_WRLCK, 0, read},
-        {F_WRLCK, 200, [](Files &f) { return f.copy(kPath, "C:\\Lumbrio\\copy.dat"); }},
         {F_WRLCK, 0, [](Files &f) { return WorkFile(f, kPath, 500).create(); }},
-        {F_WRLCK, 2000, add},
+        {F_WRLCK, 200, [](Files &f) { return f.copy(kPath, "C:\\Lumbrio\\copy.dat"); }},
     };
     for (const auto &[kind, delay, call] : kRows) {
         SCOPED_TRACE((kind == F_RDLCK ? "read " : "write ") + std::to_string(delay));
@@ -159,14 +138,13 @@ TEST(HardenedProcess, leaves_no_dump_and_no_card_in_its_memory)
     const char *const where = track.data();
     setSecret(track, std::string(200, '4'));
     track.resize(20);
-    EXPECT_EQ(track.data(), where) << "a copy stays behind where it moves away";
+    EXPECT_EQ(track.data(), where) << "moving would leave a copy";
     wipe(track);
     EXPECT_TRUE(track.empty());
     EXPECT_EQ(std::string_view(where, 200).find('4'), std::string_view::npos);
 }
 
-/// No file grows past so many bytes, as on a full disk: a write that reaches over the limit is cut
-/// there, the next one fails.
+/// Simulates a full disk: a write beyond the limit is cut there, the next one fails.
 void limitFiles(rlim_t bytes)
 {
     std::signal(SIGXFSZ, SIG_IGN);
@@ -174,7 +152,7 @@ void limitFiles(rlim_t bytes)
     ::setrlimit(RLIMIT_FSIZE, &limit);
 }
 
-TEST(BrokenLength, of_a_file_with_a_million_slots_and_more_is_not_counted)
+TEST(Length, of_more_than_a_million_slots_is_broken_and_not_counted)
 {
     TestStation station;
     station.put(kPath, "");
@@ -208,33 +186,40 @@ TEST(FullDisk, leaves_the_files_as_they_were)
     }
 }
 
-TEST(NewFiles, are_for_the_group_of_the_share_and_nobody_else_whatever_the_umask)
+TEST(Permissions, of_new_files_are_for_the_group_of_the_share_and_those_of_old_ones_stay)
 {
     for (const mode_t mask : {0022U, 0077U, 0U}) {
         TestStation station;
-        const auto modeOf = [&](const std::string &path) {
-            struct stat found = {};
-            ::stat(station.drives.resolve(path).c_str(), &found);
-            return found.st_mode & 07777U;
+        const auto real = [&](const std::string &name) {
+            return station.drives.resolve("C:\\Lumbrio\\" + name);
         };
-        ::chmod(station.drives.resolve("C:\\Lumbrio").c_str(), 02775);
-        station.put("C:\\Lumbrio\\older.dat", "");
-        ::chmod(station.drives.resolve("C:\\Lumbrio\\older.dat").c_str(), 0600);
+        ::chmod(real("").c_str(), 02775);
+        for (const std::string name : {"older.dat", "replaced.dat"}) {
+            station.put("C:\\Lumbrio\\" + name, "");
+            ::chmod(real(name).c_str(), 0640);
+        }
         const mode_t old = ::umask(mask);
         station.files.makeFolder("C:\\Lumbrio\\new");
         station.files.append("C:\\Lumbrio\\new\\a.dat", "1");
         station.files.replaceWhole("C:\\Lumbrio\\new\\b.dat", "1");
         station.files.write("C:\\Lumbrio\\new\\c.dat", "1");
         station.files.append("C:\\Lumbrio\\older.dat", "1");
+        station.files.replaceWhole("C:\\Lumbrio\\replaced.dat", "1");
         ::umask(old);
-        EXPECT_EQ(modeOf("C:\\Lumbrio\\new"), 02770U);
-        for (const char *name : {"a.dat", "b.dat", "c.dat"})
-            EXPECT_EQ(modeOf(std::string("C:\\Lumbrio\\new\\") + name), 0660U) << name;
-        EXPECT_EQ(modeOf("C:\\Lumbrio\\older.dat"), 0600U) << "somebody's wish";
+        for (const auto &[name, mode] : {std::pair("new", 02770U),
+                                         {"new\\a.dat", 0660U},
+                                         {"new\\b.dat", 0660U},
+                                         {"new\\c.dat", 0660U},
+                                         {"older.dat", 0640U},
+                                         {"replaced.dat", 0640U}}) {
+            struct stat found = {};
+            ::stat(real(name).c_str(), &found);
+            EXPECT_EQ(found.st_mode & 07777U, mode) << name;
+        }
     }
 }
 
-TEST(LinkInAFilesPlace, is_not_followed_by_those_who_empty_what_they_open)
+TEST(Link, in_the_place_of_a_work_or_lock_file_is_not_followed)
 {
     TestStation station;
     const ErrorsIgnored ignored(station.run);
@@ -251,18 +236,6 @@ TEST(LinkInAFilesPlace, is_not_followed_by_those_who_empty_what_they_open)
         EXPECT_FALSE(station.files.exists("C:\\Lumbrio\\Data\\not there"));
         ::unlink(real.c_str());
     }
-}
-
-TEST(ReplacedFile, keeps_the_permissions_of_the_old_one)
-{
-    TestStation station;
-    station.put(kPath, "old");
-    const std::string real = station.drives.resolve(kPath);
-    ::chmod(real.c_str(), 0640);
-    ASSERT_EQ(station.files.replaceWhole(kPath, "new"), Outcome::Done);
-    struct stat found = {};
-    ASSERT_EQ(::stat(real.c_str(), &found), 0);
-    EXPECT_EQ(found.st_mode & 07777U, 0640U);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-// The card files: where a record lands, what stays untouched beside it, and that nothing moves
-// in doubt. Slots as such are tested in tests/platform, moves that stop in tests/pending.
+// The card files: where a record lands, what stays untouched beside it, and that nothing moves in
+// doubt. Slots are tested in tests/platform, interrupted moves in tests/pending.
 #include "platform/work_file.h"
 #include "records/card_files.h"
 #include "records/trace.h"
@@ -42,7 +42,7 @@ struct CardFiles : testing::Test {
     App app{station.services};
 };
 
-TEST_F(CardFiles, AreRewrittenInTheSlotAloneAndItsTailStays)
+TEST_F(CardFiles, AreRewrittenOnlyInTheSlotAndItsTailStays)
 {
     const std::string file =
         slotOf(recordOf("CCReceipt=1")) + slotOf(recordOf("CCReceipt=2"), "0123456789");
@@ -59,7 +59,7 @@ TEST_F(CardFiles, AreRewrittenInTheSlotAloneAndItsTailStays)
     EXPECT_TRUE(done(readRecord(app, kPending, 3, record)) && record == CardRecord());
 }
 
-TEST_F(CardFiles, ReportARecordThatFoundNoRoomOrIsNotOnTheDisk)
+TEST_F(CardFiles, ReportARecordThatFoundNoRoomOrWasNotFlushed)
 {
     const ErrorsIgnored ignored(station.run);
     for (const auto &[operation, slot] : {std::pair("append", 0), {"flush", 2}}) {
@@ -72,7 +72,7 @@ TEST_F(CardFiles, ReportARecordThatFoundNoRoomOrIsNotOnTheDisk)
     }
 }
 
-TEST_F(CardFiles, SayInTheTraceThatTheLastRecordIsNotWhole)
+TEST_F(CardFiles, ReportOnceInTheTraceThatTheLastRecordIsNotWhole)
 {
     for (const std::size_t bytes : {500U, 990U}) {
         station.put(kPending, std::string(bytes, 'x'));
@@ -86,7 +86,7 @@ TEST_F(CardFiles, SayInTheTraceThatTheLastRecordIsNotWhole)
     EXPECT_EQ(station.get(kLastProcessFile), line + "\r\n" + line + "\r\n") << "once each";
 }
 
-TEST_F(CardFiles, KeepTheirOrderWhenTheSettledOnesMoveOnceAndNothingMovesInDoubt)
+TEST_F(CardFiles, KeepTheirOrderWhenSettledRecordsMoveAndMoveNothingInDoubt)
 {
     std::string pending;
     for (const std::string text :
@@ -116,7 +116,7 @@ TEST_F(CardFiles, KeepTheirOrderWhenTheSettledOnesMoveOnceAndNothingMovesInDoubt
     }
 }
 
-TEST_F(CardFiles, AreNotRewrittenThroughAWorkFileThatSomebodyElseHasInHand)
+TEST_F(CardFiles, AreNotRewrittenThroughAWorkFileThatAnotherProgramUses)
 {
     const std::string before = slotOf(recordOf("CCReceipt=1;CCAdjStatus=Completed"));
     station.put(kPending, before);

@@ -33,12 +33,14 @@ std::string configuration(const std::string &change)
 }
 
 struct Configuration : testing::Test {
+    Configuration() { values.Remotedir = "F:\\Lumbrio\\"; }
+
     support::TestStation station;
     App app{station.services};
     ProcessValues &values = app.values;
 };
 
-TEST_F(Configuration, IsReadTrimmedAsFarAsItGoesAsTheGoldenTableSays)
+TEST_F(Configuration, IsReadTrimmedAndAsFarAsTheFileGoes)
 {
     support::expectTable("records/configurations.txt", [&](const std::string &input) {
         values = {};
@@ -71,7 +73,7 @@ TEST_F(Configuration, ThatIsMissingOrWithoutDirectoriesFallsBackToTheStationsOwn
     EXPECT_EQ(values.Remotedir, "C:\\Lumbrio\\");
 }
 
-TEST_F(Configuration, HasOptionsThatCountMinusOneAloneAsYesAsTheGoldenTableSays)
+TEST_F(Configuration, HasOptionsThatOnlyMinusOneTurnsOn)
 {
     support::expectTable("records/card_options.txt", [&](const std::string &input) {
         values = {};
@@ -91,9 +93,8 @@ TEST_F(Configuration, HasOptionsThatCountMinusOneAloneAsYesAsTheGoldenTableSays)
     EXPECT_FALSE(station.run.ending());
 }
 
-TEST_F(Configuration, HasAChargeAtOnceFlagThatCountsOnTheServerAlone)
+TEST_F(Configuration, HasAChargeAtOnceFlagThatCountsOnlyOnTheServer)
 {
-    values.Remotedir = "F:\\Lumbrio\\";
     for (const auto &[flag, chargeAtOnce] : {std::pair("F:\\Lumbrio\\DATA\\ccNOpreAUTH.dat", -1),
                                              {"C:\\Lumbrio\\Data\\CCnoPREauth.dat", 0},
                                              {"F:\\Lumbrio\\CCnoPREauth.dat", 0}}) {
@@ -107,44 +108,38 @@ TEST_F(Configuration, HasAChargeAtOnceFlagThatCountsOnTheServerAlone)
         EXPECT_EQ(values.TndrNOpreAUTH, chargeAtOnce) << flag;
         station.erase(flag);
     }
+    station.erase(kOptions);
+    loadSetupFlags(app);
+    EXPECT_EQ(station.time.milliseconds(), 0U) << "a restaurant without options waits for none";
 }
 
-TEST_F(Configuration, OfHowACardIsChargedIsNotDecidedByAShareThatStumbles)
+TEST_F(Configuration, OfHowACardIsChargedOutlivesAShortFailureOfTheShare)
 {
-    values.Remotedir = "F:\\Lumbrio\\";
-    const std::string flag = "F:\\Lumbrio\\Data\\CCnoPREauth.dat";
-    station.put(flag, "");
+    station.put("F:\\Lumbrio\\Data\\CCnoPREauth.dat", "");
     station.put(kOptions, kAllYes);
     for (const auto &[operation, path] :
          {std::pair("look", "CCnoPREauth.dat"), {"look", "CCard.dat"}, {"read", "CCard.dat"}}) {
         for (const bool passes : {true, false}) {
-            values.TndrNOpreAUTH = values.NoPartialSupport = 0;
+            values.TndrNOpreAUTH = 0;
             values.PrintTipLine = false;
             station.erase(kLastProcessFile);
+            const auto end = [&] { station.disk.failOn(operation, path, platform::Outcome::Done); };
             station.disk.failOn(operation, path, platform::Outcome::Broken);
             if (passes)
-                station.time.after(
-                    500, [&] { station.disk.failOn(operation, path, platform::Outcome::Done); });
+                station.time.after(500, end);
             loadSetupFlags(app);
             Get_CCini(app);
-            station.disk.failOn(operation, path, platform::Outcome::Done);
-            const std::string told = station.getIfThere(kLastProcessFile);
-            if (passes) {
-                EXPECT_TRUE(values.TndrNOpreAUTH == -1 && values.PrintTipLine) << operation << path;
-            }
-            EXPECT_EQ(told.find("  OPTIONS NOT READ - device or network error - ") != told.npos,
-                      !passes)
-                << operation << path << told;
+            end();
+            const std::string trace = station.getIfThere(kLastProcessFile);
+            EXPECT_EQ(trace.find("  OPTIONS NOT READ - device or network error - ") == trace.npos,
+                      passes)
+                << operation << path << trace;
+            EXPECT_TRUE(!passes || (values.TndrNOpreAUTH == -1 && values.PrintTipLine));
         }
     }
-    values.NoPartialSupport = 0;
-    station.erase(kOptions);
-    const std::uint64_t begun = station.time.milliseconds();
-    loadSetupFlags(app);
-    EXPECT_EQ(station.time.milliseconds(), begun) << "a restaurant without options waits for none";
 }
 
-TEST(FileFormats, TellTheUsedFieldsOfTheConfiguration)
+TEST(FileFormats, DocumentTheUsedFieldsOfTheConfiguration)
 {
     for (const int number : {1, 2, 3, 4, 6, 8, 22, 23, 27, 30, 40, 49, 95})
         EXPECT_TRUE(support::isDocumented(std::to_string(number) + " | " +

@@ -1,4 +1,4 @@
-// What a killed program leaves behind goes at the next start; what may be somebody's work stays.
+// The next start removes what a killed program left; what may be in use stays.
 #include "records/left_overs.h"
 #include "support/test_station.h"
 
@@ -10,30 +10,28 @@ using platform::Maker;
 
 const Maker kOurs = {"FRONT-BAR", "TndrCC"};
 
-TEST(WorkNames, are_told_apart_from_the_right_whatever_station_and_file_are_called)
+TEST(WorkNames, ShowTheirMakerWhateverStationAndFileAreCalled)
 {
     const std::vector<Maker> makers = {kOurs,
                                        {"BAR", "TndrCC"},
                                        {"FRONT-BAR", "TndrMGR"},
                                        {"FRONT.BAR", "TndrCC"},
                                        {"B\xE4R-1f", "a-1"}};
-    for (const Maker &mine : makers) {
+    for (const Maker &mine : makers)
         for (const char *ending : {".new", ".part"}) {
             const std::string name = platform::workName("Xsend.ans.FRONT", mine, ending);
             for (const Maker &other : makers)
                 EXPECT_EQ(isWorkOf(name, other), &mine == &other) << name << " " << other.station;
             EXPECT_FALSE(isWorkOf(name + "x", mine));
         }
-    }
     EXPECT_NE(platform::workName("a", kOurs), platform::workName("a", kOurs));
     for (const char *name : {"Xsend.ans.1f-68a1b2c3d4-1.new", ".FRONT-BAR-1f-68a-1-TndrCC.new",
-                             "a.FRONT-BAR-1f-68a-TndrCC.new", "a.FRONT-BAR-1f-68a--TndrCC.new",
-                             "a.FRONT-BAR-1f-68a-1-TndrCC", "FRONT-BAR-TndrCC.new"})
+                             "a.FRONT-BAR-1f-68a--TndrCC.new", "a.FRONT-BAR-1f-68a-1-TndrCC"})
         EXPECT_FALSE(isWorkOf(name, kOurs)) << name;
     EXPECT_FALSE(isWorkOf(platform::workName("a", {}), {})) << "nobody's";
 }
 
-TEST(LeftOvers, go_under_the_lock_of_the_role_alone_and_only_our_own)
+TEST(LeftOvers, AreRemovedOnlyUnderTheLockOfTheRoleAndOnlyOurs)
 {
     const std::vector<std::string> folders = {
         "C:\\Lumbrio\\",     "C:\\Main\\",  "C:\\Main\\Data\\CCDATA\\",

@@ -1,5 +1,5 @@
-// Names for numbers: whose name a slip prints, and whose name the manager's trace gets; and the
-// exact lines of that trace, which never stops anything.
+// Names for numbers: the employee on a slip and the manager in the trace; and the exact lines of
+// that trace, which never stops anything.
 #include "records/employee_record.h"
 #include "records/lookups.h"
 #include "records/trace.h"
@@ -44,8 +44,7 @@ struct ManagerAndEmployees : testing::Test {
     App app{station.services};
 };
 
-TEST_F(ManagerAndEmployees,
-       LookUpsNameTheFirstEmployeeWhoseTrimmedNumberIsTheSameAndNeverStopATender)
+TEST_F(ManagerAndEmployees, FindTheFirstEmployeeOfTheTrimmedNumberAndNeverStopATender)
 {
     station.put(kEmployees, employee("1", "Anna Bell") + employee(" 12 ", "Bartholomew") +
                                 employee("7", "  Rosalind Test Smith") + employee("007", "Bo") +
@@ -60,7 +59,7 @@ TEST_F(ManagerAndEmployees,
     EXPECT_FALSE(station.run.ending());
 }
 
-TEST_F(ManagerAndEmployees, LookUpsFindManagersInRowsOneToElevenAndABadLineSpoilsItsOwnRowAlone)
+TEST_F(ManagerAndEmployees, FindManagersInRowsOneToElevenAndABadLineSpoilsOnlyItsOwnRow)
 {
     // Without a file: row 11 is empty, so that no code at all finds a manager without a name.
     app.values.Remotedir.clear();
@@ -80,7 +79,7 @@ TEST_F(ManagerAndEmployees, LookUpsFindManagersInRowsOneToElevenAndABadLineSpoil
         EXPECT_EQ(managerName(app.values, code), "Not Found") << code;
 }
 
-TEST_F(ManagerAndEmployees, HaveTracesWithTheirExactLinesAndLoseThemAloneWithoutTheirFolder)
+TEST_F(ManagerAndEmployees, HaveTracesWithTheirExactLinesThatOnlyAMissingFolderLoses)
 {
     app.values.Maindir = "C:\\Lumbrio\\";
     app.values.StationName = "FRONT-BAR";
