@@ -1,4 +1,4 @@
-// The boxes as a person meets them: by what a screen reader calls them, by finger and by keyboard.
+// The boxes as a person uses them: by accessible name, by finger and by keyboard.
 #include "platform/qt/qt_dialogs.h"
 
 #include "support/qt/qt_station.h"
@@ -38,7 +38,7 @@ TEST_F(DialogsOnScreen, answer_for_finger_enter_escape_and_the_cross)
     }
 }
 
-TEST_F(DialogsOnScreen, keep_a_typed_text_on_enter_and_forget_it_on_escape)
+TEST_F(DialogsOnScreen, return_a_typed_text_on_enter_and_none_on_escape)
 {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
         station.soon([key] {
@@ -62,7 +62,7 @@ TEST_F(DialogsOnScreen, let_timers_go_on_and_close_with_the_program)
     EXPECT_EQ(fired, 3);
 }
 
-TEST_F(DialogsOnScreen, let_no_key_of_before_send_a_notice_or_a_failure_away_unread)
+TEST_F(DialogsOnScreen, ignore_keys_typed_before_a_notice_or_failure_could_be_read)
 {
     station.run.reportFailure = [this](const std::string &text) { dialogs.systemMessage(text); };
     for (const bool ends : {false, true}) { // a failure is shown even while the program ends

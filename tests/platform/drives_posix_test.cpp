@@ -1,4 +1,4 @@
-// Paths of the contracts on folders that tell capitals from small letters.
+// Windows paths on folders that tell capitals from small letters.
 #include "support/golden_table.h"
 #include "support/test_station.h"
 

@@ -1,5 +1,5 @@
-// What comes out of a printer: paper of the right length, and a number of its own for every job,
-// whichever process prints it.
+// What comes out of a printer: paper of the right length, and a new number for every job, whichever
+// process prints it.
 #include "platform/qt/print_painter.h"
 #include "platform/qt/qt_printers.h"
 
@@ -8,8 +8,6 @@
 #include "support/test_station.h"
 
 #include <deque>
-#include <filesystem>
-#include <regex>
 #include <set>
 
 namespace {
@@ -29,15 +27,14 @@ PrintJob lines(std::size_t count)
     return {{}, false, std::vector(count, line("Amount      $48.50"))};
 }
 
-/// Heights in points of the pages of a PDF.
+/// Heights in points of the pages of a PDF, from "/MediaBox [0 0 width height]".
 std::vector<double> pages(const PrintJob &job, double widthMm, double heightMm)
 {
-    static const std::regex box("/MediaBox \\[0 0 [0-9.]+ ([0-9.]+)\\]");
     platform::Banners banners;
     const std::string pdf = paintPdf(job, banners, widthMm, heightMm).toStdString();
     std::vector<double> heights;
-    for (std::sregex_iterator at(pdf.begin(), pdf.end(), box), end; at != end; ++at)
-        heights.push_back(std::stod(at->str(1)));
+    for (std::size_t at = 0; (at = pdf.find("/MediaBox [", at)) != pdf.npos; ++at)
+        heights.push_back(std::stod(pdf.substr(pdf.rfind(' ', pdf.find(']', at)))));
     return heights;
 }
 
@@ -58,25 +55,25 @@ TEST(PartsBetweenCuts, keep_fonts_and_lose_nothing)
     const auto parts =
         platform::splitAtCuts({"Void", false, {font, line("1"), cut, line("2"), cut}});
     std::string told;
-    for (const auto &[part, cutBehind] : parts)
-        told += part.title + ": " + plainText(part) + (cutBehind ? "cut " : "end");
+    for (const auto &[part, isCut] : parts)
+        told += part.title + ": " + plainText(part) + (isCut ? "cut " : "end");
     EXPECT_EQ(told, "Void: 1\r\ncut Void: 2\r\ncut : end");
     EXPECT_EQ(parts[1].job.operations.front().font, font.font);
 }
 
-/// What lies in a spool folder: names, and the content of the text files.
+/// The names and contents of the files in a spool folder.
 std::map<std::string, std::string> filesIn(const std::string &folder)
 {
     std::map<std::string, std::string> found;
-    for (const auto &entry : std::filesystem::directory_iterator(folder))
-        found[entry.path().filename().string()] = support::contentOf(entry.path().string());
+    for (const std::string &path : support::filesBelow(folder))
+        found[path.substr(path.rfind('/') + 1)] = support::contentOf(path);
     return found;
 }
 
-TEST(SpoolPrinters, stand_first_and_store_each_job_behind_the_highest_number)
+TEST(SpoolPrinters, come_first_and_store_each_job_under_the_next_number)
 {
     support::TestStation station;
-    // Somebody took the older slips away; a killed process left an unfinished one.
+    // The older slips were taken away; a killed process left an unfinished one.
     const std::string ours = workName("0043.pdf", kMaker, ".part");
     for (const std::string name : {"0041.txt", "0042.pdf.part", "notes.txt", ours.c_str()})
         station.put("c:\\spool\\receipt\\" + name, "");
@@ -99,9 +96,8 @@ TEST(SpoolPrinters, stand_first_and_store_each_job_behind_the_highest_number)
                      "0044.pdf %PDF-0044.txt Amount notes.txt ");
 }
 
-/// A full disk or a broken one, at whichever step: the slip is known to be lost, and no half of it
-/// is taken for a whole one.
-TEST(SpoolPrinters, say_what_they_could_not_store_and_leave_nothing_of_it)
+/// So the slip is known to be lost, and half of one is never taken for a whole one.
+TEST(SpoolPrinters, report_a_failure_at_any_step_and_leave_no_half_job)
 {
     support::TestStation station;
     station.installation.spoolPrinters = {{"Receipt", 80, 0, true, "c/spool"}};
@@ -141,7 +137,7 @@ TEST(SpoolPrinters, never_share_a_number_between_processes)
     std::set<std::string> jobs;
     for (const auto &[name, content] : files)
         jobs.insert(name.substr(0, 4) + content);
-    EXPECT_EQ(files.size(), 400U) << "none overwritten, nothing unfinished is left";
+    EXPECT_EQ(files.size(), 400U) << "none overwritten, none unfinished";
     EXPECT_EQ(jobs.size(), 200U) << "both files of a number are of one job";
 }
 

@@ -5,7 +5,7 @@ namespace {
 
 using namespace platform;
 
-TEST(Timers, may_destroy_themselves_and_one_that_is_due_with_them)
+TEST(Timers, may_destroy_themselves_and_another_timer_that_is_due)
 {
     support::TestStation station;
     int fired = 0;
@@ -23,7 +23,7 @@ TEST(Timers, may_destroy_themselves_and_one_that_is_due_with_them)
     EXPECT_EQ(fired, 70);
 }
 
-TEST(Runs, set_ignored_errors_aside_for_the_handlers_inside_a_yield)
+TEST(Runs, do_not_ignore_errors_in_handlers_inside_a_yield)
 {
     support::TestStation station;
     bool ignoredInHandler = true;
@@ -37,7 +37,7 @@ TEST(Runs, set_ignored_errors_aside_for_the_handlers_inside_a_yield)
     EXPECT_FALSE(ignoredInHandler || station.run.errorsIgnored());
 }
 
-TEST(Runs, say_their_first_failure_and_no_other)
+TEST(Runs, report_only_their_first_failure)
 {
     support::TestStation station;
     station.dialogs.expect(

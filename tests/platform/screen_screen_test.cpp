@@ -83,8 +83,8 @@ TEST_F(ScreenLife, stays_on_top_with_what_is_opened_above)
     above.runModal();
 }
 
-// A wrong password is asked for and told of in two boxes, without a turn of the loop in between.
-TEST_F(ScreenLife, boxes_in_a_row_belong_to_the_window_that_asked_which_has_the_keyboard_afterwards)
+// A password is asked for and found wrong in two boxes, without a turn of the loop in between.
+TEST_F(ScreenLife, several_boxes_belong_to_the_window_that_asked_and_give_it_the_keyboard_back)
 {
     platform::QtDialogs dialogs{station.run};
     std::vector<const QWindow *> below;
@@ -115,9 +115,9 @@ TEST_F(ScreenLife, boxes_in_a_row_belong_to_the_window_that_asked_which_has_the_
     EXPECT_EQ(below.back(), lists.back().windowHandle());
 }
 
-// On the loop of the programs, where time is the wall's: a wait inside a handler must not destroy
+// On the programs' own event loop, in real time: a wait inside a handler must not destroy
 // the screen whose handler waits, however the handler was reached.
-TEST(ScreenOnTheProgramsLoop, is_destroyed_as_soon_as_no_handler_of_its_own_runs)
+TEST(ScreenOnTheProgramsLoop, is_destroyed_once_none_of_its_handlers_runs)
 {
     for (const bool byTimer : {true, false}) {
         SCOPED_TRACE(byTimer ? "timer" : "command");
@@ -159,7 +159,7 @@ TEST(ScreenOnTheProgramsLoop, is_destroyed_as_soon_as_no_handler_of_its_own_runs
     }
 }
 
-TEST(SecondTap, presses_nothing_in_a_window_that_came_up_meanwhile)
+TEST(SecondTap, presses_nothing_in_a_window_that_has_just_opened)
 {
     QPushButton below;
     QPushButton above;
@@ -177,7 +177,7 @@ TEST(SecondTap, presses_nothing_in_a_window_that_came_up_meanwhile)
     EXPECT_EQ(pressed, 2);
 }
 
-TEST(ProgramsLoop, lets_events_and_timers_in_amid_work_without_resting)
+TEST(ProgramsLoop, handles_events_and_timers_during_long_work)
 {
     platform::QtClock clock;
     platform::QtEventLoop loop(clock);

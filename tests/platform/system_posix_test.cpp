@@ -1,5 +1,5 @@
-// Programs really started and ended. The other process tells what it sees through a FIFO, so that
-// nothing here waits by the clock.
+// Starts and ends real programs. The other process writes what it sees to a FIFO, so that no test
+// waits by the clock.
 #include "platform/connection.h"
 #include "platform/system.h"
 #include "support/second_process.h"
@@ -19,8 +19,8 @@ using namespace platform;
 namespace fs = std::filesystem;
 
 struct SystemTest : testing::Test {
-    /// What this shell script writes, started as the payment application.
-    std::string told(const std::string &commands, const std::string &arguments = {})
+    /// The output of this shell script, started as the payment application.
+    std::string outputOf(const std::string &commands, const std::string &arguments = {})
     {
         const std::string fifo = station.drives.root() + "/fifo";
         ::mkfifo(fifo.c_str(), 0600);
@@ -35,13 +35,13 @@ struct SystemTest : testing::Test {
     std::unique_ptr<System> system = runningSystem(station.drives, station.installation);
 };
 
-TEST_F(SystemTest, started_programs_get_their_arguments_and_nothing_of_ours)
+TEST_F(SystemTest, started_programs_get_their_arguments_and_none_of_our_files)
 {
     const int held = ::open("/dev/zero", O_RDWR); // on purpose without close-on-exec
-    EXPECT_EQ(told("for each in \"$@\"; do echo \"<$each>\"; done\n"
-                   "test \"$(cut -d' ' -f6 /proc/$$/stat)\" = $$ && echo own session\n"
-                   "ls -l /proc/$$/fd | grep -c zero",
-                   " /RECEIPT:  /TITLE:A b "),
+    EXPECT_EQ(outputOf("for each in \"$@\"; do echo \"<$each>\"; done\n"
+                       "test \"$(cut -d' ' -f6 /proc/$$/stat)\" = $$ && echo own session\n"
+                       "ls -l /proc/$$/fd | grep -c zero",
+                       " /RECEIPT:  /TITLE:A b "),
               "</RECEIPT:>\n</TITLE:A>\n<b>\nown session\n0\n");
     ::close(held);
     fs::permissions(station.drives.resolve(kXcharge), fs::perms::owner_read);
@@ -106,7 +106,7 @@ struct ConnectionOfSystem : SystemTest {
     sockaddr_in address{};
 };
 
-TEST_F(ConnectionOfSystem, is_there_when_somebody_listens)
+TEST_F(ConnectionOfSystem, is_there_if_a_server_listens)
 {
     EXPECT_FALSE(system->connectionTested()) << "nothing was tried yet";
     EXPECT_TRUE(test("")) << "no address: nothing to test";
@@ -116,7 +116,7 @@ TEST_F(ConnectionOfSystem, is_there_when_somebody_listens)
     EXPECT_TRUE(test(server()));
 }
 
-TEST_F(ConnectionOfSystem, is_tried_beside_the_program_when_nothing_comes_back)
+TEST_F(ConnectionOfSystem, is_tested_on_its_own_thread_when_nothing_comes_back)
 {
     ASSERT_EQ(::listen(listener, 0), 0);
     EXPECT_TRUE(test(server())); // nobody takes it, so that the next one is swallowed

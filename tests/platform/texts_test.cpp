@@ -1,5 +1,5 @@
 // Texts without a file: command lines without quotes, print jobs in plain text, and
-// installation.ini as people really write it.
+// installation.ini as people write it.
 #include "platform/installation.h"
 #include "platform/print_job.h"
 #include "platform/program_search.h"
@@ -11,7 +11,7 @@ namespace {
 
 using namespace platform;
 
-TEST(CommandLines, grow_to_the_right_until_a_file_is_met)
+TEST(CommandLines, are_split_after_the_first_prefix_that_is_a_file)
 {
     const std::set<std::string> files = {"c:\\X charge\\X.exe", "c:\\a", "c:\\a b"};
     support::expectTable("platform/command_lines.txt", [&](const std::string &line) {
@@ -30,8 +30,8 @@ TEST(PrintJobs, show_their_lines_as_printed_in_plain_text)
                                      {Kind::Line, "x\ty\tz"},
                                      {Kind::Tabs, "60, 20,oops,40.9"},
                                      {Kind::Line, "x\ty\tz"},
-                                     {Kind::Line, "0123456789ABC\tbehind its stop"},
-                                     {Kind::Line, "\t\t\t\tbehind all"},
+                                     {Kind::Line, "0123456789ABC\tafter its stop"},
+                                     {Kind::Line, "\t\t\t\tafter all stops"},
                                      {Kind::Cut, ""},
                                      {Kind::NewPage, ""},
                                      {Kind::Picture, "Picture9"}})
@@ -39,24 +39,24 @@ TEST(PrintJobs, show_their_lines_as_printed_in_plain_text)
     EXPECT_EQ(plainText(job), support::testFile("golden/platform/plain_text.txt"));
 }
 
-/// Everything that was read, one line a printer and one for the rest.
+/// Everything that was read: one line for each printer and one for the rest.
 std::string read(std::string_view text)
 {
     const Installation all = parseInstallation(text);
-    std::ostringstream told;
+    std::ostringstream found;
     for (const SpoolPrinter &one : all.spoolPrinters)
-        told << one.name << ", " << one.widthMm << " x " << one.heightMm << ", " << one.folder
-             << (one.isDefault ? ", default\n" : "\n");
+        found << one.name << ", " << one.widthMm << " x " << one.heightMm << ", " << one.folder
+              << (one.isDefault ? ", default\n" : "\n");
     for (const char byte : all.cutBytes)
-        told << static_cast<int>(byte) << ' ';
+        found << static_cast<int>(byte) << ' ';
     for (const std::string &word : {all.xchargeUserId, all.xchargePassword, all.connectionTest,
                                     all.suppliesPage, all.helpPage, all.editorCommand})
-        told << '|' << word;
-    told << '|' << all.browserCommand;
-    return told.str();
+        found << '|' << word;
+    found << '|' << all.browserCommand;
+    return found.str();
 }
 
-TEST(Installation, is_read_with_its_comments_and_without_its_nonsense)
+TEST(Installation, is_read_without_its_comments_and_invalid_lines)
 {
     EXPECT_EQ(read(support::testFile("golden/platform/installation.ini")),
               support::testFile("golden/platform/installation.txt"));

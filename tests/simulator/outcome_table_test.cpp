@@ -32,7 +32,7 @@ TEST(PaymentRequest, ReadsTheCommandLineOfATender)
     EXPECT_FALSE(parsePaymentRequest("/AMOUNT:48.50 /RECEIPT:1").partialSupport);
 }
 
-TEST(OutcomeTable, EverydayAmountsApproveAndTheOthersEndAsTheGoldenTableSays)
+TEST(OutcomeTable, ApprovesEverydayAmountsAndEndsTheOthersByTheirCents)
 {
     for (int whole = 1; whole < 200; ++whole)
         for (const char *cents : {"", ".", ".05", ".10", ".25", ".49", ".5", ".75", ".95", ".99"})
@@ -49,8 +49,8 @@ TEST(OutcomeTable, EverydayAmountsApproveAndTheOthersEndAsTheGoldenTableSays)
     });
 }
 
-// Who plays a demo looks there for the amount to type.
-TEST(OutcomeTable, IsToldInItsDocument)
+// The user of a demo looks there for the amount to type.
+TEST(OutcomeTable, IsDocumented)
 {
     const std::string document = support::testFile("../docs/simulator.md");
     const std::size_t servers = document.find("## The payment server");

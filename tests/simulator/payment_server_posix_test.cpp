@@ -1,5 +1,5 @@
-// The stand-in for the payment server must answer what its table says, whole requests alone, and
-// never tell a card.
+// The stand-in for the payment server must answer only whole requests, as its table says, and never
+// show a card number.
 #include "records/delimited.h"
 #include "simulator/payment_server.h"
 #include "simulator/sandbox.h"
@@ -13,7 +13,7 @@ using namespace simulator;
 const std::string kFolder = "c:\\Program Files\\X-charge\\LocalTran\\";
 
 // A row is an amount and a receipt, or a whole line; what a tender makes of the answer then.
-TEST(PaymentServer, AnswersWholeLinesAsTheGoldenTableSaysAndTellsNoCard)
+TEST(PaymentServer, AnswersOnlyWholeLinesAndReportsNoCard)
 {
     support::expectTable("simulator/server.txt", [](const std::string &input) {
         support::TestStation station;
@@ -42,7 +42,7 @@ TEST(PaymentServer, AnswersWholeLinesAsTheGoldenTableSaysAndTellsNoCard)
     });
 }
 
-TEST(PaymentServer, AnswersAloneAndEndsWhenItIsToldOrItsFolderIsGone)
+TEST(PaymentServer, AllowsNoSecondAndEndsOnRequestOrWithoutItsFolder)
 {
     support::TestStation station;
     const std::string root = station.drives.root();

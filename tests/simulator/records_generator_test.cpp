@@ -1,5 +1,5 @@
-// Benches and screens stand on these records: they must be the same every time, and be what the
-// tender writes.
+// Benchmarks and screens use these records: they must be the same every time, and such as a tender
+// writes.
 #include "simulator/records_generator.h"
 
 #include "records/card_helpers.h"

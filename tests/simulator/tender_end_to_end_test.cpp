@@ -101,9 +101,9 @@ struct Restaurant {
 } // namespace
 
 // A guest's card would lie on a share for everybody to read; a decline would cost the house money,
-// an approval twice the guest. A wait begins behind the settle time of a swipe, and its Cancel is
-// allowed 14.4 s later; without a server, or while the back office batches, nothing may be charged.
-TEST(EndToEnd, EveryTenderLeavesWhatTheGoldenTableSays)
+// an approval twice the guest. A wait begins after the settle time of a swipe, and Cancel is
+// enabled 14.4 s later; without a server, or while the back office batches, nothing may be charged.
+TEST(EndToEnd, EveryTenderLeavesTheRightFiles)
 {
     expectTable("simulator/tenders.txt", [](const std::string &input) {
         Restaurant restaurant;
@@ -143,8 +143,8 @@ TEST(EndToEnd, EveryTenderLeavesWhatTheGoldenTableSays)
 }
 
 // Killed at every third operation on a file (all of them are stopped in virtual time): nobody
-// else's record is touched, no record is half there, no request is half-written, and the point of
-// sale hears of no approval that is not on the disk.
+// else's record is touched, no record or request is half-written, and the point of sale gets no
+// approval that is not on the disk.
 TEST(KilledTender, LeavesAWholeRecordOrNone)
 {
     const std::string earlier = std::string(500, 'a') + std::string(500, 'b');
@@ -180,8 +180,8 @@ TEST(KilledTender, LeavesAWholeRecordOrNone)
     }
 }
 
-// A full house: every station tells its point of sale what lies on the share, once.
-TEST(UnreadableInstallation, IsSaidAndNoCardIsChargedWithTheUsualLogin)
+// Every station of a busy restaurant must report what is stored on the share, once.
+TEST(UnreadableInstallation, IsReportedAndNoCardIsChargedWithTheUsualLogin)
 {
     Restaurant restaurant;
     fs::remove(restaurant.root + "/installation.ini");
@@ -195,7 +195,7 @@ TEST(UnreadableInstallation, IsSaidAndNoCardIsChargedWithTheUsualLogin)
     EXPECT_FALSE(restaurant.station.files.exists("C:\\Lumbrio\\ResponseBACKUP.txt"));
 }
 
-TEST(TwentyTenders, AtOnceLoseAndDoubleNothing)
+TEST(TwentyTenders, AtOnceLoseAndDoubleNoRecord)
 {
     std::vector<Restaurant> stations(20);
     std::vector<std::unique_ptr<ChildProcess>> tenders;
