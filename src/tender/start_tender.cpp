@@ -50,7 +50,7 @@ void readModeFlag(App &app, TenderFields &fields)
 
 /// Not every end of a tender writes an answer, and the answer for the guest before may say
 /// "Approved". While it can be neither removed nor emptied, no card is charged.
-void freeAnswer(App &app)
+void requireNoOldAnswer(App &app)
 {
     const platform::Outcome outcome = removeOldAnswer(app);
     if (!done(outcome))
@@ -231,12 +231,12 @@ void Tender::startAsTender()
     const bool iniLocked = findDirectories(app);
     if (anotherTenderLives())
         return;
-    freeAnswer(app);
+    requireNoOldAnswer(app);
     // Without its settings the station would pay with another login and print elsewhere.
     if (!app.installation.unreadable.empty())
         app.run.fail(app.installation.unreadable);
     configure(iniLocked);
-    freeAnswer(app); // once more: only now the directory is certain
+    requireNoOldAnswer(app); // once more: only now the directory is certain
     if (!app.ending())
         clearWhatOthersLeft(app);
     if (app.ending() || serverIsBatching())
