@@ -1,14 +1,9 @@
-// The slips word for word, and what decides which of them are printed, where, cut and closed. One
-// golden file a story: above its "----" what happens, a verb and its words a line; below it the
-// paper of every printer.
+// The slips word for word, and what decides which of them are printed, where, cut and closed.
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
 #include "records/card_helpers.h"
+#include "story/stories.h"
 #include "support/golden_table.h"
-#include "support/test_station.h"
-
-#include <filesystem>
-#include <sstream>
 
 namespace {
 
@@ -17,45 +12,42 @@ using namespace records;
 using platform::splitLines;
 
 /// A station with a configured receipt printer and an approved payment in hand.
-class Payment {
+class Payment : support::HasStation, public story::Stage {
 public:
-    Payment()
+    Payment() : Stage(HasStation::station)
     {
-        station.folder("c:\\Lumbrio\\Data");
         app.values.Maindir = "C:\\Lumbrio\\";
         app.values.EmployeeShortName = "Maria ";
         app.values.PrintTipLine = true;
         context.requestText = "12";
         context.seconds = " 4 ";
         context.transRecord = 17;
-        tell(support::testFile("golden/slips/payment.txt"));
+        addPaymentWords();
+        addSlipWords();
+        addPenWords();
     }
-
-    void tell(const std::string &script)
+    /// In hand, as the stories have it too.
+    void take()
     {
-        for (const std::string &line : splitLines(script)) {
-            const std::size_t blank = std::min(line.find(' '), line.size());
-            const auto verb = verbs.find(line.substr(0, blank));
-            ASSERT_NE(verb, verbs.end()) << line;
-            verb->second(line.substr(std::min(blank + 1, line.size())));
-        }
+        const std::string name = "golden/slips/slips.story";
+        for (const story::ScriptLine &line :
+             story::readStories(name, support::testFile(name)).given)
+            act(line.text);
     }
-
-    std::string paper() const
+    /// Lines of the language, with "; " between them.
+    void doAll(std::string lines)
     {
-        std::string text;
-        for (const auto &[name, job] : station.printers.collected)
-            text += "on " + name + "\n" + platform::describe(job);
-        return text;
+        while (!lines.empty())
+            act(story::takeUntil(lines, "; "));
     }
 
     /// Pictures and cuts of what that prints, each job in brackets.
     std::string outline(const std::string &script)
     {
-        station.printers.collected.clear();
-        tell(script);
+        jobs().clear();
+        doAll(script);
         std::string text;
-        for (const auto &collected : station.printers.collected) {
+        for (const auto &collected : jobs()) {
             text += "[";
             for (const std::string &line : splitLines(platform::describe(collected.job)))
                 text += line.starts_with("picture ") ? line.substr(7) : line == "cut" ? " cut" : "";
@@ -63,102 +55,138 @@ public:
         }
         return text;
     }
+    std::string creditApproval() const
+    {
+        return station.getIfThere("C:\\Lumbrio\\CreditApproval.dat");
+    }
+    std::vector<std::string> &installed() { return station.printers.installed; }
 
-    support::TestStation station;
     App app{station.services};
     Printer printer{station.printers};
 
 private:
-    void record(const std::string &words)
+    void addPaymentWords()
     {
-        for (const CardField &field : kCardFields)
-            if (words.starts_with(field.name + std::string(" ")))
-                app.values.CCdata.set(field, words.substr(words.find(' ') + 1));
+        word("record", [this](std::string rest) {
+            const std::string name = story::takeUntil(rest, " ");
+            for (const CardField &field : kCardFields)
+                if (name == field.name)
+                    app.values.CCdata.set(field, rest);
+        });
+        word("empty record", [this](Words) { app.values.CCdata = {}; });
+        word("scrambled", [this](Words text) { app.values.CCdata.set(CCNumb, StrEncode(text)); });
+        word("request", [this](Words text) { context.requestText = text; });
+        word("no customer copy", [this](Words) { context.noCustomerCopy = true; });
+        word("no cut", [this](Words) { app.values.NoCut2Flag = -1; });
+        word("no tip line", [this](Words) { app.values.PrintTipLine = false; });
+        word("command line", [this](Words) { app.values.X1009 = true; });
+        word("reprint", [this](Words) { context.reprint = true; });
+        word("gift", [this](Words) { context.giftMarker = true; });
+        word("tip before", [this](Words tipAndTotal) {
+            context.tipPreApproved = true;
+            context.preApprovedTip = Val(tipAndTotal);
+            context.totalWithTip = Val(tipAndTotal.substr(tipAndTotal.find(' ')));
+        });
+    }
+    void addSlipWords()
+    {
+        slip("Print_Merch", [this] { Print_Merch(app, printer, context); });
+        slip("Print_Cust", [this] { Print_Cust(app, printer, context); });
+        slip("PrintPartial_Merch", [this] { PrintPartial_Merch(app, printer, context); });
+        slip("PrintPartial_Cust", [this] { PrintPartial_Cust(app, printer, context); });
+        slip("Att_Server", [this] { Att_Server(app, printer); });
+        slip("Reprint_Merch", [this] { Reprint_Merch(app, printer, context); });
+        slip("Reprint_Cust", [this] { Reprint_Cust(app, printer, context); });
+        slip("Print_Cust2", [this] { Print_Cust2(app, printer, context); });
+        slip("balance page", [this] { printGiftBalancePage(app, printer); });
+    }
+    void slip(const char *routine, const std::function<void()> &print)
+    {
+        word(routine, [this, routine, print](Words) {
+            print();
+            if (const story::Lines paper = newPaper(); !paper.empty())
+                tellChanges(routine, paper);
+        });
+    }
+    /// What has been printed since the last time: each line with the font that it changes to.
+    story::Lines newPaper()
+    {
+        story::Lines lines;
+        for (; seen < jobs().size(); ++seen) {
+            lines.push_back("on " + jobs()[seen].printer);
+            std::string font;
+            for (const std::string &each : splitLines(platform::describe(jobs()[seen].job))) {
+                if (each.starts_with("font "))
+                    font = "  <" + each.substr(5) + ">";
+                else
+                    lines.push_back(each + std::exchange(font, ""));
+            }
+        }
+        return gathered(lines);
+    }
+    /// Equal lines in a row as one.
+    static story::Lines gathered(const story::Lines &lines)
+    {
+        story::Lines told;
+        for (auto at = lines.begin(); at != lines.end();) {
+            const auto end = std::find_if(at, lines.end(), [&](Words one) { return one != *at; });
+            told.push_back((end - at > 1 ? std::to_string(end - at) + " x " : "") + *at);
+            at = end;
+        }
+        return told;
+    }
+    void addPenWords()
+    {
+        word("choose", [this](Words name) {
+            app.values.ReceiptPrinterName = name;
+            Set_Printer(app, printer);
+        });
+        word("family", [this](Words name) { printer.setFamily(name); });
+        word("size", [this](Words points) { printer.setSize(std::stoi(points)); });
+        word("bold", [this](Words) { printer.setBold(true); });
+        word("italic", [this](Words) { printer.setItalic(true); });
+        word("line", [this](Words text) { printer.line(text); });
+        word("tabs", [this](Words columns) { printer.tabs(columns); });
+        word("cut", [this](Words) { printer.cut(); });
+        word("new page", [this](Words) { printer.newPage(); });
+        word("close", [this](Words) { printer.closeJob(); });
     }
 
-    using Words = const std::string &;
+    void configure(int field, Words text) override
+    {
+        app.values.config.set(configField(field), text);
+    }
+    std::vector<story::Section> leftBehind() override
+    {
+        if (printer.jobOpen())
+            complain("a job is open");
+        const story::Lines paper = newPaper();
+        return paper.empty() ? std::vector<story::Section>()
+                             : std::vector<story::Section>{{"paper", paper}};
+    }
+    std::vector<support::FakePrinters::Collected> &jobs() { return station.printers.collected; }
+
+    using HasStation::station;
     SlipContext context;
-    const std::map<std::string, std::function<void(Words)>> verbs = {
-        {"record", [&](Words words) { record(words); }},
-        {"empty-record", [&](Words) { app.values.CCdata = {}; }},
-        {"scrambled", [&](Words text) { app.values.CCdata.set(CCNumb, StrEncode(text)); }},
-        {"configure",
-         [&](Words text) {
-             const int field = std::stoi(text);
-             app.values.config.set(configField(field), text.substr(text.find(' ') + 1));
-         }},
-        {"put", [&](Words name) { station.put("c:\\Lumbrio\\" + name, ""); }},
-        {"request", [&](Words text) { context.requestText = text; }},
-        {"no-customer-copy", [&](Words) { context.noCustomerCopy = true; }},
-        {"no-cut", [&](Words) { app.values.NoCut2Flag = -1; }},
-        {"no-tip-line", [&](Words) { app.values.PrintTipLine = false; }},
-        {"command-line", [&](Words) { app.values.X1009 = true; }},
-        {"reprint", [&](Words) { context.reprint = true; }},
-        {"gift", [&](Words) { context.giftMarker = true; }},
-        {"tip-before",
-         [&](Words tipAndTotal) {
-             context.tipPreApproved = true;
-             context.preApprovedTip = Val(tipAndTotal);
-             context.totalWithTip = Val(tipAndTotal.substr(tipAndTotal.find(' ')));
-         }},
-        {"Print_Merch", [&](Words) { Print_Merch(app, printer, context); }},
-        {"Print_Cust", [&](Words) { Print_Cust(app, printer, context); }},
-        {"PrintPartial_Merch", [&](Words) { PrintPartial_Merch(app, printer, context); }},
-        {"PrintPartial_Cust", [&](Words) { PrintPartial_Cust(app, printer, context); }},
-        {"Att_Server", [&](Words) { Att_Server(app, printer); }},
-        {"Reprint_Merch", [&](Words) { Reprint_Merch(app, printer, context); }},
-        {"Reprint_Cust", [&](Words) { Reprint_Cust(app, printer, context); }},
-        {"Print_Cust2", [&](Words) { Print_Cust2(app, printer, context); }},
-        {"balance-page", [&](Words) { printGiftBalancePage(app, printer); }},
-        {"choose",
-         [&](Words name) {
-             app.values.ReceiptPrinterName = name;
-             Set_Printer(app, printer);
-         }},
-        {"choose-vendor", [&](Words) { Set_PrinterVendor(printer); }},
-        {"family", [&](Words name) { printer.setFamily(name); }},
-        {"size", [&](Words points) { printer.setSize(std::stoi(points)); }},
-        {"bold", [&](Words) { printer.setBold(true); }},
-        {"italic", [&](Words) { printer.setItalic(true); }},
-        {"line", [&](Words text) { printer.line(text); }},
-        {"tabs", [&](Words columns) { printer.tabs(columns); }},
-        {"cut", [&](Words) { printer.cut(); }},
-        {"new-page", [&](Words) { printer.newPage(); }},
-        {"close", [&](Words) { printer.closeJob(); }},
-    };
+    std::size_t seen = 0; // jobs
 };
 
-TEST(Slips, AreThoseOfTheirGoldenFiles)
+TEST(Stories, OfTheSlipsPrintWhatTheirFileShows)
 {
-    std::size_t told = 0;
-    for (const auto &entry :
-         std::filesystem::directory_iterator(TESTS_DIR "/golden/slips/stories")) {
-        const std::string name = entry.path().filename().string();
-        SCOPED_TRACE(name);
-        const std::string golden = support::testFile("golden/slips/stories/" + name);
-        const std::string script = golden.substr(0, golden.find("----\n"));
-        Payment payment;
-        payment.tell(script);
-        EXPECT_FALSE(payment.printer.jobOpen());
-        EXPECT_EQ(script + "----\n" + payment.paper(), golden);
-        ++told;
-    }
-    EXPECT_EQ(told, 16U);
+    story::expectStories<Payment>("slips");
 }
 
-/// Verbs of a row stand behind semicolons; each column is what those of its heading print.
+/// Lines of a row have "; " between them; each column is what those of its heading print.
 void expectOutlines(const std::string &table, const std::vector<std::string> &scripts)
 {
-    const auto lines = [](const std::string &verbs) {
-        return support::replaced(verbs, "; ", "\n");
-    };
-    support::expectTable(table, [&](const std::string &verbs) {
+    support::expectTable(table, [&](const std::string &lines) {
         Payment payment;
-        payment.tell(lines(verbs));
+        payment.take();
+        payment.doAll(lines);
         std::vector<std::string> outlines;
         for (const std::string &script : scripts)
-            outlines.push_back(payment.outline(lines(script)));
-        outlines.push_back(payment.station.getIfThere("c:\\Lumbrio\\CreditApproval.dat"));
+            outlines.push_back(payment.outline(script));
+        outlines.push_back(payment.creditApproval());
         return outlines;
     });
 }
@@ -175,17 +203,18 @@ TEST(Slips, AreCutClosedAndLeftOutAsTheGoldenTablesSay)
 
 TEST(Slips, GoToTheLastPrinterThatFits)
 {
-    support::expectTable("slips/printers.txt", [](const std::string &input) {
+    support::expectTable("slips/printers.txt", [](std::string names) {
         Payment payment;
-        const std::size_t of = input.find(" of ");
-        std::istringstream names(input.substr(of + 4));
-        payment.station.printers.installed.clear();
-        for (std::string name; std::getline(names, name, ',');)
-            payment.station.printers.installed.push_back(name);
-        payment.tell("choose " + input.substr(0, of));
+        payment.take();
+        const std::string configured = story::takeUntil(names, " of ");
+        payment.installed().clear();
+        while (!names.empty())
+            payment.installed().push_back(story::takeUntil(names, ","));
+        payment.app.values.ReceiptPrinterName = configured;
+        Set_Printer(payment.app, payment.printer);
         const std::string selected = payment.printer.selectedName();
         const std::string vendor = payment.printer.vendorPrinterPresent() ? "vendor" : "";
-        payment.tell("choose-vendor");
+        Set_PrinterVendor(payment.printer);
         return std::vector{selected, vendor, payment.printer.selectedName()};
     });
 }

@@ -178,8 +178,8 @@ void Stage::act(Words line)
         }
     if (act == nullptr)
         return complain("no such word");
-    const std::size_t rest = line.find_first_not_of(" :,", length);
-    (*act)(rest == line.npos ? "" : line.substr(rest));
+    const bool marked = line.size() > length && line[length] != ' '; // by a colon or a comma
+    (*act)(line.substr(std::min(length + (marked ? 2 : 1), line.size())));
 }
 
 void Stage::check(Words beginning, Act act)

@@ -71,4 +71,9 @@ public:
     platform::Services services{run, files, time, dialogs, system, printers, installation};
 };
 
+/// A base class for whoever needs the station before its other bases.
+struct HasStation {
+    TestStation station;
+};
+
 } // namespace support
