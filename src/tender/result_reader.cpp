@@ -91,6 +91,18 @@ void traceResponse(App &app, const std::string &name, const std::vector<std::str
     traceProcess(app, trace);
 }
 
+ExchangeFile readPatiently(App &app, const std::string &name)
+{
+    ExchangeFile file;
+    platform::patiently(app.run, platform::Wait::Result, [&] {
+        file = readExchange(app, name);
+        // A result that says nothing may be half written.
+        return done(file.outcome) && !saysAnything(file.text) ? platform::Outcome::NotThere
+                                                              : file.outcome;
+    });
+    return file;
+}
+
 } // namespace
 
 void applyResultLine(std::string_view line, CardRecord &CCdata)
@@ -112,13 +124,7 @@ void applyResultLine(std::string_view line, CardRecord &CCdata)
 ReadResult readResultFile(App &app, const std::string &name)
 {
     const platform::ErrorsIgnored ignored(app.run);
-    ExchangeFile file;
-    platform::patiently(app.run, platform::Wait::Result, [&] {
-        file = readExchange(app, name);
-        // A result that says nothing may be half written.
-        return done(file.outcome) && !saysAnything(file.text) ? platform::Outcome::NotThere
-                                                              : file.outcome;
-    });
+    const ExchangeFile file = readPatiently(app, name);
     if (done(file.outcome))
         app.files.replaceWhole("C:\\Lumbrio\\ResponseBACKUP.txt", file.content);
     else
@@ -126,9 +132,8 @@ ReadResult readResultFile(App &app, const std::string &name)
     app.values.CCdata.set(GCbalance, "0");
     ReadResult read{file.outcome, file.longer, saysAnything(file.text),
                     platform::splitLines(file.text), resultMark(file.content, file.modified)};
-    for (const std::string &line : read.lines) {
+    for (const std::string &line : read.lines)
         applyResultLine(line, app.values.CCdata);
-    }
     traceResponse(app, name, read.lines);
     app.files.write("c:\\Lumbrio\\XLMread.txt", resultDebugFile(app.values.CCdata));
     return read;

@@ -113,29 +113,36 @@ void readConfiguration(App &app, Display &display, bool iniLocked)
     fillEmptyDirectories(app);
 }
 
-void traceStart(App &app, const TenderRequest &request)
+TraceLines requestTrace(const App &app, const TenderRequest &request)
 {
     const std::string blanks(15, ' ');
+    return {"Request File - " + requestFile(app.values),
+            "Table Number - " + request.table,
+            "Receipt Number - " + request.receipt,
+            "Server (Employee) Number - " + app.values.EmployeeNumber,
+            "Sale Amount - " + request.amount,
+            blanks,
+            std::string(58, '*'),
+            "***       Waiting For card Swipe      ***",
+            std::string(58, '*'),
+            blanks};
+}
+
+void traceStart(App &app, const TenderRequest &request)
+{
     TraceLines lines = {std::string(58, '='),
                         "Station Name " + app.values.StationName,
                         "EXE name ********* " + app.system.executableName(),
                         "Employee Name " + app.values.EmployeeFullName,
                         "Employee Number # " + app.values.EmployeeNumber,
                         std::string(34, '_'),
-                        blanks,
+                        std::string(15, ' '),
                         std::string("Software Version - ") + kProgramVersion};
-    if (!isStationRole(app)) {
-        if (app.values.X1009)
-            lines.emplace_back("USING 10/2009 VERSION  ");
-        for (const std::string &line :
-             {"Request File - " + requestFile(app.values), "Table Number - " + request.table,
-              "Receipt Number - " + request.receipt,
-              "Server (Employee) Number - " + app.values.EmployeeNumber,
-              "Sale Amount - " + request.amount, blanks, std::string(58, '*'),
-              std::string("***       Waiting For card Swipe      ***"), std::string(58, '*'),
-              blanks})
+    if (!isStationRole(app) && app.values.X1009)
+        lines.emplace_back("USING 10/2009 VERSION  ");
+    if (!isStationRole(app))
+        for (const std::string &line : requestTrace(app, request))
             lines.push_back(line);
-    }
     traceProcess(app, lines);
 }
 
@@ -228,22 +235,8 @@ void Tender::Start_Tender()
 void Tender::startAsTender()
 {
     app.run.consequence = kNotCharged;
-    const bool iniLocked = findDirectories(app);
-    if (anotherTenderLives())
-        return;
-    requireNoOldAnswer(app);
-    // Without its settings the station would pay with another login and print elsewhere.
-    if (!app.installation.unreadable.empty())
-        app.run.fail(app.installation.unreadable);
-    configure(iniLocked);
-    requireNoOldAnswer(app); // once more: only now the directory is certain
-    if (!app.ending())
-        clearWhatOthersLeft(app);
-    if (app.ending() || serverIsBatching())
-        return;
-    storeKept(app, display);
     TenderRequest request;
-    if (!takeRequest(request))
+    if (!prepareStation() || !takeRequest(request))
         return;
     showRequest(request);
     if (refuseZeroAmount())
@@ -253,6 +246,26 @@ void Tender::startAsTender()
     waitForCard(display);
     if (app.values.X1009)
         Run_Xcharge();
+}
+
+/// What a station needs before a card may be charged. False when none may be.
+bool Tender::prepareStation()
+{
+    const bool iniLocked = findDirectories(app);
+    if (anotherTenderLives())
+        return false;
+    requireNoOldAnswer(app);
+    // Without its settings the station would pay with another login and print elsewhere.
+    if (!app.installation.unreadable.empty())
+        app.run.fail(app.installation.unreadable);
+    configure(iniLocked);
+    requireNoOldAnswer(app); // once more: only now the directory is certain
+    if (!app.ending())
+        clearWhatOthersLeft(app);
+    if (app.ending() || serverIsBatching())
+        return false;
+    storeKept(app, display);
+    return true;
 }
 
 /// Another role needs the filled fields only; a request may be missing.

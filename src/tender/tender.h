@@ -77,6 +77,7 @@ private:
     // start_tender.cpp
     void startOnce();
     void startAsTender();
+    bool prepareStation();
     void startAsHelper();
     bool anotherTenderLives();
     void configure(bool iniLocked);
