@@ -11,11 +11,6 @@
 
 namespace support {
 
-struct HasStation {
-    explicit HasStation(const TestStation *share) : station(VirtualTime::kDefaultStart, share) {}
-    TestStation station;
-};
-
 class ManagerStage : public HasStation,
                      public story::Stage,
                      public manager::ManagerStartView,

@@ -71,8 +71,13 @@ public:
     platform::Services services{run, files, time, dialogs, system, printers, installation};
 };
 
-/// A base class for whoever needs the station before its other bases.
+/// A base class for whoever needs the station before its other bases. With `share`, another process
+/// on its drives.
 struct HasStation {
+    explicit HasStation(const TestStation *share = nullptr)
+        : station(VirtualTime::kDefaultStart, share)
+    {
+    }
     TestStation station;
 };
 
