@@ -2,6 +2,8 @@
 // doubt. Slots are tested in tests/platform, interrupted moves in tests/pending.
 #include "platform/work_file.h"
 #include "records/card_files.h"
+#include "records/careful_append.h"
+#include "records/kept_records.h"
 #include "records/trace.h"
 #include "support/card_text.h"
 #include "support/test_station.h"
@@ -131,6 +133,37 @@ TEST_F(CardFiles, AreNotRewrittenThroughAWorkFileThatAnotherProgramUses)
     ASSERT_TRUE(done(live.open(platform::SlotUse::Read)));
     EXPECT_TRUE(done(theirs.replace(live, 1))) << "theirs is untouched";
     EXPECT_EQ(station.get(kPending), slotOf(recordOf("CCReceipt=9")));
+}
+
+TEST_F(CardFiles, GiveTheSlotToWhichTheHolderOfTheLockMovedTheRecord)
+{
+    const CardRecord record = recordOf("CCReceipt=1");
+    station.put(kPending, slotOf(recordOf("CCReceipt=2")) + slotOf(record));
+    EXPECT_EQ(confirmStored(app, kPending, record, {{Outcome::Done, 1}, true}).slot, 2);
+    EXPECT_EQ(receipts(station.get(kPending)), "2 1 ");
+}
+
+TEST_F(CardFiles, GetKeptRecordsOnceWhateverIsNotFlushedOrRemoved)
+{
+    app.values.Maindir = "C:\\Lumbrio\\";
+    station.put(kPending, "");
+    Outcome outcome = Outcome::Broken;
+    station.disk.failOn("flushDirectory", "Data", Outcome::NoRoom);
+    for (const char *record : {"CCReceipt=1", "CCReceipt=2"})
+        EXPECT_NE(keepRecord(app, kPending, recordOf(record), outcome), "") << "it is there";
+    station.disk.failOn("flushDirectory", "Data", Outcome::Done);
+    TestStation other(&station);
+    platform::SlotFile held(other.files, kPending, kCardSlotLength);
+    ASSERT_TRUE(done(held.open(platform::SlotUse::Read)) && done(held.lock()));
+    EXPECT_EQ(storeKeptRecords(app).waiting.size(), 2U);
+    EXPECT_LT(station.time.milliseconds(), 6000U) << "one file is waited for once";
+    held.close();
+    station.disk.failOn("remove", ".claimed", Outcome::Denied);
+    EXPECT_EQ(storeKeptRecords(app).stored, 2);
+    EXPECT_EQ(receipts(station.get(kPending)), "2 1 ");
+    station.put(kPending, ""); // moved on, and later deleted
+    EXPECT_EQ(storeKeptRecords(app).stored, 0);
+    EXPECT_EQ(station.get(kPending), "");
 }
 
 } // namespace
