@@ -13,13 +13,14 @@ using platform::Outcome;
 
 constexpr const char *kThoughDisabled = ", though disabled";
 
-Outcome outcomeNamed(const std::string &name)
+std::optional<Outcome> outcomeNamed(const std::string &name)
 {
-    for (const Outcome outcome : {Outcome::NotThere, Outcome::Locked, Outcome::Leased,
-                                  Outcome::NoRoom, Outcome::Denied, Outcome::Broken})
+    for (const Outcome outcome :
+         {Outcome::Done, Outcome::NotThere, Outcome::Locked, Outcome::Leased, Outcome::NoRoom,
+          Outcome::Denied, Outcome::Broken})
         if (platform::textOf(outcome) == name)
             return outcome;
-    return Outcome::Done;
+    return {};
 }
 
 /// "2025-01-31 23:59:58"
@@ -234,18 +235,19 @@ void Stage::addFaultWords()
         while (!names.empty() && names != "none")
             station.printers.installed.push_back(takeUntil(names, ", "));
     });
-    word("printer fails",
-         [this](Words outcome) { station.printers.failures.push_back(outcomeNamed(outcome)); });
+    word("printer fails", [this](Words outcome) {
+        station.printers.failures.push_back(outcomeNamed(outcome).value_or(Outcome::Broken));
+    });
 }
 
 void Stage::fail(std::string rest)
 {
     const std::string operation = takeUntil(rest, " ");
     const std::string path = takeUntil(rest, ", ");
-    const Outcome outcome = rest.empty() ? Outcome::Denied : outcomeNamed(rest);
-    if (done(outcome))
-        complain("there is no such outcome");
-    station.disk.failOn(operation, path, outcome);
+    const auto outcome = rest.empty() ? Outcome::Denied : outcomeNamed(rest);
+    if (!outcome)
+        return complain("there is no such outcome");
+    station.disk.failOn(operation, path, *outcome);
     faults.emplace_back(current, std::pair(operation, path));
 }
 

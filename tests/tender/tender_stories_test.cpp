@@ -53,27 +53,25 @@ private:
     {
         const TenderFields &f = tender.state();
         const auto offline = [&f] { return f.offlinePanelVisible; };
-        command(
-            "Cancel", [this] { tender.cancel(); }, [&f] { return f.cancel.enabled; });
-        command(
-            "Enter Manually", [this] { tender.enterManually(); },
-            [&f] { return f.enterManually.enabled; });
-        command(
-            "CONFIG", [this] { tender.openSetup(); }, [&f] { return f.setup.enabled; });
-        command(
-            "Start Xcharge", [this] { tender.startPaymentServer(); },
-            [&f] { return f.startServer.enabled; });
-        command("Gratuity", [this] { tender.switchGratuitySlip(); });
+        const auto pressed = [this](void (support::StoryTender::*does)()) {
+            return [this, does] { (tender.*does)(); };
+        };
+        using T = support::StoryTender;
+        command("Cancel", pressed(&T::cancel), [&f] { return f.cancel.enabled; });
+        command("Finish Tender", pressed(&T::finishTender), [&f] { return f.finish.enabled; });
+        command("Enter Manually", pressed(&T::enterManually),
+                [&f] { return f.enterManually.enabled; });
+        command("CONFIG", pressed(&T::openSetup), [&f] { return f.setup.enabled; });
+        command("Start Xcharge", pressed(&T::startPaymentServer),
+                [&f] { return f.startServer.enabled; });
+        command("Gratuity", pressed(&T::switchGratuitySlip));
         command(
             "No receipt", [this] { tender.setNoReceipt(true); },
             [&f] { return f.noReceiptEnabled; });
-        command(
-            "YES", [this] { tender.askForOfflineApproval(); }, offline);
-        command(
-            "NO", [this] { tender.keepWaiting(); }, offline);
-        command(
-            "Warning", [this] { tender.offerRemoval(); }, [&f] { return f.warningVisible; });
-        command("Picture", [this] { tender.deleteBatchMarker(); });
+        command("YES", pressed(&T::askForOfflineApproval), offline);
+        command("NO", pressed(&T::keepWaiting), offline);
+        command("Warning", pressed(&T::offerRemoval), [&f] { return f.warningVisible; });
+        command("Picture", pressed(&T::deleteBatchMarker));
     }
 
     void play() override { story.run(100'000); }
@@ -99,29 +97,23 @@ private:
     }
     void look()
     {
-        tell((story.answered() ? story.answer().substr(0, 22) : "no answer") + ", " +
-             std::to_string(story.pending().size()) + " records, " +
-             std::to_string(story.station.printers.collected.size()) + " slips" +
-             (story.station.has(support::TenderStory::kMarker) ? ", marker" : "") +
-             (story.view.hidden ? ", hidden" : "") +
-             (tender.state().offlinePanelVisible ? ", offline panel" : "") +
-             (story.app.values.managerCheckMode.empty() ? "" : ", a manager's card is awaited"));
+        tell(
+            (story.answered() ? story.answer().substr(0, story.answer().find('\r')) : "no answer") +
+            ", " + std::to_string(story.pending().size()) + " records, " +
+            std::to_string(story.station.printers.collected.size()) + " slips" +
+            (story.station.has(support::TenderStory::kMarker) ? ", marker" : "") +
+            (story.view.hidden ? ", hidden" : "") +
+            (tender.state().offlinePanelVisible ? ", offline panel" : "") +
+            (story.app.values.managerCheckMode.empty() ? "" : ", a manager's card is awaited"));
     }
 
     std::vector<Section> leftBehind() override
     {
-        std::vector<Section> parts = {
-            {"end", {ended()}},
-            {"folders", {story.app.values.Maindir, story.app.values.Remotedir}},
-            {"screen", fieldLines()},
-            {"status", story.view.status},
-            {"payment", paymentLines()},
-            {"boxes", boxes()},
-            {"asked", story.view.asked},
-            {"watched", watched},
-            {"records", recordLines()},
-            {"slips", slipLines()}};
-        parts[3].lines.erase(parts[3].lines.begin()); // before the first
+        std::vector<Section> parts = {{"tender", tenderLines()},
+                                      {"payment", paymentLines()},
+                                      {"watched", watched},
+                                      {"records", recordLines()},
+                                      {"slips", slipLines()}};
         addFiles(parts);
         std::erase_if(parts, [](const Section &part) { return part.lines.empty(); });
         return parts;
@@ -134,10 +126,11 @@ private:
                : run.ending()       ? "ended"
                                     : "stays";
     }
-    Lines fieldLines() const
+    Lines tenderLines() const
     {
         const TenderFields &f = story.tender.state();
-        Lines lines;
+        Lines lines = {ended(), "files in " + story.app.values.Maindir + " and " +
+                                    story.app.values.Remotedir};
         for (const auto &[name, shown] :
              {std::pair("card or result ", f.cardOrResult),
               {"audit ", f.auditAmount},
@@ -157,6 +150,11 @@ private:
               {"", std::string(f.offlinePanelVisible ? "offline panel" : "")}})
             if (!shown.empty())
                 lines.push_back(name + shown);
+        for (const auto &[what, list] : {std::pair("status ", story.view.status),
+                                         {"box ", boxes()},
+                                         {"asked ", story.view.asked}})
+            for (const std::string &line : list)
+                lines.push_back(what + line);
         return lines;
     }
     Lines paymentLines() const
@@ -170,7 +168,8 @@ private:
             lines.push_back("left " + file);
         return lines;
     }
-    /// By the file that holds them; a field that was never assigned is not told.
+    /// By the file that holds them; a field that was never assigned is not told, those that were
+    /// assigned nothing in one line.
     Lines recordLines() const
     {
         Lines lines;
@@ -179,10 +178,15 @@ private:
             const std::string path = story.app.values.Remotedir + name;
             if (story.station.has(path))
                 lines.push_back(std::string("in ") + name);
-            for (const CardRecord &record : story.records(path))
+            for (const CardRecord &record : story.records(path)) {
+                std::string blank = "blank";
                 for (const CardField &field : kCardFields)
-                    if (record.raw(field)[0] != '\0')
+                    if (record.text(field).empty())
+                        blank += record.raw(field)[0] == '\0' ? "" : std::string(" ") + field.name;
+                    else
                         lines.push_back(std::string(field.name) + " " + record.text(field));
+                lines.push_back(blank);
+            }
         }
         return lines;
     }

@@ -1,11 +1,8 @@
 # The payment application takes the card. Everything that an approval shows and leaves behind.
 story approved
-== end
+== tender
   ended
-== folders
-  C:\Lumbrio\
-  F:\Lumbrio\
-== screen
+  files in C:\Lumbrio\ and F:\Lumbrio\
   card or result Approved
   server 7
   table 12
@@ -16,13 +13,13 @@ story approved
   command line True
   partial support YES
   kind PreAuth
-== status
-  PLEASE WAIT
-  Waiting for Xcharge Interface
-  
-  Approved
-  Approved Printing Receipt
-  Please Click Finish Tender
+  status 
+  status PLEASE WAIT
+  status Waiting for Xcharge Interface
+  status 
+  status Approved
+  status Approved Printing Receipt
+  status Please Click Finish Tender
 == payment
   starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
 == records
@@ -47,13 +44,12 @@ story approved
   CCSwiped True
   CCStation FRONT-BAR
   CCAdjStatus Not Adjusted
-  CCGiftFlag 
   CCEncoded 1
   HiddenNumb XXXXXXXXXXXX1234
   CCtype VISA
   CCaditionalFUNDS 0
   GCbalance 0
-  CCReserved2 
+  blank CCGiftFlag CCReserved2
   in data\CCFinal0125.dat
 == slips
   [[Receipt TM-88]]
@@ -218,7 +214,7 @@ at 1 s: press No receipt
 story approved deleted prepayment, like approved
 put C:\Lumbrio\Xsend.req | "DelPrePay 12","1043","7","48.50"\r\n
 - == slips
-== screen
+== tender
 * table DelPrePay 12
 == records
 * CCTable DelPrePay
@@ -238,9 +234,11 @@ in vain: put C:\Lumbrio\Data\CCnoPREauth.dat |
 bank approves, BALANCE=12.00, ADDITIONALFUNDSREQUIRED=0.00, NAME=ROSA "ROSE" TEST
 == records
 * CCName ROSA "ROSE" TEST
-* CCGiftFlag GS
+  CCAdjStatus Not Adjusted
++ CCGiftFlag GS
 * CCaditionalFUNDS 0.00
 * GCbalance 12.00
+* blank CCReserved2
 == slips
 * Name: ROSA "ROSE" TEST
   [MERCHANT COPY]
@@ -266,7 +264,7 @@ bank approves, BALANCE=12.00, ADDITIONALFUNDSREQUIRED=0.00, NAME=ROSA "ROSE" TES
 story approved at once with a slip left open, like approved
 put F:\Lumbrio\Data\CCnoPREauth.dat |
 no cut
-== screen
+== tender
 * kind Purchase
 == payment
 * starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
@@ -307,14 +305,13 @@ put D:\Station\X1009Version.dat |
 put D:\Station\Xsend.req | 12,1043,7,48.50\r\n
 - == CCLastProcess.dat
 - == TRACELOG.TXT
-== folders
-+ D:\Station\
-- F:\Lumbrio\
+== tender
+* files in D:\Station\ and C:\Lumbrio\
 
 story approved without a server or partial support, like approved
 put C:\Lumbrio\Xsend.req | "12","1043",,"48.50"\r\n
 put C:\Lumbrio\CCard.dat | x\n\n0\n0\n0\n0\n0\n-1\n-1\n0\n
-== screen
+== tender
 * server 9999
 - name of server Rosalind Test
 * partial support NO
@@ -342,13 +339,14 @@ put C:\Lumbrio\CCard.dat | x\n\n0\n0\n0\n0\n0\n-1\n-1\n0\n
 story approved without a card, like approved
 payment answers: RESULT=SUCCESS\r\nAPPROVALCODE=012345\r\n
 == records
-* CCNumb 
-* CCExpDate 
-* CCName 
+- CCNumb D63579;=?ACE=
+- ...
 - CCXcTranID 00002154
-* CCApprovedAmt 
+  CCTabAmt 48.50
+- CCApprovedAmt 48.50
 * HiddenNumb XXXX XXXX XXXX
 - CCtype VISA
+* blank CCNumb CCExpDate CCName CCApprovedAmt CCGiftFlag CCReserved2
 == slips
 * Name: 
 * Card: XXXX XXXX XXXX  TransRecord 1
@@ -379,11 +377,12 @@ story approved without a printer, like approved
 printers none
 answer Ok
 - == slips
-== boxes
-  [NOT PRINTED] The merchant's slip and the customer's slip were not printed: no printer is installed. The card is approved: do not run it again. Reprint from the manager's list.
-  Receipt: 1043
-  Amount: $48.50
-  Approval code: 012345 (Ok)
+== tender
+  status Please Click Finish Tender
++ box [NOT PRINTED] The merchant's slip and the customer's slip were not printed: no printer is installed. The card is approved: do not run it again. Reprint from the manager's list.
++ box Receipt: 1043
++ box Amount: $48.50
++ box Approval code: 012345 (Ok)
 == CCLastProcess.dat
     Printing Merchant 3
 +   NOT PRINTED - merchant's slip - no printer is installed
@@ -394,6 +393,76 @@ answer Ok
 +   NOT PRINTED - merchant's slip - no printer is installed
 +   NOT PRINTED - customer's slip - no printer is installed
 
+# Told once record and answer stand, until somebody presses OK; no other command hurries it away.
+story merchants slip not printed, like approved without a printer
+printer fails no room on the disk
+answer Ok
+when a box is open: look
+  "Approved", 1 records, 1 slips
+when a box is open: in vain: press Cancel
+when a box is open: in vain: press Finish Tender
+== tender
+* box [NOT PRINTED] The merchant's slip was not printed on Receipt TM-88: no room on the disk. The card is approved: do not run it again. Reprint from the manager's list.
+== slips
+  [[Receipt TM-88]]
+  [CUSTOMER COPY]
+  1 Quay Street
+  01/15/25  01:05 PM  1043 - 7 Rosalind - 12
+  Name: ROSALIND/TEST
+  Card: XXXXXXXXXXXX1234
+  Amount      $48.50
+  [CUSTOMER COPY]
+  - - - cut - - -
+== CCLastProcess.dat
+*   NOT PRINTED - merchant's slip - no room on the disk - Receipt TM-88
+-   NOT PRINTED - customer's slip - no printer is installed
+== TRACELOG.TXT
+*   NOT PRINTED - merchant's slip - no room on the disk - Receipt TM-88
+-   NOT PRINTED - customer's slip - no printer is installed
+
+story customers slip not printed, like merchants slip not printed
+printer fails done
+printer fails not there
+answer Ok
+== tender
+* box [NOT PRINTED] The customer's slip was not printed on Receipt TM-88: the printer is not there. The card is approved: do not run it again. Reprint from the manager's list.
+== slips
+- [CUSTOMER COPY]
++ [MERCHANT COPY]
+* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
+* Card: XXXXXXXXXXXX1234  TransRecord 1
++ AUTH - 012345  Terminal FRONT-BAR
+- [CUSTOMER COPY]
++ [MERCHANT COPY]
+== CCLastProcess.dat
+*   NOT PRINTED - customer's slip - the printer is not there - Receipt TM-88
+== TRACELOG.TXT
+*   NOT PRINTED - customer's slip - the printer is not there - Receipt TM-88
+
+story partial and nothing printed, like partial
+bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
+printer fails device or network error
+answer Ok
+- == slips
+== tender
+  status Please Click Finish Tender
++ box [NOT PRINTED] The merchant's slip, the customer's slip and the server's notice were not printed on Receipt TM-88: device or network error. The card is approved: do not run it again. Reprint from the manager's list.
++ box Receipt: 1043
++ box Amount: $48.50
++ box Approved: $30.00
++ box Approval code: 012345 (Ok)
+== CCLastProcess.dat
+   not able to VRD 
++   NOT PRINTED - merchant's slip - device or network error - Receipt TM-88
++   NOT PRINTED - customer's slip - device or network error - Receipt TM-88
++   NOT PRINTED - server's notice - device or network error - Receipt TM-88
+== TRACELOG.TXT
+  ******  END Respone File For Lumbrio ******
+  
++   NOT PRINTED - merchant's slip - device or network error - Receipt TM-88
++   NOT PRINTED - customer's slip - device or network error - Receipt TM-88
++   NOT PRINTED - server's notice - device or network error - Receipt TM-88
+
 # The guest pays the rest with another card, so both slips must say what is left.
 story partial, like approved
 bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
@@ -401,8 +470,9 @@ bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
 * CCApprovedAmt 30
 * CCAdjStatus Adjusted - Pending
 + CCAdjAmt 30
-* CCGiftFlag GS
++ CCGiftFlag GS
 * CCaditionalFUNDS 18.50
+* blank CCReserved2
 == slips
 - [MERCHANT COPY]
 + [PARTIAL PAYMENT MERCHANT COPY]
@@ -451,7 +521,7 @@ bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
 story partial at once, like partial
 put F:\Lumbrio\Data\CCnoPREauth.dat |
 bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
-== screen
+== tender
 * kind Purchase
 == payment
 * starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
@@ -465,15 +535,33 @@ bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
 == TRACELOG.TXT
 *   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
 
+# What an operator sees who waits, with the moments in ms.
 story approved after the second start, like approved
+watch
 payment keeps silent
 at 51.1 s: bank approves now
-== status
-  
-+ Connection Problems Press Cancel
-+ 
+== tender
+  status Waiting for Xcharge Interface
+  status 
++ status Connection Problems Press Cancel
++ status 
 == payment
 + starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+== watched
+  0, 0 starts, 
+  100, 0 starts, PLEASE WAIT
+  100, 0 starts, Waiting for Xcharge Interface
+  100 Cancel, 0 starts, Waiting for Xcharge Interface
+  600 counting, 1 starts, Waiting for Xcharge Interface
+  8600 Cancel panel counting, 1 starts, Waiting for Xcharge Interface
+  10200 Cancel panel counting, 1 starts, 
+  47640 Cancel panel warning red ribbons counting, 1 starts, 
+  48600 Cancel panel warning red ribbons counting, 2 starts, 
+  49560 Cancel panel warning red ribbons counting, 2 starts, Connection Problems Press Cancel
+  51100 Cancel panel warning red ribbons counting, 2 starts, 
+  51100 Cancel panel warning red ribbons counting, 2 starts, Approved
+  51100 Cancel panel warning red ribbons counting, 2 starts, Approved Printing Receipt
+  51100 Cancel panel warning red ribbons counting, 2 starts, Please Click Finish Tender
 == slips
 * 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 52
 == CCLastProcess.dat

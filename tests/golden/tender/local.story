@@ -4,12 +4,9 @@ at 500 ms: swipe
 
 # The screen takes the card, the payment server asks the bank.
 story local approved
-== end
+== tender
   ended
-== folders
-  C:\Lumbrio\
-  F:\Lumbrio\
-== screen
+  files in C:\Lumbrio\ and F:\Lumbrio\
   card or result %B4111111111111111^
   audit $48.50
   server 7
@@ -25,15 +22,15 @@ story local approved
   expires 2809
   first name ROSALIND A
   last name TEST
-== status
-  Waiting for You to Swipe the Card
-  Validating Card Number 
-  Just a Moment Please 
-  Dialing for Card Approval
-  Approved\r\nA12345
-  Approved - A12345
-  Approved Printing Receipt
-  Please Click Finish Tender
+  status 
+  status Waiting for You to Swipe the Card
+  status Validating Card Number 
+  status Just a Moment Please 
+  status Dialing for Card Approval
+  status Approved\r\nA12345
+  status Approved - A12345
+  status Approved Printing Receipt
+  status Please Click Finish Tender
 == payment
   takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
 == records
@@ -45,7 +42,6 @@ story local approved
   CCServer 7
   CCTable 12
   CCTabAmt 48.50
-  CCApprovedAmt 
   CResponse YA12345
   CApprovalCode A12345
   CCstatus Approved
@@ -57,11 +53,10 @@ story local approved
   CCSwiped True
   CCStation FRONT-BAR
   CCAdjStatus Not Adjusted
-  CCGiftFlag 
   CCEncoded 1
   HiddenNumb XXXX XXXX XXXX 1111
   CCaditionalFUNDS 0
-  CCReserved2 
+  blank CCApprovedAmt CCGiftFlag CCReserved2
 == slips
   [[Receipt TM-88]]
   [MERCHANT COPY]
@@ -155,12 +150,13 @@ story local approved
 story local approved with a record that cannot be stored, like local approved
 fail append CCPending.dat
 answer Ok
-== boxes
-  [RECORD NOT STORED] The bank approved this card, but its record could not be stored (access denied). Do not charge the card again. The record is kept at this station, which stores it as soon as it can. Tell the manager.
-  Receipt: 1043
-  Amount: $48.50
-  Approval code: A12345
-  F:\Lumbrio\CCPending.dat (Ok)
+== tender
+  status Please Click Finish Tender
++ box [RECORD NOT STORED] The bank approved this card, but its record could not be stored (access denied). Do not charge the card again. The record is kept at this station, which stores it as soon as it can. Tell the manager.
++ box Receipt: 1043
++ box Amount: $48.50
++ box Approval code: A12345
++ box F:\Lumbrio\CCPending.dat (Ok)
 == records
   in CCPending.dat
 == slips
@@ -182,6 +178,27 @@ fail remove .ans
   Actual Seconds for Response  2
 +   NOT DELETED - access denied - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
 
+story local approved and nothing printed, like local approved
+printer fails device or network error
+printer fails device or network error
+answer Ok
+- == slips
+== tender
+  status Please Click Finish Tender
++ box [NOT PRINTED] The merchant's slip and the customer's slip were not printed on Receipt TM-88: device or network error. The card is approved: do not run it again. Reprint from the manager's list.
++ box Receipt: 1043
++ box Amount: $48.50
++ box Approval code: A12345 (Ok)
+== CCLastProcess.dat
+    Printing Merchant 2
++   NOT PRINTED - merchant's slip - device or network error - Receipt TM-88
++   NOT PRINTED - customer's slip - device or network error - Receipt TM-88
+== TRACELOG.TXT
+  ******  END Respone File For Lumbrio ******
+  
++   NOT PRINTED - merchant's slip - device or network error - Receipt TM-88
++   NOT PRINTED - customer's slip - device or network error - Receipt TM-88
+
 story local cancelled too late, like local approved
 payment keeps silent
 at 20 s: bank approves now
@@ -198,12 +215,11 @@ at 20 s: in vain: press Cancel
 story local declined, like local approved
 payment answers: "N4111111111111111 IS NOT 4111-1111 1111 1111/2809 OR 123456789012"
 - == slips
-== status
-- Approved\r\nA12345
-- Approved - A12345
-- Approved Printing Receipt
-+ Declined\r\nXXXX XXXX
-+ Declined - XXXX XXXX
+== tender
+  status Dialing for Card Approval
+* status Declined\r\nXXXX XXXX
+* status Declined - XXXX XXXX
+- status Approved Printing Receipt
 == records
 * CResponse NXXXX XXXX XXXX 1111
 * CApprovalCode XXXX XXXX
@@ -226,10 +242,10 @@ payment answers: "N4111111111111111 IS NOT 4111-1111 1111 1111/2809 OR 123456789
 
 story local declined by a small y, like local declined
 payment answers: "yA12345"
-== status
-- Declined\r\nXXXX XXXX
-+ Declined\r\nA12345
-* Declined - A12345
+== tender
+  status Dialing for Card Approval
+* status Declined\r\nA12345
+* status Declined - A12345
 == payment
   takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
 + left FRONT-BAR011525130502-20250115-130505.ans
@@ -251,17 +267,17 @@ payment answers: "yA12345"
 story local declined at once by an empty answer, like local declined by a small y
 payment answers:
 put F:\Lumbrio\Data\CCnoPREauth.dat |
-== screen
+== tender
 * kind Purchase
-== status
-- Declined\r\nA12345
-+ Declined\r\n
-* Declined - 
+  status Dialing for Card Approval
+* status Declined\r\n
+* status Declined - 
 == payment
 * takes "C6","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
 == records
-* CResponse 
-* CApprovalCode 
+- CResponse yA12345
+- CApprovalCode A12345
+* blank CCApprovedAmt CResponse CApprovalCode CCGiftFlag CCReserved2
 == Xsend.ans
 * 3 "          "
 * 10 "                    "
@@ -274,10 +290,10 @@ put F:\Lumbrio\Data\CCnoPREauth.dat |
 
 story local declined by bytes, like local declined by a small y
 payment answers: \0\xFFY
-== status
-- Declined\r\nA12345
-+ Declined\r\nY
-* Declined - Y
+== tender
+  status Dialing for Card Approval
+* status Declined\r\nY
+* status Declined - Y
 == records
 * CResponse \xFFY
 * CApprovalCode Y
@@ -292,10 +308,10 @@ payment answers: \0\xFFY
 
 story local declined by a long answer, like local declined by a small y
 payment answers at length
-== status
-- Declined\r\nA12345
-+ Declined\r\nZZZZZZZZZZ
-* Declined - ZZZZZZZZZZ
+== tender
+  status Dialing for Card Approval
+* status Declined\r\nZZZZZZZZZZ
+* status Declined - ZZZZZZZZZZ
 == records
 * CResponse ZZZZZZZZZZZZZZZZZZZZ
 * CApprovalCode ZZZZZZZZZZ
@@ -317,10 +333,10 @@ at 30 s: press Cancel
 - == records
 - == slips
 - == TRACELOG.TXT
-== status
-- Approved\r\nA12345
+== tender
+- status Approved\r\nA12345
 - ...
-- Please Click Finish Tender
+- status Please Click Finish Tender
 == Xsend.ans
 * 1 "Declined"
 * 3 "          "
@@ -340,10 +356,10 @@ at 9 s: stop waiting
 - == payment
 - == records
 - == slips
-== status
-- Approved\r\nA12345
+== tender
+- status Approved\r\nA12345
 - ...
-- Please Click Finish Tender
+- status Please Click Finish Tender
 == Xsend.ans
 * 1 "Declined"
 * 3 "          "
@@ -361,50 +377,19 @@ at 9 s: stop waiting
 *   CCdata.CCstatus - Dialing   
 *   CCdata.CResponse -                     
 
-story local wait counts, like local wait stopped
-payment keeps silent
-watch
-- == Xsend.ans
-- == TRACELOG.TXT
-== end
-  waits
-== status
-  Dialing for Card Approval
-+ Connection Problems Press Cancel
-== payment
-  left FRONT-BAR011525130502.req
-== watched
-  0, 0 starts, 
-  100 Cancel, 0 starts, Waiting for You to Swipe the Card
-  500 Cancel, 0 starts, Validating Card Number 
-  2000 Cancel, 0 starts, Just a Moment Please 
-  2000 Cancel, 0 starts, Dialing for Card Approval
-  2000, 0 starts, Dialing for Card Approval
-  2000 counting, 0 starts, Dialing for Card Approval
-  16400 Cancel counting, 0 starts, Dialing for Card Approval
-  22000 Cancel panel counting, 0 starts, Dialing for Card Approval
-  49040 Cancel panel warning red ribbons counting, 0 starts, Dialing for Card Approval
-  50960 Cancel panel warning red ribbons counting, 0 starts, Connection Problems Press Cancel
-== XAudit.DAT
-  "48.5"
-== CCLastProcess.dat
-- Unable to Connect - Internet may be down 
-- Actual Seconds waited for Response  7
-
 story local answer not read, like local wait stopped
 answer Ok
 fail open .ans
-== status
-  Dialing for Card Approval
-+ The payment answered, but its answer cannot be read
+== tender
+  status Dialing for Card Approval
++ status The payment answered, but its answer cannot be read
++ box [OUTCOME UNKNOWN] The payment answered, but its answer cannot be read (access denied). The card may be charged. Do not run it again before the manager has looked into the payment application. The point of sale was told "Declined".
++ box Receipt: 1043
++ box Amount: $48.50
++ box C:\Lumbrio\Data\Unknown-20250115-130505 (Ok)
 == payment
   takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
   left FRONT-BAR011525130502.ans
-== boxes
-  [OUTCOME UNKNOWN] The payment answered, but its answer cannot be read (access denied). The card may be charged. Do not run it again before the manager has looked into the payment application. The point of sale was told "Declined".
-  Receipt: 1043
-  Amount: $48.50
-  C:\Lumbrio\Data\Unknown-20250115-130505 (Ok)
 == CCLastProcess.dat
 - Unable to Connect - Internet may be down 
 - Actual Seconds waited for Response  7
@@ -416,8 +401,9 @@ fail open .ans
 story local folder missing, like local wait stopped
 erase c:\Program Files\X-Charge\LocalTran
 answer Ok
-== boxes
-  [Request File] The request for this card cannot be written to the Xcharge folder, so this card was not charged. Please try again, or check the connection to the Xcharge computer. (Ok)
+== tender
+  status Dialing for Card Approval
++ box [Request File] The request for this card cannot be written to the Xcharge folder, so this card was not charged. Please try again, or check the connection to the Xcharge computer. (Ok)
 == CCLastProcess.dat
 - First Name - ROSALIND A
 - ...
@@ -435,20 +421,20 @@ put C:\Lumbrio\XAudit.DAT | "40.00"\r\n
 answer Cancel
 - == payment
 - == slips
-== screen
+== tender
 * card or result Wrong Amount
 * audit $40.00
-== status
-- Approved\r\nA12345
-- Approved - A12345
-- Approved Printing Receipt
-* Please Click Cancel
-== boxes
-  [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL (Ok, Cancel)
+  status Dialing for Card Approval
+* status Please Click Cancel
+- status Approved - A12345
+- status Approved Printing Receipt
+- status Please Click Finish Tender
++ box [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL (Ok, Cancel)
 == records
-* CResponse 
-* CApprovalCode 
-* CCstatus 
+- CResponse YA12345
+- CApprovalCode A12345
+- CCstatus Approved
+* blank CCApprovedAmt CResponse CApprovalCode CCstatus CCGiftFlag CCReserved2
 == Xsend.ans
 * 1 ""
 * 2 ""
@@ -479,14 +465,14 @@ at 400 ms: a manager's card is read
 - == slips
 - == Xsend.ans
 - == TRACELOG.TXT
-== end
-  stays
-== screen
+== tender
+- ended
++ stays
 - audit $48.50
-== status
-- Approved\r\nA12345
+  status Dialing for Card Approval
+- status Approved\r\nA12345
 - ...
-- Please Click Finish Tender
+- status Please Click Finish Tender
 == XAudit.DAT
   "48.5"
 == CCLastProcess.dat

@@ -6,12 +6,11 @@ answer Ok
 at 500 ms: first track %B4111111111111111^TEST/R?
 at 500 ms: second track ;4111111111111111=28091010000000000?
 at 10 s: swipe
-== status
-  Waiting for You to Swipe the Card
-+ Validating Card Number 
-== boxes
-  [INVALID] You have entered an INVALID CARD NUMBER
-         Please Try Another Card (Ok)
+== tender
+  status Waiting for You to Swipe the Card
++ status Validating Card Number 
+* box [INVALID] You have entered an INVALID CARD NUMBER
++ box        Please Try Another Card (Ok)
 == BadSwipe.dat
   %B4111111111111111^TEST/R?;4111111111111111=28091010000000000?
 
@@ -20,12 +19,11 @@ answer Ok
 at 500 ms: first track ;4111111111111111=28091010000?
 at 500 ms: second track +5?
 at 10 s: swipe
-== status
-  Waiting for You to Swipe the Card
-+ Validating Card Number 
-== boxes
-  [INVALID] You have entered an INVALID CARD NUMBER
-         Please Try Another Card (Ok)
+== tender
+  status Waiting for You to Swipe the Card
++ status Validating Card Number 
+* box [INVALID] You have entered an INVALID CARD NUMBER
++ box        Please Try Another Card (Ok)
 == BadSwipe.dat
   ;4111111111111111=28091010000?+5?
 
@@ -33,12 +31,12 @@ story local approved after an expired card, like local approved
 answer Ok
 at 500 ms: first track %B4111111111111111^TEST/R^2412101?
 at 10 s: swipe
-== status
-  Waiting for You to Swipe the Card
-+ Just a Moment Please 
-+ Waiting for Card Number 
-== boxes
-  [Expired] You have entered an EXPIRED CARD NUMBER. Please Try Another Card (Ok)
+== tender
+  status Waiting for You to Swipe the Card
++ status Just a Moment Please 
++ status Waiting for Card Number 
+  status Please Click Finish Tender
++ box [Expired] You have entered an EXPIRED CARD NUMBER. Please Try Another Card (Ok)
 == CCLastProcess.dat
 * New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130511.req
 
@@ -51,9 +49,9 @@ at 500 ms: first track %B5500000000000004^OTHER/GUEST^2809
 at 900 ms: press Enter Manually
 at 1.5 s: first track %B5500000000000004^OTHER/GUEST^2809%B4111111111111111^TEST/ROSALIND A^28091010000000000000?
 at 1.5 s: second track ;4111111111111111=28091010000000000?
-== status
-  Waiting for You to Swipe the Card
-+ Waiting for Card Number 
+== tender
+  status Waiting for You to Swipe the Card
++ status Waiting for Card Number 
 == payment
   takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
 + left FRONT-BAR-2011525130000.tmp
@@ -71,7 +69,7 @@ at 1.5 s: second track ;4111111111111111=28091010000000000?
 story local approved by command line beside a swipe, like approved
 put C:\Lumbrio\X1009Version.dat |
 at 900 ms: in vain: swipe
-== screen
+== tender
   card or result Approved
 + audit $48.50
 
@@ -84,20 +82,21 @@ at 900 ms: second track +9?
 story local approved typed, like local approved
 type card 4111111111111111 0928 123
 at 500 ms: press Enter Manually
-== screen
+== tender
 * card or result 4111111111111111
 - first name ROSALIND A
 - last name TEST
-== status
-- Validating Card Number 
-- Just a Moment Please 
-- Dialing for Card Approval
+  status Waiting for You to Swipe the Card
+- status Validating Card Number 
+- status Just a Moment Please 
+- status Dialing for Card Approval
 == payment
 * takes "C1","7","1043","4111111111111111","2809","48.5","99999","123"
 == records
-* CCName 
+- CCName ROSALIND A TEST
 * CCVerify 123
 * CCSwiped False
+* blank CCName CCApprovedAmt CCGiftFlag CCReserved2
 == slips
 * 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 1
 * Name: 
@@ -124,14 +123,16 @@ put C:\Lumbrio\CCard.dat | x\n\n-1\n-1\n-1\n-1\n-1\n-1\n0\n-1\n
 put F:\Lumbrio\Data\CCnoPREauth.dat |
 type card 4111111111111111 0928
 at 500 ms: press Enter Manually
-== screen
+== tender
 * kind Purchase
 == payment
 * takes "C6","7","1043","4111111111111111","2809","58.2","99999"
 == records
 * CCSaleAmt 58.2
-* CCApprovedAmt 58.2
-* CCVerify 
+  CCTabAmt 48.50
++ CCApprovedAmt 58.2
+- CCVerify 123
+* blank CCName CCVerify CCGiftFlag CCReserved2
 == CCLastProcess.dat
 * Amount Sent - 58.2
 == TRACELOG.TXT
@@ -141,7 +142,7 @@ story local approved typed with the defaults, like local approved typed
 put C:\Lumbrio\Xsend.req | ,,,48.50\r\n
 type card 4111111111111111 0928 123
 at 500 ms: press Enter Manually
-== screen
+== tender
 - server 7
 - table 12
 - receipt 1043
@@ -173,14 +174,15 @@ at 500 ms: press Enter Manually
 story local card before the request, like payment application missing
 in vain: first track %B4111111111111111^TEST/ROSALIND A^28091010000000000000?
 in vain: second track ;4111111111111111=28091010000000000?
-- == boxes
 - == records
-== end
-  stays
-== screen
+== tender
+- ended
++ stays
 * command line False
-== status
-  Waiting for You to Swipe the Card
+  status 
+* status Waiting for You to Swipe the Card
+- status Waiting for Xcharge Interface
+- box [Data File Not Found] The Xcharge Program was not found on this computer. Xcharge must first be installed on this computer before you can process a credit card. Pless contact Tech Support at 555-010-0199. (Ok)
 == XAudit.DAT
   "48.5"
 == CCLastProcess.dat
@@ -205,24 +207,24 @@ at 52 s: press Warning
 - == slips
 - == Xsend.ans
 - == TRACELOG.TXT
-== end
-  waits
-== status
-  Waiting for You to Swipe the Card
-  Just a Moment Please 
-  Dialing for Card Approval
-  Connection Problems Press Cancel
+== tender
+- ended
++ waits
+- status Validating Card Number 
+  status Dialing for Card Approval
+* status Connection Problems Press Cancel
+- status Approved - A12345
+- status Approved Printing Receipt
+- status Please Click Finish Tender
++ box [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
++ box [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
++ asked Open the card setup $48.50
++ asked Open the card setup $48.50
++ asked setup
++ asked remove
 == payment
   starts c:\Program Files\X-Charge\Xchrgsrv.exe / T
   left FRONT-BAR011525130503.req
-== boxes
-  [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
-  [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
-== asked
-  Open the card setup $48.50
-  Open the card setup $48.50
-  setup
-  remove
 == XAudit.DAT
   "48.5"
 == CCLastProcess.dat

@@ -11,18 +11,19 @@ at 23 s: press YES
 when the manager is asked: look
   no answer, 0 records, 0 slips, a manager's card is awaited
 when the manager is asked: approve Margaret Manager
-== status
-- Approved\r\nA12345
+== tender
+- status Approved\r\nA12345
 - ...
-- Please Click Finish Tender
-== asked
-  Approve this card OFFLINE $48.50
+- status Please Click Finish Tender
++ asked Approve this card OFFLINE $48.50
 == records
-* CCApprovedAmt 48.50
+  CCTabAmt 48.50
++ CCApprovedAmt 48.50
 * CResponse YOFFLINE
 * CApprovalCode OFFLINE
   CCEncoded 1
 + CCTroutID OFFLINE
+* blank CCGiftFlag CCReserved2
 == slips
 * 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 21
 - AUTH - A12345  Terminal FRONT-BAR
@@ -72,8 +73,9 @@ bank approves after 26 s
 at 23 s: press YES
 when the manager is asked: pass 10 s
 when the manager is asked: approve Margaret Manager
-== asked
-  Approve this card OFFLINE $48.50
+== tender
+  status Please Click Finish Tender
++ asked Approve this card OFFLINE $48.50
 == slips
 * 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 21
 == CCLastProcess.dat
@@ -86,8 +88,9 @@ at 500 ms: swipe
 bank approves after 40 s
 at 23 s: press YES
 when the manager is asked: approve NO
-== asked
-  Approve this card OFFLINE $48.50
+== tender
+  status Please Click Finish Tender
++ asked Approve this card OFFLINE $48.50
 == slips
 * 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 41
 == CCLastProcess.dat
@@ -97,6 +100,7 @@ when the manager is asked: approve NO
 
 # A request that nobody took is taken back, so that the server does not charge it later.
 story local offline untaken, like local offline approved
+watch
 payment keeps silent
 type card 4111111111111111 0928 123
 at 500 ms: press Enter Manually
@@ -105,18 +109,29 @@ at 22 s: press NO
 at 23 s: press YES, though disabled
 at 60 s: press YES
 - == payment
-== screen
+== tender
 * card or result 4111111111111111
 - first name ROSALIND A
 - last name TEST
-== status
-  Waiting for You to Swipe the Card
-  Connection Problems Press Cancel
+  status Waiting for You to Swipe the Card
+* status Connection Problems Press Cancel
+- status Just a Moment Please 
+- status Dialing for Card Approval
+== watched
+  0, 0 starts, 
+  100 Cancel, 0 starts, Waiting for You to Swipe the Card
+  500, 0 starts, Waiting for You to Swipe the Card
+  500 counting, 0 starts, Waiting for You to Swipe the Card
+  14900 Cancel counting, 0 starts, Waiting for You to Swipe the Card
+  20500 Cancel panel counting, 0 starts, Waiting for You to Swipe the Card
+  47540 Cancel panel warning red ribbons counting, 0 starts, Waiting for You to Swipe the Card
+  49460 Cancel panel warning red ribbons counting, 0 starts, Connection Problems Press Cancel
 == records
-* CCName 
+- CCName ROSALIND A TEST
 * CCTime 01:06 PM
 * CCVerify 123
 * CCSwiped False
+* blank CCName CCGiftFlag CCReserved2
 == slips
 * 01/15/25  01:06 PM  1043 - 7 Rosalind - 12 - 61
 * Name: 
@@ -139,19 +154,23 @@ payment keeps silent
 type card 4111111111111111
 at 500 ms: press Enter Manually
 at 60 s: press YES
-- == boxes
-== screen
+== tender
 * card or result 4111111111111111
 - expires 2809
 - first name ROSALIND A
 - last name TEST
-== status
-- Just a Moment Please 
-- Dialing for Card Approval
+  status Waiting for You to Swipe the Card
+- status Just a Moment Please 
+- status Dialing for Card Approval
+  status Connection Problems Press Cancel
+- box [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
+- box [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
+* asked Approve this card OFFLINE $48.50
+- asked Open the card setup $48.50
+- asked setup
+- asked remove
 == payment
   left FRONT-BAR011525130500.req
-== asked
-  Approve this card OFFLINE $48.50
 == CCLastProcess.dat
   **********************************************************
                  
@@ -163,3 +182,24 @@ at 60 s: press YES
   Card Number Ready - XXXX XXXX XXXX 1111
 * Card Expires on - 
 * New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130500.req
+
+# The answer lies there while the manager says yes, and nobody can look at it: never taken for none,
+# or the guest would be charged by the bank and once more offline.
+story local offline approved beside an answer that cannot be looked at, like local offline answered meanwhile
+at 500 ms: swipe
+bank approves after 60 s
+when the manager is asked: fail look .ans, device or network error
+when the manager is asked: approve Margaret Manager
+at 50 s: press YES
+at 70 s: mend look .ans
+== tender
+  last name TEST
++ offline panel
+  status Dialing for Card Approval
++ status Connection Problems Press Cancel
+== slips
+* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 70
+== CCLastProcess.dat
+  Actual Response From Xcharge YA12345
+* Actual Seconds for Response  70
+*   Printing Merchant 70

@@ -1,17 +1,18 @@
 story declined, like approved without a card
 bank declines
 - == slips
-== screen
+== tender
 * card or result Declined
-== status
-- Approved
-- Approved Printing Receipt
-+ Declined
-* Please Click Cancel
+  status Waiting for Xcharge Interface
+  status 
+* status Declined
+* status Please Click Cancel
+- status Please Click Finish Tender
 == records
 * CResponse DECLINED
-* CApprovalCode 
+- CApprovalCode 012345
 * CCstatus Declined
+* blank CCNumb CCExpDate CCName CCApprovedAmt CApprovalCode CCGiftFlag CCReserved2
 == Xsend.ans
 * 1 "Declined"
 * 2 "Declined"
@@ -40,11 +41,14 @@ bank declines
 story declined with what the bank says of the card, like declined
 bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
 == records
-* CCNumb D63579;=?ACE=
-* CCName ROSALIND/TEST
-* CCGiftFlag GS
+  in CCPending.dat
++ CCNumb D63579;=?ACE=
++ CCName ROSALIND/TEST
+  CCAdjStatus Not Adjusted
++ CCGiftFlag GS
 * HiddenNumb XXXXXXXXXXXX1234
 * CCaditionalFUNDS 18.50
+* blank CCExpDate CCApprovedAmt CApprovalCode CCReserved2
 == Xsend.ans
 * 6 "XXXXXXXXXXXX1234              "
 * 10 "ROSALIND/TEST                 "
@@ -63,7 +67,7 @@ bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIN
 story declined at once, like declined
 put F:\Lumbrio\Data\CCnoPREauth.dat |
 bank declines
-== screen
+== tender
 * kind Purchase
 == payment
 * starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
@@ -95,13 +99,14 @@ fail rename Xsend.ans
 fail open Xsend.ans
 bank declines
 - == Xsend.ans
-== end
-  failed
-== boxes
-  [NO ANSWER FOR THE POINT OF SALE] The point of sale gets no answer (access denied). This tender ended without an approval. Tell the manager before the card is run again.
-  Receipt: 1043
-  Amount: $48.50
-  C:\Lumbrio\Xsend.ans (Ok)
+== tender
+- ended
++ failed
+  status Please Click Cancel
++ box [NO ANSWER FOR THE POINT OF SALE] The point of sale gets no answer (access denied). This tender ended without an approval. Tell the manager before the card is run again.
++ box Receipt: 1043
++ box Amount: $48.50
++ box C:\Lumbrio\Xsend.ans (Ok)
 == CCLastProcess.dat
   ******************************************************
   ------------------------------------------------------
@@ -113,11 +118,11 @@ bank declines
 answer Ok
 when an old program is ended: bank approves now
 when a box is open: bank approves now
-== screen
+== tender
   card or result Declined
 + audit $50.00
-== boxes
-  [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL - This station may need a Re-Boot (Ok, Cancel)
+  status Please Click Cancel
++ box [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL - This station may need a Re-Boot (Ok, Cancel)
 == CCLastProcess.dat
   **********************************************************
                  
@@ -131,12 +136,11 @@ when a box is open: bank approves now
 story timed out and cancelled, like declined
 payment answers: RESULT=TIMEOUT\r\n
 at 20 s: look
-  "Declined"
   "Declined", 1 records, 0 slips
 at 20 s: press Cancel
-== status
-  Please Click Cancel
-+ 
+== tender
+  status Please Click Cancel
++ status 
 == records
 * CResponse TIMEOUT
 == Xsend.ans
@@ -166,17 +170,15 @@ at 7 s: press Cancel, though disabled
 at 11.6 s: in vain: put F:\Lumbrio\ServerISBatching.dat |
 at 11.6 s: press Cancel
 at 11.6 s: look
-  "Declined"
-  "48.50    , 0 records, 0 slips
+  "Declined", 0 records, 0 slips
 - == slips
 - == TRACELOG.TXT
-== screen
+== tender
 - card or result Approved
 + audit $48.50
-== status
-- Approved
-- Approved Printing Receipt
-- Please Click Finish Tender
+- status Approved
+- status Approved Printing Receipt
+- status Please Click Finish Tender
 == records
   in data\CCFinal0125.dat
 == Xsend.ans
@@ -197,8 +199,9 @@ story cancelled before a swipe, like local card before the request
 erase C:\Lumbrio\X1009Version.dat
 at 5 s: press Cancel
 - == XAudit.DAT
-== end
-  ended
+== tender
+- stays
++ ended
 == Xsend.ans
   1 "Declined"
   2 "          "
@@ -224,13 +227,13 @@ answer Ok
 - == slips
 - == Xsend.ans
 - == TRACELOG.TXT
-== screen
+== tender
 - card or result Approved
-== status
-  PLEASE WAIT
-  Waiting for Xcharge Interface
-== boxes
-  [Data File Not Found] The Xcharge Program was not found on this computer. Xcharge must first be installed on this computer before you can process a credit card. Pless contact Tech Support at 555-010-0199. (Ok)
+  status Waiting for Xcharge Interface
+- status 
+- ...
+- status Please Click Finish Tender
++ box [Data File Not Found] The Xcharge Program was not found on this computer. Xcharge must first be installed on this computer before you can process a credit card. Pless contact Tech Support at 555-010-0199. (Ok)
 == records
   in data\CCFinal0125.dat
 == CCLastProcess.dat
@@ -241,37 +244,25 @@ answer Ok
 story audit refused, like local audit refused
 put C:\Lumbrio\XAudit.DAT | 50.00
 answer Cancel
-== screen
+== tender
 * audit $50.00
 * command line True
 - card 4111111111111111
 - ...
 - last name TEST
-== status
-  PLEASE WAIT
-  Waiting for Xcharge Interface
-  Please Click Cancel
-== boxes
-* [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL - This station may need a Re-Boot (Ok, Cancel)
+  status 
+* status PLEASE WAIT
+* status Waiting for Xcharge Interface
+- status Just a Moment Please 
+- status Dialing for Card Approval
+* box [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL - This station may need a Re-Boot (Ok, Cancel)
 == records
-* CCNumb 
-* CCExpDate 
-* CCName 
-* CCSaleAmt 
-* CCServer 
-* CCTable 
-* CCTabAmt 
-* CCTip 
-* CCReceipt 
-* CCDate 
-* CCTime 
-* CCStation 
-- CCAdjStatus Not Adjusted
-  CCGiftFlag 
-- CCEncoded 1
-- HiddenNumb XXXX XXXX XXXX 1111
-  CCReserved2 
-+ in data\CCFinal0125.dat
+  in CCPending.dat
+  CCVerify 000
+  CCSwiped True
+  CCaditionalFUNDS 0
+  blank CCNumb CCExpDate CCName CCSaleAmt CCServer CCTable CCTabAmt CCApprovedAmt CResponse CApprovalCode CCstatus CCTip CCReceipt CCDate CCTime CCStation CCGiftFlag CCReserved2
+  in data\CCFinal0125.dat
 == Xsend.ans
 * 3 "          "
 * 5 "                    "
@@ -295,10 +286,9 @@ put C:\Lumbrio\Xsend.req | 12,1043,7,$48.50\r\n
 put C:\Lumbrio\XAudit.DAT | 48.50
 answer Ok
 - == records
-== screen
+== tender
 * with gratuity $0.00
-== boxes
-  [ZERO AMOUNT] The system was not able to obtain the amount of this TAB. Please Press Cancel and try again. (Ok)
+* box [ZERO AMOUNT] The system was not able to obtain the amount of this TAB. Please Press Cancel and try again. (Ok)
 == XAudit.DAT
   48.50 (no end of line)
 == CCLastProcess.dat
@@ -309,12 +299,11 @@ put C:\lumbrio\xResultFile.txt |
 fail rename xResultFile.txt
 answer Ok
 - == payment
-== screen
+== tender
 - audit $48.50
-== status
-- 
-== boxes
-  [Result File] The result of an earlier card cannot be removed from this computer, so this card was not charged. Please try again, or restart this station. (Ok)
+  status Waiting for Xcharge Interface
+- status 
++ box [Result File] The result of an earlier card cannot be removed from this computer, so this card was not charged. Please try again, or restart this station. (Ok)
 == CCLastProcess.dat
   **********************************************************
                  
@@ -332,24 +321,23 @@ story data folder missing, like payment application missing
 erase F:\Lumbrio\data
 answer Ok
 - == records
-== end
-  failed
-== screen
+== tender
+- ended
++ failed
 * name of server XXXXXX
-== boxes
-  [] Creating failed: not there
-  F:\Lumbrio\\data\CCFinal0125.dat
-  
-  No card was charged. Try again; if this comes back, call the manager. (Ok)
+* box [] Creating failed: not there
++ box F:\Lumbrio\\data\CCFinal0125.dat
++ box 
++ box No card was charged. Try again; if this comes back, call the manager. (Ok)
 
 story request missing, like server busy
 erase C:\Lumbrio\Xsend.req
 answer Ok
 when a box is open: look
-  "File Not Found"
-  "   , 0 records, 0 slips
-== boxes
-  [Data File Not Found] The Lumbrio Transaction File for this transaction was Not Found. Pless OK to continue and  Go back to the Tender screen and try again. (Ok)
+  "File Not Found", 0 records, 0 slips
+== tender
+  status Waiting for Xcharge Interface
++ box [Data File Not Found] The Lumbrio Transaction File for this transaction was Not Found. Pless OK to continue and  Go back to the Tender screen and try again. (Ok)
 == Xsend.ans
   1 "File Not Found"
   2 "          "
@@ -365,13 +353,14 @@ when a box is open: look
 story configuration locked, like server busy
 lock LumbrioINI.dat
 answer Ok
-== end
-  failed
-== boxes
-  [] Locking failed: locked by another
-  C:\Lumbrio\LumbrioINI.dat
-  
-  No card was charged. Try again; if this comes back, call the manager. (Ok)
+== tender
+- ended
++ failed
+  status Waiting for Xcharge Interface
++ box [] Locking failed: locked by another
++ box C:\Lumbrio\LumbrioINI.dat
++ box 
++ box No card was charged. Try again; if this comes back, call the manager. (Ok)
 
 story server busy, like approved
 put F:\Lumbrio\ServerISBatching.dat |
@@ -385,13 +374,14 @@ when the server is busy: end
 - == slips
 - == Xsend.ans
 - == TRACELOG.TXT
-== screen
+== tender
 - card or result Approved
 - ...
 - name of server Rosalind Test
-== status
-  PLEASE WAIT
-  Waiting for Xcharge Interface
+  status Waiting for Xcharge Interface
+- status 
+- ...
+- status Please Click Finish Tender
 == CCLastProcess.dat
 - ==========================================================
 - ...
@@ -400,41 +390,12 @@ when the server is busy: end
 story helper of another role, like payment application missing
 role TndrMGR
 put C:\Lumbrio\Xsend.req | 12,1043,7,0\r\n
-- == boxes
 - == records
-== end
-  stays
-== screen
+== tender
+- ended
++ stays
 * with gratuity $0.00
+- box [Data File Not Found] The Xcharge Program was not found on this computer. Xcharge must first be installed on this computer before you can process a credit card. Pless contact Tech Support at 555-010-0199. (Ok)
 == CCLastProcess.dat
 * EXE name ********* TndrMGR
 * Sale Amount - 0
-
-story wait counts, like cancelled in the wait
-payment keeps silent
-watch
-- == Xsend.ans
-== end
-  waits
-== screen
-- audit $48.50
-== status
-  
-+ Connection Problems Press Cancel
-== payment
-+ starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
-== watched
-  0, 0 starts, 
-  100, 0 starts, PLEASE WAIT
-  100, 0 starts, Waiting for Xcharge Interface
-  100 Cancel, 0 starts, Waiting for Xcharge Interface
-  600 counting, 1 starts, Waiting for Xcharge Interface
-  8600 Cancel panel counting, 1 starts, Waiting for Xcharge Interface
-  10200 Cancel panel counting, 1 starts, 
-  47640 Cancel panel warning red ribbons counting, 1 starts, 
-  48600 Cancel panel warning red ribbons counting, 2 starts, 
-  49560 Cancel panel warning red ribbons counting, 2 starts, Connection Problems Press Cancel
-== CCLastProcess.dat
-- Cancel was pressed
-- Unable to Connect - Internet may be down 
-- Actual Seconds waited for Response  11
