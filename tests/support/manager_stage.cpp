@@ -6,39 +6,67 @@
 
 #include <filesystem>
 #include <regex>
-#include <set>
 
 namespace support {
 
 using namespace records;
+using details::EntryDetails;
 using pending::Command;
+using pending::Pending;
 using story::Lines;
 using story::takeUntil;
 
 namespace {
 
 constexpr const char *kLogs = "C:\\Lumbrio\\Data\\CCmgrLOGS\\";
-constexpr const char *kOfTheEntry = " of the entry";
 
-const std::pair<const char *, Command> kListCommands[] = {
-    {"Done", Command::Done},
-    {"Process", Command::Process},
-    {"Refresh", Command::Refresh},
-    {"Print", Command::Print},
-    {"Finish", Command::Finish},
-    {"Archive", Command::Archive},
-    {"Totals by Servers", Command::TotalsByServer},
-    {"Continue", Command::Continue},
-    {"Wait", Command::Wait},
-    {"Totals by Terminal", Command::TotalsByTerminal},
-    {"Force ALL NO TIP", Command::ForceAllNoTip},
-    {"Totals by CC Type", Command::TotalsByType},
-    {"Mark Completed", Command::MarkCompleted},
-    {"DELETE RED'S", Command::DeleteDeclines},
-    {"Mark all completed", Command::MarkAllCompleted}};
+const struct {
+    const char *caption;
+    Command command;
+    void (Pending::*press)();
+} kOfTheList[] = {{"Done", Command::Done, &Pending::leave},
+                  {"Process", Command::Process, &Pending::process},
+                  {"Refresh", Command::Refresh, &Pending::refresh},
+                  {"Print", Command::Print, &Pending::print},
+                  {"Finish", Command::Finish, &Pending::finish},
+                  {"Archive", Command::Archive, &Pending::showArchive},
+                  {"Totals by Servers", Command::TotalsByServer, &Pending::showTotalsByServer},
+                  {"Continue", Command::Continue, nullptr},
+                  {"Totals by Terminal", Command::TotalsByTerminal, &Pending::showTotalsByTerminal},
+                  {"Force ALL NO TIP", Command::ForceAllNoTip, &Pending::forceAllNoTip},
+                  {"Totals by CC Type", Command::TotalsByType, &Pending::showTotalsByType},
+                  {"Mark Completed", Command::MarkCompleted, &Pending::markDayCompleted},
+                  {"DELETE RED'S", Command::DeleteDeclines, &Pending::deleteDeclines},
+                  {"Mark all completed", Command::MarkAllCompleted, &Pending::markAllCompleted},
+                  {"picture", Command::MarkAllCompleted, &Pending::markAllCompletedByPicture}};
 
-const char *const kOptions[] = {"Receipt Number", "Server Number", "Table Number", "Tab Amount",
-                                "Time",           "Terminal",      "Status"};
+const std::pair<const char *, void (EntryDetails::*)()> kOfTheEntry[] = {
+    {"Done", &EntryDetails::saveAndClose},
+    {"Force NO TIP", &EntryDetails::forceNoTip},
+    {"Cancel", &EntryDetails::cancel},
+    {"Undo", &EntryDetails::undoTip},
+    {"Delete", &EntryDetails::deleteEntry},
+    {"Customer", &EntryDetails::reprintCustomer},
+    {"Merchant", &EntryDetails::reprintMerchant},
+    {"Save", &EntryDetails::save},
+    {"Force ALL NO TIP", &EntryDetails::forceAllNoTip},
+    {"Delete and Print", &EntryDetails::deleteAndPrint},
+    {"UnDelete", &EntryDetails::undelete},
+    {"Force", &EntryDetails::forceAdjusted},
+    {"VOID", &EntryDetails::voidEntry},
+    {"Force ALL to Adjusted", &EntryDetails::forceAllAdjusted},
+    {"Clear", &EntryDetails::clearTip},
+    {"the tab", &EntryDetails::offerQuickTips},
+    {"View Track", &EntryDetails::revealTrackLine},
+    {"View Card", &EntryDetails::revealNumber}};
+
+std::string joined(const Lines &lines, const char *between)
+{
+    std::string text;
+    for (const std::string &line : lines)
+        text += (text.empty() || line.empty() ? "" : between) + line;
+    return text;
+}
 
 /// Lines that stand several times in a row, once.
 Lines counted(const Lines &lines)
@@ -52,16 +80,12 @@ Lines counted(const Lines &lines)
     return once;
 }
 
-} // namespace
-
 /// The same on both drives in one line.
 Lines withoutTwins(const Lines &paths)
 {
     Lines lines;
     for (const std::string &path : paths) {
-        const auto twin = std::find_if(lines.begin(), lines.end(), [&](const std::string &one) {
-            return toLower(one.substr(1)) == toLower(path.substr(1));
-        });
+        const auto twin = std::find(lines.begin(), lines.end(), "c" + path.substr(1));
         if (twin == lines.end())
             lines.push_back(path);
         else
@@ -79,6 +103,8 @@ std::string changes(const CardRecord &record, const CardRecord &before)
             text += std::string(" ") + field.name + "=" + Trim(record.raw(field));
     return text.find(' ') == text.npos ? text : "(" + text + ")";
 }
+
+} // namespace
 
 ManagerStage::ManagerStage(const TestStation *share, bool grey,
                            const details::EntryCallbacks &callbacks)
@@ -98,11 +124,8 @@ ManagerStage::ManagerStage(const TestStation *share, bool grey,
         furnish();
     addCardWords();
     addStationWords();
-    addListCommands();
-    addRowWords();
-    addEntryCommands();
+    addListWords();
     addEntryWords();
-    word("look at", [this](Words what) { look(what); });
 }
 
 void ManagerStage::furnish()
@@ -126,162 +149,126 @@ pending::PendingRoutes ManagerStage::routes()
             std::string text = std::string("to ") + to;
             for (const reports::ListRow &row : list.rows())
                 text += " " + std::to_string(row.slot);
-            say(text);
+            gather(text);
         };
     };
     return {way("archive"), way("totals by server"), way("totals by terminal"),
             way("totals by type")};
 }
 
-void ManagerStage::place(Words path, Words bytes)
+void ManagerStage::place(Words bytes)
 {
-    station.put(path, bytes);
-    placed[path] = bytes;
+    station.put(kPending, bytes);
+    placed[kPending] = bytes;
 }
 
 void ManagerStage::addCardWords()
 {
-    word("card", [this](Words fields) { place(kPending, placed[kPending] + slotOf(fields)); });
-    word("cards", [this](std::string rest) {
-        const std::string number = takeUntil(rest, ": ");
-        for (int n = wholeNumber(number); n > 0; --n)
-            placed[kPending] += slotOf(rest);
-        place(kPending, placed[kPending]);
+    word("card", [this](std::string cards) {
+        while (!cards.empty())
+            place(placed[kPending] + slotOf(takeUntil(cards, ", ")));
     });
-    word("no cards", [this](Words) { place(kPending, ""); });
+    word("cards", [this](std::string rest) {
+        std::string bytes;
+        for (int n = wholeNumber(takeUntil(rest, ": ")); n > 0; --n)
+            bytes += slotOf(rest);
+        place(bytes);
+    });
+    word("no cards", [this](Words) { place(""); });
     word("Move_Completed", [this](Words) { moveSettledRecords(app); });
     word("another station stores", [this](Words fields) {
-        if (!other)
-            other = std::make_unique<ManagerStage>(&station);
+        other = std::make_unique<ManagerStage>(&station);
         say(addRecord(other->app, kPending, recordOf(fields)).stored() ? "stored" : "refused");
+    });
+    word("kept record", [this](Words fields) {
+        station.put("C:\\Lumbrio\\Data\\KeptRecord-20250115-130500.dat",
+                    platform::textLine(kPending) + slotOf(fields));
     });
 }
 
 void ManagerStage::addStationWords()
 {
+    word("a new station", [this](Words) { // has no folders
+        for (const char *folder : {"F:\\Lumbrio\\data", "C:\\Lumbrio\\data"})
+            station.erase(folder);
+        std::erase_if(atFirst, [](const std::string &path) { return path.ends_with('/'); });
+    });
+    word("start the program", [this](Words) { start.Form_Load(); });
+    const auto mayChoose = [this] { return start.state().choicesEnabled; };
+    command(
+        "NEXT", [this] { start.startAfterHours(); }, mayChoose);
+    command(
+        "QUIT", [this] { start.quit(); }, mayChoose);
     word("pass", [this](std::string time) {
         station.advance(story::takeTime(time));
         lineBegan = station.time.milliseconds();
     });
-    word("start the program", [this](Words) { start.Form_Load(); });
     word("another manager works", [this](Words) {
         other = std::make_unique<ManagerStage>(&station);
         other->start.Form_Load();
         say(other->app.values.lookOnly ? "and may only look" : "and may change all");
     });
     word("the other manager ends", [this](Words) { other.reset(); });
-    word("kept record", [this](Words fields) {
-        station.put("C:\\Lumbrio\\Data\\KeptRecord-20250115-130500.dat",
-                    platform::textLine(kPending) + slotOf(fields));
-    });
-    command(
-        "NEXT", [this] { start.startAfterHours(); },
-        [this] { return start.state().choicesEnabled; });
-    command(
-        "QUIT", [this] { start.quit(); }, [this] { return start.state().choicesEnabled; });
     word("looking only", [this](Words) { app.values.lookOnly = true; });
     word("no Remotedir", [this](Words) { app.values.Remotedir.clear(); });
+    word("edit mode", [this](Words mode) { app.values.editMode = mode; });
     word("printer", [this](Words name) { printer.select(name); });
     word("connection", [this](Words state) {
         station.system.connected = state == "unknown" ? std::nullopt : std::optional(state == "up");
     });
-    word("dated", [this](std::string rest) { // at noon
-        const int day = wholeNumber(takeUntil(rest, " "));
-        station.put(rest, "");
-        const std::chrono::sys_days date =
-            std::chrono::year(day / 10000) / (day / 100 % 100) / (day % 100);
-        last_write_time(std::filesystem::path(station.drives.resolve(rest)),
-                        std::chrono::file_clock::from_sys(date + std::chrono::seconds(43200)));
+    word("dated", [this](std::string files) { // at noon of that day
+        while (!files.empty()) {
+            std::string path = takeUntil(files, ", ");
+            const int day = wholeNumber(takeUntil(path, " "));
+            station.put(path, "");
+            const std::chrono::sys_days date =
+                std::chrono::year(day / 10000) / (day / 100 % 100) / (day % 100);
+            last_write_time(std::filesystem::path(station.drives.resolve(path)),
+                            std::chrono::file_clock::from_sys(date + std::chrono::seconds(43200)));
+        }
     });
 }
 
-void ManagerStage::addListCommands()
+void ManagerStage::addListWords()
 {
-    word("load the list", [this](Words) { list.Form_Load(); });
+    for (const auto &[caption, of, does] : kOfTheList)
+        if (does != nullptr)
+            command(
+                caption, [this, does = does] { (list.*does)(); },
+                [this, of = of] { return list.state().commands[of].enabled; });
+    word("press everything of the list", [this](Words) {
+        for (const auto &[caption, of, does] : kOfTheList)
+            if (does != nullptr && of != Command::Done)
+                (list.*does)();
+    });
+    mayDo("load the list", [this](Words) { list.Form_Load(); });
     word("the list is open", [this](Words) { // the log of its first load is not told
         list.refresh();
         logSeen = logNow().size();
+        soundsHeard = station.system.played.size();
     });
-    const auto add = [this](const char *caption, Command of, void (pending::Pending::*does)()) {
-        command(
-            caption, [this, does] { (list.*does)(); },
-            [this, of] { return list.state().commands[of].enabled; });
-    };
-    using pending::Pending;
-    void (Pending::*const kPressed[])() = {&Pending::leave,
-                                           &Pending::process,
-                                           &Pending::refresh,
-                                           &Pending::print,
-                                           &Pending::finish,
-                                           &Pending::showArchive,
-                                           &Pending::showTotalsByServer,
-                                           nullptr,
-                                           nullptr,
-                                           &Pending::showTotalsByTerminal,
-                                           &Pending::forceAllNoTip,
-                                           &Pending::showTotalsByType,
-                                           &Pending::markDayCompleted,
-                                           &Pending::deleteDeclines,
-                                           &Pending::markAllCompleted};
-    for (const auto &[caption, of] : kListCommands)
-        if (kPressed[static_cast<std::size_t>(of)] != nullptr)
-            add(caption, of, kPressed[static_cast<std::size_t>(of)]);
-    add("picture", Command::MarkAllCompleted, &Pending::markAllCompletedByPicture);
-    word("press everything of the list", [this, kPressed](Words) {
-        for (const auto does : kPressed)
-            if (does != nullptr && does != &Pending::leave)
-                (list.*does)();
-    });
-}
-
-void ManagerStage::addRowWords()
-{
-    word("sort by", [this](Words name) {
-        const auto *found = std::find(std::begin(kOptions), std::end(kOptions), name);
-        list.sortBy(static_cast<int>(found - std::begin(kOptions)));
-    });
-    word("open slot", [this](Words slot) { showEntry(kPending, wholeNumber(slot)); });
-    word("tap row", [this](Words row) { list.openRow(wholeNumber(row) - 1); });
+    mayDo("sort by option", [this](Words option) { list.sortBy(wholeNumber(option)); });
+    mayDo("tap row", [this](Words row) { list.openRow(wholeNumber(row) - 1); });
+    mayDo("mouse on Force ALL NO TIP", [this](Words) { list.hintForceAllNoTip(true); });
     word("receipt", [this](Words digits) {
         list.typeReceipt(digits);
         list.enterReceipt(-1);
         say(list.state().receiptHint);
     });
-    word("mouse on Force ALL NO TIP", [this](Words) { list.hintForceAllNoTip(true); });
-    word("mouse off", [this](Words) { list.hintForceAllNoTip(false); });
     word("saved", [this](Words times) {
         for (int n = std::max(wholeNumber(times), 1); n > 0; --n)
             list.entrySaved();
     });
+    word("look at", [this](Words what) { look(what); });
 }
 
-void ManagerStage::addEntryCommands()
+void ManagerStage::addEntryWords()
 {
-    using details::EntryDetails;
     const auto add = [this](const char *caption, const std::function<void()> &does) {
-        command(std::string(caption) + kOfTheEntry, does, [this] { return entryOpen; });
+        command(std::string(caption) + " of the entry", does, [this] { return entryOpen; });
         pressedOfEntry.push_back(does);
     };
-    const std::pair<const char *, void (EntryDetails::*)()> kPressed[] = {
-        {"Done", &EntryDetails::saveAndClose},
-        {"Force NO TIP", &EntryDetails::forceNoTip},
-        {"Cancel", &EntryDetails::cancel},
-        {"Undo", &EntryDetails::undoTip},
-        {"Delete", &EntryDetails::deleteEntry},
-        {"Customer", &EntryDetails::reprintCustomer},
-        {"Merchant", &EntryDetails::reprintMerchant},
-        {"Save", &EntryDetails::save},
-        {"Force ALL NO TIP", &EntryDetails::forceAllNoTip},
-        {"Delete and Print", &EntryDetails::deleteAndPrint},
-        {"UnDelete", &EntryDetails::undelete},
-        {"Force", &EntryDetails::forceAdjusted},
-        {"VOID", &EntryDetails::voidEntry},
-        {"Force ALL to Adjusted", &EntryDetails::forceAllAdjusted},
-        {"Clear", &EntryDetails::clearTip},
-        {"the tab", &EntryDetails::offerQuickTips},
-        {"View Track", &EntryDetails::revealTrackLine},
-        {"View Card", &EntryDetails::revealNumber}};
-    for (const auto &[caption, does] : kPressed)
+    for (const auto &[caption, does] : kOfTheEntry)
         add(caption, [this, does = does] { (entry.*does)(); });
     add("previous", [this] { entry.step(-1); });
     add("next", [this] { entry.step(1); });
@@ -291,25 +278,43 @@ void ManagerStage::addEntryCommands()
             does();
         }
     });
+    word("open slot", [this](Words slot) { showEntry(kPending, wholeNumber(slot)); });
+    mayDo("tip", [this](Words text) { entry.typeTip(text); });
+    mayDo("quick tip", [this](Words index) {
+        entry.takeQuickTip(static_cast<std::size_t>(wholeNumber(index)));
+    });
+    mayDo("box", [this](std::string rest) {
+        const int number = wholeNumber(takeUntil(rest, " = "));
+        entry.typeBox(static_cast<details::Box>(number), rest);
+    });
+    word("status", [this](Words text) { entry.setStatus(text); });
 }
 
-void ManagerStage::addEntryWords()
+void ManagerStage::mayDo(Words beginning, const Act &act)
 {
-    word("tip", [this](Words text) { entry.typeTip(text); });
-    word("quick tip",
-         [this](Words index) { entry.takeQuickTip(static_cast<std::size_t>(wholeNumber(index))); });
-    word("box", [this](std::string rest) {
-        const int number = wholeNumber(takeUntil(rest, " = "));
-        entry.typeBox(static_cast<details::Box>(number), story::bytesOf(rest));
-    });
-    word("edit mode", [this](Words mode) { app.values.editMode = mode; });
-    word("status", [this](Words text) { entry.setStatus(text); });
+    word(beginning, [this, act](Words rest) { orNothing([&] { act(rest); }); });
+}
+
+void ManagerStage::orNothing(const std::function<void()> &act)
+{
+    const int saidBefore = said;
+    const pending::PendingFields listBefore = list.state();
+    const details::EntryFields entryBefore = entry.state();
+    act();
+    if (said == saidBefore && gathered.empty() && list.state() == listBefore &&
+        entry.state() == entryBefore)
+        say("nothing happens");
+}
+
+void ManagerStage::press(Words caption, bool thoughDisabled)
+{
+    orNothing([&] { Stage::press(caption, thoughDisabled); });
 }
 
 void ManagerStage::refresh(const pending::PendingFields &fields)
 {
     if (fields.noticeVisible && notice != fields.notice)
-        notices += (notices.empty() ? "notice: " : " > ") + fields.notice;
+        gather("notice: " + fields.notice);
     notice = fields.noticeVisible ? fields.notice : "";
 }
 
@@ -323,7 +328,7 @@ void ManagerStage::refresh(const manager::ManagerStartFields &fields)
 {
     const std::string now = fields.status + (fields.choicesEnabled ? "" : " (busy)");
     if (now != status)
-        statuses += (statuses.empty() ? "status: " : " > ") + now;
+        gather("status: " + now);
     status = now;
 }
 
@@ -335,58 +340,31 @@ void ManagerStage::showEntry(const std::string &file, long slot)
 
 void ManagerStage::unload()
 {
-    say("entry closed");
+    gather("entry closed");
     entryOpen = false;
 }
 
 std::optional<std::string> ManagerStage::choosePrinter(const std::vector<std::string> &names,
                                                        const std::string &proposed)
 {
-    const std::string said = station.dialogs.person(
+    const std::string chosen = station.dialogs.person(
         "[print on] one of " + std::to_string(names.size()) + " (" + proposed + ")", {});
-    return said.starts_with("with ") ? std::optional(said.substr(5)) : std::nullopt;
+    return chosen.starts_with("with ") ? std::optional(chosen.substr(5)) : std::nullopt;
 }
 
-std::string ManagerStage::logNow() const
+/// What follows each other on the screen stands in one line.
+void ManagerStage::gather(Words what)
 {
-    return station.getIfThere(kLogs + Format(station.time.now(), "MMYYYY") + "MGRlog.txt");
+    gathered += (gathered.empty() ? "" : " > ") + what;
 }
 
-/// The ten lines of a load, and the five of a start, are one here; others stand as they are.
-void ManagerStage::tellLog()
-{
-    static const std::regex load("={46}\r\n-\r\nCurrent Credit Card File Loaded  \r\n"
-                                 "  Tab Total   (.*)\r\n  Tip Total   (.*)\r\n"
-                                 "  Grand Total (.*)\r\n-\r\n"
-                                 "  Total List Count (.*)\r\n-\r\n={46}\r\n");
-    const std::string log = logNow();
-    static const std::regex begin("={39}\r\nProgram Startup on  (.*)\r\n +AT  (.*)\r\n.*\r\n \r\n");
-    std::string added = log.substr(std::min(logSeen, log.size()));
-    added = std::regex_replace(added, load, "loaded: $1 + $2 = $3, count $4\r\n");
-    added = std::regex_replace(added, begin, "started: $1 $2\r\n");
-    Lines told;
-    for (const std::string &line : counted(platform::splitLines(added)))
-        told.push_back(Trim(line));
-    const std::vector<std::string> &sounds = station.system.played;
-    if (sounds.size() > soundsHeard)
-        told.push_back(std::to_string(sounds.size() - soundsHeard) + " x " + sounds.back());
-    soundsHeard = sounds.size();
-    std::string text;
-    for (const std::string &one : told)
-        text += (text.empty() ? "log: " : " | ") + one;
-    if (!text.empty())
-        say(text);
-    logSeen = log.size();
-}
-
-/// Notices and states that follow each other stand in one line.
 void ManagerStage::say(Words line)
 {
-    for (std::string *gathered : {&notices, &statuses})
-        if (!gathered->empty())
-            tell(std::exchange(*gathered, ""));
-    if (!line.empty())
-        tell(line);
+    for (const std::string &each : {std::exchange(gathered, ""), line})
+        if (!each.empty()) {
+            tell(each);
+            ++said;
+        }
 }
 
 /// Its paragraphs in one line.
@@ -395,10 +373,32 @@ void ManagerStage::boxShown(Words box)
     say(std::regex_replace(box, std::regex("\n+"), " / "));
 }
 
+std::string ManagerStage::logNow() const
+{
+    return station.getIfThere(kLogs + Format(station.time.now(), "MMYYYY") + "MGRlog.txt");
+}
+
+/// In the log the ten lines of a load, and the five of a start, are one here.
 void ManagerStage::lineDone()
 {
+    static const std::regex load("={46}\r\n-\r\nCurrent Credit Card File Loaded  \r\n"
+                                 "  Tab Total   (.*)\r\n  Tip Total   (.*)\r\n"
+                                 "  Grand Total (.*)\r\n-\r\n"
+                                 "  Total List Count (.*)\r\n-\r\n={46}\r\n");
+    static const std::regex begin("={39}\r\nProgram Startup on  (.*)\r\n"
+                                  " +AT  (.*)\r\n.*\r\n \r\n");
     say("");
-    tellLog();
+    std::string log = logNow();
+    std::string added = log.substr(std::min(logSeen, log.size()));
+    logSeen = log.size();
+    added = std::regex_replace(added, load, "loaded: $1 + $2 = $3, count $4\r\n");
+    Lines lines =
+        counted(platform::splitLines(std::regex_replace(added, begin, "started: $1 $2\r\n")));
+    const std::vector<std::string> &sounds = station.system.played;
+    if (sounds.size() > soundsHeard)
+        lines.push_back(std::to_string(sounds.size() - soundsHeard) + " x " + sounds.back());
+    soundsHeard = sounds.size();
+    say(lines.empty() ? "" : "log: " + joined(lines, " | "));
     const std::uint64_t now = station.time.milliseconds();
     if (now - lineBegan >= 1000)
         say(std::to_string((now - lineBegan) / 50 * 50) + " ms");
@@ -407,70 +407,51 @@ void ManagerStage::lineDone()
         say(station.run.failed() ? "the program fails" : "the program ends");
 }
 
-Lines ManagerStage::listed() const
-{
-    constexpr std::array kColours = {"button", "white", "green", "red"};
-    Lines lines;
-    for (const reports::ListRow &row : list.rows())
-        lines.push_back(std::to_string(row.slot) + " " +
-                        kColours[static_cast<std::size_t>(row.colour)] + " " + row.text);
-    return lines;
-}
-
-std::string ManagerStage::statesOf() const
-{
-    std::string text;
-    for (const auto &[caption, of] : kListCommands) {
-        const pending::CommandState &state = list.state().commands[of];
-        if (!state.enabled || !state.visible)
-            text += (text.empty() ? "" : ", ") + std::string(caption) +
-                    (state.enabled ? "" : " grey") + (state.visible ? "" : " hidden");
-    }
-    return text;
-}
-
 void ManagerStage::look(Words what)
 {
+    constexpr std::array kColours = {"button", "white", "green", "red"};
     const pending::PendingFields &f = list.state();
+    const details::EntryFields &e = entry.state();
     Lines lines;
-    if (what == "totals")
-        lines = {f.totals.tabs + " + " + f.totals.tips + " = " + f.totals.grand + ", " + f.swipes +
-                 ", from " + f.fromDate + " to " + f.toDate + ", record " + f.recordRead + " of " +
-                 f.file + ", " + std::to_string(f.toAdjust) + " to adjust, " + f.connection};
-    else if (what == "rows")
-        lines = listed();
-    else if (what == "types")
-        lines = counted(list.types());
-    else if (what == "commands")
-        lines = {statesOf()};
-    else if (what == "order") {
-        lines = {f.sortedBy < 0 ? "as in the file:" : std::string(kOptions[f.sortedBy]) + ":"};
+    if (what == "rows")
         for (const reports::ListRow &row : list.rows())
-            lines[0] += " " + std::to_string(row.slot);
-    } else if (what == "entry")
-        lines = {entry.state().boxes[details::Box::Receipt] + ", tip " + entry.state().tip + ", " +
-                 entry.state().boxes[details::Box::TipStatus]};
-    else if (what == "paints")
-        lines = {std::to_string(paints)};
-    else if (what == "edit mode")
-        lines = {app.values.editMode};
+            lines.push_back(std::to_string(row.slot) + " " +
+                            kColours[static_cast<std::size_t>(row.colour)] + " " + row.text);
+    else if (what == "commands")
+        for (const auto &[caption, of, does] : kOfTheList)
+            lines.push_back(f.commands[of].enabled && f.commands[of].visible
+                                ? ""
+                                : caption + std::string(f.commands[of].enabled ? "" : " grey") +
+                                      (f.commands[of].visible ? "" : " hidden"));
+    else if (what == "order")
+        for (const reports::ListRow &row : list.rows())
+            lines.push_back(std::to_string(row.slot));
     else if (what == "files")
         lines = withoutTwins(files());
-    else
-        complain("there is nothing to look at");
-    if (lines.size() == 1)
-        say(lines[0]);
+    const std::map<std::string, std::string> inOneLine = {
+        {"totals", f.totals.tabs + " + " + f.totals.tips + " = " + f.totals.grand + ", " +
+                       f.swipes + ", from " + f.fromDate + " to " + f.toDate + ", record " +
+                       f.recordRead + " of " + f.file + ", " + std::to_string(f.toAdjust) +
+                       " to adjust, " + f.connection},
+        {"commands", joined(lines, ", ")},
+        {"order", "option " + std::to_string(f.sortedBy) + ": " + joined(lines, " ")},
+        {"entry", e.boxes[details::Box::Receipt] + ", tip " + e.tip + ", " +
+                      e.boxes[details::Box::TipStatus]},
+        {"paints", std::to_string(paints)},
+        {"edit mode", app.values.editMode}};
+    if (const auto found = inOneLine.find(what); found != inOneLine.end())
+        say(found->second);
     else
         tellChanges(what, lines);
 }
 
 Lines ManagerStage::files() const
 {
-    Lines lines;
-    const std::filesystem::path root = station.drives.root();
     std::set<std::string> cards; // told by their records
     for (const char *path : {kPending, kMonth, kDeleted})
         cards.insert(station.drives.resolve(path));
+    Lines lines;
+    const std::filesystem::path root = station.drives.root();
     for (const auto &file : std::filesystem::recursive_directory_iterator(root)) {
         const std::filesystem::path below = file.path().lexically_relative(root);
         const std::string path =
@@ -479,7 +460,7 @@ Lines ManagerStage::files() const
             path.find("MGRlog") == std::string::npos)
             lines.push_back(path + " " + std::to_string(file.file_size()));
         else if (file.is_directory() && is_empty(file.path()))
-            lines.push_back(path + "/");
+            lines.push_back(toLower(path) + "/");
     }
     std::erase_if(lines, [this](const std::string &line) { return atFirst.contains(line); });
     std::sort(lines.begin(), lines.end());
@@ -492,17 +473,14 @@ std::string ManagerStage::recordsOf(Words path, Words before) const
     for (const auto &[file, bytes] : placed)
         for (const CardRecord &record : recordsIn(bytes))
             known.push_back(record);
-    Lines told;
-    for (const CardRecord &record : recordsIn(station.getIfThere(path))) {
-        const auto same = std::find_if(known.begin(), known.end(), [&](const CardRecord &one) {
-            return one.raw(CCReceipt) == record.raw(CCReceipt);
-        });
-        told.push_back(changes(record, same == known.end() ? CardRecord() : *same));
-    }
-    std::string text = path + ":";
-    for (const std::string &one : counted(told))
-        text += " " + one;
-    return text;
+    known.emplace_back();
+    Lines told = {path + ":"};
+    for (const CardRecord &record : recordsIn(station.getIfThere(path)))
+        told.push_back(changes(
+            record, *std::find_if(known.begin(), known.end() - 1, [&](const CardRecord &one) {
+                return one.raw(CCReceipt) == record.raw(CCReceipt);
+            })));
+    return joined(counted(told), " ");
 }
 
 std::vector<story::Section> ManagerStage::leftBehind()
@@ -512,9 +490,12 @@ std::vector<story::Section> ManagerStage::leftBehind()
         if (station.getIfThere(path) != placed[path])
             left.push_back(recordsOf(path, placed[path]));
     std::vector<story::Section> parts = {{"left", left, false}};
+    static const std::regex font("(font .*)\n(line|tabs) ");
     for (const auto &[name, job] : station.printers.collected)
-        parts.push_back(
-            {"printed on " + name, counted(platform::splitLines(platform::describe(job))), false});
+        parts.push_back({"printed on " + name,
+                         counted(platform::splitLines(
+                             std::regex_replace(platform::describe(job), font, "$1, $2 "))),
+                         false});
     std::erase_if(parts, [](const story::Section &part) { return part.lines.empty(); });
     return parts;
 }

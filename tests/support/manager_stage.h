@@ -23,11 +23,6 @@ public:
                           const details::EntryCallbacks &callbacks = {});
 
     using HasStation::station;
-
-    /// The files of the drives, but not logs and locks: paths, sizes, and the records that are not
-    /// as the script has put them.
-    std::vector<story::Section> leftBehind() override;
-
     static constexpr const char *kPending = "F:\\Lumbrio\\CCPending.dat";
     static constexpr const char *kMonth = "F:\\Lumbrio\\data\\CCFinal0125.dat";
     static constexpr const char *kDeleted = "F:\\Lumbrio\\data\\0125CCdeleted.dat";
@@ -39,10 +34,15 @@ public:
     manager::ManagerStart start;
 
 protected:
+    void press(Words caption, bool thoughDisabled) override;
     void boxShown(Words box) override;
     void lineDone() override;
-    void look(Words what);
+    /// The files of the drives, but not logs and locks: paths, sizes, and the records of those that
+    /// are not as the script has put them.
+    std::vector<story::Section> leftBehind() override;
+
     void say(Words line);
+    void gather(Words what);
     /// The receipts of a card file in order, each with the fields that are not as they were placed.
     std::string recordsOf(Words path, Words before) const;
 
@@ -58,27 +58,25 @@ private:
     pending::PendingRoutes routes();
     void addCardWords();
     void addStationWords();
-    void addListCommands();
-    void addRowWords();
-    void addEntryCommands();
+    void addListWords();
     void addEntryWords();
-    void place(Words path, Words bytes);
-    story::Lines listed() const;
-    std::string statesOf() const;
-    story::Lines files() const;
+    /// A word for what may be ignored; then it is said that nothing has changed.
+    void mayDo(Words beginning, const Act &act);
+    void orNothing(const std::function<void()> &act);
+    void place(Words bytes);
+    void look(Words what);
     std::string logNow() const;
-    void tellLog();
+    story::Lines files() const;
 
-    // PendingView, EntryView, ManagerStartView
     void refresh(const pending::PendingFields &fields) override;
     void refresh(const details::EntryFields &fields) override;
     void refresh(const manager::ManagerStartFields &fields) override;
     void showRows(const reports::ListRows &) override {}
     void rowsColoured() override {}
-    void selectRow(long row) override { say("row " + std::to_string(row + 1) + " selected"); }
+    void selectRow(long row) override { gather("row " + std::to_string(row + 1) + " selected"); }
     void showEntry(const std::string &file, long slot) override;
     bool closeEntry() override { return entry.closeForRewrite(); }
-    void focusTip() override { say("the tip has the focus"); }
+    void focusTip() override { gather("the tip has the focus"); }
     std::optional<std::string> choosePrinter(const std::vector<std::string> &names,
                                              const std::string &proposed) override;
     void paintNow() override { ++paints; }
@@ -90,8 +88,8 @@ private:
     std::set<std::string> atFirst; // files and folders
     std::string notice;
     std::string status;
-    std::string statuses; // since the last line
-    std::string notices;
+    std::string gathered; // since the last line
+    int said = 0;
     int paints = 0;
     std::size_t logSeen = 0;
     std::size_t soundsHeard = 0;

@@ -1,24 +1,21 @@
 # What a bulk command leaves of each record is what a save of it leaves. An empty slot stays as it
 # is.
 story bulk
-card CCReceipt=3;CCTip=3;CCAdjAmt=23.00
-card CCReceipt=1;CCEncoded=1;CCAdjAmt=~
+card CCReceipt=3;CCTip=3;CCAdjAmt=23.00, CCReceipt=1;CCEncoded=1;CCAdjAmt=~
 card CCReceipt=2;CCTabAmt=40.00;CCApprovedAmt=30.00;CCTip=5;CCAdjStatus=Adjusted - Pending;CCtype=VISA
-card CCReceipt=4;CCstatus=Declined
-card CCReceipt=5;CCstatus=;CCTip=9
-card CCReceipt=6;CCTip=7;CCAdjStatus=Completed
+card CCReceipt=4;CCstatus=Declined, CCReceipt=5;CCstatus=;CCTip=9, CCReceipt=6;CCTip=7;CCAdjStatus=Completed
 the list is open
-  log: 2 x C:\Lumbrio\whoosh.wav
 # A sorted list: each is met once, and the list is loaded after each save.
-sort by Receipt Number
+sort by option 0
 when a box is open: press Finish
+  nothing happens
 answer Ok
 press Force ALL NO TIP
   [FORCE ALL NO TIP] Are you sure, All entries will be marked no tip and be ready to finiliaze (Ok, Cancel)
   notice: You have 1 Declined entries. You must delete the declined entries before you can process the approved items
-  log: ***  USER CLICKED FORCE ALL NO TIPS  *** | loaded: $110.00 + $15.00 = $125.00, count 4 (2 times) | loaded: $110.00 + $12.00 = $122.00, count 4 (2 times) | loaded: $110.00 + $5.00 = $115.00, count 4 | 1 x C:\Lumbrio\whoosh.wav
+  log:      ***  USER CLICKED FORCE ALL NO TIPS  *** | loaded: $110.00 + $15.00 = $125.00, count 4 (2 times) | loaded: $110.00 + $12.00 = $122.00, count 4 (2 times) | loaded: $110.00 + $5.00 = $115.00, count 4 | 1 x C:\Lumbrio\whoosh.wav
 look at order
-  as in the file: 1 2 3 4 6
+  option -1: 1 2 3 4 6
 look at commands
   Process grey, Finish hidden
 look at edit mode
@@ -27,11 +24,11 @@ look at edit mode
 answer Ok
 press Mark all completed
   [FORCE ALL COMPLETED] Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be batched out. Only do this if you are sure these transactions have been batched out already. (Ok, Cancel)
-  log: ***  USER CLICKED FORCE ALL COMPLETED *** | ***  USER CLICKED OK DO IT  *** | loaded: $110.00 + $5.00 = $115.00, count 4 (5 times) | 1 x C:\Lumbrio\whoosh.wav
+  log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED OK DO IT  *** | loaded: $110.00 + $5.00 = $115.00, count 4 (5 times) | 1 x C:\Lumbrio\whoosh.wav
 look at edit mode
   KEEP
 press Finish
-  notice: Updating Data File - Just a momnet Please > Operation is completed
+  notice: Updating Data File - Just a momnet Please > notice: Operation is completed
   log: loaded: $0.00 + $0.00 = $0.00, count -1 | 5 x C:\Lumbrio\whoosh.wav
 == left
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 0
@@ -40,17 +37,14 @@ press Finish
 
 # A tip above the balance of a card brings a message, and that entry stays as it is.
 story bulk passes over a tip above the balance
-card CCReceipt=1;CCTip=3
-card CCReceipt=2;GCbalance=5;CCTip=6
-card CCReceipt=3
+card CCReceipt=1;CCTip=3, CCReceipt=2;GCbalance=5;CCTip=6, CCReceipt=3
 the list is open
-  log: 2 x C:\Lumbrio\whoosh.wav
 answer Ok
 answer Ok
 press picture
   [FORCE ALL COMPLETED] Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be batched out. (Ok, Cancel)
   [YOU HAVE EXCEEDED THE CRD VALUE] Tip Exceeeds the balance of the card. This is either a gift card or debit card and the maximum funds you can add to the card is $5.00 Please revise the TIP and try again. (Ok)
-  log: ***  USER CLICKED FORCE ALL COMPLETED *** | ***  USER CLICKED OK DO IT  *** | loaded: $60.00 + $9.00 = $69.00, count 2 (2 times) | 1 x C:\Lumbrio\whoosh.wav
+  log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED OK DO IT  *** | loaded: $60.00 + $9.00 = $69.00, count 2 (2 times) | 1 x C:\Lumbrio\whoosh.wav
 look at rows
 -- rows
   1 green 001|7|20.00     |0         |3         |23.00|Completed                |004711    |Approved  |01/15/25  |01:05 PM  |FRONT-BAR 
@@ -62,21 +56,23 @@ look at rows
 story bulk cancelled
 card CCReceipt=1
 the list is open
-  log: 2 x C:\Lumbrio\whoosh.wav
 mouse on Force ALL NO TIP
   notice: All entries with no tip will be forced no tip and marked adjusted
 answer Cancel
-when a box is open: sort by Server Number
+when a box is open: sort by option 1
+  nothing happens
 when a box is open: tap row 1
+  nothing happens
 press Mark all completed
   [FORCE ALL COMPLETED] Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be batched out. Only do this if you are sure these transactions have been batched out already. (Ok, Cancel)
-  log: ***  USER CLICKED FORCE ALL COMPLETED *** | ***  USER CLICKED CANCEL  ***
+  log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED CANCEL  ***
 answer Cancel
 press Force ALL NO TIP
   [FORCE ALL NO TIP] Are you sure, All entries will be marked no tip and be ready to finiliaze (Ok, Cancel)
 look at order
-  as in the file: 1
+  option -1: 1
 look at rows
+-- rows
   1 white 001|7|20.00     |0         |0         |20.00|Not Adjusted             |004711    |Approved  |01/15/25  |01:05 PM  |FRONT-BAR 
 look at edit mode
   DO NOT KEEP
@@ -86,7 +82,6 @@ look at edit mode
 story bulk in a file that became shorter
 cards 5: CCTip=0
 the list is open
-  log: 2 x C:\Lumbrio\whoosh.wav
 when a box is open: no cards
 when a box is open: card CCReceipt=9
 when a box is open: card CCReceipt=8;CCstatus=
@@ -96,26 +91,24 @@ after 101 ms: another station stores CCReceipt=6;CCTabAmt=5.00;CCAdjStatus=Adjus
 answer Ok
 press Force ALL NO TIP
   [FORCE ALL NO TIP] Are you sure, All entries will be marked no tip and be ready to finiliaze (Ok, Cancel)
-  log: ***  USER CLICKED FORCE ALL NO TIPS  *** | loaded: $40.00 + $0.00 = $40.00, count 1 | loaded: $45.00 + $0.00 = $45.00, count 2 (3 times) | 3 x C:\Lumbrio\whoosh.wav
+  log:      ***  USER CLICKED FORCE ALL NO TIPS  *** | loaded: $40.00 + $0.00 = $40.00, count 1 | loaded: $45.00 + $0.00 = $45.00, count 2 (3 times) | 3 x C:\Lumbrio\whoosh.wav
 == left
   F:\Lumbrio\CCPending.dat: (9 CCNumb=D3456789:;<=>?@A CCExpDate= CCName= CCDescription= CCXcTranID= CCSaleAmt= CCTable= CResponse= CCVerify= CCSwiped= CCAdjStatus=Adjusted - Pending CCEncoded=1 CCtype=Visa CCaditionalFUNDS=0 GCbalance=) 8 (7 CCNumb=D3456789:;<=>?@A CCExpDate= CCName= CCDescription= CCXcTranID= CCSaleAmt= CCTable= CResponse= CCVerify= CCSwiped= CCAdjStatus=Adjusted - Pending CCEncoded=1 CCtype=Visa CCaditionalFUNDS=0 GCbalance=) (6 CCNumb=D3456789:;<=>?@A CCExpDate= CCName= CCDescription= CCXcTranID= CCSaleAmt= CCServer=7 CCTable= CCTabAmt=5.00 CCApprovedAmt=0 CResponse= CApprovalCode=004711 CCstatus=Approved CCTip=0 CCReceipt=6 CCDate=01/15/25 CCTime=01:05 PM CCVerify= CCSwiped= CCStation=FRONT-BAR CCAdjStatus=Adjusted - Pending CCEncoded=1 CCtype=Visa CCaditionalFUNDS=0 GCbalance=)
 
 # An empty list asks all the same.
 story bulk in an empty list
 the list is open
-  log: 2 x C:\Lumbrio\whoosh.wav
 answer Ok
 press Force ALL NO TIP, though disabled
   [FORCE ALL NO TIP] Are you sure, All entries will be marked no tip and be ready to finiliaze (Ok, Cancel)
-  log: ***  USER CLICKED FORCE ALL NO TIPS  ***
+  log:      ***  USER CLICKED FORCE ALL NO TIPS  ***
 answer Ok
 press Mark all completed
   [FORCE ALL COMPLETED] Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be batched out. Only do this if you are sure these transactions have been batched out already. (Ok, Cancel)
-  log: ***  USER CLICKED FORCE ALL COMPLETED *** | ***  USER CLICKED OK DO IT  ***
+  log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED OK DO IT  ***
 
 story bulk that fails
-card CCReceipt=1
-card CCReceipt=2
+card CCReceipt=1, CCReceipt=2
 press Refresh
   log: loaded: $40.00 + $0.00 = $40.00, count 1 | 2 x C:\Lumbrio\whoosh.wav
 fail write CCPending.dat 490 bytes at 500
@@ -124,7 +117,7 @@ answer Ok
 press Force ALL NO TIP
   [FORCE ALL NO TIP] Are you sure, All entries will be marked no tip and be ready to finiliaze (Ok, Cancel)
   [] Writing failed: access denied / F:\Lumbrio\CCPending.dat (Ok)
-  log: ***  USER CLICKED FORCE ALL NO TIPS  *** | loaded: $40.00 + $0.00 = $40.00, count 1
+  log:      ***  USER CLICKED FORCE ALL NO TIPS  *** | loaded: $40.00 + $0.00 = $40.00, count 1
   the program fails
 == left
   F:\Lumbrio\CCPending.dat: (1 CCNumb=D3456789:;<=>?@A CCExpDate= CCName= CCDescription= CCXcTranID= CCSaleAmt= CCTable= CResponse= CCVerify= CCSwiped= CCAdjStatus=Adjusted - Pending CCEncoded=1 CCtype=Visa CCaditionalFUNDS=0 GCbalance=) 2

@@ -1,5 +1,4 @@
-card CCReceipt=1
-card CCReceipt=2;CCDate=01/14/25
+card CCReceipt=1, CCReceipt=2;CCDate=01/14/25
 
 # Kept: a text that is no date ends the program, so does Cancel, and every tender waits for the
 # marker.
@@ -51,13 +50,13 @@ no cards
 answer Cancel
 press Mark Completed
   [ enter date ] Enter the date of transactions to move (01/15/2025)
-  notice: Updating Data File - Just a momnet Please > Operation is completed
+  notice: Updating Data File - Just a momnet Please > notice: Operation is completed
   log: loaded: $0.00 + $0.00 = $0.00, count -1 | 5 x C:\Lumbrio\whoosh.wav
 
 # Where no record leaves, numbers are scrambled all the same.
 story finish without a settled record
 press Finish
-  notice: Updating Data File - Just a momnet Please > Operation is completed
+  notice: Updating Data File - Just a momnet Please > notice: Operation is completed
   log: loaded: $40.00 + $0.00 = $40.00, count 1 | 5 x C:\Lumbrio\whoosh.wav
 == left
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 1000

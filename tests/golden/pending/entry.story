@@ -1,22 +1,17 @@
 # The window of an entry closes before the list rewrites its file, in which slots move.
 story entry open while the list rewrites
-card CCReceipt=1;CCAdjStatus=Completed
-card CCReceipt=2;CCstatus=Declined
-card CCReceipt=3;CCDate=01/14/25
-card CCReceipt=4
+card CCReceipt=1;CCAdjStatus=Completed, CCReceipt=2;CCstatus=Declined, CCReceipt=3;CCDate=01/14/25, CCReceipt=4
 card CCReceipt=5
 the list is open
-  log: 2 x C:\Lumbrio\whoosh.wav
 tap row 3
   entry F:\Lumbrio\CCPending.dat 3
 press Finish
-  entry closed
-  notice: Updating Data File - Just a momnet Please
-  row 3 selected
-  notice: Operation is completed
+  entry closed > notice: Updating Data File - Just a momnet Please > row 3 selected > notice: Operation is completed
   log: loaded: $80.00 + $0.00 = $80.00, count 3 | 5 x C:\Lumbrio\whoosh.wav
 press Save of the entry, though disabled
+  nothing happens
 look at files
+-- files
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 2000
 tap row 2
   entry F:\Lumbrio\CCPending.dat 2
@@ -24,40 +19,33 @@ answer with 01/14/2025
 press Mark Completed
   entry closed
   [ enter date ] Enter the date of transactions to move (01/15/2025)
-  notice: Updating Data File - Just a momnet Please
-  row 2 selected
-  notice: Operation is completed
+  notice: Updating Data File - Just a momnet Please > row 2 selected > notice: Operation is completed
   log: loaded: $60.00 + $0.00 = $60.00, count 2 | 5 x C:\Lumbrio\whoosh.wav
 tap row 2
   entry F:\Lumbrio\CCPending.dat 2
 press DELETE RED'S
-  entry closed
-  notice: Backing up Data File - Just a moment Please
-  row 2 selected
-  notice: all declines have been deleted
+  entry closed > notice: Backing up Data File - Just a moment Please > row 2 selected > notice: all declines have been deleted
   log: loaded: $40.00 + $0.00 = $40.00, count 1 | 2 x C:\Lumbrio\whoosh.wav
 tap row 2
   entry F:\Lumbrio\CCPending.dat 2
 answer Ok
 press Force ALL NO TIP
   [FORCE ALL NO TIP] Are you sure, All entries will be marked no tip and be ready to finiliaze (Ok, Cancel)
-  entry closed
-  row 2 selected
-  log: ***  USER CLICKED FORCE ALL NO TIPS  *** | loaded: $40.00 + $0.00 = $40.00, count 1 (2 times) | 1 x C:\Lumbrio\whoosh.wav
+  entry closed > row 2 selected
+  log:      ***  USER CLICKED FORCE ALL NO TIPS  *** | loaded: $40.00 + $0.00 = $40.00, count 1 (2 times) | 1 x C:\Lumbrio\whoosh.wav
 tap row 2
   entry F:\Lumbrio\CCPending.dat 2
 answer Cancel
 press Mark all completed
   [FORCE ALL COMPLETED] Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be batched out. Only do this if you are sure these transactions have been batched out already. (Ok, Cancel)
-  log: ***  USER CLICKED FORCE ALL COMPLETED *** | ***  USER CLICKED CANCEL  ***
+  log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED CANCEL  ***
 look at entry
   5, tip 0, Adjusted - Pending
 answer Ok
 press picture
   [FORCE ALL COMPLETED] Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be batched out. (Ok, Cancel)
-  entry closed
-  row 2 selected
-  log: ***  USER CLICKED FORCE ALL COMPLETED *** | ***  USER CLICKED OK DO IT  *** | loaded: $40.00 + $0.00 = $40.00, count 1 (2 times) | 1 x C:\Lumbrio\whoosh.wav
+  entry closed > row 2 selected
+  log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED OK DO IT  *** | loaded: $40.00 + $0.00 = $40.00, count 1 (2 times) | 1 x C:\Lumbrio\whoosh.wav
 # What was typed into it is not lost unasked.
 tap row 2
   entry F:\Lumbrio\CCPending.dat 2
@@ -73,12 +61,8 @@ look at entry
 press Save of the entry
   row 2 selected
   log: loaded: $40.00 + $5.00 = $45.00, count 1 | 2 x C:\Lumbrio\whoosh.wav
-after 0 ms: press Finish
 press DELETE RED'S
-  entry closed
-  notice: Backing up Data File - Just a moment Please
-  row 2 selected
-  notice: all declines have been deleted
+  entry closed > notice: Backing up Data File - Just a moment Please > row 2 selected > notice: all declines have been deleted
   log: loaded: $40.00 + $5.00 = $45.00, count 1 | 2 x C:\Lumbrio\whoosh.wav
 == left
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 2000
@@ -92,16 +76,21 @@ story entry open while the list loads
 cards 150: CCTip=1
 card CCReceipt=2;GCbalance=3
 the list is open
-  log: 2 x C:\Lumbrio\whoosh.wav
 tap row 151
   entry F:\Lumbrio\CCPending.dat 151
 after 20 ms: tip 5
 after 30 ms: press Done of the entry
+  nothing happens
 after 40 ms: press Save of the entry
+  nothing happens
 after 50 ms: press Delete of the entry
+  nothing happens
 after 60 ms: press Force ALL NO TIP of the entry
+  nothing happens
 after 70 ms: press next of the entry
+  nothing happens
 after 80 ms: press Cancel of the entry
+  nothing happens
 press Refresh
   row 151 selected
   log: loaded: $3,020.00 + $150.00 = $3,170.00, count 150 | 2 x C:\Lumbrio\whoosh.wav
@@ -109,25 +98,23 @@ look at entry
   2, tip 5, Adjusted - Pending
 # Nor does the list while the entry asks.
 when a box is open: press Finish
+  nothing happens
 answer Ok
 press Done of the entry
   [YOU HAVE EXCEEDED THE CRD VALUE] Tip Exceeeds the balance of the card. This is either a gift card or debit card and the maximum funds you can add to the card is $3.00 Please revise the TIP and try again. (Ok)
 
 # "Force ALL NO TIP" in it saves it first.
 story entry that forces no tip on all
-card CCReceipt=1;CCTip=1
-card CCReceipt=2
+card CCReceipt=1;CCTip=1, CCReceipt=2
 the list is open
-  log: 2 x C:\Lumbrio\whoosh.wav
 tap row 2
   entry F:\Lumbrio\CCPending.dat 2
 tip 5
 answer Ok
 press Force ALL NO TIP of the entry
-  row 2 selected
-  entry closed
+  row 2 selected > entry closed
   [FORCE ALL NO TIP] Are you sure, All entries will be marked no tip and be ready to finiliaze (Ok, Cancel)
   row 2 selected
-  log: loaded: $40.00 + $1.00 = $41.00, count 1 | ***  USER CLICKED FORCE ALL NO TIPS  *** | loaded: $40.00 + $0.00 = $40.00, count 1 (2 times) | 3 x C:\Lumbrio\whoosh.wav
+  log: loaded: $40.00 + $1.00 = $41.00, count 1 |      ***  USER CLICKED FORCE ALL NO TIPS  *** | loaded: $40.00 + $0.00 = $40.00, count 1 (2 times) | 3 x C:\Lumbrio\whoosh.wav
 == left
   F:\Lumbrio\CCPending.dat: (1 CCNumb=D3456789:;<=>?@A CCExpDate= CCName= CCDescription= CCXcTranID= CCSaleAmt= CCTable= CResponse= CCTip=0 CCVerify= CCSwiped= CCAdjStatus=Adjusted - Pending CCAdjAmt=20.00 CCEncoded=1 CCtype=Visa CCaditionalFUNDS=0 GCbalance=) (2 CCNumb=D3456789:;<=>?@A CCExpDate= CCName= CCDescription= CCXcTranID= CCSaleAmt= CCTable= CResponse= CCVerify= CCSwiped= CCAdjStatus=Adjusted - Pending CCAdjAmt=20.00 CCEncoded=1 CCtype=Visa CCaditionalFUNDS=0 GCbalance=)

@@ -1,9 +1,7 @@
 # The tabs stay on the disk, and the bank gets those, until somebody saves the entry.
 story list of an evening
-card CCReceipt=12;CCTabAmt=40.00;CCApprovedAmt=30.00;CCAdjStatus=Adjusted - Pending
-card empty
-card CCReceipt=3;CCstatus=;CCTabAmt=1000
-card CCReceipt=44;CCTip=4.50;CCDate=01/14/25;CCNumb=378282246310005;CCEncoded=1
+card CCReceipt=12;CCTabAmt=40.00;CCApprovedAmt=30.00;CCAdjStatus=Adjusted - Pending, empty
+card CCReceipt=3;CCstatus=;CCTabAmt=1000, CCReceipt=44;CCTip=4.50;CCDate=01/14/25;CCNumb=378282246310005;CCEncoded=1
 card CCReceipt=5;CCstatus=Declined;CCAdjStatus=Completed
 # A tip of 20 % was approved beforehand.
 card CCReceipt=6;CCTabAmt=10.00;CCApprovedAmt=12.00;CCAdjStatus=Completed
@@ -19,36 +17,32 @@ look at rows
   5 red 005|7|20.00     |0         |0         |20.00|Completed                |004711    |Declined  |01/15/25  |01:05 PM  |FRONT-BAR 
   6 green 006|7|12        |12.00     |0         |12.00|Completed                |004711    |Approved  |01/15/25  |01:05 PM  |FRONT-BAR 
 # The place stays selected, not the record.
-sort by Receipt Number
+sort by option 0
 look at order
-  Receipt Number: 5 6 1 4
+  option 0: 5 6 1 4
 tap row 4
   entry F:\Lumbrio\CCPending.dat 4
 tap row 5
+  nothing happens
 saved
   row 4 selected
   log: loaded: $82.00 + $4.50 = $86.50, count 3 | 2 x C:\Lumbrio\whoosh.wav
 look at order
-  as in the file: 1 4 5 6
+  option -1: 1 4 5 6
 # A list that is shorter now, and the first place.
 no cards
-card CCReceipt=1
-card CCReceipt=2
+card CCReceipt=1, CCReceipt=2
 press Refresh
   log: loaded: $40.00 + $0.00 = $40.00, count 1 | 2 x C:\Lumbrio\whoosh.wav
 tap row 1
   entry F:\Lumbrio\CCPending.dat 1
 press Refresh
   log: loaded: $40.00 + $0.00 = $40.00, count 1 | 2 x C:\Lumbrio\whoosh.wav
-mouse on Force ALL NO TIP
-  notice: All entries with no tip will be forced no tip and marked adjusted
-mouse off
 == left
   f/lumbrio/ServerISBatching.dat 4
 
-story list of a new station that is offline
+story list of a new station
 no Remotedir
-connection down
 load the list
 press Refresh
   log: loaded: $0.00 + $0.00 = $0.00, count -1 | 2 x C:\Lumbrio\whoosh.wav
@@ -60,6 +54,7 @@ press Refresh
 story list in the card role
 role TNDRcc
 load the list
+  nothing happens
 
 # Forty slips at midnight do not wait for a line that is down, and its state is not guessed.
 story connection tested beside the screen
@@ -98,9 +93,13 @@ cards 150: CCstatus=Declined
 after 20 ms: another station stores CCReceipt=new
   stored
 after 25 ms: tap row 1
+  nothing happens
 after 30 ms: press DELETE RED'S
+  nothing happens
 after 60 ms: press Done, though disabled
+  nothing happens
 after 70 ms: mouse on Force ALL NO TIP
+  nothing happens
 after 80 ms: saved
 press Refresh
   log: loaded: $3,000.00 + $0.00 = $3,000.00, count 149 | loaded: $3,020.00 + $0.00 = $3,020.00, count 150 | 4 x C:\Lumbrio\whoosh.wav
@@ -117,13 +116,12 @@ after 100 ms: receipt 10
   notice: Updating Data - Just a Moment Please
   Receipt 10. Enter opens it, Escape clears the number.
 press Done
-* notice: Updating Data File - Just a momnet Please > Operation is completed > Backing up Data = Please Wait
+* notice: Updating Data File - Just a momnet Please > notice: Operation is completed > notice: Backing up Data = Please Wait
 == left
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 500
   F:\Lumbrio\CCPending.dat: (10 CCNumb=D3456789:;<=>?@A CCEncoded=1)
 
 story lock of another ends the list
-card CCReceipt=1
 lock CCPending.dat
 answer Ok
 press Refresh
@@ -134,8 +132,7 @@ press Refresh
 # A record that cannot be read is listed as the one before it.
 story unreadable record
 cards 131: CCTip=1
-card CCTip=2
-card CCTip=4
+card CCTip=2, CCTip=4
 fail read CCPending.dat 65500 bytes at 65500
 press Refresh
   log: loaded: $2,660.00 + $136.00 = $2,796.00, count 132 | 2 x C:\Lumbrio\whoosh.wav
@@ -156,8 +153,7 @@ look at commands
   Process grey, Finish hidden, Totals by Servers grey, Totals by Terminal grey, Force ALL NO TIP grey, Totals by CC Type grey
 # two adjusted
 no cards
-card CCAdjStatus=Adjusted - Pending
-card CCAdjStatus=Adjusted - Pending
+card CCAdjStatus=Adjusted - Pending, CCAdjStatus=Adjusted - Pending
 press Refresh
   log: loaded: $40.00 + $0.00 = $40.00, count 1 | 2 x C:\Lumbrio\whoosh.wav
 look at commands
@@ -175,12 +171,9 @@ when a box is open (2): look at commands
   Process hidden, Totals by CC Type grey
 press picture
   [FORCE ALL COMPLETED] Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be batched out. (Ok, Cancel)
-  log: ***  USER CLICKED FORCE ALL COMPLETED *** | ***  USER CLICKED CANCEL  ***
+  log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED CANCEL  ***
 press Finish
-  entry closed
-  notice: Updating Data File - Just a momnet Please
-  row 2 selected
-  notice: Operation is completed
+  entry closed > notice: Updating Data File - Just a momnet Please > row 2 selected > notice: Operation is completed
   log: loaded: $40.00 + $0.00 = $40.00, count 1 | 5 x C:\Lumbrio\whoosh.wav
 look at commands
   Finish hidden
@@ -189,9 +182,7 @@ when a box is open (3): look at commands
   Finish hidden
 press Mark Completed
   [ enter date ] Enter the date of transactions to move (01/15/2025)
-  notice: Updating Data File - Just a momnet Please
-  row 2 selected
-  notice: Operation is completed
+  notice: Updating Data File - Just a momnet Please > row 2 selected > notice: Operation is completed
   log: loaded: $40.00 + $0.00 = $40.00, count 1 | 5 x C:\Lumbrio\whoosh.wav
 look at commands
   Finish hidden
@@ -201,49 +192,44 @@ look at commands
   F:\Lumbrio\CCPending.dat: (1 CCNumb=D3456789:;<=>?@A CCEncoded=1) (2 times)
 
 story commands that lead to other screens
-card CCServer=8
-card CCServer=12;CCStation=BAR
-card CCServer=8;CCStation=BAR
+card CCServer=8, CCServer=12;CCStation=BAR, CCServer=8;CCStation=BAR
 the list is open
-  log: 2 x C:\Lumbrio\whoosh.wav
 press Archive
   to archive 1 2 3
-  log: ***  USER CLICKED Archive  ***
+  log:      ***  USER CLICKED Archive  ***
 press Totals by Servers
   to totals by server 2 1 3
-  log: ***  USER CLICKED TOTALS BY SERVER  ***
+  log:      ***  USER CLICKED TOTALS BY SERVER  ***
 press Totals by Terminal
   to totals by terminal 2 3 1
-  log: ***  USER CLICKED TOTALS BY STATION  ***
+  log:      ***  USER CLICKED TOTALS BY STATION  ***
 press Totals by CC Type
   to totals by type 2 3 1
-  log: ***  USER CLICKED TOTALS BY TYPE  ***
+  log:      ***  USER CLICKED TOTALS BY TYPE  ***
 
 # Beside another manager: whatever is pressed and typed, nothing on the drives changes.
 story looking only
 looking only
 put F:\Lumbrio\ServerISBatching.dat | of the other
-card CCReceipt=1;CCAdjStatus=Completed
-card CCReceipt=2;CCstatus=Declined
-card CCReceipt=3
+card CCReceipt=1;CCAdjStatus=Completed, CCReceipt=2;CCstatus=Declined, CCReceipt=3
 load the list
 press Refresh
   log: loaded: $60.00 + $0.00 = $60.00, count 2 | 2 x C:\Lumbrio\whoosh.wav
 look at commands
-  Process grey, Finish grey hidden, Continue grey, Force ALL NO TIP grey, Mark Completed grey, DELETE RED'S grey, Mark all completed grey
+  Process grey, Finish grey hidden, Continue grey, Force ALL NO TIP grey, Mark Completed grey, DELETE RED'S grey, Mark all completed grey, picture grey
 answer Cancel
 press everything of the list
   [print on] one of 2 (Office Laser)
-  to archive 1 2 3
-  to totals by server 1 2 3
-  to totals by terminal 1 2 3
-  to totals by type 1 2 3
-  log: loaded: $60.00 + $0.00 = $60.00, count 2 | ***  USER CLICKED PRINT  *** | ***  USER CLICKED Archive  *** | ***  USER CLICKED TOTALS BY SERVER  *** | ***  USER CLICKED TOTALS BY STATION  *** | ***  USER CLICKED TOTALS BY TYPE  *** | 2 x C:\Lumbrio\whoosh.wav
+  to archive 1 2 3 > to totals by server 1 2 3 > to totals by terminal 1 2 3 > to totals by type 1 2 3
+  log: loaded: $60.00 + $0.00 = $60.00, count 2 |      ***  USER CLICKED PRINT  *** |      ***  USER CLICKED Archive  *** |      ***  USER CLICKED TOTALS BY SERVER  *** |      ***  USER CLICKED TOTALS BY STATION  *** |      ***  USER CLICKED TOTALS BY TYPE  *** | 2 x C:\Lumbrio\whoosh.wav
 tap row 3
   entry F:\Lumbrio\CCPending.dat 3
 tip 9
+  nothing happens
 quick tip 3
+  nothing happens
 box 2 = JANE
+  nothing happens
 look at entry
   3, tip 0, Not Adjusted
 answer Cancel
@@ -251,8 +237,7 @@ answer Cancel
 answer Cancel
 answer Cancel
 press everything of the entry
-  entry closed
-  entry closed
+  entry closed > entry closed
   [print on] one of 2 (Receipt TM-88)
   [print on] one of 2 (Receipt TM-88)
   [PASSWORD REQUIRED - CALL TECH SUPPORT] The Track Read Line has been hidden for your protection. To view the Track Read you must call Tech Support at 555-010-0199. You will be given a password to enter below. If you enter a wrong password the ALL Track Reads will be Permanently DELETED (PASSWORD)
@@ -260,7 +245,7 @@ press everything of the entry
   log: 2 x C:\Lumbrio\whoosh.wav
 press Done
   entry closed
-  log: ***  USER CLICKED DONE  ***
+  log:      ***  USER CLICKED DONE  ***
   the program ends
 == left
   f/lumbrio/ServerISBatching.dat 12
