@@ -1,5 +1,6 @@
 #include "simulator/records_generator.h"
 
+#include "records/status_words.h"
 #include "records/text.h"
 #include "simulator/sandbox.h"
 
@@ -80,7 +81,7 @@ void setCard(CardRecord &record, Dice &dice)
 void setDeclined(CardRecord &record)
 {
     record.set(CResponse, "DECLINED");
-    record.set(CCstatus, "Declined");
+    record.set(CCstatus, kDeclined);
     record.set(CApprovalCode, "");
     record.set(CCApprovedAmt, "");
 }
@@ -90,7 +91,7 @@ void setPartial(CardRecord &record, Money sale)
     const Money part = (sale / Money::fromWhole(2)).rounded(2);
     record.set(CCApprovedAmt, amount(part));
     record.set(CCaditionalFUNDS, amount(sale - part));
-    record.set(CCAdjStatus, "Adjusted - Pending");
+    record.set(CCAdjStatus, kAdjusted);
     record.set(CCAdjAmt, amount(part));
     record.set(CCGiftFlag, "GS   ");
 }
@@ -101,13 +102,13 @@ void setTip(CardRecord &record, Money sale, Dice &dice)
     const Money tip = (sale * percent / Money::fromWhole(100)).rounded(2);
     record.set(CCTip, amount(tip));
     record.set(CCAdjAmt, amount(sale + tip));
-    record.set(CCAdjStatus, "Adjusted - Pending");
+    record.set(CCAdjStatus, kAdjusted);
 }
 
 void setOutcome(CardRecord &record, Money sale, Dice &dice, const EveningOptions &options)
 {
     record.set(CResponse, "SUCCESS");
-    record.set(CCstatus, "Approved");
+    record.set(CCstatus, kApproved);
     record.set(CApprovalCode, digits(dice.roll(1000000), 6));
     record.set(CCApprovedAmt, amount(sale));
     const std::uint64_t fate = dice.roll(100);
@@ -121,8 +122,8 @@ void setOutcome(CardRecord &record, Money sale, Dice &dice, const EveningOptions
         record.set(CCtype, "GIFT");
         record.set(GCbalance, amount(Money::fromCents(static_cast<std::int64_t>(dice.roll(9000)))));
     }
-    if (options.allAdjusted && record.text(CCAdjStatus) != "Adjusted - Pending") {
-        record.set(CCAdjStatus, "Adjusted - Pending");
+    if (options.allAdjusted && record.text(CCAdjStatus) != kAdjusted) {
+        record.set(CCAdjStatus, kAdjusted);
         record.set(CCAdjAmt, amount(sale));
     }
 }
@@ -148,7 +149,7 @@ CardRecord Evening::record(std::size_t n) const
     record.set(CCDate, Format(when, "MM/DD/YY"));
     record.set(CCTime, Format(when, "HH:MM ampm "));
     record.set(CCStation, kStations[server % kStations.size()]);
-    record.set(CCAdjStatus, "Not Adjusted");
+    record.set(CCAdjStatus, kNotAdjusted);
     setOutcome(record, sale, dice, options);
     return record;
 }

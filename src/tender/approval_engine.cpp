@@ -1,5 +1,6 @@
 #include "printing/printer_choice.h"
 #include "printing/slip.h"
+#include "records/status_words.h"
 #include "records/trace.h"
 #include "tender/audit.h"
 #include "tender/last_look.h"
@@ -95,8 +96,8 @@ void Tender::requestNotPlaced(platform::Outcome outcome)
 {
     traceProcess(app, {"  REQUEST NOT WRITTEN - " + std::string(platform::textOf(outcome)) + " - " +
                        server.requestFile()});
-    app.values.TndrRESULT = "Declined";
-    end.answerTraced(answerBlock("Declined", app.values.CCdata));
+    app.values.TndrRESULT = kDeclined;
+    end.answerTraced(answerBlock(kDeclined, app.values.CCdata));
     app.files.removeIfThere(auditFile(app.values));
     app.dialogs.message("Request File",
                         "The request for this card cannot be written to the Xcharge folder, so "
@@ -141,8 +142,8 @@ bool Tender::noAnswer()
         end.unknown(server.answerFile(), last.unknown, last.reason, unknownAnswer());
         return true;
     }
-    app.values.TndrRESULT = "Declined";
-    end.answerTraced(answerBlock("Declined", app.values.CCdata));
+    app.values.TndrRESULT = kDeclined;
+    end.answerTraced(answerBlock(kDeclined, app.values.CCdata));
     server.putLateAnswerAside();
     app.files.removeIfThere(auditFile(app.values));
     end.close();
@@ -179,7 +180,7 @@ void Tender::takeAnswer(const std::string &text)
     CCdata.set(CApprovalCode, text.substr(std::min<std::size_t>(text.size(), 1)));
     const std::string code = CCdata.text(CApprovalCode);
     fields.result = true;
-    fields.approved = word == "Approved";
+    fields.approved = word == kApproved;
     fields.cancel.enabled = !fields.approved;
     display.status(word + "\r\n" + code);
     display.statusPainted(word + " - " + code);

@@ -1,4 +1,5 @@
 #include "records/flag_files.h"
+#include "records/status_words.h"
 #include "records/trace.h"
 #include "tender/command_line.h"
 #include "tender/last_look.h"
@@ -38,7 +39,7 @@ bool Tender::cardIsKnown() const
 std::string Tender::unknownAnswer() const
 {
     const CardRecord &CCdata = app.values.CCdata;
-    return server.begun() ? answerBlock("Declined", CCdata) : answerDeclined("Declined", CCdata);
+    return server.begun() ? answerBlock(kDeclined, CCdata) : answerDeclined(kDeclined, CCdata);
 }
 
 std::string Tender::answerOfPayment() const
@@ -110,7 +111,7 @@ void Tender::cancel()
         end.unknown(answerOfPayment(), last.unknown, last.reason, unknownAnswer());
         return;
     }
-    end.answer(answerBlock("Declined", app.values.CCdata));
+    end.answer(answerBlock(kDeclined, app.values.CCdata));
     server.putLateAnswerAside();
     app.files.removeIfThere(auditFile(app.values));
     deleteBatchMarker();

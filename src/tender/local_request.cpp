@@ -3,6 +3,7 @@
 #include "platform/hardening.h"
 #include "records/card_helpers.h"
 #include "records/delimited.h"
+#include "records/status_words.h"
 
 #include <algorithm>
 
@@ -91,7 +92,7 @@ bool namesOutcome(std::string_view answer)
 
 std::string outcomeWord(std::string_view answer)
 {
-    return Left(answer, 1) == "Y" ? "Approved" : "Declined";
+    return Left(answer, 1) == "Y" ? kApproved : kDeclined;
 }
 
 } // namespace tender

@@ -1,6 +1,7 @@
 #include "tender/notices.h"
 
 #include "printing/unprinted.h"
+#include "records/status_words.h"
 #include "records/trace.h"
 
 namespace tender {
@@ -68,12 +69,12 @@ platform::Notice notAnsweredNotice(const CardRecord &CCdata, const std::string &
                           "is run again.";
     if (unknown)
         meaning = "The card may be charged. Do not run it again; tell the manager.";
-    else if (result == "Approved")
+    else if (result == kApproved)
         meaning =
             ": do not charge it again. Enter the payment at the point of sale by hand, and tell "
             "the manager.";
     return {"NO ANSWER FOR THE POINT OF SALE",
-            what + (result == "Approved" && !unknown ? approver(CCdata) : "") + meaning,
+            what + (result == kApproved && !unknown ? approver(CCdata) : "") + meaning,
             factsOf(CCdata), file};
 }
 

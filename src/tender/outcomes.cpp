@@ -3,6 +3,7 @@
 #include "printing/printer_choice.h"
 #include "records/card_files.h"
 #include "records/card_helpers.h"
+#include "records/status_words.h"
 #include "records/trace.h"
 #include "tender/request.h"
 #include "tender/set_data.h"
@@ -65,7 +66,7 @@ void Outcomes::partiallyApproved()
     fields.partial = true;
     fields.partApproved = Currency(CCdata.raw(CCApprovedAmt));
     fields.stillOwed = Currency(CCdata.raw(CCaditionalFUNDS));
-    CCdata.set(CCAdjStatus, "Adjusted - Pending");
+    CCdata.set(CCAdjStatus, kAdjusted);
     CCdata.set(CCAdjAmt, CCdata.raw(CCApprovedAmt));
     TenderRecord record(app, end.notices);
     record.store(chooseCardFile());
@@ -132,7 +133,7 @@ void Outcomes::approvedOffline()
     traceProcess(app, offlineTrace());
     traceLog(app, offlineTrace());
     record.confirm();
-    end.answer(answerBlock("Approved", app.values.CCdata));
+    end.answer(answerBlock(kApproved, app.values.CCdata));
     app.files.removeIfThere(auditFile(app.values));
     end.close();
 }
@@ -143,9 +144,9 @@ void Outcomes::markApprovedOffline()
     CCdata.set(CCApprovedAmt, fields.amount);
     CCdata.set(CResponse, "YOFFLINE ");
     CCdata.set(CApprovalCode, "OFFLINE ");
-    CCdata.set(CCstatus, "Approved");
+    CCdata.set(CCstatus, kApproved);
     CCdata.set(CCTroutID, "OFFLINE ");
-    app.values.TndrRESULT = "Approved";
+    app.values.TndrRESULT = kApproved;
     fields.result = true;
     fields.approved = true;
 }
@@ -156,8 +157,8 @@ void Outcomes::offlineNotStored()
     end.notices.clear();
     app.dialogs.message("CCPending.dat",
                         "The record of this card cannot be stored, so it was not approved.");
-    app.values.TndrRESULT = "Declined";
-    end.answer(answerBlock("Declined", app.values.CCdata));
+    app.values.TndrRESULT = kDeclined;
+    end.answer(answerBlock(kDeclined, app.values.CCdata));
     app.files.removeIfThere(auditFile(app.values));
     end.close();
 }
@@ -167,7 +168,7 @@ std::string Outcomes::chooseCardFile()
 {
     if (app.values.TndrNOpreAUTH == 0)
         return pendingFile(app.values);
-    app.values.CCdata.set(CCAdjStatus, "Completed");
+    app.values.CCdata.set(CCAdjStatus, kCompleted);
     return sales;
 }
 

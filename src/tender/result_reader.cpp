@@ -2,6 +2,7 @@
 
 #include "platform/patience.h"
 #include "records/exchange_file.h"
+#include "records/status_words.h"
 #include "tender/evidence.h"
 
 #include <algorithm>
@@ -60,9 +61,9 @@ void applySuccessTag(std::string_view line, CardRecord &CCdata)
     constexpr std::string_view kTag = "<RESULT_SUCCESS>";
     const std::string_view letter = startsWith(line, kTag) ? line.substr(kTag.size(), 1) : "";
     if (letter == "T")
-        CCdata.set(CResponse, "Approved");
+        CCdata.set(CResponse, kApproved);
     if (letter == "F")
-        CCdata.set(CResponse, "Declined");
+        CCdata.set(CResponse, kDeclined);
 }
 
 bool namesOutcome(std::string_view line)

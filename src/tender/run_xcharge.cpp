@@ -1,5 +1,6 @@
 #include "records/card_files.h"
 #include "records/card_helpers.h"
+#include "records/status_words.h"
 #include "records/trace.h"
 #include "tender/audit.h"
 #include "tender/command_line.h"
@@ -76,8 +77,8 @@ bool Tender::oldResultRemains()
 {
     if (!payment.oldResultRemains())
         return false;
-    app.values.TndrRESULT = "Declined";
-    end.answer(answerBlock("Declined", app.values.CCdata));
+    app.values.TndrRESULT = kDeclined;
+    end.answer(answerBlock(kDeclined, app.values.CCdata));
     app.files.removeIfThere(auditFile(app.values));
     app.dialogs.message("Result File",
                         "The result of an earlier card cannot be removed from this computer, so "
@@ -157,7 +158,7 @@ void Tender::showResult(bool approved)
     display.view.focus(TenderBox::Cancel);
     end.begin();
     fields.finish.enabled = approved;
-    app.values.TndrRESULT = approved ? "Approved" : "Declined";
+    app.values.TndrRESULT = approved ? kApproved : kDeclined;
     fields.cardOrResult = app.values.TndrRESULT;
     fields.result = true;
     fields.approved = approved;

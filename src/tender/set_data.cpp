@@ -2,6 +2,7 @@
 
 #include "records/card_helpers.h"
 #include "records/flag_files.h"
+#include "records/status_words.h"
 
 namespace tender {
 
@@ -31,7 +32,7 @@ void Set_Data(App &app, const TenderFields &fields)
     CCdata.set(CCDate, Format(now, "MM/DD/YY"));
     CCdata.set(CCTime, Format(now, "HH:MM ampm "));
     CCdata.set(CCStation, app.values.StationName);
-    CCdata.set(CCAdjStatus, "Not Adjusted");
+    CCdata.set(CCAdjStatus, kNotAdjusted);
     CCdata.set(CCGiftFlag, " ");
     CCdata.set(CCReserved2, " ");
 }

@@ -1,5 +1,6 @@
 #include "tender/tender_end.h"
 
+#include "records/status_words.h"
 #include "tender/evidence.h"
 #include "tender/notices.h"
 #include "tender/request.h"
@@ -36,7 +37,7 @@ void TenderEnd::unknown(const std::string &result, const char *what, const char 
     begin();
     display.fields.unknown = true;
     display.fields.result = true;
-    app.values.TndrRESULT = "Declined";
+    app.values.TndrRESULT = records::kDeclined;
     display.status(what);
     const std::string trace = keepUnknown(app, result, reason);
     notices.push_back(

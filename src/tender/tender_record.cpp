@@ -1,6 +1,7 @@
 #include "tender/tender_record.h"
 
 #include "records/kept_records.h"
+#include "records/status_words.h"
 #include "records/trace.h"
 #include "tender/notices.h"
 
@@ -29,7 +30,7 @@ void TenderRecord::confirm()
     stored = confirmStored(app, file, record, stored);
     tellUnstored();
     // The holder of the lock may still write over it: the next start looks once more.
-    if (stored.unlocked && stored.stored() && !kept && record.text(CCstatus) == "Approved")
+    if (stored.unlocked && stored.stored() && !kept && record.text(CCstatus) == kApproved)
         keep();
 }
 
@@ -42,7 +43,7 @@ void TenderRecord::tellUnstored()
     const std::string line = what + std::string(platform::textOf(stored.outcome)) + " - " + file;
     traceProcess(app, {line});
     traceLog(app, {line});
-    if (record.text(CCstatus) != "Approved")
+    if (record.text(CCstatus) != kApproved)
         return;
     kept = kept || keep();
     if (!stored.stored() || !kept)
