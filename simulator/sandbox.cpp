@@ -60,7 +60,7 @@ bool writeInstallation(platform::Files &files, const std::string &drivesFolder)
     platform::Outcome outcome = files.rawDisk().open(path, platform::OpenMode::CreateEmpty, file);
     if (done(outcome))
         outcome = file->writeAt(0, installationFile());
-    return done(files.judge("Writing", path, outcome));
+    return done(files.checked("Writing", path, outcome));
 }
 
 } // namespace

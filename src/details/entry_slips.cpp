@@ -49,7 +49,7 @@ void EntryDetails::reprint(bool customer)
             else
                 printing::Reprint_Merch(app, printer, context);
         });
-        printing::tellUnprinted(app.dialogs, printer,
+        printing::showUnprinted(app.dialogs, printer,
                                 "Please see to the printer, or choose another one, and print it "
                                 "again.");
     }
@@ -69,7 +69,7 @@ void EntryDetails::reprintMerchant()
 /// After the deletion the void slip cannot be printed again: if it failed, the manager decides.
 bool EntryDetails::voidSlipSettled()
 {
-    return printing::tellUnprinted(app.dialogs, printer,
+    return printing::showUnprinted(app.dialogs, printer,
                                    "Press OK to delete the entry without its slip, or Cancel to "
                                    "keep it until the printer works.",
                                    platform::Buttons::OkCancel) == platform::Answer::Ok;

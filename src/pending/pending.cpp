@@ -340,7 +340,7 @@ void Pending::print()
     if (!choosePaper())
         return;
     reports::printList(app, printer, shownRows, fields.file, fields.totals);
-    printing::tellUnprinted(
+    printing::showUnprinted(
         app.dialogs, printer,
         "Please see to the printer, or choose another one, and print it again.");
 }

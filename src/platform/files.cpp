@@ -46,7 +46,7 @@ Files::Files(Disk &theDisk, const Drives &theDrives, Run &theRun)
 {
 }
 
-Outcome Files::judge(std::string_view operation, std::string_view path, Outcome outcome)
+Outcome Files::checked(std::string_view operation, std::string_view path, Outcome outcome)
 {
     if (!done(outcome) && !run.ending() && !run.errorsIgnored())
         run.fail(operation, path, outcome);
@@ -85,7 +85,7 @@ Outcome Files::perform(std::string_view operation, std::string_view path, Call c
         return Outcome::Denied;
     std::string real;
     const Outcome outcome = realPath(path, real);
-    return judge(operation, path, done(outcome) ? call(real) : outcome);
+    return checked(operation, path, done(outcome) ? call(real) : outcome);
 }
 
 Outcome Files::look(std::string_view path, Found &found)
@@ -253,7 +253,7 @@ Outcome Files::readAs(OpenMode mode, std::string_view path, std::string &content
         std::size_t got = 0;
         const Outcome outcome = file->readAt(had, read.data() + had, read.size() - had, got);
         if (!done(outcome))
-            return judge("Reading", path, outcome);
+            return checked("Reading", path, outcome);
         read.resize(had + got);
         if (got == 0)
             break;
@@ -293,7 +293,7 @@ Outcome Files::writeFlushed(std::string_view path, std::string_view content)
 Outcome Files::appendTo(DiskFile &file, std::string_view path, std::string_view content)
 {
     std::uint64_t landedAt = 0;
-    return judge("Writing", path, file.append(content, landedAt));
+    return checked("Writing", path, file.append(content, landedAt));
 }
 
 Outcome Files::append(std::string_view path, std::string_view content)
@@ -328,7 +328,7 @@ Outcome Files::open(std::string_view path, OpenMode mode, std::unique_ptr<DiskFi
     file.reset();
     if (shut())
         return Outcome::Denied;
-    return judge("Opening", path, tryOpen(path, mode, file));
+    return checked("Opening", path, tryOpen(path, mode, file));
 }
 
 Outcome Files::lock(std::string_view path, OpenMode mode, std::unique_ptr<DiskFile> &file)
@@ -337,16 +337,16 @@ Outcome Files::lock(std::string_view path, OpenMode mode, std::unique_ptr<DiskFi
         return Outcome::Denied;
     std::string real;
     if (const Outcome outcome = realPath(path, real); !done(outcome))
-        return judge("Locking", path, outcome);
+        return checked("Locking", path, outcome);
     for (int attempt = 0; attempt < kLockAttempts; ++attempt) {
         Outcome outcome = file->tryLock();
         if (!done(outcome) || file->isStillAt(real))
-            return judge("Locking", path, outcome);
+            return checked("Locking", path, outcome);
         outcome = tryOpen(path, mode, file);
         if (!done(outcome))
-            return judge("Opening", path, outcome);
+            return checked("Opening", path, outcome);
     }
-    return judge("Locking", path, Outcome::Locked);
+    return checked("Locking", path, Outcome::Locked);
 }
 
 Outcome Files::replaceWhole(std::string_view path, std::string_view content)
@@ -392,7 +392,7 @@ Outcome Files::flushFolderOf(std::string_view path)
     // Also when shut: it completes what was written before.
     std::string real;
     const Outcome outcome = realPath(path, real);
-    return judge("Writing", path, done(outcome) ? disk.flushDirectory(parentOf(real)) : outcome);
+    return checked("Writing", path, done(outcome) ? disk.flushDirectory(parentOf(real)) : outcome);
 }
 
 std::vector<std::string> splitLines(std::string_view content)

@@ -96,7 +96,7 @@ public:
                      std::string &path);
 
     /// Reports a failed operation as described above; returns `outcome`.
-    Outcome judge(std::string_view operation, std::string_view path, Outcome outcome);
+    Outcome checked(std::string_view operation, std::string_view path, Outcome outcome);
     bool shut() const { return run.ending(); }
     Outcome realPath(std::string_view path, std::string &real) const
     {

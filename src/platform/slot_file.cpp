@@ -30,9 +30,9 @@ SlotFile::~SlotFile()
     close();
 }
 
-Outcome SlotFile::judge(std::string_view operation, Outcome outcome)
+Outcome SlotFile::checked(std::string_view operation, Outcome outcome)
 {
-    return files.judge(operation, name, outcome);
+    return files.checked(operation, name, outcome);
 }
 
 Outcome SlotFile::usable() const
@@ -48,7 +48,7 @@ Outcome SlotFile::open(SlotUse use)
     if (files.shut())
         return Outcome::Denied;
     openedFor = use;
-    return judge("Opening", attach());
+    return checked("Opening", attach());
 }
 
 bool SlotFile::isStillThere() const
@@ -83,7 +83,7 @@ Outcome SlotFile::unlock()
     dropBuffer();
     if (!std::exchange(locked, false))
         return Outcome::Done;
-    return judge("Unlocking", file->unlock());
+    return checked("Unlocking", file->unlock());
 }
 
 Outcome SlotFile::close()
@@ -92,7 +92,7 @@ Outcome SlotFile::close()
     if (std::exchange(written, false)) {
         const Outcome flushed = file->flush();
         if (done(outcome))
-            outcome = judge("Writing", flushed);
+            outcome = checked("Writing", flushed);
     }
     if (std::exchange(startedFile, false))
         files.flushFolderOf(name);
@@ -122,7 +122,7 @@ Outcome SlotFile::count(long &slots)
     Outcome sized = file->size(bytes);
     if (done(sized) && nearestSlot(bytes) > kMostCounted)
         sized = Outcome::Broken;
-    const Outcome outcome = judge("Reading", sized);
+    const Outcome outcome = checked("Reading", sized);
     if (done(outcome))
         slots = static_cast<long>(nearestSlot(bytes));
     return outcome;
@@ -131,7 +131,7 @@ Outcome SlotFile::count(long &slots)
 std::size_t SlotFile::tail()
 {
     std::uint64_t bytes = 0;
-    const bool known = done(usable()) && done(judge("Reading", file->size(bytes)));
+    const bool known = done(usable()) && done(checked("Reading", file->size(bytes)));
     return known ? static_cast<std::size_t>(bytes % length) : 0;
 }
 
@@ -149,7 +149,7 @@ Outcome SlotFile::read(long slot, std::span<char> into)
         locked && offset >= bufferAt && offset + into.size() <= bufferAt + buffer.size();
     if (!atHand) {
         if (const Outcome outcome = fillBuffer(offset); !done(outcome))
-            return judge("Reading", outcome);
+            return checked("Reading", outcome);
     }
     const std::string_view found =
         std::string_view(buffer).substr(static_cast<std::size_t>(offset - bufferAt), into.size());
@@ -182,10 +182,10 @@ Outcome SlotFile::write(long slot, std::string_view bytes)
     if (const Outcome outcome = usable(); !done(outcome))
         return outcome;
     if (openedFor != SlotUse::Rewrite || !isPossible(slot))
-        return judge("Writing", Outcome::Broken);
+        return checked("Writing", Outcome::Broken);
     dropBuffer();
     written = true;
-    return judge("Writing", file->writeAt(offsetOf(slot), bytes.substr(0, length)));
+    return checked("Writing", file->writeAt(offsetOf(slot), bytes.substr(0, length)));
 }
 
 Outcome SlotFile::append(std::string_view bytes, long &slot)
@@ -193,12 +193,12 @@ Outcome SlotFile::append(std::string_view bytes, long &slot)
     if (const Outcome outcome = usable(); !done(outcome))
         return outcome;
     if (openedFor != SlotUse::Append || bytes.size() != length)
-        return judge("Writing", Outcome::Broken);
+        return checked("Writing", Outcome::Broken);
     dropBuffer();
     // Without the lock the file may just have been replaced; nobody reads the old one any more.
     if (!locked && !isStillThere()) {
         if (const Outcome outcome = attach(); !done(outcome))
-            return judge("Opening", outcome);
+            return checked("Opening", outcome);
     }
     std::uint64_t landedAt = 0;
     const Outcome outcome = locked ? placeLocked(bytes, landedAt) : place(bytes, bytes, landedAt);
@@ -207,7 +207,7 @@ Outcome SlotFile::append(std::string_view bytes, long &slot)
         startedFile = startedFile || landedAt == 0;
         slot = static_cast<long>(landedAt / length) + 1;
     }
-    return judge("Writing", outcome);
+    return checked("Writing", outcome);
 }
 
 /// A tail that counts as a slot is first filled up to a whole one, so that the record lands in its

@@ -62,7 +62,7 @@ public:
     const std::string &path() const { return name; }
 
 private:
-    Outcome judge(std::string_view operation, Outcome outcome);
+    Outcome checked(std::string_view operation, Outcome outcome);
     Outcome usable() const;
     Outcome attach();
     Outcome placeLocked(std::string_view bytes, std::uint64_t &landedAt);

@@ -21,9 +21,9 @@ WorkFile::~WorkFile()
         files.rawDisk().remove(files.realPath(name));
 }
 
-Outcome WorkFile::judge(std::string_view operation, Outcome outcome)
+Outcome WorkFile::checked(std::string_view operation, Outcome outcome)
 {
-    return files.judge(operation, name, outcome);
+    return files.checked(operation, name, outcome);
 }
 
 Outcome WorkFile::create()
@@ -38,7 +38,7 @@ Outcome WorkFile::create()
     outcome = file->size(leftOver);
     if (done(outcome) && leftOver > 0)
         outcome = file->cutBack(leftOver, 0);
-    return judge("Creating", outcome);
+    return checked("Creating", outcome);
 }
 
 void WorkFile::add(std::string_view slot)
@@ -57,7 +57,7 @@ Outcome WorkFile::writeOut()
     return writing;
 }
 
-Outcome WorkFile::carryOver(SlotFile &live, long &walked)
+Outcome WorkFile::copyAppendedOnce(SlotFile &live, long &walked)
 {
     const long count = live.count();
     if (count < walked)
@@ -73,11 +73,11 @@ Outcome WorkFile::carryOver(SlotFile &live, long &walked)
 }
 
 /// Repeats until nothing was appended to the live file while this one was flushed.
-Outcome WorkFile::comeUpWith(SlotFile &live, long &walked)
+Outcome WorkFile::copyAppended(SlotFile &live, long &walked)
 {
     Outcome outcome = Outcome::Done;
     do {
-        outcome = carryOver(live, walked);
+        outcome = copyAppendedOnce(live, walked);
         if (done(outcome) && !live.isStillThere())
             outcome = Outcome::Locked;
     } while (done(outcome) && live.count() > walked);
@@ -88,7 +88,7 @@ Outcome WorkFile::replace(SlotFile &live, long walked)
 {
     std::string from;
     std::string to;
-    Outcome outcome = comeUpWith(live, walked);
+    Outcome outcome = copyAppended(live, walked);
     if (done(outcome))
         outcome = files.realPath(name, from);
     if (done(outcome))
@@ -96,14 +96,14 @@ Outcome WorkFile::replace(SlotFile &live, long walked)
     if (done(outcome))
         outcome = files.rawDisk().rename(from, to);
     if (!done(outcome))
-        return files.judge("Replacing", live.path(), outcome);
+        return files.checked("Replacing", live.path(), outcome);
     placed = true;
     outcome = files.flushFolderOf(live.path());
     // If the system could only copy this file over the live one, there is no old one left.
     if (live.isStillThere() || live.count() == walked)
         return outcome;
-    const Outcome carried = judge("Writing", carryOver(live, walked));
-    return done(outcome) ? carried : outcome;
+    const Outcome copied = checked("Writing", copyAppendedOnce(live, walked));
+    return done(outcome) ? copied : outcome;
 }
 
 } // namespace platform

@@ -32,10 +32,10 @@ public:
     Outcome replace(SlotFile &live, long walked);
 
 private:
-    Outcome carryOver(SlotFile &live, long &walked);
+    Outcome copyAppendedOnce(SlotFile &live, long &walked);
     Outcome writeOut();
-    Outcome comeUpWith(SlotFile &live, long &walked);
-    Outcome judge(std::string_view operation, Outcome outcome);
+    Outcome copyAppended(SlotFile &live, long &walked);
+    Outcome checked(std::string_view operation, Outcome outcome);
 
     Files &files;
     std::string name;

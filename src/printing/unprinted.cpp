@@ -48,7 +48,7 @@ std::vector<std::string> unprintedLines(const std::vector<Unprinted> &unprinted)
     return lines;
 }
 
-platform::Answer tellUnprinted(platform::Dialogs &dialogs, Printer &printer,
+platform::Answer showUnprinted(platform::Dialogs &dialogs, Printer &printer,
                                const std::string &whatNow, platform::Buttons buttons)
 {
     const std::vector<Unprinted> unprinted = printer.takeUnprinted();

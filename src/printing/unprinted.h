@@ -17,7 +17,7 @@ std::string unprintedWords(const std::vector<Unprinted> &unprinted);
 std::vector<std::string> unprintedLines(const std::vector<Unprinted> &unprinted);
 
 /// Shows what `printer` has not printed, followed by `whatNow`. Ok if everything was printed.
-platform::Answer tellUnprinted(platform::Dialogs &dialogs, Printer &printer,
+platform::Answer showUnprinted(platform::Dialogs &dialogs, Printer &printer,
                                const std::string &whatNow,
                                platform::Buttons buttons = platform::Buttons::Ok);
 

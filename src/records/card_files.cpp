@@ -34,7 +34,7 @@ Outcome rewrite(App &app, SlotFile &slots, long slot, const CardRecord &before,
         if (!done(outcome))
             slots.write(slot, before.view());
     }
-    return app.files.judge("Writing", slots.path(), outcome);
+    return app.files.checked("Writing", slots.path(), outcome);
 }
 
 bool holds(SlotFile &slots, long slot, const CardRecord &record)

@@ -38,8 +38,8 @@ private:
         if (!done(outcome))
             return outcome;
         outcome = live.lock();
-        const bool passedOver = rewrite.worksUnlocked && app.run.errorsIgnored();
-        return passedOver ? Outcome::Done : outcome;
+        const bool lockIgnored = rewrite.worksUnlocked && app.run.errorsIgnored();
+        return lockIgnored ? Outcome::Done : outcome;
     }
 
     Outcome moveRecords()
@@ -68,7 +68,7 @@ private:
         if (app.ending())
             return Outcome::Denied;
         const CardRecord copy = changed(record, fate);
-        someoneLeavesOrChanges = someoneLeavesOrChanges || fate != Fate::Stays || !(copy == record);
+        anyLeavesOrChanges = anyLeavesOrChanges || fate != Fate::Stays || !(copy == record);
         long landed = 0;
         return fate == Fate::Moves ? target.append(wholeSlot(copy), landed) : Outcome::Done;
     }
@@ -82,7 +82,7 @@ private:
 
     Outcome replaceLive()
     {
-        if (!someoneLeavesOrChanges)
+        if (!anyLeavesOrChanges)
             return Outcome::Done;
         const auto count = static_cast<long>(fates.size());
         platform::WorkFile work(app.files, rewrite.workFile, kCardSlotLength);
@@ -112,7 +112,7 @@ private:
     const CardRewrite &rewrite;
     SlotFile live;
     std::vector<Fate> fates; // of the slots from 1 on
-    bool someoneLeavesOrChanges = false;
+    bool anyLeavesOrChanges = false;
 };
 
 } // namespace

@@ -42,7 +42,7 @@ bool isMinusOne(const std::string &text)
     return Val(text) == Money::fromWhole(-1);
 }
 
-std::string whatHolds(const ProcessValues &values)
+std::string settingsInUse(const ProcessValues &values)
 {
     const auto yesNo = [](bool yes) { return yes ? "YES" : "NO"; };
     return std::string(values.TndrNOpreAUTH == 0 ? "PreAuth" : "Purchase") + ", partial support " +
@@ -78,7 +78,7 @@ bool isThere(App &app, const std::string &path, std::string *content)
     if (done(outcome) || outcome == platform::Outcome::NotThere)
         return there && done(outcome);
     traceProcess(app, {std::string("  OPTIONS NOT READ - ") + platform::textOf(outcome) + " - " +
-                       path + " - WHAT HOLDS: " + whatHolds(app.values)});
+                       path + " - WHAT HOLDS: " + settingsInUse(app.values)});
     return false;
 }
 

@@ -57,7 +57,7 @@ bool isCardFile(const ProcessValues &values, const std::string &target)
     return target == pendingFile(values);
 }
 
-void tell(App &app, const std::string &what)
+void trace(App &app, const std::string &what)
 {
     traceProcess(app, {"  KEPT RECORD " + what});
     traceLog(app, {"KEPT RECORD " + what});
@@ -106,8 +106,8 @@ Outcome storeOnce(App &app, const Kept &kept)
     const Outcome outcome = sighting.found() ? flushRecord(app, file, sighting.slot, kept.record)
                                              : storeUnderLock(app, kept);
     if (done(outcome))
-        tell(app, (sighting.found() ? "stands in its file already - " : "stored - ") +
-                      describe(kept.record) + " - " + file);
+        trace(app, (sighting.found() ? "stands in its file already - " : "stored - ") +
+                       describe(kept.record) + " - " + file);
     return outcome;
 }
 
@@ -132,7 +132,7 @@ public:
             path = claimed;
         return outcome;
     }
-    void store(KeptRecords &result, Outcome &far)
+    void store(KeptRecords &result, Outcome &lastOutcome)
     {
         std::string content;
         Kept kept;
@@ -143,12 +143,12 @@ public:
         }
         if (!done(read) || !parseKept(content, kept) || !isCardFile(app.values, kept.target)) {
             ++result.unreadable;
-            tell(app, "cannot be read - " + path);
+            trace(app, "cannot be read - " + path);
             return;
         }
         // A card file that failed for one record will fail for the next.
-        const Outcome outcome = done(far) ? storeOnce(app, kept) : far;
-        far = outcome;
+        const Outcome outcome = done(lastOutcome) ? storeOnce(app, kept) : lastOutcome;
+        lastOutcome = outcome;
         if (done(outcome)) {
             ++result.stored;
             if (!done(app.files.removeIfThere(path)))
@@ -156,8 +156,8 @@ public:
             return;
         }
         result.waiting.push_back(kept.record);
-        tell(app, "waits - " + std::string(platform::textOf(outcome)) + " - " +
-                      describe(kept.record) + " - " + path);
+        trace(app, "waits - " + std::string(platform::textOf(outcome)) + " - " +
+                       describe(kept.record) + " - " + path);
     }
 
 private:
@@ -190,9 +190,9 @@ std::string keepRecord(App &app, const std::string &target, const CardRecord &re
                                  ".dat", keptText(target, record), path);
     if (!done(outcome) && app.files.exists(path))
         outcome = Outcome::Done; // not flushed, but whole
-    tell(app, done(outcome) ? "written - " + describe(record) + " - " + path
-                            : "NOT WRITTEN - " + std::string(platform::textOf(outcome)) + " - " +
-                                  describe(record) + " - " + path);
+    trace(app, done(outcome) ? "written - " + describe(record) + " - " + path
+                             : "NOT WRITTEN - " + std::string(platform::textOf(outcome)) + " - " +
+                                   describe(record) + " - " + path);
     return done(outcome) ? path : std::string();
 }
 
@@ -205,16 +205,16 @@ KeptRecords storeKeptRecords(App &app)
     const Outcome listed = app.files.list(folder, names);
     if (!done(listed) && listed != Outcome::NotThere) {
         ++result.unreadable;
-        tell(app, "may wait - " + std::string(platform::textOf(listed)) + " - " + folder);
+        trace(app, "may wait - " + std::string(platform::textOf(listed)) + " - " + folder);
     }
-    Outcome far = Outcome::Done;
+    Outcome lastOutcome = Outcome::Done;
     for (const std::string &name : names) {
         if (!isKept(name))
             continue;
         Claim claim(app, folder + name);
         const Outcome taken = claim.take();
         if (done(taken))
-            claim.store(result, far);
+            claim.store(result, lastOutcome);
         else if (taken != Outcome::Locked && taken != Outcome::NotThere)
             ++result.unreadable;
     }
