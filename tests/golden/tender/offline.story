@@ -120,3 +120,32 @@ at 70 s: mend look xResultFile.txt
 == CCLastProcess.dat
 *   SECONDS = 72
 *   Printing Merchant 72
+
+# The card is not charged yet, and without a record nobody would charge it later.
+story offline approval that cannot be stored, like offline approved
+bank approves after 40 s
+at 23 s: press YES
+when the manager is asked: approve Margaret Manager
+when the manager is asked: fail append CCPending.dat, no room on the disk
+when the manager is asked: fail rename KeptRecord-20250115-130523.dat, no room on the disk
+answer Ok
+- == slips
+== tender
+  status Waiting for Xcharge Interface
+  status 
++ box [CCPending.dat] The record of this card cannot be stored, so it was not approved. (Ok)
+== records
+  in CCPending.dat
+  in data\CCFinal0125.dat
+== Xsend.ans
+* 1 "Declined"
+== CCLastProcess.dat
+- 
+- ...
+- =================================
+-  
++   RECORD NOT STORED - no room on the disk - F:\Lumbrio\CCPending.dat
++   KEPT RECORD NOT WRITTEN - no room on the disk - receipt 1043, amount 48.50, code OFFLINE - C:\Lumbrio\Data\KeptRecord-20250115-130523.dat
+== TRACELOG.TXT
+    RECORD NOT STORED - no room on the disk - F:\Lumbrio\CCPending.dat
+  KEPT RECORD NOT WRITTEN - no room on the disk - receipt 1043, amount 48.50, code OFFLINE - C:\Lumbrio\Data\KeptRecord-20250115-130523.dat
