@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QVBoxLayout>
+#include <QVariant>
 
 namespace platform {
 
@@ -14,6 +15,10 @@ Field::Field(QWidget *parent)
     lines->setSpacing(2);
     lines->addWidget(above);
     above->setProperty("part", QStringLiteral("label"));
+    above->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    connect(this, &QObject::objectNameChanged, above, [this](const QString &ownName) {
+        above->setObjectName(ownName + QStringLiteral("Caption"));
+    });
 }
 
 void Field::addPart(QWidget *part)
@@ -22,8 +27,10 @@ void Field::addPart(QWidget *part)
     if (value != nullptr)
         return;
     value = part;
+    if (value->property("part").isValid()) // without a frame
+        lines->setSpacing(0);
     if (const auto *label = qobject_cast<QLabel *>(value))
-        above->setAlignment(label->alignment() & Qt::AlignHorizontal_Mask);
+        above->setAlignment((label->alignment() & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter);
     else
         above->setBuddy(value);
     nameValue();
@@ -41,9 +48,10 @@ void Field::nameValue()
 {
     if (value == nullptr)
         return;
-    if (qobject_cast<QLabel *>(value) != nullptr)
+    const bool onlyRead = qobject_cast<QLabel *>(value) != nullptr;
+    if (onlyRead && value->accessibleDescription().isEmpty())
         value->setAccessibleDescription(name.trimmed());
-    else
+    if (!onlyRead && value->accessibleName().isEmpty())
         value->setAccessibleName(name.trimmed());
 }
 

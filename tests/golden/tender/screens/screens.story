@@ -8,12 +8,12 @@ at 3 s: look
   station Station FRONT-BAR
   Label13_3 Version 5.68.0
   amountCaption Amount
-  tableCaption Table
-  receiptCaption Receipt
-  serverCaption Server
   Text4 [$48.50] 32 points on #000000
+  tableCaption Table
   Label3_5 12
+  receiptCaption Receipt
   Label3_6 1043
+  serverCaption Server
   Label3_4 7
   Label3_12 Rosalind Test
   stateCard  focus
