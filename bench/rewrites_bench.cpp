@@ -94,7 +94,7 @@ void benchBulk(Manager &manager, Report &report)
 struct Replacement {
     Instant lastLook;
     Instant renamed;
-    Instant lookedBehind;
+    Instant lookedAfter;
     bool seen = false;
 };
 
@@ -118,7 +118,7 @@ Replacement finish(Manager &manager)
 void benchFinish(Manager &manager, Report &report)
 {
     const int rounds = countFromEnvironment("LUMBRIO_BENCH_FINISHES", 40);
-    Series all, renaming, behind;
+    Series all, renaming, after;
     for (int round = 0; round < rounds; ++round) {
         if (!manager.begin(kRecords) ||
             !done(records::setEveryStatus(manager.app, manager.pendingFile, "Completed")))
@@ -129,11 +129,11 @@ void benchFinish(Manager &manager, Report &report)
         if (!replacement.seen)
             return report.fail("not finished");
         renaming.add(millisecondsBetween(replacement.lastLook, replacement.renamed));
-        behind.add(millisecondsBetween(replacement.lastLook, replacement.lookedBehind));
+        after.add(millisecondsBetween(replacement.lastLook, replacement.lookedAfter));
     }
     report.line("10,000 records moved to the month file", all, "ms");
     report.line("last look at the old file until renamed", renaming, "ms");
-    report.line("the same until looked at once more behind it", behind, "ms");
+    report.line("the same until looked at once more after it", after, "ms");
 }
 
 } // namespace

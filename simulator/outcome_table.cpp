@@ -237,7 +237,7 @@ void fill(PaymentOutcome &outcome, Kind kind, const PaymentRequest &request)
     }
 }
 
-// Where the next option begins: a slash at the start or behind a blank.
+// Where the next option begins: a slash at the start or after a blank.
 std::size_t nextOption(std::string_view arguments, std::size_t from)
 {
     for (std::size_t at = arguments.find('/', from); at != std::string_view::npos;

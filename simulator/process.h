@@ -23,7 +23,7 @@ bool endAsked();
 /// Replaces this process by the program; returns only if it could not be started.
 void becomeProgram(const std::string &program, const std::vector<std::string> &arguments);
 
-/// A started program. One that still runs at the destruction is left alone.
+/// A started program. The destructor does not end it.
 class ChildProcess {
 public:
     /// `changes` are "NAME=value" on top of this process's environment; `seen` false throws its

@@ -57,7 +57,7 @@ public:
     Timer(const Timer &) = delete;
     Timer &operator=(const Timer &) = delete;
 
-    /// Milliseconds; 0 stops. Setting it starts the interval anew.
+    /// Milliseconds; 0 stops. Setting it restarts the interval.
     void setInterval(std::uint32_t milliseconds);
     std::uint32_t interval() const { return every; }
 

@@ -121,10 +121,10 @@ void Printer::blankLines(int count)
         line({});
 }
 
-void Printer::picture(std::string_view name, double sizeBehind)
+void Printer::picture(std::string_view name, double sizeAfter)
 {
     add(Kind::Picture, name);
-    setSize(sizeBehind);
+    setSize(sizeAfter);
 }
 
 void Printer::tabs(std::string_view stops)

@@ -64,9 +64,9 @@ public:
     /// One printed line; a NUL prints as a blank.
     void line(std::string_view text);
     void blankLines(int count = 1);
-    /// A banner by its name in assets/banners/, centred, in its natural size; `sizeBehind` is the
-    /// font size behind it.
-    void picture(std::string_view name, double sizeBehind);
+    /// A banner by its name in assets/banners/, centred, in its natural size; `sizeAfter` is the
+    /// font size after it.
+    void picture(std::string_view name, double sizeAfter);
     /// Tab stops "x1,x2,..." in millimetres, until the job is closed.
     void tabs(std::string_view stops);
     /// Cuts the paper. The font size is 10 points afterwards.

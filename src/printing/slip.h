@@ -21,7 +21,7 @@ struct SlipContext {
     records::Money totalWithTip;
     long transRecord = 0;        // slot of the record in its file
     bool noCustomerCopy = false; // SSCheck1 is checked
-    bool reprint = false;        // the reprint flag; reprints alone read it and the marker
+    bool reprint = false;        // the reprint flag; only reprints read it and the marker
     bool giftMarker = false;     // the marker "T": a reprint shows the card's balance
 };
 

@@ -38,9 +38,9 @@ void useSlipFont(const App &app, Printer &printer)
     printer.setSize(font.base);
 }
 
-void printBanner(Printer &printer, std::string_view picture, double sizeBehind, int blankLines)
+void printBanner(Printer &printer, std::string_view picture, double sizeAfter, int blankLines)
 {
-    printer.picture(picture, sizeBehind);
+    printer.picture(picture, sizeAfter);
     printer.blankLines(blankLines);
 }
 

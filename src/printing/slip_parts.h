@@ -34,7 +34,7 @@ std::string hashedNumber(std::string_view number);
 /// The plain slip font in its base size.
 void useSlipFont(const records::App &app, Printer &printer);
 /// Banner, the font size after it, blank lines.
-void printBanner(Printer &printer, std::string_view picture, double sizeBehind, int blankLines);
+void printBanner(Printer &printer, std::string_view picture, double sizeAfter, int blankLines);
 /// Date, time, receipt, server and table in one line.
 std::string saleLine(const records::App &app);
 /// The masked number as the command-line mode shows it, else from `hashed`.

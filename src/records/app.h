@@ -38,7 +38,7 @@ struct ProcessValues {
     int NoPartialSupport = 0; // 0: partial approvals are supported
     bool PrintTipLine = false;
     bool PreApproveTip = false;
-    int NoCut2Flag = 0;            // set by a click of the setup screen alone
+    int NoCut2Flag = 0;            // set only by a click on the setup screen
     std::uint16_t StopWaiting = 0; // 65535 ends a wait
     Money gratuityPercent;
 

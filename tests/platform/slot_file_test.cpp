@@ -152,7 +152,15 @@ TEST_F(SlotFileTest, is_flushed_after_the_unlock_and_before_it_is_closed)
     EXPECT_EQ(station.disk.logText(), support::testFile("golden/platform/flushed_append.txt"));
 }
 
-TEST_F(SlotFileTest, writes_though_the_lock_was_refused_only_where_that_is_passed_over)
+TEST_F(SlotFileTest, flushes_a_filled_up_tail_before_the_record_after_it)
+{
+    station.put(kPath, std::string(490, 'x'));
+    ASSERT_TRUE(openLocked(file, SlotUse::Append) && done(file.append(slotOf(2), slot)));
+    const std::string &log = station.disk.logText();
+    EXPECT_LT(log.find(" flush "), log.find(" 500 bytes")) << "or a power cut leaves a gap" << log;
+}
+
+TEST_F(SlotFileTest, writes_without_the_lock_only_where_errors_are_ignored)
 {
     station.put(kPath, slotsOf(2));
     ASSERT_TRUE(openLocked(theirs, SlotUse::Read));

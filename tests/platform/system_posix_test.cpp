@@ -81,53 +81,35 @@ TEST_F(SystemTest, killing_ends_only_programs_of_the_drives_folder)
     EXPECT_EQ(alive, "--+++");
 }
 
-struct ConnectionOfSystem : SystemTest {
-    ConnectionOfSystem()
-    {
-        auto *const any = reinterpret_cast<sockaddr *>(&address);
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t length = sizeof address;
-        EXPECT_EQ(::bind(listener, any, length) + ::getsockname(listener, any, &length), 0);
-    }
-    ~ConnectionOfSystem() override { ::close(listener); }
-
-    std::string server() const { return "127.0.0.1:" + std::to_string(ntohs(address.sin_port)); }
-    bool test(const std::string &where)
-    {
-        station.installation.connectionTest = where;
-        system->startConnectionTest();
-        while (!system->connectionTested()) // 2 s at most, that is what is promised
-            std::this_thread::yield();
-        return *system->connectionTested();
-    }
-
+TEST_F(SystemTest, connection_is_tested_on_its_own_thread_and_there_if_a_server_listens)
+{
     const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in address{};
-};
-
-TEST_F(ConnectionOfSystem, is_there_if_a_server_listens)
-{
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    auto *const any = reinterpret_cast<sockaddr *>(&address);
+    ASSERT_EQ(::bind(listener, any, length) + ::getsockname(listener, any, &length), 0);
+    const std::string server = "127.0.0.1:" + std::to_string(ntohs(address.sin_port));
+    const auto isThere = [&](const std::string &where) {
+        station.installation.connectionTest = where;
+        system->startConnectionTest();
+        while (!system->connectionTested()) // at most 2 s
+            std::this_thread::yield();
+        return *system->connectionTested();
+    };
     EXPECT_FALSE(system->connectionTested()) << "nothing was tried yet";
-    EXPECT_TRUE(test("")) << "no address: nothing to test";
-    EXPECT_FALSE(test("no port"));
-    EXPECT_FALSE(test(server())) << "bound, but nobody listens";
+    EXPECT_TRUE(isThere("")) << "no address: nothing to test";
+    EXPECT_FALSE(isThere("no port"));
+    EXPECT_FALSE(isThere(server)) << "bound, but nobody listens";
     ASSERT_EQ(::listen(listener, 0), 0);
-    EXPECT_TRUE(test(server()));
-}
-
-TEST_F(ConnectionOfSystem, is_tested_on_its_own_thread_when_nothing_comes_back)
-{
-    ASSERT_EQ(::listen(listener, 0), 0);
-    EXPECT_TRUE(test(server())); // nobody takes it, so that the next one is swallowed
+    EXPECT_TRUE(isThere(server)); // it is not accepted, so the next connection gets no answer
     system->startConnectionTest();
-    EXPECT_FALSE(system->connectionTested()) << "under way";
-    station.installation.connectionTest = "";
-    system->startConnectionTest();
-    EXPECT_FALSE(system->connectionTested()) << "still the same";
+    EXPECT_FALSE(system->connectionTested()) << "still running";
     ConnectionTest hasty(std::chrono::milliseconds(0));
-    hasty.start(server());
+    hasty.start(server);
     EXPECT_EQ(hasty.result(), false) << "too late is a no, whatever the thread still does";
+    ::close(listener);
     system.reset(); // the program's end waits for none of it
 }
 

@@ -19,10 +19,9 @@ TEST(Evening, IsTheSameCardFileEveryTimeWithEveryKindOfTender)
     ASSERT_EQ(writeCardFile(station.files, path, evening), platform::Outcome::Done);
     const std::vector<records::CardRecord> read = readCardFile(station.files, path);
     ASSERT_EQ(read.size(), 2500U);
-    const Evening again(2500);
     std::set<std::string> kinds;
     for (std::size_t n = 0; n < read.size(); ++n) {
-        ASSERT_EQ(read[n], again.record(n)) << n;
+        ASSERT_EQ(read[n], Evening(2500).record(n)) << n;
         EXPECT_EQ(records::StrDecode(read[n].text(records::CCNumb)).substr(0, 3), "XAW");
         kinds.insert(read[n].text(records::CCAdjStatus) + " " + read[n].text(records::CCstatus) +
                      (read[n].value(records::GCbalance).isZero() ? "" : " gift") +

@@ -8,7 +8,7 @@
 
 namespace support {
 
-/// Makes each row anew, `outputs` giving the other columns for an input; the same table must come
+/// Computes each row again, `outputs` giving the other columns for an input; the same table must come
 /// out again.
 void expectTable(const std::string &name,
                  const std::function<std::vector<std::string>(const std::string &input)> &outputs);
