@@ -1,5 +1,6 @@
 // Field: a caption above the value or the box that it names, to the eye and to screen readers.
 // With the look "card" it is a card of its own.
+// In a form: a QFrame promoted, whose children are handed to addPart().
 #pragma once
 
 #include <QFrame>

@@ -14,6 +14,7 @@ HeaderBar::HeaderBar(QWidget *parent)
     parts->setSpacing(10);
     parts->addWidget(heading);
     parts->addStretch();
+    setAccessibleName(QStringLiteral("Header"));
     heading->setObjectName(QStringLiteral("title"));
     heading->setProperty("part", QStringLiteral("title"));
 }

@@ -1,5 +1,6 @@
 // HeaderBar: the dark band at the top of every screen. Its title stands at the left; what the form
 // puts into it (place, station, name, clock or version) stands at the right.
+// In a form: a QFrame promoted, whose children are handed to addPart().
 #pragma once
 
 #include <QFrame>

@@ -9,6 +9,7 @@ namespace platform {
 
 Keypad::Keypad(QWidget *parent) : QFrame(parent), grid(new QGridLayout(this))
 {
+    setAccessibleName(QStringLiteral("Keypad"));
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(8);
     for (int column = 0; column < 3; ++column)

@@ -1,5 +1,6 @@
 // MoneyLabel: an amount at the right of its place, which is never cut: where it would be, it is
 // written in the next smaller letters of the theme, and the place grows for the smallest.
+// In a form: a QLabel promoted. Its "part" gives the usual letters.
 #pragma once
 
 #include <QLabel>

@@ -11,6 +11,7 @@ NoticePanel::NoticePanel(QWidget *parent) : QFrame(parent), lines(new QVBoxLayou
 {
     lines->setContentsMargins(0, 0, 0, 0); // the theme has the room around
     lines->setSpacing(4);
+    setAccessibleName(QStringLiteral("Notice"));
     setProperty("band", QStringLiteral("notice"));
 }
 

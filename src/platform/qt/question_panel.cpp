@@ -18,6 +18,7 @@ QuestionPanel::QuestionPanel(QWidget *parent)
     whole->setSpacing(0);
     whole->addWidget(edgeBar);
     whole->addLayout(texts, 1);
+    setAccessibleName(QStringLiteral("Question"));
     setProperty("card", QStringLiteral("plain"));
     connect(this, &QObject::objectNameChanged, edgeBar, [this](QString name) {
         edgeBar->setObjectName(name.remove(QStringLiteral("Card")) + QStringLiteral("Edge"));

@@ -1,5 +1,6 @@
 // QuestionPanel: a card that asks for a decision. Its texts stand at the top, its answers side by
 // side at the bottom; centred, all of it stands in the middle.
+// In a form: a QFrame promoted, whose children are handed to addPart().
 #pragma once
 
 #include <QFrame>

@@ -12,6 +12,7 @@ namespace platform {
 WaitPanel::WaitPanel(QWidget *parent)
     : QWidget(parent), line(new QHBoxLayout(this)), bar(new QProgressBar(this))
 {
+    setAccessibleName(QStringLiteral("Wait"));
     bar->setObjectName(QStringLiteral("waitBar"));
     bar->setAccessibleName(QStringLiteral("Time waited"));
     bar->setTextVisible(false);

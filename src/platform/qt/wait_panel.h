@@ -1,5 +1,6 @@
 // WaitPanel: how long something has been waited for: a bar that fills in the usual time, and the
 // seconds, which go on being counted after that.
+// In a form: a QWidget promoted, whose one child is the label of the seconds.
 #pragma once
 
 #include <QWidget>
