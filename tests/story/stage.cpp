@@ -82,7 +82,7 @@ Stage::Stage(support::TestStation &theStation) : station(theStation)
 
 Told Stage::perform(const Lines &given, const Lines &script)
 {
-    told.steps.resize(script.size() + 1);
+    telling.steps.resize(script.size() + 1);
     for (const std::string &line : given)
         begin({0, line});
     for (std::size_t i = 0; i < script.size(); ++i)
@@ -91,15 +91,15 @@ Told Stage::perform(const Lines &given, const Lines &script)
     play();
     complainOfWhatNeverFired();
     for (Section &section : leftBehind())
-        told.left.push_back(std::move(section));
-    told.steps.push_back(std::move(told.left));
-    for (std::vector<Section> &sections : told.steps)
+        telling.left.push_back(std::move(section));
+    telling.steps.push_back(std::move(telling.left));
+    for (std::vector<Section> &sections : telling.steps)
         for (Section &section : sections)
             std::transform(section.lines.begin(), section.lines.end(), section.lines.begin(),
                            plain);
-    told.left = std::move(told.steps.back());
-    told.steps.pop_back();
-    return told;
+    telling.left = std::move(telling.steps.back());
+    telling.steps.pop_back();
+    return telling;
 }
 
 void Stage::begin(const Line &line)
@@ -186,7 +186,7 @@ void Stage::act(Words line)
 void Stage::check(Words beginning, Act act)
 {
     word(beginning, [this, act](Words rest) {
-        told.checks.insert(current.number);
+        telling.checks.insert(current.number);
         act(rest);
     });
 }
@@ -211,7 +211,7 @@ void Stage::addWords()
         if (disabled)
             caption.erase(caption.size() - std::string(kThoughDisabled).size());
         if (disabled)
-            told.checks.insert(current.number);
+            telling.checks.insert(current.number);
         press(caption, disabled);
     });
     word("answer", [this](Words said) { answers.emplace_back(current, said); });
@@ -312,7 +312,7 @@ void Stage::configure(int field, Words text)
 
 std::vector<Section> &Stage::partsOfLine()
 {
-    return current.number == kNoLine ? told.left : told.steps[current.number];
+    return current.number == kNoLine ? telling.left : telling.steps[current.number];
 }
 
 void Stage::tell(Words line, Words title)
@@ -335,7 +335,7 @@ void Stage::tellChanges(Words title, const Lines &lines)
 
 void Stage::complain(Words text)
 {
-    told.complaints.push_back((current.text.empty() ? "" : "\"" + current.text + "\": ") + text);
+    telling.complaints.push_back((current.text.empty() ? "" : "\"" + current.text + "\": ") + text);
 }
 
 void Stage::complainOfWhatNeverFired()

@@ -96,7 +96,7 @@ private:
     std::vector<std::pair<Line, std::pair<std::string, std::string>>> faults;
     std::vector<Line> awaited; // lines with a moment that has not come
     Line current;
-    Told told;
+    Told telling;
 };
 
 /// "2.5 s", "100 ms" at the beginning; the rest is left in `words`, without ": " before it.

@@ -94,12 +94,6 @@ void TenderStory::swipe(const std::string &first, const std::string &second, std
     });
 }
 
-void TenderStory::type(const tender::TypedCard &card)
-{
-    view.typedCard = card;
-    station.time.at(500, [this] { tender.enterManually(); });
-}
-
 void TenderStory::run(std::uint64_t limit)
 {
     tender.Form_Load();

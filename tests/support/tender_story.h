@@ -85,8 +85,6 @@ public:
     void takeCardsHere();
     void swipe(const std::string &first = kTrack1, const std::string &second = kTrack2,
                std::uint64_t at = 500);
-    /// "Enter Manually".
-    void type(const tender::TypedCard &card);
     /// Files of the exchange with the server that lie there.
     std::vector<std::string> left() const { return TestStation(&station).files.list(kLocalTran); }
     std::optional<std::string> reply = "\"YA12345\"\r\n";
@@ -113,7 +111,6 @@ public:
 
     static constexpr const char *kPending = "F:\\Lumbrio\\CCPending.dat";
     static constexpr const char *kResult = "C:\\lumbrio\\xResultFile.txt";
-    static constexpr const char *kAudit = "C:\\Lumbrio\\XAudit.DAT";
     static constexpr const char *kMarker = "F:\\Lumbrio\\ServerISBatching.dat";
     static constexpr const char *kModeFlag = "C:\\Lumbrio\\X1009Version.dat";
     static constexpr const char *kLocalTran = "c:\\Program Files\\X-Charge\\LocalTran\\";
