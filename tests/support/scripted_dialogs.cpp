@@ -51,20 +51,20 @@ void ScriptedDialogs::expect(Text title, Text text, Buttons buttons, Answer answ
 platform::Answer ScriptedDialogs::ask(Text title, Text text, Buttons buttons)
 {
     const Answer harmless = buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
-    const std::string box = boxOf(title, text, buttons);
+    shown.push_back(boxOf(title, text, buttons));
     if (person)
-        return answerNamed(person(box, captionsOf(buttons)), harmless);
+        return answerNamed(person(shown.back(), captionsOf(buttons)), harmless);
     if (noted != nullptr) {
         *noted += "[" + title + "] " + text + "\n";
         run.yield();
         return buttons == Buttons::Ok ? Answer::Ok : choice;
     }
-    EXPECT_FALSE(expected.empty()) << box;
+    EXPECT_FALSE(expected.empty()) << shown.back();
     if (expected.empty())
         return harmless;
     const Expectation next = std::move(expected.front());
     expected.pop_front(); // before the loop turns: a timer may bring up the next box
-    EXPECT_EQ(next.box, box);
+    EXPECT_EQ(next.box.empty() ? shown.back() : next.box, shown.back());
     const bool wasEnding = run.ending();
     run.yield();
     if (next.whileOpen)

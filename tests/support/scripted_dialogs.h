@@ -24,6 +24,12 @@ public:
     /// system's own message. `whileOpen` runs while the box is open (let time pass, press Cancel
     /// on the screen behind it); the loop turns once in any case.
     void expect(Text title, Text text, Buttons buttons, Answer answer, WhileOpen whileOpen = {});
+    /// The next box, whatever it is, gets this answer; `shown` tells afterwards what it was.
+    void answerNext(Answer answer, WhileOpen whileOpen = {})
+    {
+        expected.push_back({{}, answer, std::move(whileOpen)});
+    }
+    std::vector<std::string> shown;
 
     /// Who answers a box, as it is told, by one of its captions, "" being no answer; one without
     /// captions by "with " and the text that is typed into it.
