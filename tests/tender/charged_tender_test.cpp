@@ -234,6 +234,8 @@ TEST_P(ChargedTender, SaysWhenThePointOfSaleGetsNoAnswer)
     EXPECT_NE(boxes.find(local() ? "Approval code: A12345" : "Approval code: 012345"),
               std::string::npos);
     EXPECT_EQ(story.pending().size(), 1U);
+    recordsAfterTheNextTender();
+    EXPECT_EQ(putAside().size(), local() ? 0U : 1U) << "nobody was told what the bank said";
 }
 
 /// Another station that holds the lock all the time and knows nothing of appends without it.
