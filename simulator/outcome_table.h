@@ -17,7 +17,7 @@ struct PaymentRequest {
     std::string amount;
     std::string receipt;
     std::string clerk;
-    std::string resultFile; // as spelled, a contract path
+    std::string resultFile; // as spelled, a Windows path
     std::string title;
     bool partialSupport = false;
 };

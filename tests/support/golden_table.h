@@ -8,8 +8,8 @@
 
 namespace support {
 
-/// Computes each row again, `outputs` giving the other columns for an input; the same table must come
-/// out again.
+/// Computes each row again, where `outputs` gives the other columns for an input. The table must
+/// stay the same.
 void expectTable(const std::string &name,
                  const std::function<std::vector<std::string>(const std::string &input)> &outputs);
 

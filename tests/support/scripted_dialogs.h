@@ -36,7 +36,6 @@ public:
     std::function<std::string(Text box, const std::vector<std::string> &captions)> person;
 
     std::string *noted = nullptr; // what happened: then no box has to be expected
-    Answer choice = Answer::Ok;   // then, where there is one
     std::optional<std::string> typed;
 
 protected:

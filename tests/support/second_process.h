@@ -1,5 +1,6 @@
 // SecondProcess: another process of the restaurant for tests of locks and appends. It runs a
-// function of the test, which may become a program; what it prints is heard; it can be killed.
+// function of the test, which may start a program in its place; the test reads what it prints and
+// can kill it.
 #pragma once
 
 #include <csignal>
@@ -15,7 +16,7 @@ namespace support {
 
 class SecondProcess {
 public:
-    /// Nothing of GoogleTest may be used inside `work`; a finding is said to the test.
+    /// `work` must not use GoogleTest; it reports to the test with say().
     explicit SecondProcess(const std::function<void()> &work)
     {
         int ends[2] = {};
@@ -24,7 +25,7 @@ public:
         if (id == 0) {
             ::dup2(ends[1], STDOUT_FILENO);
             work();
-            ::_exit(0); // not exit(): the test's own endings are the parent's
+            ::_exit(0); // not exit(), which would run the test's own destructors
         }
         output.open("/dev/fd/" + std::to_string(ends[0]));
         for (const int end : ends)

@@ -35,7 +35,7 @@ public:
     explicit TestStation(const TestStation *other);
     ~TestStation();
 
-    // Fixture verbs on contract paths. They go round Files and the faulty disk.
+    // Fixtures, on Windows paths. They bypass Files and the faulty disk.
     /// Writes the file, and the folders to it.
     void put(const std::string &path, const std::string &bytes);
     /// The exact bytes; a missing file is a test failure.
@@ -71,8 +71,8 @@ public:
     platform::Services services{run, files, time, dialogs, system, printers, installation};
 };
 
-/// A base class for whoever needs the station before its other bases. With `share`, another process
-/// on its drives.
+/// A base class for classes that need the station before their other bases. With `share`, another
+/// process on its drives.
 struct HasStation {
     explicit HasStation(const TestStation *share = nullptr)
         : station(VirtualTime::kDefaultStart, share)

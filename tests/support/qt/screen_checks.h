@@ -1,4 +1,4 @@
-// What must hold on every screen, whatever it is for: nothing cut off, everything named.
+// Checks for every screen: no text is cut off, every control has a name.
 #pragma once
 
 #include <QSize>
@@ -22,7 +22,7 @@ std::string clippedControls(QWidget &window, QSize size);
 /// clippedControls() at both sizes (a screen that is smaller by itself stays so) and on every page,
 /// and badlyNamedControls() on every page.
 std::string screenFaults(QWidget &window);
-/// Labels that end in dots just now.
+/// Labels that end in dots at the moment.
 std::string elidedLabels(QWidget &window);
 /// Visible commands and boxes without an accessible name, or with that of another one.
 std::string badlyNamedControls(QWidget &window);
