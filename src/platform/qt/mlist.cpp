@@ -390,6 +390,8 @@ MList::MList(QWidget *parent) : QTableView(parent), list({}, this)
     connect(this, &QTableView::clicked, this,
             [this](const QModelIndex &index) { Q_EMIT rowTapped(index.row()); });
     connect(this, &QTableView::pressed, this, &MList::moved);
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &MList::openRowOfTool,
+            Qt::QueuedConnection);
     shareWidth();
 }
 
@@ -428,6 +430,17 @@ void MList::goToRow(long row)
     else
         selectionModel()->clear();
     scrollTo(place);
+}
+
+/// An accessibility tool chooses a row without going there. It has no other way to tap it.
+void MList::openRowOfTool()
+{
+    const QModelIndexList chosen = selectionModel()->selectedRows();
+    if (chosen.isEmpty() || chosen.front().row() == currentIndex().row())
+        return;
+    goToRow(chosen.front().row());
+    Q_EMIT moved();
+    Q_EMIT rowTapped(chosen.front().row());
 }
 
 /// Qt makes the first row the current one when the keyboard comes, and nobody sees it.

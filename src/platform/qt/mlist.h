@@ -117,6 +117,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    void openRowOfTool();
     long chosenRow() const;
     /// True when they need another width than before.
     bool measureAmounts();
