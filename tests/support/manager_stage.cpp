@@ -241,15 +241,15 @@ void ManagerStage::addListWords()
             if (does != nullptr && of != Command::Done)
                 (list.*does)();
     });
-    mayDo("load the list", [this](Words) { list.Form_Load(); });
+    word("load the list", [this](Words) { list.Form_Load(); });
     word("the list is open", [this](Words) { // the log of its first load is not told
         list.refresh();
         logSeen = logNow().size();
         soundsHeard = station.system.played.size();
     });
-    mayDo("sort by option", [this](Words option) { list.sortBy(wholeNumber(option)); });
-    mayDo("tap row", [this](Words row) { list.openRow(wholeNumber(row) - 1); });
-    mayDo("mouse on Force ALL NO TIP", [this](Words) { list.hintForceAllNoTip(true); });
+    word("sort by option", [this](Words option) { list.sortBy(wholeNumber(option)); });
+    word("tap row", [this](Words row) { list.openRow(wholeNumber(row) - 1); });
+    word("mouse on Force ALL NO TIP", [this](Words) { list.hintForceAllNoTip(true); });
     word("receipt", [this](Words digits) {
         list.typeReceipt(digits);
         list.enterReceipt(-1);
@@ -279,36 +279,14 @@ void ManagerStage::addEntryWords()
         }
     });
     word("open slot", [this](Words slot) { showEntry(kPending, wholeNumber(slot)); });
-    mayDo("tip", [this](Words text) { entry.typeTip(text); });
-    mayDo("quick tip", [this](Words index) {
-        entry.takeQuickTip(static_cast<std::size_t>(wholeNumber(index)));
-    });
-    mayDo("box", [this](std::string rest) {
+    word("tip", [this](Words text) { entry.typeTip(text); });
+    word("quick tip",
+         [this](Words index) { entry.takeQuickTip(static_cast<std::size_t>(wholeNumber(index))); });
+    word("box", [this](std::string rest) {
         const int number = wholeNumber(takeUntil(rest, " = "));
         entry.typeBox(static_cast<details::Box>(number), rest);
     });
     word("status", [this](Words text) { entry.setStatus(text); });
-}
-
-void ManagerStage::mayDo(Words beginning, const Act &act)
-{
-    word(beginning, [this, act](Words rest) { orNothing([&] { act(rest); }); });
-}
-
-void ManagerStage::orNothing(const std::function<void()> &act)
-{
-    const int saidBefore = said;
-    const pending::PendingFields listBefore = list.state();
-    const details::EntryFields entryBefore = entry.state();
-    act();
-    if (said == saidBefore && gathered.empty() && list.state() == listBefore &&
-        entry.state() == entryBefore)
-        say("nothing happens");
-}
-
-void ManagerStage::press(Words caption, bool thoughDisabled)
-{
-    orNothing([&] { Stage::press(caption, thoughDisabled); });
 }
 
 void ManagerStage::refresh(const pending::PendingFields &fields)
@@ -361,10 +339,8 @@ void ManagerStage::gather(Words what)
 void ManagerStage::say(Words line)
 {
     for (const std::string &each : {std::exchange(gathered, ""), line})
-        if (!each.empty()) {
+        if (!each.empty())
             tell(each);
-            ++said;
-        }
 }
 
 /// Its paragraphs in one line.

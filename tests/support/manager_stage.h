@@ -34,7 +34,6 @@ public:
     manager::ManagerStart start;
 
 protected:
-    void press(Words caption, bool thoughDisabled) override;
     void boxShown(Words box) override;
     void lineDone() override;
     /// The files of the drives, but not logs and locks: paths, sizes, and the records of those that
@@ -60,9 +59,6 @@ private:
     void addStationWords();
     void addListWords();
     void addEntryWords();
-    /// A word for what may be ignored; then it is said that nothing has changed.
-    void mayDo(Words beginning, const Act &act);
-    void orNothing(const std::function<void()> &act);
     void place(Words bytes);
     void look(Words what);
     std::string logNow() const;
@@ -89,7 +85,6 @@ private:
     std::string notice;
     std::string status;
     std::string gathered; // since the last line
-    int said = 0;
     int paints = 0;
     std::size_t logSeen = 0;
     std::size_t soundsHeard = 0;

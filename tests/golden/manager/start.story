@@ -8,8 +8,7 @@ start the program
 press NEXT
   status:  (busy) > status: Checking Credit Card Batch Logs (busy) > status: 0 CC LOG Files (busy) > status: 0 CC OLD ANSWER Files (busy) > status: 0 CC OLD HISTORY Files (busy)
   log: - | USER CHOSE AFTER Business Hours   | A backup of the data file was made at1  01:05 PM | File Name - 01152025130500 | - | XchargePend is loading now
-press NEXT, though disabled
-  nothing happens
+in vain: press NEXT, though disabled
 pass 99 ms
 pass 1 ms
   status: 0 CC OLD HISTORY Files

@@ -7,8 +7,7 @@ card CCReceipt=4;CCstatus=Declined, CCReceipt=5;CCstatus=;CCTip=9, CCReceipt=6;C
 the list is open
 # A sorted list: each is met once, and the list is loaded after each save.
 sort by option 0
-when a box is open: press Finish
-  nothing happens
+when a box is open: in vain: press Finish
 answer Ok
 press Force ALL NO TIP
   [FORCE ALL NO TIP] Are you sure, All entries will be marked no tip and be ready to finiliaze (Ok, Cancel)
@@ -59,10 +58,8 @@ the list is open
 mouse on Force ALL NO TIP
   notice: All entries with no tip will be forced no tip and marked adjusted
 answer Cancel
-when a box is open: sort by option 1
-  nothing happens
-when a box is open: tap row 1
-  nothing happens
+when a box is open: in vain: sort by option 1
+when a box is open: in vain: tap row 1
 press Mark all completed
   [FORCE ALL COMPLETED] Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be batched out. Only do this if you are sure these transactions have been batched out already. (Ok, Cancel)
   log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED CANCEL  ***

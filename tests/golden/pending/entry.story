@@ -8,8 +8,7 @@ tap row 3
 press Finish
   entry closed > notice: Updating Data File - Just a momnet Please > row 3 selected > notice: Operation is completed
   log: loaded: $80.00 + $0.00 = $80.00, count 3 | 5 x C:\Lumbrio\whoosh.wav
-press Save of the entry, though disabled
-  nothing happens
+in vain: press Save of the entry, though disabled
 look at files
 -- files
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 2000
@@ -79,26 +78,19 @@ the list is open
 tap row 151
   entry F:\Lumbrio\CCPending.dat 151
 after 20 ms: tip 5
-after 30 ms: press Done of the entry
-  nothing happens
-after 40 ms: press Save of the entry
-  nothing happens
-after 50 ms: press Delete of the entry
-  nothing happens
-after 60 ms: press Force ALL NO TIP of the entry
-  nothing happens
-after 70 ms: press next of the entry
-  nothing happens
-after 80 ms: press Cancel of the entry
-  nothing happens
+after 30 ms: in vain: press Done of the entry
+after 40 ms: in vain: press Save of the entry
+after 50 ms: in vain: press Delete of the entry
+after 60 ms: in vain: press Force ALL NO TIP of the entry
+after 70 ms: in vain: press next of the entry
+after 80 ms: in vain: press Cancel of the entry
 press Refresh
   row 151 selected
   log: loaded: $3,020.00 + $150.00 = $3,170.00, count 150 | 2 x C:\Lumbrio\whoosh.wav
 look at entry
   2, tip 5, Adjusted - Pending
 # Nor does the list while the entry asks.
-when a box is open: press Finish
-  nothing happens
+when a box is open: in vain: press Finish
 answer Ok
 press Done of the entry
   [YOU HAVE EXCEEDED THE CRD VALUE] Tip Exceeeds the balance of the card. This is either a gift card or debit card and the maximum funds you can add to the card is $3.00 Please revise the TIP and try again. (Ok)

@@ -2,7 +2,7 @@ card CCReceipt=1, CCReceipt=2;CCAdjStatus=Com
 
 # Kept: "Finish" goes on without the lock.
 story finish without the lock
-lock CCPending.dat
+in vain: lock CCPending.dat
 press Finish
   notice: Updating Data File - Just a momnet Please > notice: Operation is completed
   log: loaded: $20.00 + $0.00 = $20.00, count 0 | 5 x C:\Lumbrio\whoosh.wav

@@ -22,8 +22,7 @@ look at order
   option 0: 5 6 1 4
 tap row 4
   entry F:\Lumbrio\CCPending.dat 4
-tap row 5
-  nothing happens
+in vain: tap row 5
 saved
   row 4 selected
   log: loaded: $82.00 + $4.50 = $86.50, count 3 | 2 x C:\Lumbrio\whoosh.wav
@@ -53,8 +52,7 @@ press Refresh
 # The card role has no list.
 story list in the card role
 role TNDRcc
-load the list
-  nothing happens
+in vain: load the list
 
 # Forty slips at midnight do not wait for a line that is down, and its state is not guessed.
 story connection tested beside the screen
@@ -92,14 +90,10 @@ story busy while the list loads
 cards 150: CCstatus=Declined
 after 20 ms: another station stores CCReceipt=new
   stored
-after 25 ms: tap row 1
-  nothing happens
-after 30 ms: press DELETE RED'S
-  nothing happens
-after 60 ms: press Done, though disabled
-  nothing happens
-after 70 ms: mouse on Force ALL NO TIP
-  nothing happens
+after 25 ms: in vain: tap row 1
+after 30 ms: in vain: press DELETE RED'S
+after 60 ms: in vain: press Done, though disabled
+after 70 ms: in vain: mouse on Force ALL NO TIP
 after 80 ms: saved
 press Refresh
   log: loaded: $3,000.00 + $0.00 = $3,000.00, count 149 | loaded: $3,020.00 + $0.00 = $3,020.00, count 150 | 4 x C:\Lumbrio\whoosh.wav
@@ -224,12 +218,9 @@ press everything of the list
   log: loaded: $60.00 + $0.00 = $60.00, count 2 |      ***  USER CLICKED PRINT  *** |      ***  USER CLICKED Archive  *** |      ***  USER CLICKED TOTALS BY SERVER  *** |      ***  USER CLICKED TOTALS BY STATION  *** |      ***  USER CLICKED TOTALS BY TYPE  *** | 2 x C:\Lumbrio\whoosh.wav
 tap row 3
   entry F:\Lumbrio\CCPending.dat 3
-tip 9
-  nothing happens
-quick tip 3
-  nothing happens
-box 2 = JANE
-  nothing happens
+in vain: tip 9
+in vain: quick tip 3
+in vain: box 2 = JANE
 look at entry
   3, tip 0, Not Adjusted
 answer Cancel

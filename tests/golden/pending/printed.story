@@ -6,8 +6,7 @@ the list is open
 sort by option 0
 no cards
 card CCReceipt=2;CCTabAmt=40.00;CCApprovedAmt=30.00;CCTip=6, CCReceipt=1;CCStation=BAR
-press Print
-  nothing happens
+in vain: press Print
   log:      ***  USER CLICKED PRINT  ***
 == printed on Office Laser
   job "Lumbrio card slip" landscape
@@ -29,8 +28,8 @@ press Refresh
 erase F:\Lumbrio\CCPending.dat
 answer Cancel
 press Print
-- nothing happens
-+ [print on] one of 2 (Office Laser)
+  [print on] one of 2 (Office Laser)
+  log:      ***  USER CLICKED PRINT  ***
 printer fails no room on the disk
 answer with Office Laser
 answer Ok
@@ -58,6 +57,7 @@ cards 50: CCTip=1
 printer Office
 the list is open
 press Print
+  log:      ***  USER CLICKED PRINT  ***
 == printed on Office Laser
   font "" 8 bold, line "Recp #\tServer\tTabAmt\tAuthAmt\tTipAmt\tnTotal\tAdjusted  Status ###\tAuth  #.....\tStatus .....\tDate .........\tTime .........\tTerminal"
 * font "" 7, line "001\t7\t20.00\t0\t1\t21.00\tNot Adjusted\t004711\tApproved\t01/15/25\t01:05 PM\tFRONT-BAR"
