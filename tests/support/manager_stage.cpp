@@ -259,7 +259,7 @@ void ManagerStage::addListWords()
         for (int n = std::max(wholeNumber(times), 1); n > 0; --n)
             list.entrySaved();
     });
-    word("look at", [this](Words what) { look(what); });
+    check("look at", [this](Words what) { look(what); });
 }
 
 void ManagerStage::addEntryWords()
