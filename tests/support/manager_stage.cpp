@@ -433,7 +433,7 @@ Lines ManagerStage::files() const
         const std::string path =
             toLower(below.parent_path().generic_string()) + "/" + below.filename().string();
         if (file.is_regular_file() && !cards.contains(file.path().string()) &&
-            path.find("MGRlog") == std::string::npos)
+            path.find("MGRlog") == std::string::npos && !path.ends_with(".lock"))
             lines.push_back(path + " " + std::to_string(file.file_size()));
         else if (file.is_directory() && is_empty(file.path()))
             lines.push_back(toLower(path) + "/");

@@ -19,12 +19,10 @@ press QUIT
   log: - | USER CHOSE QUIT   | A backup of the data file was made at1  01:05 PM | File Name - 01152025130501 | - | Program ended normally | - | =======================================
   the program ends
 == left
-  c/lumbrio/data/TndrMGR.lock 0
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 500
   f and c/lumbrio/data/ccdata/01152025130501CCpending.dat 500
   c/pay/
   c/program files/x-charge/
-  f/lumbrio/data/ManagerInUse.lock 23
   f/lumbrio/data/ccdatatmp/
   f/lumbrio/data/ccdatatmp2/
   f/lumbrio/data/ccmgrlogs/
@@ -172,8 +170,6 @@ start the program
 == left
 * f and c/lumbrio/data/ccdata/
 - f and c/lumbrio/data/ccdata/01152025130501CCpending.dat 500
-  c/program files/x-charge/
-- f/lumbrio/data/ManagerInUse.lock 23
 
 # It is told at each start until the card file takes it.
 story kept record, like start
@@ -187,9 +183,9 @@ mend append CCPending.dat
 start the program
   log: started: Wednesday 01/15/2025 01:05 PM | KEPT RECORDS STORED  1
 == left
+- f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 500
 + c/lumbrio/CCLastProcess.dat 233
 + c/lumbrio/TRACELOG.TXT 229
 * f and c/lumbrio/data/ccdata/
-- f and c/lumbrio/data/ccdata/01152025130501CCpending.dat 500
   f/lumbrio/data/ccmgrlogs/
 + F:\Lumbrio\CCPending.dat: 1 (1043 CCNumb=4111111111111111 CCServer=7 CCTabAmt=48.50 CCApprovedAmt=0 CApprovalCode=004711 CCstatus=Approved CCTip=0 CCReceipt=1043 CCDate=01/15/25 CCTime=01:05 PM CCStation=FRONT-BAR CCAdjStatus=Not Adjusted CCEncoded=0)

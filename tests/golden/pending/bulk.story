@@ -44,11 +44,6 @@ press picture
   [FORCE ALL COMPLETED] Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be batched out. (Ok, Cancel)
   [YOU HAVE EXCEEDED THE CRD VALUE] Tip Exceeeds the balance of the card. This is either a gift card or debit card and the maximum funds you can add to the card is $5.00 Please revise the TIP and try again. (Ok)
   log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED OK DO IT  *** | loaded: $60.00 + $9.00 = $69.00, count 2 (2 times) | 1 x C:\Lumbrio\whoosh.wav
-look at rows
--- rows
-  1 green 001|7|20.00     |0         |3         |23.00|Completed                |004711    |Approved  |01/15/25  |01:05 PM  |FRONT-BAR 
-  2 white 002|7|20.00     |0         |6         |26.00|Not Adjusted             |004711    |Approved  |01/15/25  |01:05 PM  |FRONT-BAR 
-  3 green 003|7|20.00     |0         |0         |20.00|Completed                |004711    |Approved  |01/15/25  |01:05 PM  |FRONT-BAR 
 == left
   F:\Lumbrio\CCPending.dat: (1 CCNumb=D3456789:;<=>?@A CCExpDate= CCName= CCDescription= CCXcTranID= CCSaleAmt= CCTable= CResponse= CCVerify= CCSwiped= CCAdjStatus=Completed CCEncoded=1 CCtype=Visa CCaditionalFUNDS=0 GCbalance=) 2 (3 CCNumb=D3456789:;<=>?@A CCExpDate= CCName= CCDescription= CCXcTranID= CCSaleAmt= CCTable= CResponse= CCVerify= CCSwiped= CCAdjStatus=Completed CCEncoded=1 CCtype=Visa CCaditionalFUNDS=0 GCbalance=)
 
@@ -68,9 +63,6 @@ press Force ALL NO TIP
   [FORCE ALL NO TIP] Are you sure, All entries will be marked no tip and be ready to finiliaze (Ok, Cancel)
 look at order
   option -1: 1
-look at rows
--- rows
-  1 white 001|7|20.00     |0         |0         |20.00|Not Adjusted             |004711    |Approved  |01/15/25  |01:05 PM  |FRONT-BAR 
 look at edit mode
   DO NOT KEEP
 

@@ -9,9 +9,6 @@ press Finish
   entry closed > notice: Updating Data File - Just a momnet Please > row 3 selected > notice: Operation is completed
   log: loaded: $80.00 + $0.00 = $80.00, count 3 | 5 x C:\Lumbrio\whoosh.wav
 in vain: press Save of the entry, though disabled
-look at files
--- files
-  f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 2000
 tap row 2
   entry F:\Lumbrio\CCPending.dat 2
 answer with 01/14/2025

@@ -10,12 +10,6 @@ press Refresh
   log: loaded: $82.00 + $4.50 = $86.50, count 3 | 2 x C:\Lumbrio\whoosh.wav
 look at totals
   $82.00 + $4.50 = $86.50, 4 Swipes, from 01/14/25 to 01/15/25, record 6 of F:\Lumbrio\CCPending.dat, 2 to adjust, Internet connection detected!!
-look at rows
--- rows
-  1 button 012|7|30        |30.00     |0         |30.00|Adjusted - Pending       |004711    |Approved  |01/15/25  |01:05 PM  |FRONT-BAR 
-  4 white 044|7|20.00     |0         |4.50      |24.50|Not Adjusted             |004711    |Approved  |01/14/25  |01:05 PM  |FRONT-BAR 
-  5 red 005|7|20.00     |0         |0         |20.00|Completed                |004711    |Declined  |01/15/25  |01:05 PM  |FRONT-BAR 
-  6 green 006|7|12        |12.00     |0         |12.00|Completed                |004711    |Approved  |01/15/25  |01:05 PM  |FRONT-BAR 
 # The place stays selected, not the record.
 sort by option 0
 look at order
@@ -172,14 +166,10 @@ press Finish
 look at commands
   Finish hidden
 answer with 01/14/25
-when a box is open (3): look at commands
-  Finish hidden
 press Mark Completed
   [ enter date ] Enter the date of transactions to move (01/15/2025)
   notice: Updating Data File - Just a momnet Please > row 2 selected > notice: Operation is completed
   log: loaded: $40.00 + $0.00 = $40.00, count 1 | 5 x C:\Lumbrio\whoosh.wav
-look at commands
-  Finish hidden
 == left
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 1000
   f/lumbrio/ServerISBatching.dat 4
