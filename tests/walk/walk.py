@@ -305,6 +305,7 @@ class Walk:
         try:
             wait_for('', listed)
         except TimeoutError:
+            self.look_over('', seen)
             raise TimeoutError(f'other commands are enabled: {"; ".join(enabled(seen))}') from None
         return seen
 
