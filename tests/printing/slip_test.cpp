@@ -90,22 +90,23 @@ private:
     }
     void addSlipWords()
     {
-        slip("Print_Merch", [this] { Print_Merch(app, printer, context); });
-        slip("Print_Cust", [this] { Print_Cust(app, printer, context); });
-        slip("PrintPartial_Merch", [this] { PrintPartial_Merch(app, printer, context); });
-        slip("PrintPartial_Cust", [this] { PrintPartial_Cust(app, printer, context); });
-        slip("Att_Server", [this] { Att_Server(app, printer); });
-        slip("Reprint_Merch", [this] { Reprint_Merch(app, printer, context); });
-        slip("Reprint_Cust", [this] { Reprint_Cust(app, printer, context); });
-        slip("Print_Cust2", [this] { Print_Cust2(app, printer, context); });
-        slip("balance page", [this] { printGiftBalancePage(app, printer); });
+        slip("Print_Merch", "", [this] { Print_Merch(app, printer, context); });
+        slip("Print_Cust", "Print_Merch", [this] { Print_Cust(app, printer, context); });
+        slip("PrintPartial_Merch", "", [this] { PrintPartial_Merch(app, printer, context); });
+        slip("PrintPartial_Cust", "PrintPartial_Merch",
+             [this] { PrintPartial_Cust(app, printer, context); });
+        slip("Att_Server", "", [this] { Att_Server(app, printer); });
+        slip("Reprint_Merch", "Print_Merch", [this] { Reprint_Merch(app, printer, context); });
+        slip("Reprint_Cust", "Print_Cust", [this] { Reprint_Cust(app, printer, context); });
+        slip("Print_Cust2", "", [this] { Print_Cust2(app, printer, context); });
+        slip("balance page", "", [this] { printGiftBalancePage(app, printer); });
     }
-    void slip(const char *routine, const std::function<void()> &print)
+    void slip(const char *routine, const char *sibling, const std::function<void()> &print)
     {
-        word(routine, [this, routine, print](Words) {
+        word(routine, [this, routine, sibling, print](Words) {
             print();
             if (const story::Lines paper = newPaper(); !paper.empty())
-                tellChanges(routine, paper);
+                tellChanges(routine, paper, sibling);
         });
     }
     /// What has been printed since the last time: each line with the font that it changes to.

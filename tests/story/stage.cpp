@@ -328,9 +328,9 @@ void Stage::tell(Words line, Words title)
         part->lines.emplace_back();
 }
 
-void Stage::tellChanges(Words title, const Lines &lines)
+void Stage::tellChanges(Words title, const Lines &lines, Words sibling)
 {
-    partsOfLine().push_back({title, lines, true});
+    partsOfLine().push_back({title, lines, true, sibling});
 }
 
 void Stage::complain(Words text)

@@ -44,7 +44,8 @@ protected:
     /// Tells a line under the script's line that is being done; those of a title stand together.
     void tell(Words line, Words title = {});
     /// A part told as what has changed since the last part of that title (a look at a screen).
-    void tellChanges(Words title, const Lines &lines);
+    /// The first one of a title is told against the last one of its sibling's.
+    void tellChanges(Words title, const Lines &lines, Words sibling = {});
     /// The story fails, with the line that is being done.
     void complain(Words text);
     /// Does one line of the language.

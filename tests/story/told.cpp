@@ -52,7 +52,7 @@ private:
         if (base != nullptr)
             showGone(line.shown, kPartOfLine, *base, told.steps[step]);
         for (const Section &section : told.steps[step]) {
-            const Section *before = section.changes   ? lastOf(section.title, step)
+            const Section *before = section.changes   ? lastLike(section, step)
                                     : base != nullptr ? titled(*base, section.title)
                                                       : nullptr;
             add(line.shown, kPartOfLine, section, before);
@@ -101,6 +101,11 @@ private:
             if (same(script[i]) && --often == 0)
                 return &like[0].told->steps[i + 1];
         return nullptr;
+    }
+    const Section *lastLike(const Section &section, std::size_t step) const
+    {
+        const Section *last = lastOf(section.title, step);
+        return last != nullptr ? last : lastOf(section.sibling, step);
     }
     /// The last one of that title before this step, or else the first in the stories it is like.
     const Section *lastOf(const std::string &title, std::size_t step) const

@@ -46,6 +46,7 @@ private:
         word("stop waiting", [this](Words) { story.app.values.StopWaiting = 65535; });
         word("a manager's card is read",
              [this](Words) { story.app.values.managerCheckMode = "100"; });
+        word("the answer's trace is told", [this](Words) { answerTraceTold = true; });
         word("no cut", [this](Words) { story.app.values.NoCut2Flag = -1; });
         word("the system prefers", [this](Words name) { story.station.printers.preferred = name; });
     }
@@ -207,20 +208,113 @@ private:
                                            {here, "XAudit.DAT"},
                                            {here, "CCnoPrint.dat"},
                                            {here, "CreditApproval.dat"},
-                                           {here, "CCLastProcess.dat"},
-                                           {here, "TRACELOG.TXT"},
                                            {story.app.values.Remotedir, "BadSwipe.dat"}}) {
             if (!story.station.has(folder + name))
                 continue;
             const std::string content = story.station.get(folder + name);
-            const bool answer = std::string(name) == "Xsend.ans";
+            const Lines lines = story::linesOf(content);
+            const bool isAnswer = std::string(name) == "Xsend.ans";
             parts.push_back(
-                {folder == "C:\\" ? folder + name : name,
-                 answer ? numbered(story::linesOf(content)) : counted(story::linesOf(content))});
+                {folder == "C:\\" ? folder + name : name, isAnswer ? numbered(lines) : lines});
             if (content.empty())
                 parts.back().lines = {"empty"};
-            if (std::string(name) != "BadSwipe.dat" && content.find("411111111111") != content.npos)
-                complain(std::string("a card's number stands in ") + name);
+            if (std::string(name) != "BadSwipe.dat")
+                findCard(name, content);
+        }
+        addTraces(parts);
+    }
+    void findCard(Words name, Words content)
+    {
+        if (content.find("411111111111") != content.npos)
+            complain("a card's number stands in " + name);
+    }
+
+    /// What echoes the command line, the result or the answer is compared with it and not told.
+    void addTraces(std::vector<Section> &parts)
+    {
+        Lines process = traceLines("CCLastProcess.dat");
+        Lines log = traceLines("TRACELOG.TXT");
+        checkCommandLine(process);
+        checkResult(process);
+        if (!answerTraceTold) {
+            for (std::string &line : log)
+                line = Trim(line);
+            std::erase(log, "");
+            checkAnswer(log);
+        }
+        for (std::string &line : process)
+            if (const auto same = std::find(log.begin(), log.end(), Trim(line));
+                !isBlank(line) && same != log.end()) {
+                log.erase(same);
+                line += " [TRACELOG]";
+            }
+        parts.push_back({"CCLastProcess.dat", counted(process)});
+        parts.push_back({"TRACELOG.TXT", log});
+    }
+    Lines traceLines(Words name)
+    {
+        const std::string content = story.station.getIfThere(story.app.values.Maindir + name);
+        findCard(name, content);
+        Lines lines = story::linesOf(content);
+        for (std::string &line : lines)
+            if (constexpr std::size_t kLongest = 400; line.size() > kLongest)
+                line = line.substr(0, 60) + "... " + std::to_string(line.size()) + " bytes";
+        return lines;
+    }
+    /// The lines between two, which stay; none where they do not stand.
+    static Lines takenOut(Lines &lines, Words before, Words behind)
+    {
+        const auto first = std::find(lines.begin(), lines.end(), before);
+        const auto last = std::find(first, lines.end(), behind);
+        if (last == lines.end())
+            return {};
+        const Lines taken(first + 1, last);
+        lines.erase(first + 1, last);
+        return taken;
+    }
+    void checkCommandLine(Lines &process)
+    {
+        const Lines traced = takenOut(
+            process, "***********  X CHARGE REQUEST INFO  ******************", "Calling Set Data");
+        if (traced.size() < 3)
+            return;
+        std::string arguments;
+        for (auto line = traced.begin(); line != traced.end() - 3; ++line)
+            arguments += (arguments.empty() ? "" : " ") + *line;
+        if (traced.back() != arguments)
+            complain("the arguments are traced as " + arguments);
+        for (const auto &started : story.station.system.started)
+            if (started.commandLine != traced.end()[-2] + " " + arguments)
+                complain("the command line is traced as " + arguments);
+    }
+    void checkResult(Lines &process)
+    {
+        const Lines traced = takenOut(process, "Response File Name c:\\Lumbrio\\xResultFile.Txt",
+                                      "End File Data c:\\Lumbrio\\xResultFile.Txt");
+        Lines copy = story::linesOf(story.station.getIfThere("C:\\Lumbrio\\ResponseBACKUP.txt"));
+        if (copy.empty() || traced.empty())
+            return;
+        copy.insert(copy.begin(), std::string(54, '-'));
+        if (traced != copy)
+            complain("the result is traced otherwise");
+    }
+    void checkAnswer(Lines &log)
+    {
+        const records::ProcessValues &values = story.app.values;
+        for (const std::string &line : takenOut(log, "******  Make Respone File For Lumbrio ******",
+                                                "******  END Respone File For Lumbrio ******")) {
+            const std::size_t dash = line.find(" -");
+            const std::string name = Trim(line.substr(0, dash));
+            std::string meant = name == "File Name"    ? values.Maindir + "Xsend.ans"
+                                : name == "TndrRESULT" ? values.TndrRESULT
+                                                       : "";
+            if (name.starts_with("Val("))
+                meant = std::to_string(values.TndrNOpreAUTH) + "-  0 =False -1=True";
+            for (const CardField &field : kCardFields)
+                if (name == std::string("CCdata.") + field.name)
+                    meant = values.CCdata.text(field);
+            if (Trim(line.substr(dash + 2)) != story::plain(meant))
+                complain("traced with the answer: " + line);
         }
     }
     static Lines numbered(Lines lines)
@@ -245,6 +339,7 @@ private:
 
     support::StoryTender &tender = story.tender;
     bool watching = false;
+    bool answerTraceTold = false;
     std::string seen;
     Lines watched;
 };

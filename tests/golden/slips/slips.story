@@ -54,33 +54,16 @@ Print_Merch
   line ""
 Print_Cust
 -- Print_Cust
-  on Receipt TM-88
-  job "Lumbrio card slip"
-  picture Picture1
-  line ""  <"Receipt Sans" 12>
-  2 x line ""
-  line "The Copper Kettle"  <"Receipt Sans" 9 bold>
-  line "14 Harbour Street"  <"Receipt Sans" 9>
-  line "Portsmouth NH 03801"
+* picture Picture1
+* line ""  <"Receipt Sans" 12>
   line "__________________________________________________"  <"Receipt Sans" 7>
-  line "01/15/25  01:05 PM  1043 - 7 Maria - 12"
+* line "01/15/25  01:05 PM  1043 - 7 Maria - 12"
   line "Name: JOHN Q PUBLIC"
-  line "Card: #### #### #### 8765"
-  line "Terminal / Station  BAR1"  <"Receipt Sans" 7 bold>
-  line ""
-  line "Amount      $1,248.50"  <"Receipt Sans" 14>
-  line ""  <"Receipt Sans" 7>
-  line "Gratuity      ___________________________"  <"Receipt Sans" 14>
-  line ""  <"Receipt Sans" 7>
-  line "Total          ___________________________"  <"Receipt Sans" 14>
-  line ""
-  line "x_______________________________"
+* line "Card: #### #### #### 8765"
+* line "Terminal / Station  BAR1"  <"Receipt Sans" 7 bold>
   line "       Signature"  <"Receipt Sans" 7>
-  line "       JOHN Q PUBLIC                 "  <"Receipt Sans" 9 bold>
-  line ""  <"Receipt Sans" 9>
-  picture Picture1
-  line ""  <"Receipt Sans" 12>
-  line ""
+* line "       JOHN Q PUBLIC                 "  <"Receipt Sans" 9 bold>
+* picture Picture1
 PrintPartial_Merch
 -- PrintPartial_Merch
   on Receipt TM-88
@@ -118,39 +101,10 @@ PrintPartial_Merch
   line ""
 PrintPartial_Cust
 -- PrintPartial_Cust
-  on Receipt TM-88
-  job "Lumbrio card slip"
-  picture Picture3
-  line ""  <"Receipt Sans" 24>
-  2 x line ""
-  line "The Copper Kettle"  <"Receipt Sans" 9 bold>
-  line "14 Harbour Street"  <"Receipt Sans" 9>
-  line "Portsmouth NH 03801"
-  line "__________________________________________________"  <"Receipt Sans" 7>
-  line "01/15/25  01:05 PM  1043 - 7 Maria - 12"
-  line "Name: JOHN Q PUBLIC"
-  line "Card: #### #### #### 8765"
-  line "AUTH - A12345  Terminal BAR1"  <"Receipt Sans" 7 bold>
-  line ""
-  picture Picture5
-  line ""  <"Receipt Sans" 12 bold>
-  line ""
-  line "    Amount      "  <"Receipt Sans" 14>
-  line "        $1,200.00"  <"Receipt Sans" 28 bold>
-  line ""  <"Receipt Sans" 7 bold>
-  line "    Gratuity NOT Allowed"  <"Receipt Sans" 16>
-  line ""  <"Receipt Sans" 8>
-  line "  We are unable to put any more funds thru on this card"
-  line "  The original amount due was     $1,248.50"  <"Receipt Sans" 10>
-  line "  There is still a Balance Due of $48.50"  <"Receipt Sans" 10 bold>
-  line "  (Please tip your server on the original amount due)"  <"Receipt Sans" 8>
-  4 x line ""
-  line "x_______________________________________________"
-  line "                              Signature"  <"Receipt Sans" 7>
-  line ""
-  picture Picture3
-  line ""  <"Receipt Sans" 24>
-  line ""
+* picture Picture3
+- 3 x line ""
++ 4 x line ""
+* picture Picture3
 Att_Server
 -- Att_Server
   on Receipt TM-88
@@ -169,62 +123,21 @@ Att_Server
   line "$48.50  "
 Reprint_Merch
 -- Reprint_Merch
-  on Receipt TM-88
-  job "Lumbrio card slip"
-  picture Picture2
-  line ""  <"Receipt Sans" 12>
-  2 x line ""
-  line "The Copper Kettle"  <"Receipt Sans" 9 bold>
-  line "14 Harbour Street"  <"Receipt Sans" 9>
-  line "Portsmouth NH 03801"
+* line ""  <"Receipt Sans" 12>
   line "__________________________________________________"  <"Receipt Sans" 7>
-  line "01/15/25  01:05 PM  1043 - 7 Maria - 12"
+* line "01/15/25  01:05 PM  1043 - 7 Maria - 12"
   line "Name: JOHN Q PUBLIC"
-  line "Card: #### #### #### 1111  TransRecord 17"
-  line "AUTH - A12345  Terminal BAR1"  <"Receipt Sans" 7 bold>
-  line ""
-  line "Amount      $1,248.50"  <"Receipt Sans" 14>
-  line ""  <"Receipt Sans" 7>
-  line "Gratuity      ___________________________"  <"Receipt Sans" 14>
-  line ""  <"Receipt Sans" 7>
-  line "Total          ___________________________"  <"Receipt Sans" 14>
-  line ""
-  line "x_______________________________"
-  line "       Signature"  <"Receipt Sans" 7>
-  line "        JOHN Q PUBLIC                 "  <"Receipt Sans" 9 bold>
-  line ""  <"Receipt Sans" 9>
-  picture Picture2
+* line "Card: #### #### #### 1111  TransRecord 17"
   line ""  <"Receipt Sans" 12>
-  2 x line ""
+- line ""
++ 2 x line ""
 Reprint_Cust
 -- Reprint_Cust
-  on Receipt TM-88
-  job "Lumbrio card slip"
-  picture Picture1
-  line ""  <"Receipt Sans" 12>
-  2 x line ""
-  line "The Copper Kettle"  <"Receipt Sans" 9 bold>
-  line "14 Harbour Street"  <"Receipt Sans" 9>
-  line "Portsmouth NH 03801"
-  line "__________________________________________________"  <"Receipt Sans" 7>
-  line "01/15/25  01:05 PM  1043 - 7 Maria - 12"
   line "Name: JOHN Q PUBLIC"
-  line "Card: #### #### #### 1111"
-  line "Terminal / Station  BAR1"  <"Receipt Sans" 7 bold>
-  line ""
-  line "Amount      $1,248.50"  <"Receipt Sans" 14>
-  line ""  <"Receipt Sans" 7>
-  line "Gratuity      ___________________________"  <"Receipt Sans" 14>
-  line ""  <"Receipt Sans" 7>
-  line "Total          ___________________________"  <"Receipt Sans" 14>
-  line ""
-  line "x_______________________________"
-  line "       Signature"  <"Receipt Sans" 7>
-  line "       JOHN Q PUBLIC                 "  <"Receipt Sans" 9 bold>
-  line ""  <"Receipt Sans" 9>
-  picture Picture1
+* line "Card: #### #### #### 1111"
   line ""  <"Receipt Sans" 12>
-  2 x line ""
+- line ""
++ 2 x line ""
 Print_Cust2
 -- Print_Cust2
   on Receipt TM-88

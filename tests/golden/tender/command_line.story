@@ -108,29 +108,6 @@ story approved
   ******************************************************
   ******************************************************
   ***********  X CHARGE REQUEST INFO  ******************
-  /TRANSACTIONTYPE:PreAuth
-  /LOCKTRANTYPE
-  /AMOUNT:48.50
-  /LOCKAMOUNT
-  /RECEIPT:1043
-  /LOCKRECEIPT
-  /CLERK:7
-  /LOCKCLERK
-  /RESULTFILE:C:/lumbrio/xResultFile.txt
-  /AUTOCLOSE
-  /PartialApprovalSupport:T
-  /USERID:pos
-  /PASSWORD:trelva
-  /STAYONTOP
-  /SMARTAUTOPROCESS
-  /HIDEMAINMENU
-  /GETXCACCOUNTID
-  /TOOLBAREXITBUTTON
-  /LARGEWINDOW
-  /TITLE:Lumbrio-Credit_Card_Processing 
-  ------------------------------------------------------
-  c:\Program Files\X-charge\Xcharge.exe
-  /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
   Calling Set Data
                  
     Setting a 20 second timer to wait for response
@@ -141,17 +118,6 @@ story approved
   ------------------------------------------------------
   ***********  X CHARGE RESPONSE INFO  ******************
   Response File Name c:\Lumbrio\xResultFile.Txt
-  ------------------------------------------------------
-  RESULT=SUCCESS
-  APPROVALCODE=012345
-  SWIPED=True
-  NAME=ROSALIND/TEST
-  XCACCOUNTID=7401234567890
-  XCTRANSACTIONID=00002154
-  ACCOUNT=XXXXXXXXXXXX1234
-  ACCOUNTTYPE=VISA
-  EXPIRATION=0928
-  APPROVEDAMOUNT=48.50
   End File Data c:\Lumbrio\xResultFile.Txt
   ******************************************************
   ------------------------------------------------------
@@ -159,28 +125,34 @@ story approved
    CCmerchant.VRD is not in F:\Lumbrio\
     Printing Merchant 3
 == TRACELOG.TXT
-  
   ******  Make Respone File For Lumbrio ******
-  
-    File Name - C:\Lumbrio\Xsend.ans
-    TndrRESULT - Approved
-    CCdata.CCTabAmt  - 48.50     
-    CCdata.CApprovalCode - 012345    
-    CCdata.CCaditionalFUNDS - 0         
-    CCdata.GCbalance - 0         
-    CCdata.CCNumb - D63579;=?ACE=                 
-    CCdata.CCtype - VISA      
-    CCdata.HiddenNumb - XXXXXXXXXXXX1234              
-    CCdata.CCServer - 7         
-    CCdata.CCTable - 12        
-    CCdata.CCTroutID -           
-    CCdata.CCName - ROSALIND/TEST                 
-    CCdata.CCstatus - Approved  
-    CCdata.CResponse - SUCCESS             
-    Val(TndrNOpreAUTH) - 0-  0 =False -1=True
-  
   ******  END Respone File For Lumbrio ******
-  
+
+story approved with the trace of its answer, like approved
+the answer's trace is told
+== TRACELOG.TXT
++ 
+  ******  Make Respone File For Lumbrio ******
++ 
++   File Name - C:\Lumbrio\Xsend.ans
++   TndrRESULT - Approved
++   CCdata.CCTabAmt  - 48.50     
++   CCdata.CApprovalCode - 012345    
++   CCdata.CCaditionalFUNDS - 0         
++   CCdata.GCbalance - 0         
++   CCdata.CCNumb - D63579;=?ACE=                 
++   CCdata.CCtype - VISA      
++   CCdata.HiddenNumb - XXXXXXXXXXXX1234              
++   CCdata.CCServer - 7         
++   CCdata.CCTable - 12        
++   CCdata.CCTroutID -           
++   CCdata.CCName - ROSALIND/TEST                 
++   CCdata.CCstatus - Approved  
++   CCdata.CResponse - SUCCESS             
++   Val(TndrNOpreAUTH) - 0-  0 =False -1=True
++ 
+  ******  END Respone File For Lumbrio ******
++ 
 
 # What the guest owes is stored before anything can go wrong with the paper.
 story approved and stored before it prints, like approved
@@ -225,8 +197,6 @@ put C:\Lumbrio\Xsend.req | "DelPrePay 12","1043","7","48.50"\r\n
   "AUTH - 012345  Terminal FRONT-BAR"
 == CCLastProcess.dat
 * Table Number - DelPrePay 12
-== TRACELOG.TXT
-*   CCdata.CCTable - DelPrePay 
 
 # Only the file on the share makes it a purchase.
 story approved gift card, like approved
@@ -250,15 +220,6 @@ bank approves, BALANCE=12.00, ADDITIONALFUNDSREQUIRED=0.00, NAME=ROSA "ROSE" TES
 + [REMAINING BALANCE ON THIS GIFT CARD]
 == Xsend.ans
 * 9 "ROSA "ROSE" TEST              "
-== CCLastProcess.dat
-  APPROVEDAMOUNT=48.50
-+ BALANCE=12.00
-+ ADDITIONALFUNDSREQUIRED=0.00
-+ NAME=ROSA "ROSE" TEST
-== TRACELOG.TXT
-*   CCdata.CCaditionalFUNDS - 0.00      
-*   CCdata.GCbalance - 12.00     
-*   CCdata.CCName - ROSA "ROSE" TEST              
 
 # A purchase is a sale of its own: it is never batched, and stands in the month's file.
 story approved at once with a slip left open, like approved
@@ -275,11 +236,6 @@ no cut
 == slips
   [CUSTOMER COPY]
 - - - - cut - - -
-== CCLastProcess.dat
-* /TRANSACTIONTYPE:Purchase
-* /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
-== TRACELOG.TXT
-*   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
 
 # The file of the month in which the tender began, whatever the clock says when it is stored.
 story approved over midnight of a month, like approved at once with a slip left open
@@ -328,12 +284,7 @@ put C:\Lumbrio\CCard.dat | x\n\n0\n0\n0\n0\n0\n-1\n-1\n0\n
   Employee Name 
 * Employee Number # 
 * Server (Employee) Number - 
-* /CLERK:9999
-- /PartialApprovalSupport:T
-* /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:9999 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
 *  Total seconds it took for  swipe and Xcharge response
-== TRACELOG.TXT
-*   CCdata.CCServer - 9999      
 
 # The first result counts, also one that tells of no card.
 story approved without a card, like approved
@@ -355,23 +306,12 @@ payment answers: RESULT=SUCCESS\r\nAPPROVALCODE=012345\r\n
 == Xsend.ans
 * 5 "XXXX XXXX XXXX                "
 * 9 "                              "
-== CCLastProcess.dat
-- SWIPED=True
-- ...
-- APPROVEDAMOUNT=48.50
-== TRACELOG.TXT
-*   CCdata.CCNumb -                               
-*   CCdata.CCtype -           
-*   CCdata.HiddenNumb - XXXX XXXX XXXX                
-*   CCdata.CCName -                               
 
 story approved into a locked file, like approved
 lock CCPending.dat
 == CCLastProcess.dat
     Printing Merchant 3
-+   KEPT RECORD written - receipt 1043, amount 48.50, code 012345 - C:\Lumbrio\Data\KeptRecord-20250115-130506.dat
-== TRACELOG.TXT
-+ KEPT RECORD written - receipt 1043, amount 48.50, code 012345 - C:\Lumbrio\Data\KeptRecord-20250115-130506.dat
++   KEPT RECORD written - receipt 1043, amount 48.50, code 012345 - C:\Lumbrio\Data\KeptRecord-20250115-130506.dat [TRACELOG]
 
 story approved without a printer, like approved
 printers none
@@ -385,13 +325,8 @@ answer Ok
 + box Approval code: 012345 (Ok)
 == CCLastProcess.dat
     Printing Merchant 3
-+   NOT PRINTED - merchant's slip - no printer is installed
-+   NOT PRINTED - customer's slip - no printer is installed
-== TRACELOG.TXT
-  ******  END Respone File For Lumbrio ******
-  
-+   NOT PRINTED - merchant's slip - no printer is installed
-+   NOT PRINTED - customer's slip - no printer is installed
++   NOT PRINTED - merchant's slip - no printer is installed [TRACELOG]
++   NOT PRINTED - customer's slip - no printer is installed [TRACELOG]
 
 # Told once record and answer stand, until somebody presses OK; no other command hurries it away.
 story merchants slip not printed, like approved without a printer
@@ -414,11 +349,8 @@ when a box is open: in vain: press Finish Tender
   [CUSTOMER COPY]
   - - - cut - - -
 == CCLastProcess.dat
-*   NOT PRINTED - merchant's slip - no room on the disk - Receipt TM-88
--   NOT PRINTED - customer's slip - no printer is installed
-== TRACELOG.TXT
-*   NOT PRINTED - merchant's slip - no room on the disk - Receipt TM-88
--   NOT PRINTED - customer's slip - no printer is installed
+*   NOT PRINTED - merchant's slip - no room on the disk - Receipt TM-88 [TRACELOG]
+-   NOT PRINTED - customer's slip - no printer is installed [TRACELOG]
 
 story customers slip not printed, like merchants slip not printed
 printer fails done
@@ -435,9 +367,7 @@ answer Ok
 - [CUSTOMER COPY]
 + [MERCHANT COPY]
 == CCLastProcess.dat
-*   NOT PRINTED - customer's slip - the printer is not there - Receipt TM-88
-== TRACELOG.TXT
-*   NOT PRINTED - customer's slip - the printer is not there - Receipt TM-88
+*   NOT PRINTED - customer's slip - the printer is not there - Receipt TM-88 [TRACELOG]
 
 story partial and nothing printed, like partial
 bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
@@ -453,15 +383,9 @@ answer Ok
 + box Approval code: 012345 (Ok)
 == CCLastProcess.dat
    not able to VRD 
-+   NOT PRINTED - merchant's slip - device or network error - Receipt TM-88
-+   NOT PRINTED - customer's slip - device or network error - Receipt TM-88
-+   NOT PRINTED - server's notice - device or network error - Receipt TM-88
-== TRACELOG.TXT
-  ******  END Respone File For Lumbrio ******
-  
-+   NOT PRINTED - merchant's slip - device or network error - Receipt TM-88
-+   NOT PRINTED - customer's slip - device or network error - Receipt TM-88
-+   NOT PRINTED - server's notice - device or network error - Receipt TM-88
++   NOT PRINTED - merchant's slip - device or network error - Receipt TM-88 [TRACELOG]
++   NOT PRINTED - customer's slip - device or network error - Receipt TM-88 [TRACELOG]
++   NOT PRINTED - server's notice - device or network error - Receipt TM-88 [TRACELOG]
 
 # The guest pays the rest with another card, so both slips must say what is left.
 story partial, like approved
@@ -507,16 +431,11 @@ bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
 + 12 " APPROVAL AMOUNT - $30.00"
 + 13 " BALANCE STILL OWING - $18.50"
 == CCLastProcess.dat
-  APPROVEDAMOUNT=48.50
-+ APPROVEDAMOUNT=30
-+ ADDITIONALFUNDSREQUIRED=18.50
 -  CCmerchant.VRD is not in C:\Lumbrio\
 -  CCmerchant.VRD is not in F:\Lumbrio\
 -   Printing Merchant 3
 +  this is a partial approval 
 +  not able to VRD 
-== TRACELOG.TXT
-*   CCdata.CCaditionalFUNDS - 18.50     
 
 story partial at once, like partial
 put F:\Lumbrio\Data\CCnoPREauth.dat |
@@ -529,11 +448,6 @@ bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
 * in data\CCFinal0125.dat
 * CCAdjStatus Completed
 - in data\CCFinal0125.dat
-== CCLastProcess.dat
-* /TRANSACTIONTYPE:Purchase
-* /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
-== TRACELOG.TXT
-*   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
 
 # What an operator sees who waits, with the moments in ms.
 story approved after the second start, like approved

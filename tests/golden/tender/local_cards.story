@@ -58,12 +58,9 @@ at 1.5 s: second track ;4111111111111111=28091010000000000?
 + left front-bar011525130000.req.7.new
 == CCLastProcess.dat
   On Wednesday 01/15/2025 at 01:05 PM
-+   REQUEST OF A TENDER THAT WAS ENDED - receipt , amount , card XXXX XXXX XXXX  - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130000.tmp
-+   IT IS REMOVED
++   REQUEST OF A TENDER THAT WAS ENDED - receipt , amount , card XXXX XXXX XXXX  - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130000.tmp [TRACELOG]
++   IT IS REMOVED [TRACELOG]
 * New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130503.req
-== TRACELOG.TXT
-+ REQUEST OF A TENDER THAT WAS ENDED - receipt , amount , card XXXX XXXX XXXX  - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130000.tmp
-+ IT IS REMOVED
 
 # Where the payment application takes the card, the screen takes none.
 story local approved by command line beside a swipe, like approved
@@ -115,8 +112,6 @@ at 500 ms: press Enter Manually
   Actual Response From Xcharge YA12345
 * Actual Seconds for Response  1
 *   Printing Merchant 1
-== TRACELOG.TXT
-*   CCdata.CCName -                               
 
 story local approved typed at once, like local approved typed
 put C:\Lumbrio\CCard.dat | x\n\n-1\n-1\n-1\n-1\n-1\n-1\n0\n-1\n
@@ -135,8 +130,6 @@ at 500 ms: press Enter Manually
 * blank CCName CCVerify CCGiftFlag CCReserved2
 == CCLastProcess.dat
 * Amount Sent - 58.2
-== TRACELOG.TXT
-*   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
 
 story local approved typed with the defaults, like local approved typed
 put C:\Lumbrio\Xsend.req | ,,,48.50\r\n
@@ -167,9 +160,6 @@ at 500 ms: press Enter Manually
 * Table Number - 
 * Receipt Number - 
 * Server (Employee) Number - 
-== TRACELOG.TXT
-*   CCdata.CCServer - 9999      
-*   CCdata.CCTable - 999       
 
 story local card before the request, like payment application missing
 in vain: first track %B4111111111111111^TEST/ROSALIND A^28091010000000000000?

@@ -11,6 +11,7 @@ at 23 s: press YES
 when the manager is asked: look
   no answer, 0 records, 0 slips, a manager's card is awaited
 when the manager is asked: approve Margaret Manager
+- == TRACELOG.TXT
 == tender
 - status Approved\r\nA12345
 - ...
@@ -36,36 +37,20 @@ when the manager is asked: approve Margaret Manager
 - ...
 -   Printing Merchant 2
 + 
-+  !!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!1
++  !!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!1 [TRACELOG]
 + 
-+    CREDIT CARD APPROVED OFFLINE
++    CREDIT CARD APPROVED OFFLINE [TRACELOG]
 + 
-+ =================================
-+  OFFLINE   OFFLINE   OFFLINE
++ ================================= [TRACELOG]
++  OFFLINE   OFFLINE   OFFLINE [TRACELOG]
 +  
-+ MANAGER APPROVED OFFLINE - INTERNET
-+ MAY BE DOWN OR XCHARGE HAS ENCOUNTERED AN ERROR
-+ MANAGER CARD WAS SWIPED FOR APPROVAL
++ MANAGER APPROVED OFFLINE - INTERNET [TRACELOG]
++ MAY BE DOWN OR XCHARGE HAS ENCOUNTERED AN ERROR [TRACELOG]
++ MANAGER CARD WAS SWIPED FOR APPROVAL [TRACELOG]
 +  
-+  OFFLINE   OFFLINE   OFFLINE
-+ =================================
++  OFFLINE   OFFLINE   OFFLINE [TRACELOG]
++ ================================= [TRACELOG]
 +  
-== TRACELOG.TXT
-  
-   !!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!1
-  
-     CREDIT CARD APPROVED OFFLINE
-  
-  =================================
-   OFFLINE   OFFLINE   OFFLINE
-   
-  MANAGER APPROVED OFFLINE - INTERNET
-  MAY BE DOWN OR XCHARGE HAS ENCOUNTERED AN ERROR
-  MANAGER CARD WAS SWIPED FOR APPROVAL
-   
-   OFFLINE   OFFLINE   OFFLINE
-  =================================
-   
 
 story local offline answered meanwhile, like local approved
 at 500 ms: swipe

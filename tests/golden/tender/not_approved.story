@@ -26,17 +26,9 @@ bank declines
 * 10 "                              "
 + 11 "DECLINED            "
 == CCLastProcess.dat
-* RESULT=DECLINED
-- APPROVALCODE=012345
-  ------------------------------------------------------
 -  CCmerchant.VRD is not in C:\Lumbrio\
 -  CCmerchant.VRD is not in F:\Lumbrio\
 -   Printing Merchant 3
-== TRACELOG.TXT
-*   TndrRESULT - Declined
-*   CCdata.CApprovalCode -           
-*   CCdata.CCstatus - Declined  
-*   CCdata.CResponse - DECLINED            
 
 story declined with what the bank says of the card, like declined
 bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
@@ -52,17 +44,6 @@ bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIN
 == Xsend.ans
 * 6 "XXXXXXXXXXXX1234              "
 * 10 "ROSALIND/TEST                 "
-== CCLastProcess.dat
-  RESULT=DECLINED
-+ XCACCOUNTID=7401234567890
-+ ACCOUNT=XXXXXXXXXXXX1234
-+ NAME=ROSALIND/TEST
-+ ADDITIONALFUNDSREQUIRED=18.50
-== TRACELOG.TXT
-*   CCdata.CCaditionalFUNDS - 18.50     
-*   CCdata.CCNumb - D63579;=?ACE=                 
-*   CCdata.HiddenNumb - XXXXXXXXXXXX1234              
-*   CCdata.CCName - ROSALIND/TEST                 
 
 story declined at once, like declined
 put F:\Lumbrio\Data\CCnoPREauth.dat |
@@ -75,11 +56,6 @@ bank declines
 * in data\CCFinal0125.dat
 + in data\0125CCdeleted.dat
 - in data\CCFinal0125.dat
-== CCLastProcess.dat
-* /TRANSACTIONTYPE:Purchase
-* /TRANSACTIONTYPE:Purchase /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
-== TRACELOG.TXT
-*   Val(TndrNOpreAUTH) - -1-  0 =False -1=True
 
 # The approval of the guest before must never stand for this one.
 story declined with an answer that cannot be made anew, like declined
@@ -126,12 +102,9 @@ when a box is open: bank approves now
 == CCLastProcess.dat
   **********************************************************
                  
-+   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500.txt
++   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500.txt [TRACELOG]
     Setting a 20 second timer to wait for response
-+   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500-2.txt
-== TRACELOG.TXT
-+ A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500.txt
-+ A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500-2.txt
++   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - is now C:/lumbrio/xResultFile-20250115-130500-2.txt [TRACELOG]
 
 story timed out and cancelled, like declined
 payment answers: RESULT=TIMEOUT\r\n
@@ -155,13 +128,11 @@ at 20 s: press Cancel
 * 10 "TIMEOUT             "
 - 11 "DECLINED            "
 == CCLastProcess.dat
-* RESULT=TIMEOUT
+  ******************************************************
   ------------------------------------------------------
 + Cancel was pressed
 + Unable to Connect - Internet may be down 
 + Actual Seconds waited for Response  16
-== TRACELOG.TXT
-*   CCdata.CResponse - TIMEOUT             
 
 story cancelled in the wait, like approved
 put C:\Lumbrio\XAudit.DAT | 48.50
@@ -273,13 +244,6 @@ answer Cancel
 == CCLastProcess.dat
   Software Version - 5.68.0
 + USING 10/2009 VERSION  
-== TRACELOG.TXT
-*   CCdata.CCTabAmt  -           
-*   CCdata.CCNumb -                               
-*   CCdata.HiddenNumb -                               
-*   CCdata.CCServer -           
-*   CCdata.CCTable -           
-*   CCdata.CCName -                               
 
 story amount missing, like payment application missing
 put C:\Lumbrio\Xsend.req | 12,1043,7,$48.50\r\n
@@ -307,15 +271,12 @@ answer Ok
 == CCLastProcess.dat
   **********************************************************
                  
-+   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied
++   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied [TRACELOG]
 - Cancel was pressed
 - Unable to Connect - Internet may be down 
 - Actual Seconds waited for Response  11
-+   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied
++   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied [TRACELOG]
 +   OLD RESULT CANNOT BE DELETED - C:/lumbrio/xResultFile.txt
-== TRACELOG.TXT
-  A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied
-  A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied
 
 story data folder missing, like payment application missing
 erase F:\Lumbrio\data

@@ -9,6 +9,7 @@ at 23 s: press YES
 when the manager is asked: look
   no answer, 0 records, 0 slips, a manager's card is awaited
 when the manager is asked: approve Margaret Manager
+- == TRACELOG.TXT
 == tender
 - card or result Approved
   status 
@@ -37,36 +38,20 @@ when the manager is asked: approve Margaret Manager
 - ...
 -   Printing Merchant 3
 + 
-+  !!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!1
++  !!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!1 [TRACELOG]
 + 
-+    CREDIT CARD APPROVED OFFLINE
++    CREDIT CARD APPROVED OFFLINE [TRACELOG]
 + 
-+ =================================
-+  OFFLINE   OFFLINE   OFFLINE
++ ================================= [TRACELOG]
++  OFFLINE   OFFLINE   OFFLINE [TRACELOG]
 +  
-+ MANAGER APPROVED OFFLINE - INTERNET
-+ MAY BE DOWN OR XCHARGE HAS ENCOUNTERED AN ERROR
-+ MANAGER CARD WAS SWIPED FOR APPROVAL
++ MANAGER APPROVED OFFLINE - INTERNET [TRACELOG]
++ MAY BE DOWN OR XCHARGE HAS ENCOUNTERED AN ERROR [TRACELOG]
++ MANAGER CARD WAS SWIPED FOR APPROVAL [TRACELOG]
 +  
-+  OFFLINE   OFFLINE   OFFLINE
-+ =================================
++  OFFLINE   OFFLINE   OFFLINE [TRACELOG]
++ ================================= [TRACELOG]
 +  
-== TRACELOG.TXT
-  
-   !!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!1
-  
-     CREDIT CARD APPROVED OFFLINE
-  
-  =================================
-   OFFLINE   OFFLINE   OFFLINE
-   
-  MANAGER APPROVED OFFLINE - INTERNET
-  MAY BE DOWN OR XCHARGE HAS ENCOUNTERED AN ERROR
-  MANAGER CARD WAS SWIPED FOR APPROVAL
-   
-   OFFLINE   OFFLINE   OFFLINE
-  =================================
-   
 
 # The bank's word counts that came while the manager thought.
 story offline answered meanwhile, like approved
@@ -142,10 +127,7 @@ answer Ok
 == CCLastProcess.dat
 - 
 - ...
-- =================================
+- ================================= [TRACELOG]
 -  
-+   RECORD NOT STORED - no room on the disk - F:\Lumbrio\CCPending.dat
-+   KEPT RECORD NOT WRITTEN - no room on the disk - receipt 1043, amount 48.50, code OFFLINE - C:\Lumbrio\Data\KeptRecord-20250115-130523.dat
-== TRACELOG.TXT
-    RECORD NOT STORED - no room on the disk - F:\Lumbrio\CCPending.dat
-  KEPT RECORD NOT WRITTEN - no room on the disk - receipt 1043, amount 48.50, code OFFLINE - C:\Lumbrio\Data\KeptRecord-20250115-130523.dat
++   RECORD NOT STORED - no room on the disk - F:\Lumbrio\CCPending.dat [TRACELOG]
++   KEPT RECORD NOT WRITTEN - no room on the disk - receipt 1043, amount 48.50, code OFFLINE - C:\Lumbrio\Data\KeptRecord-20250115-130523.dat [TRACELOG]
