@@ -95,8 +95,6 @@ void Outcomes::declined()
 
 void Outcomes::answeredByServer(ServerExchange &server)
 {
-    if (app.values.CCdata.text(CCEncoded) != "1")
-        encodeCardNumber(app.values.CCdata);
     TenderRecord record(app, end.notices);
     record.store(pendingFile(app.values));
     record.writeAgain();
