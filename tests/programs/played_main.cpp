@@ -6,7 +6,6 @@
 //                        row of the list that begins so
 //   LUMBRIO_PLAY_SWIPE   a track, typed by the card reader once a box takes one (behind PRESS)
 //   LUMBRIO_PLAY_ESCAPE  Escape is pressed so many milliseconds (the program's) after the start
-//   LUMBRIO_PLAY_KILL    the process is killed (SIGKILL) at this operation on a file, from 1
 //   LUMBRIO_PLAY_HOLD    it stops (SIGSTOP) when it has printed and answered, just before it ends;
 //                        otherwise nobody could take a picture of an approval
 #include "roles/manager_role.h"
@@ -28,13 +27,10 @@ struct PlayedDisk : private Owned, public support::FaultyDisk {
     explicit PlayedDisk(std::unique_ptr<platform::Disk> theDisk)
         : Owned{std::move(theDisk)}, FaultyDisk(*owned)
     {
-        const std::string killAt = setting("LUMBRIO_PLAY_KILL");
-        const bool hold = !setting("LUMBRIO_PLAY_HOLD").empty();
-        before = [this, killAt, hold](std::size_t n) {
-            if (std::to_string(n) == killAt)
-                std::raise(SIGKILL);
-            // The first thing behind the answer.
-            if (hold && operationLog().back().ends_with("/TRACELOG.TXT to append"))
+        if (setting("LUMBRIO_PLAY_HOLD").empty())
+            return;
+        before = [this](std::size_t) { // the first thing after the answer
+            if (operationLog().back().ends_with("/TRACELOG.TXT to append"))
                 std::raise(SIGSTOP);
         };
     }

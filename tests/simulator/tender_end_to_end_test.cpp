@@ -1,7 +1,7 @@
 // Whole tenders in real time, with the programs as shipped: the point of sale's stand-in leaves the
 // request, TndrCC runs, the payment stand-ins answer, and what lies on the drives afterwards is
-// looked at. Where a card is swiped or a tender cancelled or killed, it is TndrCC with a hand at
-// its keyboard (tests/programs/played_main.cpp).
+// looked at. Where a card is swiped or a tender cancelled, it is TndrCC with a hand at its
+// keyboard (tests/programs/played_main.cpp).
 #include "records/card_helpers.h"
 #include "simulator/pending_table.h"
 #include "simulator/pos.h"
@@ -22,7 +22,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int kPatience = 60000; // ms; a tender takes 0.7 s, twenty on a busy machine more
-const std::string kLocalTran = "c:\\Program Files\\X-charge\\LocalTran\\";
 
 /// One station with its own drives folder.
 struct Restaurant {
@@ -112,8 +111,6 @@ TEST(EndToEnd, EveryTenderLeavesTheRightFiles)
         const std::string marker = restaurant.place.Remotedir + "ServerISBatching.dat";
         if (has(" at once"))
             station.put("F:\\Lumbrio\\Data\\CCnoPREauth.dat", "");
-        if (has(" whole")) // no partial approvals
-            station.put("C:\\Lumbrio\\CCard.dat", cardOptionsFile("-1", "-1"));
         if (has(" batching"))
             station.put(marker, "\"\"\r\n");
         if (has(" here"))
@@ -142,45 +139,6 @@ TEST(EndToEnd, EveryTenderLeavesTheRightFiles)
     });
 }
 
-// Killed at every third operation on a file (all of them are stopped in virtual time): nobody
-// else's record is touched, no record or request is half-written, and the point of sale gets no
-// approval that is not on the disk.
-TEST(KilledTender, LeavesAWholeRecordOrNone)
-{
-    const std::string earlier = std::string(500, 'a') + std::string(500, 'b');
-    for (const bool local : {false, true}) {
-        std::set<std::string> ends;
-        int operation = 1;
-        for (bool killed = true; killed; operation += 3) {
-            SCOPED_TRACE(operation);
-            Restaurant restaurant;
-            TestStation &station = restaurant.station;
-            station.put("F:\\Lumbrio\\CCPending.dat", earlier);
-            restaurant.settings.push_back("KILL=" + std::to_string(operation));
-            if (local)
-                restaurant.takeCardsHere();
-            ChildProcess tender = restaurant.start("48.50");
-            ASSERT_TRUE(tender.waitForEnd(kPatience));
-            killed = tender.exitCode() != 0;
-            const std::string pending = station.get("F:\\Lumbrio\\CCPending.dat");
-            EXPECT_EQ(pending.substr(0, 1000), earlier);
-            const std::size_t answered = readAnswer(restaurant.place).size();
-            ends.insert(std::to_string(pending.size()) + " and " + std::to_string(answered));
-            const auto records = readCardFile(station.files, "F:\\Lumbrio\\CCPending.dat");
-            if (records.size() == 3) {
-                EXPECT_EQ(records[2].text(records::CCReceipt) + records[2].text(records::CCEncoded),
-                          "10431");
-            }
-            for (const std::string &name : station.files.list(kLocalTran))
-                EXPECT_TRUE(!name.ends_with(".req") ||
-                            station.get(kLocalTran + name).ends_with("\r\n"));
-        }
-        EXPECT_GT(operation, 60);
-        EXPECT_EQ(ends, (std::set<std::string>{"1000 and 0", "1500 and 0", "1500 and 10"}));
-    }
-}
-
-// Every station of a busy restaurant must report what is stored on the share, once.
 TEST(UnreadableInstallation, IsReportedAndNoCardIsChargedWithTheUsualLogin)
 {
     Restaurant restaurant;
@@ -195,6 +153,7 @@ TEST(UnreadableInstallation, IsReportedAndNoCardIsChargedWithTheUsualLogin)
     EXPECT_FALSE(restaurant.station.files.exists("C:\\Lumbrio\\ResponseBACKUP.txt"));
 }
 
+// Every station of a busy restaurant must report what is stored on the share, once.
 TEST(TwentyTenders, AtOnceLoseAndDoubleNoRecord)
 {
     std::vector<Restaurant> stations(20);
