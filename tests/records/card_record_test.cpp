@@ -11,10 +11,8 @@ using support::TenderStory;
 
 TEST(CardRecordBytes, AreTheGoldenOnesAfterATenderOfAFreshProcess)
 {
-    for (const auto &[golden, result] :
-         {std::pair("approval.slot", support::approvedResult()),
-          {"approval_that_says_only_success.slot", "RESULT=SUCCESS\r\n"},
-          {"decline_without_a_word.slot", ""}}) {
+    for (const auto &[golden, result] : {std::pair("approval.slot", support::approvedResult()),
+                                         {"decline_without_a_word.slot", ""}}) {
         TenderStory story;
         story.paymentAnswers(result);
         story.run();
@@ -38,10 +36,12 @@ TEST(CardRecordBytes, AreClearedInNineteenFieldsAndNoOther)
 
 TEST(FileFormats, TellTheCardRecordFieldByField)
 {
+    const std::string document = support::testFile("../docs/file-formats.md");
     for (std::size_t i = 0; i < kCardFields.size(); ++i) {
         const auto &[name, offset, length] = kCardFields[i];
-        EXPECT_TRUE(support::isDocumented(std::to_string(i) + " | " + std::to_string(offset) +
-                                          " | " + std::to_string(length) + " | `" + name + "`"))
+        const std::string place = std::to_string(offset) + " | " + std::to_string(length);
+        EXPECT_NE(document.find("| " + std::to_string(i) + " | " + place + " | `" + name + "`"),
+                  document.npos)
             << name;
     }
 }

@@ -152,13 +152,4 @@ TEST_F(Configuration, OfHowACardIsChargedOutlivesAShortFailureOfTheShare)
     }
 }
 
-TEST(FileFormats, DocumentTheUsedFieldsOfTheConfiguration)
-{
-    for (const int number : {1, 2, 3, 4, 6, 8, 22, 23, 27, 30, 40, 49, 95})
-        EXPECT_TRUE(support::isDocumented(std::to_string(number) + " | " +
-                                          std::to_string(configField(number).offset) + " | " +
-                                          std::to_string(configField(number).length)))
-            << number;
-}
-
 } // namespace

@@ -2,11 +2,7 @@
 // demo with a decline of an everyday amount.
 #include "simulator/outcome_table.h"
 
-#include "platform/files.h"
-#include "simulator/server_table.h"
 #include "support/golden_table.h"
-
-#include <tuple>
 
 using namespace simulator;
 
@@ -47,21 +43,4 @@ TEST(OutcomeTable, ApprovesEverydayAmountsAndEndsTheOthersByTheirCents)
                            content.substr(0, outcome.firstPart),
                            content.size() < 5000 ? content : std::to_string(content.size())};
     });
-}
-
-// The user of a demo looks there for the amount to type.
-TEST(OutcomeTable, IsDocumented)
-{
-    const std::string document = support::testFile("../docs/simulator.md");
-    const std::size_t servers = document.find("## The payment server");
-    for (const auto &[rows, from, to] : {std::tuple(outcomeRows(), std::size_t{0}, servers),
-                                         std::tuple(serverRows(), servers, document.size())})
-        for (const OutcomeRow &row : rows) {
-            std::string cells = row.firstCents < 10 ? "| .0" : "| .";
-            cells.append(std::to_string(row.firstCents));
-            if (row.lastCents != row.firstCents)
-                cells.append(" to .").append(std::to_string(row.lastCents));
-            cells.append(" | ").append(row.name).append(" |");
-            EXPECT_LT(document.find(cells, from), to) << cells;
-        }
 }

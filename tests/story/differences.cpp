@@ -149,39 +149,28 @@ private:
     {
         const std::size_t begun = next;
         const Lines context = take(' ');
-        if (context.size() == next - begun && next < shown.size() && shown[next][0] == '*')
-            return replace(context, shown[next++].substr(2));
         const Lines gone = take('-');
-        const Lines added = take('+');
-        if (next == begun)
-            return false; // no mark of ours
-        for (std::size_t at = place; at <= before.size(); ++at) {
+        const bool replaces = gone.empty() && next < shown.size() && shown[next][0] == '*';
+        const Lines added = replaces ? Lines{shown[next++].substr(2)} : take('+');
+        for (std::size_t at = place; at <= before.size() && next > begun; ++at) {
             const std::size_t goneAt = at + context.size();
-            if (!stand(at, context) || endOfGone(goneAt, gone) == std::string::npos)
+            const std::size_t end = !stand(at, context) ? std::string::npos
+                                    : replaces          ? endOfReplaced(goneAt, added[0])
+                                                        : endOfGone(goneAt, gone);
+            if (end == std::string::npos)
                 continue;
             made.insert(made.end(), before.begin() + offset(place),
                         before.begin() + offset(goneAt));
             made.insert(made.end(), added.begin(), added.end());
-            place = endOfGone(goneAt, gone);
+            place = end;
             return true;
         }
         return false;
     }
-
     /// The first line that begins alike gives way to this one.
-    bool replace(const Lines &context, const std::string &line)
+    std::size_t endOfReplaced(std::size_t at, const std::string &line) const
     {
-        for (std::size_t at = place; at + context.size() < before.size(); ++at) {
-            const std::size_t replaced = at + context.size();
-            if (!stand(at, context) || !beginAlike(before[replaced], line))
-                continue;
-            made.insert(made.end(), before.begin() + offset(place),
-                        before.begin() + offset(replaced));
-            made.push_back(line);
-            place = replaced + 1;
-            return true;
-        }
-        return false;
+        return at < before.size() && beginAlike(before[at], line) ? at + 1 : std::string::npos;
     }
 
     const Lines &before;

@@ -201,7 +201,6 @@ void Stage::addWords()
         if (!station.erase(path))
             complain("there is none");
     });
-    word("folder", [this](Words path) { station.folder(path); });
     word("configure", [this](std::string rest) {
         const std::string field = takeUntil(rest, " =");
         configure(std::atoi(field.c_str()), rest.substr(rest.starts_with(' ') ? 1 : 0));
@@ -229,7 +228,7 @@ void Stage::addFaultWords()
         const std::string operation = takeUntil(rest, " ");
         station.disk.failOn(operation, rest, Outcome::Done);
     });
-    word("lock", [this](Words rest) { lock(rest); });
+    word("lock", [this](Words path) { fail("lock " + path + ", locked by another"); });
     word("printers", [this](std::string names) {
         station.printers.installed.clear();
         while (!names.empty() && names != "none")
@@ -249,22 +248,6 @@ void Stage::fail(std::string rest)
         return complain("there is no such outcome");
     station.disk.failOn(operation, path, *outcome);
     faults.emplace_back(current, std::pair(operation, path));
-}
-
-void Stage::lock(std::string rest)
-{
-    const std::string path = takeUntil(rest, " from ");
-    const std::uint64_t from = takeTime(rest);
-    rest.erase(0, rest.starts_with(" to ") ? 4 : 0);
-    const std::uint64_t to = takeTime(rest);
-    const auto lockIt = [this, path] { station.disk.failOn("lock", path, Outcome::Locked); };
-    faults.emplace_back(current, std::pair("lock", path));
-    if (from == 0)
-        lockIt();
-    else
-        station.time.at(from, lockIt);
-    if (to > from)
-        station.time.at(to, [this, path] { station.disk.failOn("lock", path, Outcome::Done); });
 }
 
 std::string Stage::answerTo(const std::string &box, const Lines &captions)

@@ -84,7 +84,6 @@ private:
     void doAt(std::uint64_t moment, const Line &line, const std::string &rest);
     void doWhen(const Line &line, std::string rest);
     void fail(std::string rest);
-    void lock(std::string rest);
     std::string answerTo(const std::string &box, const Lines &captions);
     void complainOfWhatNeverFired();
     std::vector<Section> &partsOfLine();

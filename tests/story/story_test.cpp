@@ -58,7 +58,7 @@ TEST(NeverFired, FailsTheStoryAndNamesTheLine)
           {"ask", "nobody answers [Title] Text (Ok)"},
           {"fail append X.dat", "nothing met it"},
           {"fail append X.dat, no luck", "there is no such outcome"},
-          {"lock X.dat from 100 ms to 200 ms", "nothing met it"},
+          {"lock X.dat", "nothing met it"},
           {"erase C:\\X.dat", "there is none"},
           {"press Cancel", "there is no such command"},
           {"press OK", "it is disabled"},

@@ -37,9 +37,4 @@ std::string replaced(std::string text, const std::string &what, const std::strin
     return text;
 }
 
-bool isDocumented(const std::string &row)
-{
-    return testFile("../docs/file-formats.md").find("\n| " + row + " |") != std::string::npos;
-}
-
 } // namespace support

@@ -19,7 +19,4 @@ std::vector<std::string> filesBelow(const std::string &folder);
 /// one.)
 std::string replaced(std::string text, const std::string &what, const std::string &by);
 
-/// Whether docs/file-formats.md has the row of a field, by its first columns: "4 | 120 | 20".
-bool isDocumented(const std::string &row);
-
 } // namespace support

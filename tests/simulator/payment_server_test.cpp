@@ -2,9 +2,7 @@
 // show a card number.
 #include "records/delimited.h"
 #include "simulator/payment_server.h"
-#include "simulator/sandbox.h"
 #include "support/golden_table.h"
-#include "support/second_process.h"
 #include "support/test_station.h"
 #include "tender/local_request.h"
 
@@ -40,34 +38,4 @@ TEST(PaymentServer, AnswersOnlyWholeLinesAndReportsNoCard)
             EXPECT_EQ(told.find(secret), std::string::npos) << told;
         return words;
     });
-}
-
-TEST(PaymentServer, AllowsNoSecondAndEndsOnRequestOrWithoutItsFolder)
-{
-    support::TestStation station;
-    const std::string root = station.drives.root();
-    ASSERT_TRUE(makeSandbox(station.files, root, PROGRAMS_DIR "/sim_xcharge"));
-    const auto serve = [&] {
-        ::setenv("LUMBRIO_DRIVES", root.c_str(), 1);
-        const std::string program = station.drives.resolve(kServerProgram);
-        support::SecondProcess::say(std::to_string(::getpid()));
-        ::execl(program.c_str(), program.c_str(), nullptr);
-    };
-    const auto begins = [](support::SecondProcess &server) {
-        const int id = std::stoi(server.hear());
-        EXPECT_NE(server.hear().find(": answers in "), std::string::npos) << "the lock is free";
-        return id;
-    };
-    support::SecondProcess server(serve);
-    const int id = begins(server);
-    support::SecondProcess second(serve);
-    second.hear();
-    EXPECT_NE(second.hear().find(": another one answers in "), std::string::npos);
-    ::kill(id, SIGTERM);
-    EXPECT_EQ(server.hear(), "sim_server: ends");
-    EXPECT_EQ(server.hear(), "") << "gone, and its lock with it";
-    support::SecondProcess next(serve);
-    begins(next);
-    station.erase(kFolder);
-    EXPECT_EQ(next.hear(), "sim_server: ends");
 }
