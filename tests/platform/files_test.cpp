@@ -62,49 +62,6 @@ TEST(FailedCalls, end_the_program_or_are_passed_over)
     }
 }
 
-/// It is unknown then whether the file is there: a second one of the same name in other letters
-/// would hide the first for good.
-TEST(UnknownNames, fail_every_call_and_create_nothing)
-{
-    std::vector<std::function<Outcome(Files &)>> calls = {
-        [](Files &f) { return SlotFile(f, kFile, 500).open(SlotUse::Append); },
-        [](Files &f) { return f.copy(kOther, kFile); },
-        [](Files &f) {
-            Names names;
-            return f.list("C:\\LUMBRIO\\Data", names);
-        },
-        [](Files &f) {
-            bool there = false;
-            return f.exists(kFile, there);
-        },
-    };
-    for (const std::size_t i : {3U, 4U, 7U, 8U, 10U}) // those that look themselves or create
-        calls.push_back(kCalls[i].make);
-    for (std::size_t i = 0; i < calls.size(); ++i) {
-        bool reached = true;
-        for (std::size_t n = 1; reached; ++n) {
-            TestStation station;
-            station.erase(kFolder);
-            station.put("C:\\Lumbrio\\data\\A.DAT", "old");
-            station.disk.looksCount = true;
-            station.disk.failAt(n, Outcome::Denied);
-            station.run.reportFailure = {};
-            const Outcome outcome = calls[i](station.files);
-            reached = station.disk.operations() >= n;
-            const std::string failed = reached ? station.disk.operationLog()[n - 1] : "";
-            if (failed.find(" look ") + 1 == 0 && failed.find(" list ") + 1 == 0)
-                continue;
-            SCOPED_TRACE("call " + std::to_string(i) + ", " + failed);
-            EXPECT_EQ(outcome, Outcome::Denied);
-            EXPECT_TRUE(station.run.failed());
-            TestStation after(&station);
-            EXPECT_FALSE(after.files.folderExists("C:\\New"));
-            EXPECT_EQ(after.files.list("C:\\Lumbrio\\Data"), Names{"A.DAT"});
-            EXPECT_EQ(after.get(kFile), "old");
-        }
-    }
-}
-
 TEST(LeasedFiles, are_waited_for_ten_seconds_and_are_then_a_failure_like_any_other)
 {
     TestStation station;

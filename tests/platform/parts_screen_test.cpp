@@ -1,7 +1,6 @@
 // The parts that screens share, where no screen of its own shows what they promise.
 #include "platform/qt/fitting_edit.h"
 #include "platform/qt/keypad.h"
-#include "platform/qt/mlist.h"
 #include "platform/qt/money_label.h"
 
 #include <QApplication>
@@ -55,28 +54,6 @@ TEST(FittingEdit, MakesItsLettersSmallerAndMarksWhatItStillCannotShow)
     EXPECT_EQ(box.font().pointSizeF(), usual.pointSizeF());
     box.put(QString(60, u' ') + u'1');
     EXPECT_NE(box.grab().toImage(), empty) << "it looks as if there was nothing";
-}
-
-TEST(MListModel, CutsCellsOutOfRowsAndIsRecolouredWithoutRebuilding)
-{
-    platform::MListModel list(
-        {{QStringLiteral("Receipt"), QStringLiteral("0000"), {}},
-         {QStringLiteral("Tab"), QStringLiteral("0000.00"), platform::MListColumn::Look::Amount}});
-    list.append("004|40.00     | Not Adjusted  |more", "17", 0xffffffff);
-    list.append(std::string_view("1043|Caf\xE9\0 ", 11), "4", 0xff80ff80);
-    list.append("7", "", 0xffff0000);
-    std::string shown;
-    for (int row = 0; row < list.rowCount(); ++row)
-        for (int column = 0; column < 2; ++column)
-            shown += list.data(list.index(row, column)).toString().toStdString() + "|";
-    EXPECT_EQ(shown, "004|40.00|1043|Caf\xC3\xA9|7||");
-    EXPECT_EQ(list.find("4"), 1);
-    EXPECT_EQ(list.find("5"), -1);
-    const QVariant alignment = list.data(list.index(0, 1), Qt::TextAlignmentRole);
-    EXPECT_TRUE(alignment.toInt() & Qt::AlignRight) << "amounts stand below each other";
-    QObject::connect(&list, &platform::MListModel::modelReset, [] { ADD_FAILURE(); });
-    list.recolour([](std::size_t row) { return row == 0 ? 0xffff0000 : 0xffffffff; });
-    EXPECT_EQ(list.data(list.index(0, 0), Qt::BackgroundRole).value<QColor>(), QColor(Qt::red));
 }
 
 TEST(Keypad, TypesAnAmountOverWhatIsSelectedAndACodeAtItsEnd)

@@ -79,20 +79,10 @@ TEST_F(ManagerAndEmployees, FindManagersInRowsOneToElevenAndABadLineSpoilsOnlyIt
         EXPECT_EQ(managerName(app.values, code), "Not Found") << code;
 }
 
-TEST_F(ManagerAndEmployees, HaveTracesWithTheirExactLinesThatOnlyAMissingFolderLoses)
+TEST_F(ManagerAndEmployees, HaveATraceWithItsExactLinesThatOnlyAMissingFolderLoses)
 {
-    app.values.Maindir = "C:\\Lumbrio\\";
     app.values.StationName = "FRONT-BAR";
     app.values.ManagerTable[3] = {"4711", "Paula Manager", "01/01/2030"};
-    for (const char *folder : {"C:\\Lumbrio", "C:\\Lumbrio\\Data\\CCmgrLOGS"}) {
-        station.folder(folder);
-        app.values.ManagerLogBuffer = {"first", "", "  ", "", "", "", "", "", "", "last"};
-        Write_Log(app);
-        Write_Log(app); // the buffer is clear by now
-    }
-    EXPECT_EQ(station.get("C:\\Lumbrio\\Data\\CCmgrLOGS\\012025MGRlog.txt"),
-              "first\r\n  \r\nlast\r\n");
-
     Write_AsstMgr(app, "Main");
     EXPECT_FALSE(station.has(kManagerTrace) || station.run.ending());
     station.folder("F:\\Lumbrio\\Data");

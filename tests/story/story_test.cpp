@@ -24,17 +24,6 @@ TEST(Differences, MakeTheOneTextOfTheOtherAndNothingElse)
         EXPECT_EQ(story::applied(before, shown), now) << testing::PrintToString(shown);
         EXPECT_EQ(shown.empty(), before == now);
     }
-}
-
-TEST(Differences, ShowAsMuchAroundAsMakesThePlaceClear)
-{
-    EXPECT_EQ(story::differences({"a", "-", "b", "-", "c"}, {"a", "-", "b", "-", "x", "c"}),
-              (Lines{"  b", "  -", "+ x"}));
-    EXPECT_EQ(story::differences({"a", "b", "c", "d", "e", "f"}, {"a", "f"}),
-              (Lines{"- b", "- ...", "- e"}));
-    EXPECT_EQ(story::differences({"a 1", "b=2", "a 3"}, {"a 1", "b=3", "a 4"}),
-              (Lines{"* b=3", "* a 4"}));
-    EXPECT_EQ(story::differences({"a", "b"}, {}), (Lines{"- ..."}));
     EXPECT_EQ(story::applied({"a", "b"}, {"- c"}), std::nullopt);
 }
 
