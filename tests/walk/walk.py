@@ -93,8 +93,8 @@ class Way:
         yield (role, CLOCK.sub('', name), text,
                states.contains(pyatspi.STATE_ENABLED), states.contains(pyatspi.STATE_CHECKED))
         if role not in COMMANDS + BOXES + LISTS + ('label',):
-            for part in thing:
-                yield from self.look_into(part)
+            for part in range(thing.childCount):
+                yield from self.look_into(thing.getChildAtIndex(part))
 
     # What is to be seen of the window in front, and the names of all; nothing while none is.
     def look(self):
