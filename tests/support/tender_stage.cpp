@@ -13,7 +13,6 @@ TenderStage::TenderStage() : Stage(story.station)
         const std::optional<std::uint64_t> after = takeDelay(rest);
         answer(story::bytesOf(rest), story::bytesOf(rest), after);
     });
-    word("payment answers at length", [this](Words) { story.reply = std::string(100'000, 'Z'); });
     word("bank approves now", [this](Words) { approveNow(); });
     word("payment keeps silent", [this](Words) {
         story.reply.reset();

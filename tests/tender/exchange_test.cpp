@@ -44,6 +44,15 @@ TEST(Audit, ComparesValuesOfTwoDecimals)
     });
 }
 
+TEST(LocalAnswer, ApprovesByACapitalYAndTellsNoCardAsTheGoldenTableSays)
+{
+    support::expectTable("tender/answers.txt", [](const std::string &content) {
+        const std::string answer = answerText(content);
+        return std::vector{answer, std::string(namesOutcome(answer) ? "whole" : ""),
+                           outcomeWord(answer)};
+    });
+}
+
 TEST(LocalRequest, FillsWhatIsBlankAndSendsTheDigitsOfATypedCardAlone)
 {
     EXPECT_EQ(requestLine({}),

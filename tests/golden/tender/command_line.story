@@ -352,23 +352,6 @@ when a box is open: in vain: press Finish Tender
 *   NOT PRINTED - merchant's slip - no room on the disk - Receipt TM-88 [TRACELOG]
 -   NOT PRINTED - customer's slip - no printer is installed [TRACELOG]
 
-story customers slip not printed, like merchants slip not printed
-printer fails done
-printer fails not there
-answer Ok
-== tender
-* box [NOT PRINTED] The customer's slip was not printed on Receipt TM-88: the printer is not there. The card is approved: do not run it again. Reprint from the manager's list.
-== slips
-- [CUSTOMER COPY]
-+ [MERCHANT COPY]
-* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 3
-* Card: XXXXXXXXXXXX1234  TransRecord 1
-+ AUTH - 012345  Terminal FRONT-BAR
-- [CUSTOMER COPY]
-+ [MERCHANT COPY]
-== CCLastProcess.dat
-*   NOT PRINTED - customer's slip - the printer is not there - Receipt TM-88 [TRACELOG]
-
 story partial and nothing printed, like partial
 bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
 printer fails device or network error

@@ -127,25 +127,6 @@ story local approved
   ******  Make Respone File For Lumbrio ******
   ******  END Respone File For Lumbrio ******
 
-story local approved with a record that cannot be stored, like local approved
-fail append CCPending.dat
-answer Ok
-== tender
-  status Please Click Finish Tender
-+ box [RECORD NOT STORED] The bank approved this card, but its record could not be stored (access denied). Do not charge the card again. The record is kept at this station, which stores it as soon as it can. Tell the manager.
-+ box Receipt: 1043
-+ box Amount: $48.50
-+ box Approval code: A12345
-+ box F:\Lumbrio\CCPending.dat (Ok)
-== records
-  in CCPending.dat
-== slips
-* Card: #### #### #### 1111  TransRecord 0
-== CCLastProcess.dat
-  Actual Seconds for Response  2
-+   RECORD NOT STORED - access denied - F:\Lumbrio\CCPending.dat [TRACELOG]
-+   KEPT RECORD written - receipt 1043, amount 48.50, code A12345 - C:\Lumbrio\Data\KeptRecord-20250115-130504.dat [TRACELOG]
-
 story local approved with an answer that cannot be deleted, like local approved
 fail remove .ans
 == payment
@@ -154,22 +135,6 @@ fail remove .ans
 == CCLastProcess.dat
   Actual Seconds for Response  2
 +   NOT DELETED - access denied - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-
-story local approved and nothing printed, like local approved
-printer fails device or network error
-printer fails device or network error
-answer Ok
-- == slips
-== tender
-  status Please Click Finish Tender
-+ box [NOT PRINTED] The merchant's slip and the customer's slip were not printed on Receipt TM-88: device or network error. The card is approved: do not run it again. Reprint from the manager's list.
-+ box Receipt: 1043
-+ box Amount: $48.50
-+ box Approval code: A12345 (Ok)
-== CCLastProcess.dat
-    Printing Merchant 2
-+   NOT PRINTED - merchant's slip - device or network error - Receipt TM-88 [TRACELOG]
-+   NOT PRINTED - customer's slip - device or network error - Receipt TM-88 [TRACELOG]
 
 story local cancelled too late, like local approved
 payment keeps silent
@@ -227,81 +192,14 @@ payment answers: "yA12345"
   Actual Seconds for Response  2
 +   A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502-20250115-130505.ans [TRACELOG]
 
-story local declined at once by an empty answer, like local declined by a small y
-payment answers:
-put F:\Lumbrio\Data\CCnoPREauth.dat |
-== tender
-* kind Purchase
-  status Dialing for Card Approval
-* status Declined\r\n
-* status Declined - 
-== payment
-* takes "C6","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
-== records
-- CResponse yA12345
-- CApprovalCode A12345
-* blank CCApprovedAmt CResponse CApprovalCode CCGiftFlag CCReserved2
-== Xsend.ans
-* 3 "          "
-* 10 "                    "
-== CCLastProcess.dat
-* Actual Response From Xcharge 
-
-story local declined by bytes, like local declined by a small y
-payment answers: \0\xFFY
-== tender
-  status Dialing for Card Approval
-* status Declined\r\nY
-* status Declined - Y
-== records
-* CResponse \xFFY
-* CApprovalCode Y
-== Xsend.ans
-* 3 "Y         "
-* 10 "\xFFY                  "
-== CCLastProcess.dat
-* Actual Response From Xcharge \xFFY
-
-story local declined by a long answer, like local declined by a small y
-payment answers at length
-== tender
-  status Dialing for Card Approval
-* status Declined\r\nZZZZZZZZZZ
-* status Declined - ZZZZZZZZZZ
-== records
-* CResponse ZZZZZZZZZZZZZZZZZZZZ
-* CApprovalCode ZZZZZZZZZZ
-== Xsend.ans
-* 3 "ZZZZZZZZZZ"
-* 10 "ZZZZZZZZZZZZZZZZZZZZ"
-== CCLastProcess.dat
-  New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
-+   LINE LONGER THAN 4096 BYTES, CUT - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans (51 times)
-* Actual Response From Xcharge ZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZZ... 4125 bytes
-
-story local cancelled in the wait, like local approved
+story local cancelled in the wait, like local wait stopped
 payment keeps silent
 at 30 s: press Cancel
-- == payment
-- == records
-- == slips
 - == TRACELOG.TXT
-== tender
-- status Approved\r\nA12345
-- ...
-- status Please Click Finish Tender
-== Xsend.ans
-* 1 "Declined"
-* 3 "          "
-* 10 "                    "
 == CCLastProcess.dat
-- Actual Response From Xcharge YA12345
+  New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
 + Cancel was pressed
-+ Unable to Connect - Internet may be down 
 * Actual Seconds waited for Response  29
-- Approved or Declined Approved
-- ...
--   Printing Merchant 2
 
 story local wait stopped, like local approved
 payment keeps silent
@@ -399,24 +297,17 @@ answer Cancel
 -   Printing Merchant 2
 
 # Who only checks a manager's card charges nobody.
-story local managers card read, like local approved
+story local managers card read, like local card before the request
 at 400 ms: a manager's card is read
-- == payment
-- == records
-- == slips
-- == Xsend.ans
-- == TRACELOG.TXT
 == tender
-- ended
-+ stays
-- audit $48.50
-  status Dialing for Card Approval
-- status Approved\r\nA12345
-- ...
-- status Please Click Finish Tender
-== XAudit.DAT
-  "48.5"
-== CCLastProcess.dat
-- First Name - ROSALIND A
-- ...
--   Printing Merchant 2
+  files in C:\Lumbrio\ and F:\Lumbrio\
++ card or result %B4111111111111111^
+  kind PreAuth
++ card 4111111111111111
++ expires 2809
++ first name ROSALIND A
++ last name TEST
+  status Waiting for You to Swipe the Card
++ status Validating Card Number 
++ status Just a Moment Please 
++ status Dialing for Card Approval

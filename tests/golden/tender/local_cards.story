@@ -1,16 +1,11 @@
 cards are taken here
 put C:\Lumbrio\XAudit.DAT | "48.5"\r\n
 
-story local approved after a broken track, like local approved after an expired card
+story local approved after a broken track, like local approved after a second track by itself
 answer Ok
 at 500 ms: first track %B4111111111111111^TEST/R?
 at 500 ms: second track ;4111111111111111=28091010000000000?
 at 10 s: swipe
-== tender
-  status Waiting for You to Swipe the Card
-+ status Validating Card Number 
-* box [INVALID] You have entered an INVALID CARD NUMBER
-+ box        Please Try Another Card (Ok)
 == BadSwipe.dat
   %B4111111111111111^TEST/R?;4111111111111111=28091010000000000?
 
@@ -130,36 +125,6 @@ at 500 ms: press Enter Manually
 * blank CCName CCVerify CCGiftFlag CCReserved2
 == CCLastProcess.dat
 * Amount Sent - 58.2
-
-story local approved typed with the defaults, like local approved typed
-put C:\Lumbrio\Xsend.req | ,,,48.50\r\n
-type card 4111111111111111 0928 123
-at 500 ms: press Enter Manually
-== tender
-- server 7
-- table 12
-- receipt 1043
-  gratuity %18
-- name of server Rosalind Test
-== payment
-* takes "C1","9999","999","4111111111111111","2809","48.5","99999","123"
-== records
-* CCServer 9999
-* CCTable 999
-* CCReceipt 999
-== slips
-* 01/15/25  01:05 PM  999 - 9999  - 999 - 1
-* 01/15/25  01:05 PM  999 - 9999  - 999
-== Xsend.ans
-* 4 "999                 "
-* 6 "9999      "
-* 7 "999       "
-== CCLastProcess.dat
-  Employee Name 
-* Employee Number # 
-* Table Number - 
-* Receipt Number - 
-* Server (Employee) Number - 
 
 story local card before the request, like payment application missing
 in vain: first track %B4111111111111111^TEST/ROSALIND A^28091010000000000000?

@@ -68,21 +68,6 @@ when the manager is asked: approve Margaret Manager
 * Actual Seconds for Response  21
 *   Printing Merchant 21
 
-story local offline refused, like local approved
-at 500 ms: swipe
-bank approves after 40 s
-at 23 s: press YES
-when the manager is asked: approve NO
-== tender
-  status Please Click Finish Tender
-+ asked Approve this card OFFLINE $48.50
-== slips
-* 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 41
-== CCLastProcess.dat
-  Actual Response From Xcharge YA12345
-* Actual Seconds for Response  41
-*   Printing Merchant 41
-
 # A request that nobody took is taken back, so that the server does not charge it later.
 story local offline untaken, like local offline approved
 watch
@@ -132,40 +117,6 @@ at 60 s: press YES
 + **********************************************************
 * First Name - 
 * Last Name - 
-* New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130500.req
-
-story local offline untaken without expiry, like local setup and removal
-payment keeps silent
-type card 4111111111111111
-at 500 ms: press Enter Manually
-at 60 s: press YES
-== tender
-* card or result 4111111111111111
-- expires 2809
-- first name ROSALIND A
-- last name TEST
-  status Waiting for You to Swipe the Card
-- status Just a Moment Please 
-- status Dialing for Card Approval
-  status Connection Problems Press Cancel
-- box [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
-- box [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
-* asked Approve this card OFFLINE $48.50
-- asked Open the card setup $48.50
-- asked setup
-- asked remove
-== payment
-  left FRONT-BAR011525130500.req
-== CCLastProcess.dat
-  **********************************************************
-                 
-+ Card number was manually type in
-+ Xcharge2 calling approval engine 
-+ **********************************************************
-* First Name - 
-* Last Name - 
-  Card Number Ready - XXXX XXXX XXXX 1111
-* Card Expires on - 
 * New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130500.req
 
 # The answer lies there while the manager says yes, and nobody can look at it: never taken for none,

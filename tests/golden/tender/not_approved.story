@@ -191,26 +191,16 @@ at 5 s: press Cancel
 + Unable to Connect - Internet may be down 
 + Actual Seconds waited for Response  0
 
-story payment application missing, like approved
+story payment application missing, like old result that cannot be deleted
 erase c:\Program Files\X-charge\Xcharge.exe
 answer Ok
-- == payment
-- == slips
 - == Xsend.ans
-- == TRACELOG.TXT
 == tender
-- card or result Approved
-  status Waiting for Xcharge Interface
-- status 
-- ...
-- status Please Click Finish Tender
-+ box [Data File Not Found] The Xcharge Program was not found on this computer. Xcharge must first be installed on this computer before you can process a credit card. Pless contact Tech Support at 555-010-0199. (Ok)
-== records
-  in data\CCFinal0125.dat
+* box [Data File Not Found] The Xcharge Program was not found on this computer. Xcharge must first be installed on this computer before you can process a credit card. Pless contact Tech Support at 555-010-0199. (Ok)
 == CCLastProcess.dat
-- ******************************************************
+-   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied [TRACELOG]
 - ...
--   Printing Merchant 3
+-   OLD RESULT CANNOT BE DELETED - C:/lumbrio/xResultFile.txt
 
 story audit refused, like local audit refused
 put C:\Lumbrio\XAudit.DAT | 50.00
