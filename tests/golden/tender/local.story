@@ -148,6 +148,30 @@ at 20 s: in vain: press Cancel
 * Actual Seconds for Response  18
 *   Printing Merchant 18
 
+# The bank's word is all that is left of the charge.
+story local approved with no room for its record, like local approved
+fail append CCPending.dat
+fail rename KeptRecord-20250115-130504.dat
+answer Ok
+== tender
+  status Please Click Finish Tender
++ box [RECORD NOT STORED] The bank approved this card, but its record could not be stored (access denied). Do not charge the card again. It could not be kept at this station either: write these figures down and give them to the manager now.
++ box Receipt: 1043
++ box Amount: $48.50
++ box Approval code: A12345
++ box F:\Lumbrio\CCPending.dat (Ok)
+== payment
+  takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
++ left FRONT-BAR011525130502.ans
+== records
+  in CCPending.dat
+== slips
+* Card: #### #### #### 1111  TransRecord 0
+== CCLastProcess.dat
+  Actual Seconds for Response  2
++   RECORD NOT STORED - access denied - F:\Lumbrio\CCPending.dat [TRACELOG]
++   KEPT RECORD NOT WRITTEN - access denied - receipt 1043, amount 48.50, code A12345 - C:\Lumbrio\Data\KeptRecord-20250115-130504.dat [TRACELOG]
+
 # The digits of a card that the bank's answer repeats stand in no file.
 story local declined, like local approved
 payment answers: "N4111111111111111 IS NOT 4111-1111 1111 1111/2809 OR 123456789012"
