@@ -140,6 +140,7 @@ TEST_F(CardFiles, GiveTheSlotToWhichTheHolderOfTheLockMovedTheRecord)
     const CardRecord record = recordOf("CCReceipt=1");
     station.put(kPending, slotOf(recordOf("CCReceipt=2")) + slotOf(record));
     EXPECT_EQ(confirmStored(app, kPending, record, {{Outcome::Done, 1}, true}).slot, 2);
+    EXPECT_EQ(flushRecord(app, kPending, 1, record), Outcome::NotThere) << "another's is no record";
     EXPECT_EQ(receipts(station.get(kPending)), "2 1 ");
 }
 
