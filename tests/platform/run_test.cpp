@@ -37,20 +37,13 @@ TEST(Runs, do_not_ignore_errors_in_handlers_inside_a_yield)
     EXPECT_FALSE(ignoredInHandler || station.run.errorsIgnored());
 }
 
-TEST(Runs, report_only_their_first_failure)
+TEST(Runs, ask_nobody_once_the_program_ends)
 {
     support::TestStation station;
-    station.dialogs.expect(
-        "", "Locking failed: locked by another\nC:\\a.dat\n\nNo card was charged.", Buttons::Ok,
-        Answer::Ok, [&] {
-            station.run.fail("Reading", "C:\\b.dat", Outcome::Broken);
-            EXPECT_EQ(station.dialogs.message("A", "?", Buttons::OkCancel), Answer::Cancel);
-            EXPECT_EQ(station.dialogs.message("A", "?", Buttons::YesNo), Answer::No);
-            EXPECT_FALSE(station.dialogs.input("A", "?"));
-        });
-    station.run.consequence = "No card was charged.";
-    station.run.fail("Locking", "C:\\a.dat", Outcome::Locked);
-    EXPECT_TRUE(station.run.ending() && station.run.failed());
+    station.run.end();
+    EXPECT_EQ(station.dialogs.message("A", "?", Buttons::OkCancel), Answer::Cancel);
+    EXPECT_EQ(station.dialogs.message("A", "?", Buttons::YesNo), Answer::No);
+    EXPECT_FALSE(station.dialogs.input("A", "?"));
 }
 
 } // namespace

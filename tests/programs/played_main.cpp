@@ -12,6 +12,7 @@
 #include "roles/tender_role.h"
 #include "support/faulty_disk.h"
 #include "support/qt/hand.h"
+#include "support/test_files.h"
 
 #include <csignal>
 

@@ -5,7 +5,6 @@
 #include <gtest/gtest-spi.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -13,11 +12,7 @@ namespace story {
 
 namespace {
 
-std::string setting(const char *name)
-{
-    const char *value = std::getenv(name);
-    return value == nullptr ? "" : value;
-}
+using support::setting;
 
 /// The stories of a room, and what each of them tells.
 class Room {
@@ -127,19 +122,12 @@ private:
         return like;
     }
     Story now(const Story &story) { return shownAs(story, toldOf(all[story.name]), likeOf(story)); }
-    static Lines rowsOf(const std::string &text)
-    {
-        Lines rows;
-        for (std::string rest = text; !rest.empty();)
-            rows.push_back(takeUntil(rest, "\n"));
-        return rows;
-    }
     static std::string textOf(const Story &story) { return written({"", {}, {story}, {}}); }
 
     void expect(Entry &entry)
     {
-        const Lines wrong =
-            differences(rowsOf(textOf(*entry.story)), rowsOf(textOf(now(*entry.story))));
+        const Lines wrong = differences(platform::splitLines(textOf(*entry.story)),
+                                        platform::splitLines(textOf(now(*entry.story))));
         std::string text;
         for (const std::string &line : wrong)
             text += line + "\n";

@@ -1,5 +1,7 @@
 #include "story/story_file.h"
 
+#include "platform/files.h"
+
 #include <utility>
 
 namespace story {
@@ -95,11 +97,8 @@ void write(std::string &text, const ScriptLine &line)
 StoryFile readStories(const std::string &path, const std::string &content)
 {
     Reader reader(path);
-    std::size_t from = 0;
-    for (std::size_t end = 0; (end = content.find('\n', from)) != content.npos; from = end + 1)
-        reader.read(content.substr(from, end - from));
-    if (from < content.size())
-        reader.read(content.substr(from));
+    for (const std::string &line : platform::splitLines(content))
+        reader.read(line);
     return reader.take();
 }
 

@@ -2,6 +2,7 @@
 // application in onStart.
 #pragma once
 
+#include "platform/program_search.h"
 #include "platform/system.h"
 
 #include <functional>
@@ -32,7 +33,15 @@ public:
     std::vector<Started> started;    // those that were there
     std::vector<std::string> played; // sound files
 
-    Outcome start(const std::string &commandLine, platform::WindowStyle style) override;
+    Outcome start(const std::string &commandLine, platform::WindowStyle style) override
+    {
+        if (!platform::findProgram(commandLine, programIsThere))
+            return Outcome::NotThere;
+        started.push_back({commandLine, style});
+        if (onStart)
+            onStart(Started(started.back())); // a copy: onStart may lead to another start
+        return Outcome::Done;
+    }
     void killImage(const std::string &imageName) override
     {
         if (onKill)

@@ -42,12 +42,6 @@ ScriptedDialogs::~ScriptedDialogs()
     EXPECT_EQ(expected.size(), 0U) << "boxes that never came up";
 }
 
-void ScriptedDialogs::expect(Text title, Text text, Buttons buttons, Answer answer,
-                             WhileOpen whileOpen)
-{
-    expected.push_back({boxOf(title, text, buttons), answer, std::move(whileOpen)});
-}
-
 platform::Answer ScriptedDialogs::ask(Text title, Text text, Buttons buttons)
 {
     const Answer harmless = buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;

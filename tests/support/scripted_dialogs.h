@@ -20,11 +20,11 @@ public:
     explicit ScriptedDialogs(platform::Run &theRun) : Dialogs(theRun), run(theRun) {}
     ~ScriptedDialogs() override;
 
-    /// The next box is a message with just this title, text and buttons. An empty title is the
-    /// system's own message. `whileOpen` runs while the box is open (let time pass, press Cancel
-    /// on the screen behind it); the loop turns once in any case.
-    void expect(Text title, Text text, Buttons buttons, Answer answer, WhileOpen whileOpen = {});
+    /// The next box is this one, as a story tells it: "[title] text (Ok)"; it gets Ok.
+    void expect(Text box) { expected.push_back({box, Answer::Ok, {}}); }
     /// The next box, whatever it is, gets this answer; `shown` tells afterwards what it was.
+    /// `whileOpen` runs while it is open (let time pass, press Cancel on the screen behind it); the
+    /// loop turns once in any case.
     void answerNext(Answer answer, WhileOpen whileOpen = {})
     {
         expected.push_back({{}, answer, std::move(whileOpen)});

@@ -1,6 +1,7 @@
 #include "support/test_files.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -28,6 +29,12 @@ std::vector<std::string> filesBelow(const std::string &folder)
             paths.push_back(entry.path().string());
     std::sort(paths.begin(), paths.end());
     return paths;
+}
+
+std::string setting(const char *name)
+{
+    const char *value = std::getenv(name);
+    return value == nullptr ? "" : value;
 }
 
 std::string replaced(std::string text, const std::string &what, const std::string &by)

@@ -1,14 +1,13 @@
 #include "support/qt/hand.h"
 
 #include "support/qt/screen_checks.h"
+#include "support/test_files.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
-
-#include <cstdlib>
 
 namespace support {
 
@@ -43,12 +42,6 @@ bool openRow(const QString &beginning)
 }
 
 } // namespace
-
-std::string setting(const char *name)
-{
-    const char *value = std::getenv(name);
-    return value == nullptr ? std::string() : value;
-}
 
 Hand::Hand(platform::Clock &clock)
     : steps(QString::fromStdString(setting("LUMBRIO_PLAY_PRESS")).split(u';', Qt::SkipEmptyParts)),

@@ -27,7 +27,4 @@ private:
     platform::Timer finger;
 };
 
-/// An environment variable; empty when it is not set.
-std::string setting(const char *name);
-
 } // namespace support
