@@ -45,25 +45,6 @@ at 1 s: look
   backspaceKey (Backspace)  #1c2733
   keypad 1234567890
 at 1 s: key Return
-at 3.5 s: look
--- Xcharge Credit Card Interface
-  Label3_12 Rosalind Test
-+ stateCard  focus
-* stateWord Waiting
-- swipeCaption Swipe the card
-- Text2 [] 11 points on #ffffff focus
-- Text5 [] 11 points on #ffffff
-+ stateHint The bank is being asked.
-+ Label7 2
-+ secondsCaption seconds
-+ resultCaption Card
-+ Text1 [4111111111111111] 11 points on #000000
-* Label3_0 ************1111
-* Label3_1 2809
-* SSCommand1 (Cancel) Cancel #9aa5b1 disabled
-* SSCommand3 (Enter Manually) Enter Manually #9aa5b1 disabled
-* SSCommand4 (Clear) Clear #9aa5b1 disabled
-* SSCommand5 (CONFIG) CONFIG #9aa5b1 disabled
 at 4 s: end
 == end
 * at 4000 ms
@@ -131,22 +112,14 @@ at 1 s: look
 at 1 s: press Cancel
 at 2 s: press Enter Manually
 at 2.5 s: press Large Font
-at 2.5 s: look
--- Enter Card Manually
-* Text1 [] 48 points on #fff59d focus
-* Text2 [] 48 points on #ffffff
-* Text3 [] 48 points on #ffffff
-* SSCommand7 (Small Font) Small Font #1c2733
+at 2.5 s: read Credit Card Number
+  Text1 [] 48 points on #fff59d focus
 at 2.5 s: press Cancel
 at 4 s: in vain: fail open XCfont.dat
 at 4 s: press Enter Manually
 at 4.5 s: press Small Font
-at 4.5 s: look
--- Enter Card Manually
-* Text1 [] 10 points on #fff59d focus
-* Text2 [] 10 points on #ffffff
-* Text3 [] 10 points on #ffffff
-* SSCommand7 (Large Font) Large Font #1c2733
+at 4.5 s: read Credit Card Number
+  Text1 [] 10 points on #fff59d focus
 at 6 s: end
 == end
 * at 6000 ms
