@@ -5,7 +5,6 @@
 #include "records/transaction_search.h"
 #include "support/tender_story.h"
 #include "tender/command_line.h"
-#include "tender/evidence.h"
 
 #include <set>
 
@@ -407,31 +406,6 @@ TEST(SameTransaction, IsKnownAgainAfterAManagersSaveAndIsNoOther)
     EXPECT_TRUE(sameTransaction(taken, saved));
     saved.set(CCXcTranID, "00 2155");
     EXPECT_FALSE(sameTransaction(taken, saved));
-}
-
-TEST(DeadRequest, OfThisStationAloneIsRemovedAndToldWithoutItsCard)
-{
-    TenderStory story;
-    story.takeCardsHere();
-    const std::string folder = TenderStory::kLocalTran;
-    const std::string request =
-        "\"C1\",\"7\",\"1042\",\"4111111111111111\",\"%B4111111111111111^X\",\"31.\",\"99999\"\r\n";
-    for (const char *name : {"FRONT-BAR011525125900.req", "FRONT-BAR2011525125900.req",
-                             "FRONT-BAR01152512590.req", "BACK-BAR011525125900.tmp"})
-        story.station.put(folder + name, request);
-    story.station.put(folder + "FRONT-BAR011525125800.ans", "\"YA1\"\r\n");
-    records::App &app = story.app;
-    app.values.Maindir = kFolder;
-    app.values.StationName = "FRONT-BAR";
-    app.values.paymentDirectory = "c:\\Program Files\\X-Charge\\";
-    tender::clearDeadRequests(app);
-    EXPECT_EQ(story.left(),
-              (std::vector<std::string>{"BACK-BAR011525125900.tmp",
-                                        "FRONT-BAR011525125800-20250115-130500.ans",
-                                        "FRONT-BAR01152512590.req", "FRONT-BAR2011525125900.req"}));
-    const std::string trace = story.station.get("C:\\Lumbrio\\TRACELOG.TXT");
-    EXPECT_NE(trace.find("receipt 1042, amount 31., card XXXX XXXX XXXX 1111"), std::string::npos);
-    EXPECT_EQ(trace.find("411111111111"), std::string::npos);
 }
 
 TEST(HostileRequest, BecomesNoOptionOfThePaymentApplicationAndNoControlCharacter)

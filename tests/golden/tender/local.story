@@ -218,9 +218,16 @@ payment answers: "yA12345"
 
 story local cancelled in the wait, like local wait stopped
 payment keeps silent
+put c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525125900.req | "C1","7","1041","","","31."\r\n
+put c:\Program Files\X-Charge\LocalTran\BACK-BAR011525125900.req | other's\r\n
 at 30 s: press Cancel
 - == TRACELOG.TXT
+== payment
+  left BACK-BAR011525125900.req
 == CCLastProcess.dat
+  On Wednesday 01/15/2025 at 01:05 PM
++   REQUEST OF A TENDER THAT WAS ENDED - receipt 1041, amount 31., card XXXX XXXX XXXX  - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525125900.req [TRACELOG]
++   IT IS REMOVED [TRACELOG]
   New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.req
 + Cancel was pressed
 * Actual Seconds waited for Response  29

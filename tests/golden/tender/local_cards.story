@@ -37,9 +37,12 @@ at 10 s: swipe
 
 # The card that a guest took back before it was whole is not charged.
 story local approved beside what others left, like local approved
-put c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130000.tmp | card
+put c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130000.tmp | "C1","7","1042","4111111111111111","%B4111111111111111^X","31.","99999"\r\n
+put c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525125800.ans | "YA1"\r\n
+put c:\Program Files\X-Charge\LocalTran\FRONT-BAR01152512590.tmp | other's
+put c:\Program Files\X-Charge\LocalTran\BACK-BAR011525125900.tmp | other's
 put c:\Program Files\X-Charge\LocalTran\front-bar011525130000.req.7.new | card
-put c:\Program Files\X-Charge\LocalTran\FRONT-BAR-2011525130000.tmp | other's
+put c:\Program Files\X-Charge\LocalTran\FRONT-BAR2011525130000.tmp | other's
 at 500 ms: first track %B5500000000000004^OTHER/GUEST^2809
 at 900 ms: press Enter Manually
 at 1.5 s: first track %B5500000000000004^OTHER/GUEST^2809%B4111111111111111^TEST/ROSALIND A^28091010000000000000?
@@ -49,11 +52,15 @@ at 1.5 s: second track ;4111111111111111=28091010000000000?
 + status Waiting for Card Number 
 == payment
   takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
-+ left FRONT-BAR-2011525130000.tmp
++ left BACK-BAR011525125900.tmp
++ left FRONT-BAR011525125800-20250115-130500.ans
++ left FRONT-BAR01152512590.tmp
++ left FRONT-BAR2011525130000.tmp
 + left front-bar011525130000.req.7.new
 == CCLastProcess.dat
   On Wednesday 01/15/2025 at 01:05 PM
-+   REQUEST OF A TENDER THAT WAS ENDED - receipt , amount , card XXXX XXXX XXXX  - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130000.tmp [TRACELOG]
++   A RESULT THAT NO TENDER HAS DEALT WITH - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525125800.ans - is now c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525125800-20250115-130500.ans [TRACELOG]
++   REQUEST OF A TENDER THAT WAS ENDED - receipt 1042, amount 31., card XXXX XXXX XXXX 1111 - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130000.tmp [TRACELOG]
 +   IT IS REMOVED [TRACELOG]
 * New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130503.req
 

@@ -72,52 +72,32 @@ when the manager is asked: approve Margaret Manager
 story local offline untaken, like local offline approved
 watch
 payment keeps silent
-type card 4111111111111111 0928 123
-at 500 ms: press Enter Manually
+at 500 ms: swipe
 when the manager is asked: approve Margaret Manager
 at 22 s: press NO
 at 23 s: press YES, though disabled
 at 60 s: press YES
 - == payment
 == tender
-* card or result 4111111111111111
-- first name ROSALIND A
-- last name TEST
-  status Waiting for You to Swipe the Card
-* status Connection Problems Press Cancel
-- status Just a Moment Please 
-- status Dialing for Card Approval
+  status Dialing for Card Approval
++ status Connection Problems Press Cancel
 == watched
   0, 0 starts, 
   100 Cancel, 0 starts, Waiting for You to Swipe the Card
-  500, 0 starts, Waiting for You to Swipe the Card
-  500 counting, 0 starts, Waiting for You to Swipe the Card
-  14900 Cancel counting, 0 starts, Waiting for You to Swipe the Card
-  20500 Cancel panel counting, 0 starts, Waiting for You to Swipe the Card
-  47540 Cancel panel warning red ribbons counting, 0 starts, Waiting for You to Swipe the Card
-  49460 Cancel panel warning red ribbons counting, 0 starts, Connection Problems Press Cancel
+  500 Cancel, 0 starts, Validating Card Number 
+  2000 Cancel, 0 starts, Just a Moment Please 
+  2000 Cancel, 0 starts, Dialing for Card Approval
+  2000, 0 starts, Dialing for Card Approval
+  2000 counting, 0 starts, Dialing for Card Approval
+  16400 Cancel counting, 0 starts, Dialing for Card Approval
+  22000 Cancel panel counting, 0 starts, Dialing for Card Approval
+  49040 Cancel panel warning red ribbons counting, 0 starts, Dialing for Card Approval
+  50960 Cancel panel warning red ribbons counting, 0 starts, Connection Problems Press Cancel
 == records
-- CCName ROSALIND A TEST
 * CCTime 01:06 PM
-* CCVerify 123
-* CCSwiped False
-* blank CCName CCGiftFlag CCReserved2
 == slips
-* 01/15/25  01:06 PM  1043 - 7 Rosalind - 12 - 61
-* Name: 
+* 01/15/25  01:06 PM  1043 - 7 Rosalind - 12 - 60
 * 01/15/25  01:06 PM  1043 - 7 Rosalind - 12
-* Name: 
-== Xsend.ans
-* 9 "                              "
-== CCLastProcess.dat
-  **********************************************************
-                 
-+ Card number was manually type in
-+ Xcharge2 calling approval engine 
-+ **********************************************************
-* First Name - 
-* Last Name - 
-* New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130500.req
 
 # The answer lies there while the manager says yes, and nobody can look at it: never taken for none,
 # or the guest would be charged by the bank and once more offline.

@@ -246,7 +246,24 @@ story longest with a card, like longest
 erase C:\Lumbrio\X1009Version.dat
 put C:\Lumbrio\Xsend.req | "DelPrePay table on the terrace","1043","7","123456.50"\r\n
 at 50 ms: fits
-at 3 s: fits
+at 3 s: look
+-- Xcharge Credit Card Interface
+- SSPanel2_text Still waiting for the payment window. You can go on waiting, or press Cancel.
+  Label3_12 Rosalind Test
+- stateCard  focus
+* stateWord Ready for the card
+* Text3 [Waiting for You to Swipe the Card] 16 points on #000000
+- stateHint The payment window takes the card.
+- Label7 9
+- secondsCaption seconds
++ swipeCaption Swipe the card
++ Text2 [] 11 points on #ffffff focus
++ Text5 [] 11 points on #ffffff
+* Label9 —
+* SSCommand3 (Enter Manually) Enter Manually #1c2733
+* SSCommand4 (Clear) Clear #1c2733
+* Command3 (Start Xcharge) Start Xcharge #1c2733
+* Label3_13 False
 at 53 s: end
 == end
 * state Ready for the card
