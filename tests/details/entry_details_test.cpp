@@ -149,9 +149,9 @@ struct EntryStage : support::ManagerStage {
         }
     }
     /// While a list reads its file the manager presses whatever there is.
-    void reload(const char *list)
+    void reload(const char *which)
     {
-        say(list);
+        say(which);
         for (const auto &press : pressedOfEntry)
             press();
         entry.takeQuickTip(2);

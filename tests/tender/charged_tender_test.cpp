@@ -286,6 +286,9 @@ TEST_P(Stranger, WritesOverTheRecordAndItIsAppendedAgain)
     story.run();
     EXPECT_EQ(word(), "Approved");
     EXPECT_EQ(whilePrinting, 1U) << "a kill now would lose it";
+    const auto &slips = story.station.printers.collected;
+    EXPECT_NE(platform::plainText(slips.at(0).job).find("TransRecord 3"), std::string::npos)
+        << "the slip names another's record";
     EXPECT_EQ(story.station.disk.logText().find("write f/Lumbrio/CCPending"), std::string::npos)
         << "no slot is written to that its holder may be writing to";
     EXPECT_EQ(ours(), 1U);
