@@ -55,10 +55,6 @@ mouse on Force ALL NO TIP
 answer Cancel
 when a box is open: in vain: sort by option 1
 when a box is open: in vain: tap row 1
-press Mark all completed
-  [FORCE ALL COMPLETED] Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be batched out. Only do this if you are sure these transactions have been batched out already. (Ok, Cancel)
-  log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED CANCEL  ***
-answer Cancel
 press Force ALL NO TIP
   [FORCE ALL NO TIP] Are you sure, All entries will be marked no tip and be ready to finiliaze (Ok, Cancel)
 look at order
@@ -91,10 +87,6 @@ answer Ok
 press Force ALL NO TIP, though disabled
   [FORCE ALL NO TIP] Are you sure, All entries will be marked no tip and be ready to finiliaze (Ok, Cancel)
   log:      ***  USER CLICKED FORCE ALL NO TIPS  ***
-answer Ok
-press Mark all completed
-  [FORCE ALL COMPLETED] Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be batched out. Only do this if you are sure these transactions have been batched out already. (Ok, Cancel)
-  log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED OK DO IT  ***
 
 story bulk that fails
 card CCReceipt=1, CCReceipt=2

@@ -32,13 +32,6 @@ press Mark Completed
 == left
   F:\Lumbrio\data\CCFinal0125.dat: (1 CCAdjStatus=Completed)
 
-story record without a date, like record with a wrong date
-card CCReceipt=3;CCDate=
-answer with 01/15/25
-answer Ok
-press Mark Completed
-* [] The date of a record is not a date: "" (Ok)
-
 story empty slot with a wrong date, like record with a wrong date
 card CCReceipt=3;CCstatus=;CCDate=yesterday
 answer with 01/15/25

@@ -19,16 +19,11 @@ press Mark Completed
   log: loaded: $60.00 + $0.00 = $60.00, count 2 | 5 x C:\Lumbrio\whoosh.wav
 tap row 2
   entry F:\Lumbrio\CCPending.dat 2
-press DELETE RED'S
-  entry closed > notice: Backing up Data File - Just a moment Please > row 2 selected > notice: all declines have been deleted
-  log: loaded: $40.00 + $0.00 = $40.00, count 1 | 2 x C:\Lumbrio\whoosh.wav
-tap row 2
-  entry F:\Lumbrio\CCPending.dat 2
 answer Ok
 press Force ALL NO TIP
   [FORCE ALL NO TIP] Are you sure, All entries will be marked no tip and be ready to finiliaze (Ok, Cancel)
-  entry closed > row 2 selected
-  log:      ***  USER CLICKED FORCE ALL NO TIPS  *** | loaded: $40.00 + $0.00 = $40.00, count 1 (2 times) | 1 x C:\Lumbrio\whoosh.wav
+  entry closed > row 2 selected > notice: You have 1 Declined entries. You must delete the declined entries before you can process the approved items
+  log:      ***  USER CLICKED FORCE ALL NO TIPS  *** | loaded: $60.00 + $0.00 = $60.00, count 2 (3 times) | 1 x C:\Lumbrio\whoosh.wav
 tap row 2
   entry F:\Lumbrio\CCPending.dat 2
 answer Cancel
@@ -36,12 +31,12 @@ press Mark all completed
   [FORCE ALL COMPLETED] Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be batched out. Only do this if you are sure these transactions have been batched out already. (Ok, Cancel)
   log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED CANCEL  ***
 look at entry
-  5, tip 0, Adjusted - Pending
+  4, tip 0, Adjusted - Pending
 answer Ok
 press picture
   [FORCE ALL COMPLETED] Are you sure, All entries will be marked COMPLETED and be ready to ARCHIVE, they will not be batched out. (Ok, Cancel)
   entry closed > row 2 selected
-  log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED OK DO IT  *** | loaded: $40.00 + $0.00 = $40.00, count 1 (2 times) | 1 x C:\Lumbrio\whoosh.wav
+  log:      ***  USER CLICKED FORCE ALL COMPLETED *** |      ***  USER CLICKED OK DO IT  *** | loaded: $60.00 + $0.00 = $60.00, count 2 (3 times) | 1 x C:\Lumbrio\whoosh.wav
 # What was typed into it is not lost unasked.
 tap row 2
   entry F:\Lumbrio\CCPending.dat 2
@@ -53,19 +48,19 @@ answer Cancel
 press Done
   [ENTRY NOT SAVED] The entry that is open has changes that are not saved. They are lost when you go on. (Ok, Cancel)
 look at entry
-  5, tip 5, Adjusted - Pending
+  4, tip 5, Adjusted - Pending
 press Save of the entry
   row 2 selected
-  log: loaded: $40.00 + $5.00 = $45.00, count 1 | 2 x C:\Lumbrio\whoosh.wav
+  log: loaded: $60.00 + $5.00 = $65.00, count 2 | 2 x C:\Lumbrio\whoosh.wav
 press DELETE RED'S
   entry closed > notice: Backing up Data File - Just a moment Please > row 2 selected > notice: all declines have been deleted
   log: loaded: $40.00 + $5.00 = $45.00, count 1 | 2 x C:\Lumbrio\whoosh.wav
 == left
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 2000
-  f and c/lumbrio/data/ccdata/01152025130500CCpendingBatch.dat 1000
-  F:\Lumbrio\CCPending.dat: (4 CCNumb=D3456789:;<=>?@A CCExpDate= CCName= CCDescription= CCXcTranID= CCSaleAmt= CCTable= CResponse= CCVerify= CCSwiped= CCAdjStatus=Completed CCEncoded=1 CCtype=Visa CCaditionalFUNDS=0 GCbalance=) (5 CCExpDate= CCName= CCDescription= CCXcTranID= CCSaleAmt= CCTable= CResponse= CCTip=5 CCVerify= CCSwiped= CCAdjStatus=Adjusted - Pending CCAdjAmt=25.00 CCtype=Visa CCaditionalFUNDS=0 GCbalance=)
+  f and c/lumbrio/data/ccdata/01152025130500CCpendingBatch.dat 1500
+  F:\Lumbrio\CCPending.dat: (4 CCExpDate= CCName= CCDescription= CCXcTranID= CCSaleAmt= CCTable= CResponse= CCTip=5 CCVerify= CCSwiped= CCAdjStatus=Adjusted - Pending CCAdjAmt=25.00 CCtype=Visa CCaditionalFUNDS=0 GCbalance=) (5 CCNumb=D3456789:;<=>?@A CCExpDate= CCName= CCDescription= CCXcTranID= CCSaleAmt= CCTable= CResponse= CCVerify= CCSwiped= CCAdjStatus=Completed CCEncoded=1 CCtype=Visa CCaditionalFUNDS=0 GCbalance=)
   F:\Lumbrio\data\CCFinal0125.dat: (1 CCNumb=D3456789:;<=>?@A CCEncoded=1) (3 CCNumb=D3456789:;<=>?@A CCAdjStatus=Completed CCEncoded=1)
-  F:\Lumbrio\data\0125CCdeleted.dat: (2 CCNumb=D3456789:;<=>?@A CCEncoded=1)
+  F:\Lumbrio\data\0125CCdeleted.dat: (2 CCNumb=D3456789:;<=>?@A CCExpDate= CCName= CCDescription= CCXcTranID= CCSaleAmt= CCTable= CResponse= CCVerify= CCSwiped= CCAdjStatus=Completed CCEncoded=1 CCtype=Visa CCaditionalFUNDS=0 GCbalance=)
 
 # It does nothing while the list loads, but takes a tip.
 story entry open while the list loads

@@ -39,28 +39,8 @@ press Finish
 == left
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 1000
 
-story finish cannot read, like finish cannot open
-fail read CCPending.dat 65500 bytes at 0
-press Finish
-* log:   FINISH NOT DONE - access denied - F:\Lumbrio\CCPending.dat | loaded: $20.00 + $0.00 = $20.00, count 0 | 3 x C:\Lumbrio\whoosh.wav
-
-story finish cannot open the month, like finish cannot open
-fail open CCFinal0125.dat to append
-press Finish
-
-story finish cannot append, like finish cannot open
-fail append CCFinal0125.dat 500 bytes
-press Finish
-
 story finish cannot flush, like finish cannot open
 fail flush CCFinal0125.dat
-press Finish
-== left
-  f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 1000
-+ F:\Lumbrio\data\CCFinal0125.dat: (2 CCNumb=D3456789:;<=>?@A CCEncoded=1)
-
-story finish cannot write, like finish cannot open
-fail append CCPending.Tmp 500 bytes
 press Finish
 == left
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 1000

@@ -22,15 +22,6 @@ saved
   log: loaded: $82.00 + $4.50 = $86.50, count 3 | 2 x C:\Lumbrio\whoosh.wav
 look at order
   option -1: 1 4 5 6
-# A list that is shorter now, and the first place.
-no cards
-card CCReceipt=1, CCReceipt=2
-press Refresh
-  log: loaded: $40.00 + $0.00 = $40.00, count 1 | 2 x C:\Lumbrio\whoosh.wav
-tap row 1
-  entry F:\Lumbrio\CCPending.dat 1
-press Refresh
-  log: loaded: $40.00 + $0.00 = $40.00, count 1 | 2 x C:\Lumbrio\whoosh.wav
 == left
   f/lumbrio/ServerISBatching.dat 4
 
@@ -70,14 +61,10 @@ saved
 pass 1 s
 saved
   log: loaded: $20.00 + $0.00 = $20.00, count 0 | 2 x C:\Lumbrio\whoosh.wav
-look at totals
-  $20.00 + $0.00 = $20.00, 1 Swipes, from 01/15/25 to 01/15/25, record 1 of F:\Lumbrio\CCPending.dat, 2 to adjust, No internet connection detected...
 connection up
 pass 100 ms
 look at totals
   $20.00 + $0.00 = $20.00, 1 Swipes, from 01/15/25 to 01/15/25, record 1 of F:\Lumbrio\CCPending.dat, 2 to adjust, Internet connection detected!!
-look at commands
-  Process grey, Finish hidden
 
 # Stations take tenders while the list loads; commands are ignored, a save is not forgotten.
 story busy while the list loads
@@ -165,11 +152,6 @@ press Finish
   log: loaded: $40.00 + $0.00 = $40.00, count 1 | 5 x C:\Lumbrio\whoosh.wav
 look at commands
   Finish hidden
-answer with 01/14/25
-press Mark Completed
-  [ enter date ] Enter the date of transactions to move (01/15/2025)
-  notice: Updating Data File - Just a momnet Please > row 2 selected > notice: Operation is completed
-  log: loaded: $40.00 + $0.00 = $40.00, count 1 | 5 x C:\Lumbrio\whoosh.wav
 == left
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 1000
   f/lumbrio/ServerISBatching.dat 4
