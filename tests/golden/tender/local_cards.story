@@ -150,7 +150,7 @@ in vain: second track ;4111111111111111=28091010000000000?
 == CCLastProcess.dat
 - USING 10/2009 VERSION  
 
-story local setup and removal, like local approved
+story local setup and removal, like local wait stopped
 put c:\Program Files\X-Charge\Xchrgsrv.exe | program
 answer Cancel
 answer Ok
@@ -165,8 +165,6 @@ at 400 ms: press CONFIG
 at 2.45 s: press CONFIG
 at 52 s: press Warning
 at 52 s: press Warning
-- == records
-- == slips
 - == Xsend.ans
 - == TRACELOG.TXT
 == tender
@@ -174,10 +172,7 @@ at 52 s: press Warning
 + waits
 - status Validating Card Number 
   status Dialing for Card Approval
-* status Connection Problems Press Cancel
-- status Approved - A12345
-- status Approved Printing Receipt
-- status Please Click Finish Tender
++ status Connection Problems Press Cancel
 + box [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
 + box [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
 + asked Open the card setup $48.50
@@ -191,6 +186,5 @@ at 52 s: press Warning
   "48.5"
 == CCLastProcess.dat
 * New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130503.req
-- Actual Response From Xcharge YA12345
-- ...
--   Printing Merchant 2
+- Unable to Connect - Internet may be down 
+- Actual Seconds waited for Response  7
