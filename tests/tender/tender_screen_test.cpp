@@ -1,12 +1,11 @@
 // A tender as the server at the terminal lives it: the real windows on Qt's offscreen platform, in
 // virtual time, driven by keyboard, by finger and by what a screen reader calls things. A story's
-// look tells of everything that can be read in the window that has the keyboard, and that nothing
+// look tells of everything that can change in the window that has the keyboard, and that nothing
 // is cut off or without a name, at both sizes.
 #include "story/stories.h"
 #include "support/qt/qt_station.h"
 #include "support/qt/screen_checks.h"
 #include "support/tender_stage.h"
-#include "tender/XCreader1.h"
 #include "tender/Xcharge1.h"
 
 #include <QAccessible>
@@ -14,9 +13,8 @@
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 
 namespace {
 
@@ -36,11 +34,6 @@ std::string described(QWidget &control)
                    .arg(box->displayText())
                    .arg(box->font().pointSize())
                    .arg(box->grab().toImage().pixelColor(4, 20).name());
-    else if (auto *editor = qobject_cast<QPlainTextEdit *>(&control))
-        text = editor->toPlainText();
-    else if (auto *list = qobject_cast<QListWidget *>(&control))
-        for (int row = 0; row < list->count(); ++row)
-            text += u'|' + list->item(row)->text();
     else
         text = control.property("edge").toString();
     return (control.objectName() + u' ' + text).toStdString() +
@@ -97,7 +90,6 @@ private:
             if (count < std::stoi(range) || count > std::stoi(range.substr(range.find("to") + 2)))
                 complain(std::to_string(count) + " paints");
         });
-        word("show the reader", [this](Words) { reader.show(); });
         word("close", [this](Words) { screen.close(); });
         word("the screen is not painted", [this](Words) { screen.setUpdatesEnabled(false); });
         word("show", [this](Words name) { part(name)->show(); });
@@ -138,9 +130,7 @@ private:
     QWidget &window()
     {
         QWidget *modal = QApplication::activeModalWidget();
-        if (modal != nullptr)
-            return *modal;
-        return reader.isVisible() ? static_cast<QWidget &>(reader) : screen;
+        return modal != nullptr ? *modal : screen;
     }
     static void expectFits(QWidget &shown)
     {
@@ -149,23 +139,28 @@ private:
         EXPECT_EQ(support::badlyNamedControls(shown), "");
         shown.resize(support::kScreenSizes[0]);
     }
+    /// No caption, no empty value, and no button that nobody can press.
+    static bool canChange(QWidget &control)
+    {
+        static const QRegularExpression fixed(
+            QStringLiteral("aption|^(title|station|hint.|qt_.*|)$|^(Label13_3|Label3_8)$"));
+        const QString name = support::accessibleNameOf(control);
+        const auto *button = qobject_cast<QAbstractButton *>(&control);
+        const std::string text = described(control);
+        return !control.objectName().contains(fixed) && !name.startsWith(u"Digit ") &&
+               (button == nullptr || button->isEnabled()) && !text.ends_with(' ') &&
+               !text.ends_with("—");
+    }
     void look()
     {
         QWidget &shown = window();
         expectFits(shown);
-        story::Lines lines = {"dots: " + support::elidedLabels(shown)};
-        std::string keypad = "keypad ";
-        for (auto *control : shown.findChildren<QWidget *>()) {
-            const std::string name = support::accessibleNameOf(*control).toStdString();
-            if (!control->isVisible() || control->objectName().isEmpty())
-                continue;
-            if (name.starts_with("Digit "))
-                keypad += name.back();
-            else if (const std::string text = described(*control); !text.ends_with(' '))
-                lines.push_back(text); // and no frame around others
-        }
-        if (!keypad.ends_with(' '))
-            lines.push_back(keypad);
+        story::Lines lines;
+        if (const std::string dots = support::elidedLabels(shown); !dots.empty())
+            lines.push_back("dots: " + dots);
+        for (auto *control : shown.findChildren<QWidget *>())
+            if (control->isVisible() && canChange(*control))
+                lines.push_back(described(*control));
         tellChanges(shown.windowTitle().toStdString(), lines);
     }
 
@@ -194,10 +189,6 @@ private:
         for (const std::string &line : platform::splitLines(story.slips()))
             if (line.starts_with('['))
                 parts[0].lines.push_back("slip " + line);
-        for (const char *file : {"CCnoPrint.dat", "XCfont.dat"})
-            if (const std::string path = std::string("C:\\Lumbrio\\") + file;
-                story.station.has(path))
-                parts[0].lines.push_back(file + (" " + story.station.get(path)));
         for (const char *secret : {"4111111111111111", "7193"})
             if (story.processTrace().find(secret) != std::string::npos)
                 complain(std::string("a secret stands in the trace: ") + secret);
@@ -205,7 +196,6 @@ private:
     }
 
     tender::Xcharge1 screen{story.app, story.printer};
-    tender::XCreader1 reader{story.app};
     Paints paints;
 };
 

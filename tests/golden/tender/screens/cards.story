@@ -9,15 +9,14 @@ at 400 ms: look
 * Text3 [Waiting for You to Swipe the Card] 16 points on #000000
 - stateHint The payment window takes the card.
 - Label7 2
-- secondsCaption seconds
-+ swipeCaption Swipe the card
 + Text2 [] 11 points on #ffffff focus
 + Text5 [] 11 points on #ffffff
-* SSCommand1 (Cancel) Cancel #b3261e
-* SSCommand3 (Enter Manually) Enter Manually #1c2733
-* SSCommand4 (Clear) Clear #1c2733
-* SSCommand5 (CONFIG) CONFIG #1c2733
-* Command3 (Start Xcharge) Start Xcharge #1c2733
+  SSCheck1 (Do not print a RECEIPT for Customer) Do not print a RECEIPT for Customer #1c2733
++ SSCommand1 (Cancel) Cancel #b3261e
++ SSCommand3 (Enter Manually) Enter Manually #1c2733
++ SSCommand4 (Clear) Clear #1c2733
++ SSCommand5 (CONFIG) CONFIG #1c2733
++ Command3 (Start Xcharge) Start Xcharge #1c2733
 * Label3_13 False
 at 500 ms: press Enter Manually
 at 1 s: type 4111111111111111
@@ -27,23 +26,14 @@ at 1 s: key Tab
 at 1 s: type 7193
 at 1 s: look
 -- Enter Card Manually
-  dots: 
-  title Enter Card Manually
-  caption1 Credit Card Number
   Text1 [4111111111111111] 48 points on #ffffff
-  hint1 At least 10 digits
-  caption2 Expires
   Text2 [0928] 48 points on #ffffff
-  hint2 Enter MMYY
-  caption3 From Back Of Card
   Text3 [7193] 48 points on #fff59d focus
-  hint3 Verification digits
   SSCommand7 (Small Font) Small Font #1c2733
   cancelCommand (Cancel) Cancel #1c2733
   SSCommand4 (Process) Process #ffffff
   clearKey (Clear verification digits) Clear #1c2733
   backspaceKey (Backspace)  #1c2733
-  keypad 1234567890
 at 1 s: key Return
 at 4 s: end
 == end
@@ -64,7 +54,7 @@ at 1 s: look
 * Text1 [411123] 48 points on #fff59d focus
 * Text2 [] 48 points on #ffffff
 * Text3 [] 48 points on #ffffff
-* SSCommand4 (Process) Process #9aa5b1 disabled
+- SSCommand4 (Process) Process #ffffff
 * clearKey (Clear card number) Clear #1c2733
 at 1 s: press Clear card number
 at 1 s: digits 123456789
@@ -86,7 +76,8 @@ at 1 s: look
 * Text1 [1234567890123456789] 48 points on #fff59d focus
 * Text2 [0928] 48 points on #ffffff
 * Text3 [1234] 48 points on #ffffff
-* SSCommand4 (Process) Process #ffffff
+  cancelCommand (Cancel) Cancel #1c2733
++ SSCommand4 (Process) Process #ffffff
 * clearKey (Clear card number) Clear #1c2733
 at 1 s: focus Expires, Enter MMYY
 at 1 s: press Backspace
@@ -98,35 +89,6 @@ at 3.5 s: end
 * at 3500 ms
 * left "C1","7","1043","1234567890123456789","2709","48.5","99999","1234"\r\n
 
-story font of the keypad, like typed
-at 500 ms: press Enter Manually
-at 1 s: press Small Font
-at 1 s: look
--- Enter Card Manually
-* Text1 [] 10 points on #fff59d focus
-* Text2 [] 10 points on #ffffff
-* Text3 [] 10 points on #ffffff
-* SSCommand7 (Large Font) Large Font #1c2733
-* SSCommand4 (Process) Process #9aa5b1 disabled
-* clearKey (Clear card number) Clear #1c2733
-at 1 s: press Cancel
-at 2 s: press Enter Manually
-at 2.5 s: press Large Font
-at 2.5 s: read Credit Card Number
-  Text1 [] 48 points on #fff59d focus
-at 2.5 s: press Cancel
-at 4 s: in vain: fail open XCfont.dat
-at 4 s: press Enter Manually
-at 4.5 s: press Small Font
-at 4.5 s: read Credit Card Number
-  Text1 [] 10 points on #fff59d focus
-at 6 s: end
-== end
-* at 6000 ms
-* state Ready for the card
-* clerk 
-- left "C1","7","1043","4111111111111111","2809","48.5","99999","7193"\r\n
-
 story swiped, like typed
 at 500 ms: type %B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?+9?
 at 500 ms: in vain: key Return
@@ -136,22 +98,18 @@ at 3.5 s: look
 + stateCard  focus
 * stateWord Waiting
 * Text3 [Dialing for Card Approval] 16 points on #000000
-- swipeCaption Swipe the card
 - Text2 [] 11 points on #ffffff focus
 - Text5 [] 11 points on #ffffff
 + stateHint The bank is being asked.
 + Label7 1
-+ secondsCaption seconds
-+ resultCaption Card
 + Text1 [%B4111111111111111^] 11 points on #000000
-* Label3_0 ************1111
-* Label3_1 2809
-* Label3_2 ROSALIND A
-* Label3_3 TEST
-* SSCommand1 (Cancel) Cancel #9aa5b1 disabled
-* SSCommand3 (Enter Manually) Enter Manually #9aa5b1 disabled
-* SSCommand4 (Clear) Clear #9aa5b1 disabled
-* SSCommand5 (CONFIG) CONFIG #9aa5b1 disabled
++ Label3_0 ************1111
++ Label3_1 2809
++ Label3_2 ROSALIND A
++ Label3_3 TEST
+- SSCommand1 (Cancel) Cancel #b3261e
+- ...
+- SSCommand5 (CONFIG) CONFIG #1c2733
 at 4 s: end
 == end
 * left "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"\r\n
@@ -166,20 +124,19 @@ at 400 ms: look
 -- Xcharge Credit Card Interface
 * Text2 [****] 11 points on #ffffff focus
   Text5 [] 11 points on #ffffff
-+ resultCaption Card
 + Text1 [****] 11 points on #000000
-* SSCommand6 (View) View #1c2733
+  SSCommand4 (Clear) Clear #1c2733
++ SSCommand6 (View) View #1c2733
 at 400 ms: press View
 at 400 ms: look
 -- Xcharge Credit Card Interface
 * Text1 [%B41] 11 points on #000000
-* SSCommand6 (View) View #9aa5b1 disabled
+- SSCommand6 (View) View #1c2733
 at 400 ms: press Clear
 at 400 ms: look
 -- Xcharge Credit Card Interface
 * Text3 [Waiting for Card Number ] 16 points on #000000
 * Text2 [] 11 points on #ffffff focus
-- resultCaption Card
 - Text1 [%B41] 11 points on #000000
 at 400 ms: press Start Xcharge
 at 400 ms: press CONFIG
@@ -190,7 +147,6 @@ at 1.5 s: look
 -- Xcharge Credit Card Interface
 * Text2 [***] 11 points on #ffffff focus
   Text5 [] 11 points on #ffffff
-+ resultCaption Card
 + Text1 [%B5] 11 points on #000000
 at 3 s: end
 == end

@@ -11,20 +11,15 @@ at 900 ms: digits 12
 at 900 ms: key Return
 at 900 ms: look
 -- Manager Approval
-  dots: 
-  title Manager Approval
   questionEdge attention
   what Open the card setup
   amount $48.50
-  caption Manager's card or code
   codeBox [] 22 points on #fff59d focus
   hint Swipe or scan a card, or type the code and press OK.
   answer Not a manager's card or code. 1 try left.
   cancelCommand (Cancel) Cancel #1c2733
-  okCommand (OK) OK #9aa5b1 disabled
   clearKey (Clear code) Clear #1c2733
   backspaceKey (Backspace)  #1c2733
-  keypad 1234567890
 at 900 ms: digits 123
 at 900 ms: key Return
 at 1.5 s: look

@@ -3,17 +3,9 @@ story waiting
 payment keeps silent
 at 3 s: look
 -- Xcharge Credit Card Interface
-  dots: 
-  title Xcharge Credit Card Interface
-  station Station FRONT-BAR
-  Label13_3 Version 5.68.0
-  amountCaption Amount
   Text4 [$48.50] 32 points on #000000
-  tableCaption Table
   Label3_5 12
-  receiptCaption Receipt
   Label3_6 1043
-  serverCaption Server
   Label3_4 7
   Label3_12 Rosalind Test
   stateCard  focus
@@ -22,51 +14,26 @@ at 3 s: look
   Text3 [Waiting for Xcharge Interface] 16 points on #000000
   stateHint The payment window takes the card.
   Label7 2
-  secondsCaption seconds
-  numberCaption Card number
-  Label3_0 —
-  expiryCaption Expires
-  Label3_1 —
-  holderCaption Card holder
-  Label3_2 —
-  Label3_3 —
-  auditCaption Audit
-  Label9 —
-  totalCaption Total with gratuity
   Label3_10 %18
   Label3_9 $57.23
-  gratuityCaption Print Credit Card Slip with Gratuity
   SSCommand7 (Print Credit Card Slip with Gratuity) NO #1c2733
   SSCheck1 (Do not print a RECEIPT for Customer) Do not print a RECEIPT for Customer #1c2733
-  SSCommand2 (Finish Tender) Finish Tender #9aa5b1 disabled
-  SSCommand1 (Cancel) Cancel #9aa5b1 disabled
-  SSCommand3 (Enter Manually) Enter Manually #9aa5b1 disabled
-  SSCommand4 (Clear) Clear #9aa5b1 disabled
-  SSCommand6 (View) View #9aa5b1 disabled
-  SSCommand5 (CONFIG) CONFIG #9aa5b1 disabled
-  Command3 (Start Xcharge) Start Xcharge #9aa5b1 disabled
-  version1009Caption 10/2009 version
   Label3_13 True
   Label3_15 PreAuth
-  partialsCaption Partial approvals
   Label3_14 YES
-  tipLineCaption Tip line
   Label12 YES
-  paperCutCaption Paper cut
   Label14 NO
-  softwareCaption Software version
-  Label3_8 5.68.0
 at 3 s: in vain: key Return
 at 3.5 s: paints 0 to 1000
 at 7.5 s: paints 3 to 5
 at 12 s: look
 -- Xcharge Credit Card Interface
-  Label13_3 Version 5.68.0
 + SSPanel2_text Still waiting for the payment window. You can go on waiting, or press Cancel.
 - Text3 [Waiting for Xcharge Interface] 16 points on #000000
 * Label7 11
-* SSCommand1 (Cancel) Cancel #b3261e
-* SSCommand5 (CONFIG) CONFIG #1c2733
+  SSCheck1 (Do not print a RECEIPT for Customer) Do not print a RECEIPT for Customer #1c2733
++ SSCommand1 (Cancel) Cancel #b3261e
++ SSCommand5 (CONFIG) CONFIG #1c2733
 at 12 s: in vain: key Return
 at 12 s: tabs 8
   SSCommand1
@@ -116,11 +83,6 @@ payment keeps silent
 at 6 s: in vain: close
 at 12 s: close
 
-story cancelled by finger, like cancelled by escape
-payment keeps silent
-at 6 s: press Cancel, though disabled
-at 12 s: press Cancel
-
 story timed out until return, like cancelled by escape
 payment answers: RESULT=TIMEOUT\r\n
 at 8 s: look
@@ -131,22 +93,13 @@ at 8 s: look
 * Text3 [Please Click Cancel] 16 points on #000000
 - stateHint The payment window takes the card.
 * Label7 6
-  secondsCaption seconds
-+ resultCaption Result
 + Text1 [Declined] 11 points on #000000
-* SSCommand1 (Cancel) Cancel #b3261e focus
-* SSCommand5 (CONFIG) CONFIG #1c2733
+  SSCheck1 (Do not print a RECEIPT for Customer) Do not print a RECEIPT for Customer #1c2733
++ SSCommand1 (Cancel) Cancel #b3261e focus
++ SSCommand5 (CONFIG) CONFIG #1c2733
 at 8 s: key Return
 == end
 * at 8000 ms
-* state Declined
-* stateEdge declined
-* records 1
-
-story declined, like cancelled by escape
-bank declines
-== end
-* at 3700 ms
 * state Declined
 * stateEdge declined
 * records 1
@@ -166,20 +119,6 @@ in vain: the screen is not painted
 + slip [[Receipt TM-88]]
 + slip [CUSTOMER COPY]
 + slip [CUSTOMER COPY]
-
-story partial, like approved without being painted
-bank approves, ADDITIONALFUNDSREQUIRED=18.50
-== end
-* state Partial approval
-* stateEdge attention
-* answer "DECLINE but PARTAIL APPROVAL"
-  slip [[Receipt TM-88]]
-* slip [PARTIAL PAYMENT MERCHANT COPY]
-* slip [PARTIAL PAYMENT - A BALANCE IS STILL DUE]
-* slip [PARTIAL PAYMENT MERCHANT COPY]
-* slip [PARTIAL PAYMENT CUSTOMER COPY]
-* slip [PARTIAL PAYMENT - A BALANCE IS STILL DUE]
-+ slip [PARTIAL PAYMENT CUSTOMER COPY]
 
 # Kept: what the manager chose for the station stays until somebody chooses otherwise.
 story options, like approved without being painted
@@ -206,38 +145,22 @@ at 50 ms: fits
 at 3 s: fits
 at 10 s: look
 -- Xcharge Credit Card Interface
-* dots: DelPrePay table on the terrace\nRosalind Test
-  Label13_3 Version 5.68.0
++ dots: DelPrePay table on the terrace\nRosalind Test
 + SSPanel2_text Still waiting for the payment window. You can go on waiting, or press Cancel.
 * Text4 [$123,456.50] 32 points on #000000
 * Label3_5 DelPrePay table on the terrace
 * Label7 9
-* Label9 $123,456.50
++ Label9 $123,456.50
 * Label3_9 $145,678.67
-* SSCommand1 (Cancel) Cancel #b3261e
-* SSCommand5 (CONFIG) CONFIG #1c2733
+  SSCheck1 (Do not print a RECEIPT for Customer) Do not print a RECEIPT for Customer #1c2733
++ SSCommand1 (Cancel) Cancel #b3261e
++ SSCommand5 (CONFIG) CONFIG #1c2733
 at 52 s: fits
 at 52.5 s: hide stateCard
 at 52.5 s: hide detailsCard
 at 52.5 s: hide slipsCard
 at 52.5 s: show SSPanel5
-at 52.5 s: look
--- Xcharge Credit Card Interface
-  SSPanel2_text Still waiting for the payment window. You can go on waiting, or press Cancel.
-+ SSPanel4 (INTERNET or Phone Line may be DOWN) INTERNET or Phone Line may be DOWN #b3261e
-- stateCard  focus
-- ...
-- SSCheck1 (Do not print a RECEIPT for Customer) Do not print a RECEIPT for Customer #1c2733
-+ SSPanel5Edge attention
-+ SSPanel5_0 APPROVE OFFLINE
-+ SSPanel5_1 The Internet Connection may be DOWN since it has taken this long to contect the CREDIT CARD PROCESSOR.
-+ SSPanel5_2 Should this get approved before you make your choice the normal approval process will continue including printing of your slips
-+ SSPanel5_3 Should you APPROVE this transaction OFFLINE there is a chance that when you do submit this transaction it will not get approved. Should you click YES below you will need a manager to swipe their card for their approval
-+ SSPanel5_4 MANAGER APPROVAL REQUIRED
-+ SSPanel5_5 YOU MAY BE REQUIRED TO RE-SWIPE THE CREDIT CARD
-+ SSCommand8 (YES, approve offline) YES #1c2733
-+ SSCommand9 (NO, go on waiting) NO #1c2733
-* SSCommand1 (Cancel) Cancel #b3261e focus
+at 52.5 s: fits
 at 53 s: end
 == end
 * at 53000 ms
@@ -246,24 +169,7 @@ story longest with a card, like longest
 erase C:\Lumbrio\X1009Version.dat
 put C:\Lumbrio\Xsend.req | "DelPrePay table on the terrace","1043","7","123456.50"\r\n
 at 50 ms: fits
-at 3 s: look
--- Xcharge Credit Card Interface
-- SSPanel2_text Still waiting for the payment window. You can go on waiting, or press Cancel.
-  Label3_12 Rosalind Test
-- stateCard  focus
-* stateWord Ready for the card
-* Text3 [Waiting for You to Swipe the Card] 16 points on #000000
-- stateHint The payment window takes the card.
-- Label7 9
-- secondsCaption seconds
-+ swipeCaption Swipe the card
-+ Text2 [] 11 points on #ffffff focus
-+ Text5 [] 11 points on #ffffff
-* Label9 —
-* SSCommand3 (Enter Manually) Enter Manually #1c2733
-* SSCommand4 (Clear) Clear #1c2733
-* Command3 (Start Xcharge) Start Xcharge #1c2733
-* Label3_13 False
+at 3 s: fits
 at 53 s: end
 == end
 * state Ready for the card
