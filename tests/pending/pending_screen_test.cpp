@@ -38,10 +38,6 @@ struct ScreenStory : ManagerStage {
     {
         return screen.findChild<QLabel *>(QString::fromLatin1(name))->text().toStdString();
     }
-    static bool enabled(const char *name)
-    {
-        return controlNamed(QString::fromLatin1(name))->isEnabled();
-    }
     /// Column 0 of every row, red ones with an r, and what they are sorted by.
     std::string rows()
     {
@@ -97,7 +93,6 @@ TEST(PendingScreen, OpensTheRecordOfARowByFingerAndKeyboardInAnyOrder)
         labels += story.text(label) + "|";
     EXPECT_EQ(labels, "$118.50|$8.50|$127.00|01/14/25|01/15/25|4 Swipes|5|"
                       "Internet connection detected!!|1 to adjust|");
-    EXPECT_FALSE(story.enabled("Process"));
 
     story.tap(QEvent::MouseButtonPress, 1, 1);
     EXPECT_EQ(story.takeOpened(), "F:\\Lumbrio\\CCPending.dat 3; ");
@@ -184,12 +179,6 @@ TEST(PendingScreen, GetsTheKeyboardBackFromAnEntryOnItsRows)
     story.station.advance(1);
     EXPECT_TRUE(entry.isActiveWindow() && click(QStringLiteral("Save")));
     EXPECT_EQ(story.screen.focusWidget(), &story.list) << "not the command beside a greyed one";
-    story.screen.findChild<QWidget *>(QStringLiteral("SSCommand1"))->setFocus(); // "Done"
-    entry.activateWindow();
-    press(Qt::Key_Escape);
-    EXPECT_TRUE(entry.unloaded());
-    story.station.advance(1);
-    EXPECT_TRUE(story.list.hasFocus());
 }
 
 TEST(PendingScreen, IsLeftByTheCrossAsByDoneAndNotByEscape)
@@ -242,8 +231,8 @@ TEST(PendingScreen, CutsNoAmountAndShowsACutStatusWholeInTheChosenRow)
     ScreenStory story({most + "A", most + "B"});
     story.screen.resize(kScreenSizes[0]);
     QCoreApplication::processEvents();
-    for (const int column : {2, 3, 4, 5})
-        EXPECT_GE(story.list.columnWidth(column), story.list.sizeHintForColumn(column)) << column;
+    for (const int amount : {2, 3, 4, 5})
+        EXPECT_GE(story.list.columnWidth(amount), story.list.sizeHintForColumn(amount)) << amount;
     const auto picture = [&](int row) {
         return story.list.viewport()
             ->grab(story.list.visualRect(story.list.model()->index(row, 6)))

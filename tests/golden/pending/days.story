@@ -15,13 +15,6 @@ press Mark Completed
 == left
   f/lumbrio/ServerISBatching.dat 4
 
-story wrong date typed, like no date typed
-answer with 02/30/2025
-answer Ok
-press Mark Completed
-* [] This is not a date: "02/30/2025" (Ok)
-- == left
-
 # The records before it are in the month file already.
 story record with a wrong date, like no date typed
 card CCReceipt=3;CCDate=yesterday
@@ -37,14 +30,6 @@ card CCReceipt=3;CCstatus=;CCDate=yesterday
 answer with 01/15/25
 answer Ok
 press Mark Completed
-
-story day completed without a record
-no cards
-answer Cancel
-press Mark Completed
-  [ enter date ] Enter the date of transactions to move (01/15/2025)
-  notice: Updating Data File - Just a momnet Please > notice: Operation is completed
-  log: loaded: $0.00 + $0.00 = $0.00, count -1 | 5 x C:\Lumbrio\whoosh.wav
 
 # Where no record leaves, numbers are scrambled all the same.
 story finish without a settled record

@@ -52,13 +52,3 @@ press Finish
 == left
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 1000
 + F:\Lumbrio\data\CCFinal0125.dat: (2 CCNumb=D3456789:;<=>?@A CCEncoded=1)
-
-story declines behind a lock
-lock CCPending.dat
-answer Ok
-press DELETE RED'S
-  notice: Backing up Data File - Just a moment Please
-  [] Locking failed: locked by another / F:\Lumbrio\CCPending.dat (Ok)
-  the program fails
-== left
-  f and c/lumbrio/data/ccdata/01152025130500CCpendingBatch.dat 1000

@@ -157,27 +157,12 @@ look at commands
   f/lumbrio/ServerISBatching.dat 4
   F:\Lumbrio\CCPending.dat: (1 CCNumb=D3456789:;<=>?@A CCEncoded=1) (2 times)
 
-story commands that lead to other screens
-card CCServer=8, CCServer=12;CCStation=BAR, CCServer=8;CCStation=BAR
-the list is open
-press Archive
-  to archive 1 2 3
-  log:      ***  USER CLICKED Archive  ***
-press Totals by Servers
-  to totals by server 2 1 3
-  log:      ***  USER CLICKED TOTALS BY SERVER  ***
-press Totals by Terminal
-  to totals by terminal 2 3 1
-  log:      ***  USER CLICKED TOTALS BY STATION  ***
-press Totals by CC Type
-  to totals by type 2 3 1
-  log:      ***  USER CLICKED TOTALS BY TYPE  ***
-
 # Beside another manager: whatever is pressed and typed, nothing on the drives changes.
 story looking only
 looking only
 put F:\Lumbrio\ServerISBatching.dat | of the other
-card CCReceipt=1;CCAdjStatus=Completed, CCReceipt=2;CCstatus=Declined, CCReceipt=3
+card CCReceipt=1;CCServer=8;CCAdjStatus=Completed, CCReceipt=2;CCServer=12;CCStation=BAR;CCstatus=Declined
+card CCReceipt=3;CCServer=8;CCStation=BAR
 load the list
 press Refresh
   log: loaded: $60.00 + $0.00 = $60.00, count 2 | 2 x C:\Lumbrio\whoosh.wav
@@ -186,15 +171,15 @@ look at commands
 answer Cancel
 press everything of the list
   [print on] one of 2 (Office Laser)
-  to archive 1 2 3 > to totals by server 1 2 3 > to totals by terminal 1 2 3 > to totals by type 1 2 3
+  to archive 1 2 3 > to totals by server 2 1 3 > to totals by terminal 2 3 1 > to totals by type 2 3 1
   log: loaded: $60.00 + $0.00 = $60.00, count 2 |      ***  USER CLICKED PRINT  *** |      ***  USER CLICKED Archive  *** |      ***  USER CLICKED TOTALS BY SERVER  *** |      ***  USER CLICKED TOTALS BY STATION  *** |      ***  USER CLICKED TOTALS BY TYPE  *** | 2 x C:\Lumbrio\whoosh.wav
 tap row 3
-  entry F:\Lumbrio\CCPending.dat 3
+  entry F:\Lumbrio\CCPending.dat 1
 in vain: tip 9
 in vain: quick tip 3
 in vain: box 2 = JANE
 look at entry
-  3, tip 0, Not Adjusted
+  1, tip 0, Completed
 answer Cancel
 answer Cancel
 answer Cancel

@@ -37,19 +37,9 @@ press Print
   [print on] one of 2 (Office Laser)
   [NOT PRINTED] The list was not printed on Office Laser: no room on the disk. Please see to the printer, or choose another one, and print it again. (Ok)
   log:      ***  USER CLICKED PRINT  ***
-answer with Receipt TM-88
-press Print
-  [print on] one of 2 (Office Laser)
-  log:      ***  USER CLICKED PRINT  ***
 - == printed on Office Laser
 == left
   F:\Lumbrio\CCPending.dat:
-== printed on Receipt TM-88
-  job "Lumbrio card slip" landscape
-  font "" 28, line "The Harbour Table"
-  font "" 12, line "Credit Card Transactions as of January 15 2025"
-  tabs 14,30,48,66,84,102,148,170,192,214,236
-  font "" 8 bold, line "Recp #\tServer\tTabAmt\tAuthAmt\tTipAmt\tnTotal\tAdjusted  Status ###\tAuth  #.....\tStatus .....\tDate .........\tTime .........\tTerminal"
 
 # The fiftieth row turns the page, even the last one.
 story printed page by page, like printed list
