@@ -1,8 +1,6 @@
-// Scrambled references, brands, masks and the two time helpers.
-#include "records/app.h"
+// Scrambled references, brands, masks and lengths of time.
 #include "records/card_helpers.h"
 #include "support/golden_table.h"
-#include "support/test_station.h"
 
 namespace {
 
@@ -32,18 +30,6 @@ TEST(CardTexts, NameTheBrandHideANumberAndTurnAnExpiry)
     EXPECT_EQ(turnedExpiry("928"), "928");
     EXPECT_EQ(MinToHr(5, true), "00:05:00");
     EXPECT_EQ(MinToHr(6059), "100:59");
-}
-
-TEST(PauseTest, WaitsOnTheClockOfTheDayAndEndsAlsoAcrossMidnight)
-{
-    constexpr std::uint64_t kDay = std::uint64_t(24) * 60 * 60 * 1000;
-    for (const auto &[hour, passed] : {std::pair(13, std::uint64_t(500)), {23, kDay}}) {
-        support::TestStation station({2025, 1, 15, hour, 59, 59, 800});
-        station.time.limit = 2 * kDay;
-        App app(station.services);
-        Pause(app, std::chrono::milliseconds(500));
-        EXPECT_EQ(station.time.milliseconds(), passed) << "until the clock is back at its start";
-    }
 }
 
 } // namespace

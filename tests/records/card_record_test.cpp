@@ -1,5 +1,4 @@
-// The card record's bytes: what a fresh process leaves in every field, and what a reader that knows
-// only docs/file-formats.md would find.
+// The card record's bytes: what a fresh process leaves in every field.
 #include "records/card_record.h"
 #include "support/tender_story.h"
 #include "support/test_files.h"
@@ -32,18 +31,6 @@ TEST(CardRecordBytes, AreClearedInNineteenFieldsAndNoOther)
         kept += CCdata.raw(field)[0] == 'x' ? std::string(field.name) + " " : "";
     EXPECT_EQ(kept, "CCDescription CCXcTranID CCVerify CCSwiped CCAdjStatus CCAdjAmt CCReserved1 "
                     "CCEncoded CCTroutID HiddenNumb CCtype GCbalance ");
-}
-
-TEST(FileFormats, TellTheCardRecordFieldByField)
-{
-    const std::string document = support::testFile("../docs/file-formats.md");
-    for (std::size_t i = 0; i < kCardFields.size(); ++i) {
-        const auto &[name, offset, length] = kCardFields[i];
-        const std::string place = std::to_string(offset) + " | " + std::to_string(length);
-        EXPECT_NE(document.find("| " + std::to_string(i) + " | " + place + " | `" + name + "`"),
-                  document.npos)
-            << name;
-    }
 }
 
 } // namespace

@@ -12,11 +12,7 @@ const Maker kOurs = {"FRONT-BAR", "TndrCC"};
 
 TEST(WorkNames, ShowTheirMakerWhateverStationAndFileAreCalled)
 {
-    const std::vector<Maker> makers = {kOurs,
-                                       {"BAR", "TndrCC"},
-                                       {"FRONT-BAR", "TndrMGR"},
-                                       {"FRONT.BAR", "TndrCC"},
-                                       {"B\xE4R-1f", "a-1"}};
+    const std::vector<Maker> makers = {kOurs, {"BAR", "TndrCC"}, {"FRONT-BAR", "TndrMGR"}};
     for (const Maker &mine : makers)
         for (const char *ending : {".new", ".part"}) {
             const std::string name = platform::workName("Xsend.ans.FRONT", mine, ending);
@@ -24,10 +20,6 @@ TEST(WorkNames, ShowTheirMakerWhateverStationAndFileAreCalled)
                 EXPECT_EQ(isWorkOf(name, other), &mine == &other) << name << " " << other.station;
             EXPECT_FALSE(isWorkOf(name + "x", mine));
         }
-    EXPECT_NE(platform::workName("a", kOurs), platform::workName("a", kOurs));
-    for (const char *name : {"Xsend.ans.1f-68a1b2c3d4-1.new", ".FRONT-BAR-1f-68a-1-TndrCC.new",
-                             "a.FRONT-BAR-1f-68a--TndrCC.new", "a.FRONT-BAR-1f-68a-1-TndrCC"})
-        EXPECT_FALSE(isWorkOf(name, kOurs)) << name;
     EXPECT_FALSE(isWorkOf(platform::workName("a", {}), {})) << "nobody's";
 }
 

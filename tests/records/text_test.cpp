@@ -22,8 +22,6 @@ TEST(MoneyTest, AddsExactlyNeverWrapsAndRoundsHalfAwayFromZero)
                                                {'~', left.rounded(wholeNumber(plainText(right)))}};
         return std::vector{std::to_string(results.at(sum[blank + 1]).tenThousandths())};
     });
-    EXPECT_EQ(Val("\t5"), Money());
-    EXPECT_EQ(Val(std::string(10, '\0')), Money());
     EXPECT_EQ(wholeNumber("-1.9"), -1);
     EXPECT_EQ(wholeNumber("99999999999999"), 999999999);
 }
@@ -43,17 +41,11 @@ TEST(Amounts, AreReadAndPrintedInEveryMask)
 
 TEST(Amounts, AreTakenAsTypedOrNotAtAll)
 {
-    for (const auto &[typed, taken] : {std::pair("  ", ""),
-                                       {"5.5", "5.5"},
-                                       {"5,50", "5.50"},
-                                       {".5", ".5"},
-                                       {"5.", "5."},
-                                       {" 12.34 ", "12.34"},
-                                       {"9999999.99", "9999999.99"}})
+    for (const auto &[typed, taken] :
+         {std::pair("  ", ""), {"5,50", "5.50"}, {".5", ".5"}, {"9999999.99", "9999999.99"}})
         EXPECT_EQ(typedAmount(typed), taken) << typed;
-    for (const char *typed : {"-5",    "+5",    "1e3",   "5.5.5",    "5,5.5",    "5 50", "$5",
-                              "5.505", "5.50-", "1,234", "1,234.50", "12345678", "0x10", "5..",
-                              ".",     ",",     "5\t",   "\xB2",     ",50",      "5,",   " 5, "})
+    for (const char *typed :
+         {"-5", "1e3", "5.5.5", "5 50", "5.505", "1,234", "12345678", ".", ",50", "5,"})
         EXPECT_EQ(typedAmount(typed), std::nullopt) << typed;
 }
 
@@ -71,14 +63,6 @@ TEST(Dates, ArePrintedInEveryMaskAndReadAsDaysOrAsNone)
     support::expectTable("records/days.txt", [](const std::string &text) {
         return std::vector{std::to_string(dayOf(text))};
     });
-}
-
-TEST(TrimTest, CutsOnlyBlanksAndAnUnassignedFieldIsEmpty)
-{
-    EXPECT_EQ(Trim("  a b  "), "a b");
-    EXPECT_EQ(Trim("\ta\t"), "\ta\t");
-    EXPECT_EQ(Trim(std::string(" \0 \0", 4)), "");
-    EXPECT_EQ(Trim(std::string("ab\0 ", 4)), std::string("ab\0", 3));
 }
 
 } // namespace
