@@ -50,18 +50,6 @@ TEST_F(DialogsOnScreen, return_a_typed_text_on_enter_and_none_on_escape)
     }
 }
 
-TEST_F(DialogsOnScreen, let_timers_go_on_and_close_with_the_program)
-{
-    int fired = 0;
-    platform::Timer timer(station.time, [&] {
-        if (++fired == 3)
-            station.run.end();
-    });
-    timer.setInterval(1000);
-    EXPECT_EQ(dialogs.message("A", "B", Buttons::OkCancel), Answer::Cancel);
-    EXPECT_EQ(fired, 3);
-}
-
 TEST_F(DialogsOnScreen, ignore_keys_typed_before_a_notice_or_failure_could_be_read)
 {
     station.run.reportFailure = [this](const std::string &text) { dialogs.systemMessage(text); };

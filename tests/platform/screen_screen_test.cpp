@@ -68,21 +68,6 @@ TEST_F(ScreenLife, the_end_of_the_program_closes_nested_screens)
     EXPECT_FALSE(inner.isVisible() || outer.isVisible());
 }
 
-TEST_F(ScreenLife, stays_on_top_with_what_is_opened_above)
-{
-    Panel panel(station.services, [](Panel &) {});
-    panel.show();
-    panel.SetTopMostWindow(true);
-    Panel above(station.services, [](Panel &self) { self.unload(); });
-    station.soon([&] {
-        for (const Panel *one : {&panel, &above})
-            EXPECT_TRUE(one->isVisible() &&
-                        one->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
-        above.command.click();
-    });
-    above.runModal();
-}
-
 // A password is asked for and found wrong in two boxes, without a turn of the loop in between.
 TEST_F(ScreenLife, several_boxes_belong_to_the_window_that_asked_and_give_it_the_keyboard_back)
 {
@@ -107,12 +92,6 @@ TEST_F(ScreenLife, several_boxes_belong_to_the_window_that_asked_and_give_it_the
     EXPECT_EQ(below, std::vector<const QWindow *>(3, entry.windowHandle()));
     station.advance(100);
     EXPECT_EQ(QGuiApplication::focusWindow(), entry.windowHandle());
-    entry.unload(); // the list is in front again
-    lists.back().activateWindow();
-    station.advance(100);
-    station.soon(pressOk);
-    dialogs.message("A", "B");
-    EXPECT_EQ(below.back(), lists.back().windowHandle());
 }
 
 // On the programs' own event loop, in real time: a wait inside a handler must not destroy

@@ -27,11 +27,9 @@ TEST(PrintJobs, show_their_lines_as_printed_in_plain_text)
     PrintJob job;
     for (const auto &[kind, text] : {std::pair(Kind::Picture, "Picture2"),
                                      {Kind::Line, "a\rb\x7F"},
-                                     {Kind::Line, "x\ty\tz"},
                                      {Kind::Tabs, "60, 20,oops,40.9"},
                                      {Kind::Line, "x\ty\tz"},
                                      {Kind::Line, "0123456789ABC\tafter its stop"},
-                                     {Kind::Line, "\t\t\t\tafter all stops"},
                                      {Kind::Cut, ""},
                                      {Kind::NewPage, ""},
                                      {Kind::Picture, "Picture9"}})
