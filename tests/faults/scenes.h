@@ -169,11 +169,7 @@ class ManagerScene : public Scene {
 public:
     explicit ManagerScene(story::Lines theScript) : script(std::move(theScript))
     {
-        std::string three = slotOf("CCReceipt=3;CCDate=01/14/25");
-        night.station.put(kPending, slotOf("CCReceipt=1;CCAdjStatus=Completed") +
-                                        slotOf("CCReceipt=2;CCstatus=Declined") + slotOf("empty") +
-                                        three.replace(490, 10, "behind it ") +
-                                        slotOf("CCReceipt=4;CCAdjStatus= Not"));
+        night.station.put(kPending, support::ManagerStage::evening());
         night.station.put(kMonth, slotOf("CCReceipt=5;CCAdjStatus=Completed"));
     }
     /// A tip or a deletion is not made again.

@@ -15,14 +15,6 @@ using Slots = std::multiset<std::string>;
 
 constexpr const char *kRewrites[] = {"Finish", "Mark Completed", "DELETE RED'S", "Move_Completed"};
 
-std::string evening()
-{
-    std::string three = slotOf("CCReceipt=3;CCDate=01/14/25");
-    return slotOf("CCReceipt=1;CCAdjStatus=Completed") + slotOf("CCReceipt=2;CCstatus=Declined") +
-           slotOf("empty") + three.replace(490, 10, "behind it ") +
-           slotOf("CCReceipt=4;CCAdjStatus= Not");
-}
-
 struct Evening : ManagerStage {
     explicit Evening(const support::TestStation *earlier = nullptr) : ManagerStage(earlier)
     {
@@ -64,7 +56,7 @@ bool tenderIsKept(const std::string &name, std::size_t n, bool insists, bool cop
     Evening other(&story.station);
     story.station.disk.copiesOver = copiesOver;
     if (n % 2 == 0) // half an append, torn by a power cut
-        story.station.put(ManagerStage::kPending, evening() + std::string(250, '\0'));
+        story.station.put(ManagerStage::kPending, ManagerStage::evening() + std::string(250, '\0'));
     bool came = false;
     bool stored = false;
     bool inTheCopy = false; // there, and only there, it may be lost

@@ -128,6 +128,14 @@ ManagerStage::ManagerStage(const TestStation *share, bool grey,
     addEntryWords();
 }
 
+std::string ManagerStage::evening()
+{
+    std::string yesterday = slotOf("CCReceipt=3;CCDate=01/14/25");
+    return slotOf("CCReceipt=1;CCAdjStatus=Completed") + slotOf("CCReceipt=2;CCstatus=Declined") +
+           slotOf("empty") + yesterday.replace(490, 10, "behind it ") +
+           slotOf("CCReceipt=4;CCAdjStatus= Not");
+}
+
 void ManagerStage::furnish()
 {
     for (const char *folder :

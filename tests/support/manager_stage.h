@@ -27,6 +27,10 @@ public:
     static constexpr const char *kMonth = "F:\\Lumbrio\\data\\CCFinal0125.dat";
     static constexpr const char *kDeleted = "F:\\Lumbrio\\data\\0125CCdeleted.dat";
 
+    /// Five slots: a settled record, a declined one, an empty one, one of yesterday with bytes
+    /// after it, and one whose status begins with a blank.
+    static std::string evening();
+
     records::App app{HasStation::station.services};
     printing::Printer printer{HasStation::station.printers};
     pending::Pending list;

@@ -39,6 +39,10 @@ press Finish
 == left
   f and c/lumbrio/data/ccdata/01152025130500CCpending.dat 1000
 
+story finish cannot append, like finish cannot open
+fail append CCFinal0125.dat 500 bytes
+press Finish
+
 story finish cannot flush, like finish cannot open
 fail flush CCFinal0125.dat
 press Finish
