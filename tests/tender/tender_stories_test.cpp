@@ -48,7 +48,6 @@ private:
              [this](Words) { story.app.values.managerCheckMode = "100"; });
         word("the answer's trace is told", [this](Words) { answerTraceTold = true; });
         word("no cut", [this](Words) { story.app.values.NoCut2Flag = -1; });
-        word("the system prefers", [this](Words name) { story.station.printers.preferred = name; });
     }
     void addCommands()
     {
@@ -62,16 +61,12 @@ private:
         command("Finish Tender", pressed(&T::finishTender), [&f] { return f.finish.enabled; });
         command("Enter Manually", pressed(&T::enterManually),
                 [&f] { return f.enterManually.enabled; });
-        command("CONFIG", pressed(&T::openSetup), [&f] { return f.setup.enabled; });
-        command("Start Xcharge", pressed(&T::startPaymentServer),
-                [&f] { return f.startServer.enabled; });
         command("Gratuity", pressed(&T::switchGratuitySlip));
         command(
             "No receipt", [this] { tender.setNoReceipt(true); },
             [&f] { return f.noReceiptEnabled; });
         command("YES", pressed(&T::askForOfflineApproval), offline);
         command("NO", pressed(&T::keepWaiting), offline);
-        command("Warning", pressed(&T::offerRemoval), [&f] { return f.warningVisible; });
         command("Picture", pressed(&T::deleteBatchMarker));
     }
 
@@ -229,7 +224,7 @@ private:
             complain("a card's number stands in " + name);
     }
 
-    /// What echoes the command line, the result or the answer is compared with it and not told.
+    /// What echoes the command line or the result is compared with it and not told.
     void addTraces(std::vector<Section> &parts)
     {
         Lines process = traceLines("CCLastProcess.dat");
@@ -240,7 +235,8 @@ private:
             for (std::string &line : log)
                 line = Trim(line);
             std::erase(log, "");
-            checkAnswer(log);
+            takenOut(log, "******  Make Respone File For Lumbrio ******",
+                     "******  END Respone File For Lumbrio ******");
         }
         for (std::string &line : process)
             if (const auto same = std::find(log.begin(), log.end(), Trim(line));
@@ -297,25 +293,6 @@ private:
         copy.insert(copy.begin(), std::string(54, '-'));
         if (traced != copy)
             complain("the result is traced otherwise");
-    }
-    void checkAnswer(Lines &log)
-    {
-        const records::ProcessValues &values = story.app.values;
-        for (const std::string &line : takenOut(log, "******  Make Respone File For Lumbrio ******",
-                                                "******  END Respone File For Lumbrio ******")) {
-            const std::size_t dash = line.find(" -");
-            const std::string name = Trim(line.substr(0, dash));
-            std::string meant = name == "File Name"    ? values.Maindir + "Xsend.ans"
-                                : name == "TndrRESULT" ? values.TndrRESULT
-                                                       : "";
-            if (name.starts_with("Val("))
-                meant = std::to_string(values.TndrNOpreAUTH) + "-  0 =False -1=True";
-            for (const CardField &field : kCardFields)
-                if (name == std::string("CCdata.") + field.name)
-                    meant = values.CCdata.text(field);
-            if (Trim(line.substr(dash + 2)) != story::plain(meant))
-                complain("traced with the answer: " + line);
-        }
     }
     static Lines numbered(Lines lines)
     {

@@ -264,28 +264,6 @@ put D:\Station\Xsend.req | 12,1043,7,48.50\r\n
 == tender
 * files in D:\Station\ and C:\Lumbrio\
 
-story approved without a server or partial support, like approved
-put C:\Lumbrio\Xsend.req | "12","1043",,"48.50"\r\n
-put C:\Lumbrio\CCard.dat | x\n\n0\n0\n0\n0\n0\n-1\n-1\n0\n
-== tender
-* server 9999
-- name of server Rosalind Test
-* partial support NO
-== payment
-* starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:9999 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
-== records
-* CCServer 9999
-== slips
-* 01/15/25  01:05 PM  1043 - 9999  - 12 - 3
-* 01/15/25  01:05 PM  1043 - 9999  - 12
-== Xsend.ans
-* 6 "9999      "
-== CCLastProcess.dat
-  Employee Name 
-* Employee Number # 
-* Server (Employee) Number - 
-*  Total seconds it took for  swipe and Xcharge response
-
 # The first result counts, also one that tells of no card.
 story approved without a card, like approved
 payment answers: RESULT=SUCCESS\r\nAPPROVALCODE=012345\r\n
@@ -351,24 +329,6 @@ when a box is open: in vain: press Finish Tender
 == CCLastProcess.dat
 *   NOT PRINTED - merchant's slip - no room on the disk - Receipt TM-88 [TRACELOG]
 -   NOT PRINTED - customer's slip - no printer is installed [TRACELOG]
-
-story partial and nothing printed, like partial
-bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
-printer fails device or network error
-answer Ok
-- == slips
-== tender
-  status Please Click Finish Tender
-+ box [NOT PRINTED] The merchant's slip, the customer's slip and the server's notice were not printed on Receipt TM-88: device or network error. The card is approved: do not run it again. Reprint from the manager's list.
-+ box Receipt: 1043
-+ box Amount: $48.50
-+ box Approved: $30.00
-+ box Approval code: 012345 (Ok)
-== CCLastProcess.dat
-   not able to VRD 
-+   NOT PRINTED - merchant's slip - device or network error - Receipt TM-88 [TRACELOG]
-+   NOT PRINTED - customer's slip - device or network error - Receipt TM-88 [TRACELOG]
-+   NOT PRINTED - server's notice - device or network error - Receipt TM-88 [TRACELOG]
 
 # The guest pays the rest with another card, so both slips must say what is left.
 story partial, like approved

@@ -127,15 +127,6 @@ story local approved
   ******  Make Respone File For Lumbrio ******
   ******  END Respone File For Lumbrio ******
 
-story local approved with an answer that cannot be deleted, like local approved
-fail remove .ans
-== payment
-  takes "C1","7","1043","4111111111111111","%B4111111111111111^TEST/ROSALIND A^28091010000000000000?;4111111111111111=28091010000000000?","48.5","99999"
-+ left FRONT-BAR011525130502.ans
-== CCLastProcess.dat
-  Actual Seconds for Response  2
-+   NOT DELETED - access denied - c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130502.ans
-
 story local cancelled too late, like local approved
 payment keeps silent
 at 20 s: bank approves now

@@ -1,14 +1,6 @@
 cards are taken here
 put C:\Lumbrio\XAudit.DAT | "48.5"\r\n
 
-story local approved after a broken track, like local approved after a second track by itself
-answer Ok
-at 500 ms: first track %B4111111111111111^TEST/R?
-at 500 ms: second track ;4111111111111111=28091010000000000?
-at 10 s: swipe
-== BadSwipe.dat
-  %B4111111111111111^TEST/R?;4111111111111111=28091010000000000?
-
 story local approved after a second track by itself, like local approved after an expired card
 answer Ok
 at 500 ms: first track ;4111111111111111=28091010000?
@@ -149,42 +141,3 @@ in vain: second track ;4111111111111111=28091010000000000?
   "48.5"
 == CCLastProcess.dat
 - USING 10/2009 VERSION  
-
-story local setup and removal, like local wait stopped
-put c:\Program Files\X-Charge\Xchrgsrv.exe | program
-answer Cancel
-answer Ok
-payment keeps silent
-when the manager is asked: pass 2 s
-when the manager is asked: approve NO
-when the manager is asked (2): approve Margaret Manager
-at 350 ms: first track %B4111111111111111^TEST/ROSALIND A^28091010000000000000?
-at 400 ms: press Warning, though disabled
-at 400 ms: press Start Xcharge
-at 400 ms: press CONFIG
-at 2.45 s: press CONFIG
-at 52 s: press Warning
-at 52 s: press Warning
-- == Xsend.ans
-- == TRACELOG.TXT
-== tender
-- ended
-+ waits
-- status Validating Card Number 
-  status Dialing for Card Approval
-+ status Connection Problems Press Cancel
-+ box [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
-+ box [REMOVE XCHARGE - NEVER PROCESS CREDIT CARDS AGAIN] You are about to remove X-Charge from this computer. If you contine you will never be able to process credit cards on this computer again. Do not do this unless you have been instructed by Tech Support to do so. Please press CANCEL now. (Ok, Cancel)
-+ asked Open the card setup $48.50
-+ asked Open the card setup $48.50
-+ asked setup
-+ asked remove
-== payment
-  starts c:\Program Files\X-Charge\Xchrgsrv.exe / T
-  left FRONT-BAR011525130503.req
-== XAudit.DAT
-  "48.5"
-== CCLastProcess.dat
-* New Request File name c:\Program Files\X-Charge\LocalTran\FRONT-BAR011525130503.req
-- Unable to Connect - Internet may be down 
-- Actual Seconds waited for Response  7

@@ -70,7 +70,6 @@ when the manager is asked: approve Margaret Manager
 
 # A request that nobody took is taken back, so that the server does not charge it later.
 story local offline untaken, like local offline approved
-watch
 payment keeps silent
 at 500 ms: swipe
 when the manager is asked: approve Margaret Manager
@@ -81,18 +80,6 @@ at 60 s: press YES
 == tender
   status Dialing for Card Approval
 + status Connection Problems Press Cancel
-== watched
-  0, 0 starts, 
-  100 Cancel, 0 starts, Waiting for You to Swipe the Card
-  500 Cancel, 0 starts, Validating Card Number 
-  2000 Cancel, 0 starts, Just a Moment Please 
-  2000 Cancel, 0 starts, Dialing for Card Approval
-  2000, 0 starts, Dialing for Card Approval
-  2000 counting, 0 starts, Dialing for Card Approval
-  16400 Cancel counting, 0 starts, Dialing for Card Approval
-  22000 Cancel panel counting, 0 starts, Dialing for Card Approval
-  49040 Cancel panel warning red ribbons counting, 0 starts, Dialing for Card Approval
-  50960 Cancel panel warning red ribbons counting, 0 starts, Connection Problems Press Cancel
 == records
 * CCTime 01:06 PM
 == slips

@@ -30,21 +30,6 @@ bank declines
 -  CCmerchant.VRD is not in F:\Lumbrio\
 -   Printing Merchant 3
 
-story declined with what the bank says of the card, like declined
-bank declines, XCACCOUNTID=7401234567890, ACCOUNT=XXXXXXXXXXXX1234, NAME=ROSALIND/TEST, ADDITIONALFUNDSREQUIRED=18.50
-== records
-  in CCPending.dat
-+ CCNumb D63579;=?ACE=
-+ CCName ROSALIND/TEST
-  CCAdjStatus Not Adjusted
-+ CCGiftFlag GS
-* HiddenNumb XXXXXXXXXXXX1234
-* CCaditionalFUNDS 18.50
-* blank CCExpDate CCApprovedAmt CApprovalCode CCReserved2
-== Xsend.ans
-* 6 "XXXXXXXXXXXX1234              "
-* 10 "ROSALIND/TEST                 "
-
 story declined at once, like declined
 put F:\Lumbrio\Data\CCnoPREauth.dat |
 bank declines
@@ -61,11 +46,6 @@ bank declines
 story declined with an answer that cannot be made anew, like declined
 in vain: put C:\Lumbrio\Xsend.ans | "Approved"\r\n
 in vain: fail open .new
-bank declines
-
-story declined with an answer that cannot be renamed, like declined
-in vain: put C:\Lumbrio\Xsend.ans | "Approved"\r\n
-in vain: fail rename Xsend.ans
 bank declines
 
 story declined with an answer that cannot be written, like declined
@@ -202,39 +182,6 @@ answer Ok
 - ...
 -   OLD RESULT CANNOT BE DELETED - C:/lumbrio/xResultFile.txt
 
-story audit refused, like local audit refused
-put C:\Lumbrio\XAudit.DAT | 50.00
-answer Cancel
-== tender
-* audit $50.00
-* command line True
-- card 4111111111111111
-- ...
-- last name TEST
-  status 
-* status PLEASE WAIT
-* status Waiting for Xcharge Interface
-- status Just a Moment Please 
-- status Dialing for Card Approval
-* box [AUDIT FAILED] The amount you are attempting to process does not match the amount the system has calculated.The system has a purchase amount of $48.50  if this amount is in fact Correct then press OK otherwise press CANCEL - This station may need a Re-Boot (Ok, Cancel)
-== records
-  in CCPending.dat
-  CCVerify 000
-  CCSwiped True
-  CCaditionalFUNDS 0
-  blank CCNumb CCExpDate CCName CCSaleAmt CCServer CCTable CCTabAmt CCApprovedAmt CResponse CApprovalCode CCstatus CCTip CCReceipt CCDate CCTime CCStation CCGiftFlag CCReserved2
-  in data\CCFinal0125.dat
-== Xsend.ans
-* 3 "          "
-* 5 "                    "
-* 6 "                              "
-* 7 "          "
-* 8 "          "
-* 10 "                              "
-== CCLastProcess.dat
-  Software Version - 5.68.0
-+ USING 10/2009 VERSION  
-
 story amount missing, like payment application missing
 put C:\Lumbrio\Xsend.req | 12,1043,7,$48.50\r\n
 put C:\Lumbrio\XAudit.DAT | 48.50
@@ -268,19 +215,6 @@ answer Ok
 +   A RESULT THAT NO TENDER HAS DEALT WITH - C:/lumbrio/xResultFile.txt - stays: access denied [TRACELOG]
 +   OLD RESULT CANNOT BE DELETED - C:/lumbrio/xResultFile.txt
 
-story data folder missing, like payment application missing
-erase F:\Lumbrio\data
-answer Ok
-- == records
-== tender
-- ended
-+ failed
-* name of server XXXXXX
-* box [] Creating failed: not there
-+ box F:\Lumbrio\\data\CCFinal0125.dat
-+ box 
-+ box No card was charged. Try again; if this comes back, call the manager. (Ok)
-
 story request missing, like server busy
 erase C:\Lumbrio\Xsend.req
 answer Ok
@@ -300,18 +234,6 @@ when a box is open: look
   8 "          "
   9 "                              "
   10 "                    "
-
-story configuration locked, like server busy
-lock LumbrioINI.dat
-answer Ok
-== tender
-- ended
-+ failed
-  status Waiting for Xcharge Interface
-+ box [] Locking failed: locked by another
-+ box C:\Lumbrio\LumbrioINI.dat
-+ box 
-+ box No card was charged. Try again; if this comes back, call the manager. (Ok)
 
 story server busy, like approved
 put F:\Lumbrio\ServerISBatching.dat |
@@ -337,16 +259,3 @@ when the server is busy: end
 - ==========================================================
 - ...
 -   Printing Merchant 3
-
-story helper of another role, like payment application missing
-role TndrMGR
-put C:\Lumbrio\Xsend.req | 12,1043,7,0\r\n
-- == records
-== tender
-- ended
-+ stays
-* with gratuity $0.00
-- box [Data File Not Found] The Xcharge Program was not found on this computer. Xcharge must first be installed on this computer before you can process a credit card. Pless contact Tech Support at 555-010-0199. (Ok)
-== CCLastProcess.dat
-* EXE name ********* TndrMGR
-* Sale Amount - 0

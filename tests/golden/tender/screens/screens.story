@@ -158,21 +158,10 @@ at 10 s: look
 at 52 s: fits
 at 52.5 s: hide stateCard
 at 52.5 s: hide detailsCard
-at 52.5 s: hide slipsCard
 at 52.5 s: show SSPanel5
+at 52.5 s: read YES, approve offline
+  SSCommand8 (YES, approve offline) YES #1c2733
 at 52.5 s: fits
 at 53 s: end
 == end
 * at 53000 ms
-
-story longest with a card, like longest
-erase C:\Lumbrio\X1009Version.dat
-put C:\Lumbrio\Xsend.req | "DelPrePay table on the terrace","1043","7","123456.50"\r\n
-at 50 ms: fits
-at 3 s: fits
-at 53 s: end
-== end
-* state Ready for the card
-* stateEdge waiting
-* clerk 
-* starts 0
