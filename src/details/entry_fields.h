@@ -40,6 +40,7 @@ enum class Box {
     Transaction, // of the processor
 };
 inline constexpr std::size_t kBoxes = 25;
+static_assert(static_cast<std::size_t>(Box::Transaction) + 1 == kBoxes);
 template <class Value> using PerBox = records::PerName<Box, Value, kBoxes>;
 
 /// The boxes that take an amount, and what people call it.

@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::uint32_t kLongestExit = 60'000; // ms
 constexpr const char *kUpdating = "Updating Data File - Just a momnet Please";
-constexpr const char *kCompleted = "Operation is completed";
+constexpr const char *kRewriteDone = "Operation is completed";
 
 } // namespace
 
@@ -55,7 +55,7 @@ void Pending::runFinish()
     if (!done(outcome))
         return tellNotFinished(textOf(outcome));
     endOfRewrite();
-    leaving = kCompleted;
+    leaving = kRewriteDone;
 }
 
 /// "Done" goes on waiting after it, so the manager has a minute to read it; then the program ends.
@@ -71,7 +71,7 @@ void Pending::endOfRewrite()
     fields.commands[Command::Finish].visible = false;
     fields.commands[Command::Process].visible = true;
     fields.batchQuestionVisible = false;
-    panel(kCompleted);
+    panel(kRewriteDone);
     Make_Sound();
 }
 

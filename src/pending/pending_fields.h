@@ -33,11 +33,12 @@ enum class Command {
     MarkAllCompleted,
 };
 inline constexpr std::size_t kCommands = 15;
+static_assert(static_cast<std::size_t>(Command::MarkAllCompleted) + 1 == kCommands);
 
 using platform::CommandState;
 
 struct PendingFields {
-    reports::TotalTexts totals; // Label5
+    reports::TotalTexts totals; // Label5: tabs, tips, grand total
 
     std::string recordRead; // Label19 and Label4: its slot, while the file is walked through
     std::string file;       // Label6, its path

@@ -14,13 +14,13 @@ namespace printing {
 
 /// What a slip takes from the screen that prints it.
 struct SlipContext {
-    std::string requestText;       // Label3(5), the table text of the request, untrimmed
-    std::string seconds;           // Label7, what the approval took
-    bool tipPreApproved = false;   // SSCommand7 reads "YES"
+    std::string requestText;       // the table of the request, untrimmed
+    std::string seconds;           // what the approval took
+    bool tipPreApproved = false;   // a slip with the gratuity is wanted
     records::Money preApprovedTip; // printed only with tipPreApproved
     records::Money totalWithTip;
     long transRecord = 0;        // slot of the record in its file
-    bool noCustomerCopy = false; // SSCheck1 is checked
+    bool noCustomerCopy = false; // none for the customer
     bool reprint = false;        // the reprint flag; only reprints read it and the marker
     bool giftMarker = false;     // the marker "T": a reprint shows the card's balance
 };
@@ -29,7 +29,7 @@ struct SlipContext {
 
 /// Prints nothing if the trimmed request text begins with "DelPrePa".
 void Print_Merch(records::App &app, Printer &printer, const SlipContext &context);
-/// Writes "CreditApproval.dat" instead when no customer copy is wanted (SSCheck1,
+/// Writes "CreditApproval.dat" instead when no customer copy is wanted (the box or
 /// "CCnoPrint.dat") or the request text begins with "DelPrePay". With the NoCut2 flag at -1 the
 /// job stays open.
 void Print_Cust(records::App &app, Printer &printer, const SlipContext &context);

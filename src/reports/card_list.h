@@ -60,9 +60,9 @@ struct Totals {
 
 /// The totals as currency, as screens and printed lists show them.
 struct TotalTexts {
-    std::string tabs;  // Label5[0] of a list
-    std::string tips;  // Label5[1]
-    std::string grand; // Label5[2]
+    std::string tabs;
+    std::string tips;
+    std::string grand;
 
     bool operator==(const TotalTexts &) const = default;
 };

@@ -20,7 +20,7 @@ void Tender::showOfflinePanel()
     display.view.focus(TenderBox::KeepWaiting); // or Enter would press "Cancel"
 }
 
-void Tender::hideOfflinePanel()
+void Tender::Hide_Offline_Panel()
 {
     fields.offlinePanelVisible = false;
     display.show();
@@ -53,7 +53,7 @@ void Tender::askForOfflineApproval()
 {
     if (!fields.offlinePanelVisible || manager.asking() || end.begun() || app.ending())
         return;
-    hideOfflinePanel();
+    Hide_Offline_Panel();
     app.values.StopWaiting = kStopWaiting;
     const std::string approver = manager.ask("Approve this card OFFLINE");
     if (app.ending())
@@ -62,14 +62,14 @@ void Tender::askForOfflineApproval()
         outcomes.approvedOffline();
         return;
     }
-    hideOfflinePanel();
+    Hide_Offline_Panel();
     app.values.StopWaiting = 0;
     app.values.managerRequest.clear();
 }
 
 void Tender::keepWaiting()
 {
-    hideOfflinePanel();
+    Hide_Offline_Panel();
 }
 
 /// "CONFIG". The setup screen can end the tender, so it opens only where "Cancel" could.

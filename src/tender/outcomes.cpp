@@ -172,8 +172,7 @@ std::string Outcomes::chooseCardFile()
 
 printing::SlipContext Outcomes::slips(const TenderRecord &record) const
 {
-    return slipContext(fields, gratuityOf(fields.amount, app.values.gratuityPercent),
-                       record.slot());
+    return slipContext(fields, record.slot());
 }
 
 /// The next tender deletes a result whose record and answer are on the disk.

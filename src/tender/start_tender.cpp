@@ -158,7 +158,8 @@ void fillFields(App &app, TenderFields &fields, const TenderRequest &request)
 
 void showGratuity(const Money &percent, Display &display)
 {
-    display.fields.totalWithGratuity = Currency(gratuityOf(display.fields.amount, percent).total);
+    display.fields.gratuity = gratuityOf(display.fields.amount, percent);
+    display.fields.totalWithGratuity = Currency(display.fields.gratuity.total);
     display.fields.gratuityPercent = "%" + plainText(percent);
     display.show();
 }

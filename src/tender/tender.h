@@ -111,7 +111,7 @@ private:
     void takeAnswer(const std::string &text);
 
     // commands.cpp
-    void hideOfflinePanel();
+    void Hide_Offline_Panel();
     bool cardIsKnown() const;
     std::string unknownAnswer() const;
     std::string answerOfPayment() const;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/command_state.h"
+#include "records/money.h"
 
 #include <array>
 #include <string>
@@ -11,6 +12,12 @@
 namespace tender {
 
 using platform::CommandState;
+
+struct Gratuity {
+    records::Money tip;
+    records::Money total; // with the amount
+    bool operator==(const Gratuity &) const = default;
+};
 
 struct TenderFields {
     // Of the request and of who asks.
@@ -21,6 +28,7 @@ struct TenderFields {
     std::string receipt;           // Label3[6]
     std::string totalWithGratuity; // Label3[9], currency
     std::string gratuityPercent;   // Label3[10], "%" and the percent
+    Gratuity gratuity;             // as shown there: a slip prints no other
     std::string auditAmount;       // Label9, what the point of sale calculated; currency
 
     // Of the card.

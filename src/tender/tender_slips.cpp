@@ -26,14 +26,14 @@ Gratuity gratuityOf(std::string_view amount, const Money &percent)
     return {tip, tip + sale};
 }
 
-printing::SlipContext slipContext(const TenderFields &fields, const Gratuity &gratuity, long slot)
+printing::SlipContext slipContext(const TenderFields &fields, long slot)
 {
     printing::SlipContext context;
     context.requestText = fields.table;
     context.seconds = fields.waitCount;
     context.tipPreApproved = fields.gratuitySlip == "YES";
-    context.preApprovedTip = gratuity.tip;
-    context.totalWithTip = gratuity.total;
+    context.preApprovedTip = fields.gratuity.tip;
+    context.totalWithTip = fields.gratuity.total;
     context.transRecord = slot;
     context.noCustomerCopy = fields.noReceipt;
     return context;

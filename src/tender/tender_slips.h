@@ -12,16 +12,11 @@ namespace tender {
 
 /// The tip that a guest approves in advance, and the sale with it. Shown and printed; the payment
 /// is asked for the sale only.
-struct Gratuity {
-    records::Money tip;
-    records::Money total;
-};
-
 /// `percent` of `amount`, cut to cents by the mask "######.##".
 Gratuity gratuityOf(std::string_view amount, const records::Money &percent);
 
 /// `slot` is the record's place in its card file, 0 for none.
-printing::SlipContext slipContext(const TenderFields &fields, const Gratuity &gratuity, long slot);
+printing::SlipContext slipContext(const TenderFields &fields, long slot);
 
 /// The merchant's and the guest's copy of an approval. Kept: no printer is chosen for a request
 /// that deletes a prepayment.

@@ -71,6 +71,9 @@ void XchargePayment::prepare(const PaymentCall &call, const std::string &theRece
 {
     receipt = theReceipt;
     amount = theAmount;
+    nextStart = 0;
+    openBefore.clear();
+    resultMark.clear();
     line = commandLine(call);
     traceProcess(app, requestTrace(line, commandLineParts(call)));
 }

@@ -28,7 +28,7 @@ Keypad::Keypad(QWidget *parent) : QFrame(parent), grid(new QGridLayout(this))
     back->setIcon(QIcon(QStringLiteral(":/pictures/backspace.svg")));
     back->setIconSize({36, 28});
     connect(point, &QAbstractButton::clicked, this, [this] { type(QStringLiteral(".")); });
-    connect(clear, &QAbstractButton::clicked, this, [this] { target->setText({}); });
+    connect(clear, &QAbstractButton::clicked, this, [this] { empty(); });
     connect(back, &QAbstractButton::clicked, this, &Keypad::backspace);
     setDigitName(QStringLiteral("digit"));
     arrange();
@@ -87,14 +87,24 @@ void Keypad::setClearName(const QString &name)
 
 void Keypad::type(const QString &text)
 {
+    if (target == nullptr)
+        return;
     if (forAmounts)
         target->insert(text);
     else
         target->setText(target->text() + text); // cut at the box's length
 }
 
+void Keypad::empty()
+{
+    if (target != nullptr)
+        target->setText({});
+}
+
 void Keypad::backspace()
 {
+    if (target == nullptr)
+        return;
     if (forAmounts)
         target->backspace();
     else

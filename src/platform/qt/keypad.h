@@ -38,6 +38,7 @@ private:
     QPushButton *addKey(const QString &text, const QString &name);
     void arrange();
     void type(const QString &text);
+    void empty();
     void backspace();
 
     QGridLayout *grid;
