@@ -50,6 +50,12 @@ TEST_F(DialogsOnScreen, return_a_typed_text_on_enter_and_none_on_escape)
     }
 }
 
+TEST_F(DialogsOnScreen, close_with_the_program)
+{
+    station.soon([this] { station.run.end(); });
+    EXPECT_EQ(dialogs.message("A", "B", Buttons::OkCancel), Answer::Cancel);
+}
+
 TEST_F(DialogsOnScreen, ignore_keys_typed_before_a_notice_or_failure_could_be_read)
 {
     station.run.reportFailure = [this](const std::string &text) { dialogs.systemMessage(text); };

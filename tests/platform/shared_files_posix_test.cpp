@@ -151,6 +151,7 @@ TEST(Permissions, of_new_files_are_for_the_group_of_the_share_and_those_of_old_o
     Files &files = station.files;
     const std::string folder = "C:\\Lumbrio\\new\\";
     const auto real = [&](const char *name) { return station.drives.resolve(folder + name); };
+    ::chmod(station.drives.resolve("C:\\Lumbrio").c_str(), 02775);
     const mode_t old = ::umask(0077);
     files.makeFolder(folder);
     station.put(folder + "replaced.dat", "");
@@ -160,10 +161,10 @@ TEST(Permissions, of_new_files_are_for_the_group_of_the_share_and_those_of_old_o
         files.replaceWhole(folder + name, "1");
     ::umask(old);
     for (const auto &[name, mode] :
-         {std::pair("", 0770U), {"a.dat", 0660U}, {"b.dat", 0660U}, {"replaced.dat", 0640U}}) {
+         {std::pair("", 02770U), {"a.dat", 0660U}, {"b.dat", 0660U}, {"replaced.dat", 0640U}}) {
         struct stat found = {};
         ::stat(real(name).c_str(), &found);
-        EXPECT_EQ(found.st_mode & 0777U, mode) << name;
+        EXPECT_EQ(found.st_mode & 07777U, mode) << name;
     }
 }
 

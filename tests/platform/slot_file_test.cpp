@@ -44,6 +44,17 @@ struct SlotFileTest : testing::Test {
     long slot = 7;
 };
 
+TEST_F(SlotFileTest, counts_to_the_nearest_slot_and_a_half_to_the_even_one)
+{
+    std::string counts;
+    for (const std::size_t bytes : {0U, 250U, 251U, 749U, 750U, 1250U, 1251U}) {
+        station.put(kPath, std::string(bytes, 'x'));
+        file.open(SlotUse::Read);
+        counts += std::to_string(file.count());
+    }
+    EXPECT_EQ(counts, "0011223");
+}
+
 TEST_F(SlotFileTest, reads_every_slot_as_it_is_now_and_nul_where_there_is_none)
 {
     file.open(SlotUse::Append);

@@ -1,6 +1,5 @@
 // Starts and ends real programs. The other process writes what it sees to a FIFO, so that no test
 // waits by the clock.
-#include "platform/connection.h"
 #include "platform/system.h"
 #include "support/second_process.h"
 #include "support/test_files.h"
@@ -98,17 +97,11 @@ TEST_F(SystemTest, connection_is_tested_on_its_own_thread_and_there_if_a_server_
             std::this_thread::yield();
         return *system->connectionTested();
     };
-    EXPECT_FALSE(system->connectionTested()) << "nothing was tried yet";
-    EXPECT_TRUE(isThere("")) << "no address: nothing to test";
-    EXPECT_FALSE(isThere("no port"));
     EXPECT_FALSE(isThere(server)) << "bound, but nobody listens";
     ASSERT_EQ(::listen(listener, 0), 0);
     EXPECT_TRUE(isThere(server)); // it is not accepted, so the next connection gets no answer
     system->startConnectionTest();
     EXPECT_FALSE(system->connectionTested()) << "still running";
-    ConnectionTest hasty(std::chrono::milliseconds(0));
-    hasty.start(server);
-    EXPECT_EQ(hasty.result(), false) << "too late is a no, whatever the thread still does";
     ::close(listener);
     system.reset(); // the program's end waits for none of it
 }

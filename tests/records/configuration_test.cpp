@@ -73,6 +73,19 @@ TEST_F(Configuration, ThatIsMissingOrWithoutDirectoriesFallsBackToTheStationsOwn
     EXPECT_EQ(values.Remotedir, "C:\\Lumbrio\\");
 }
 
+TEST_F(Configuration, ThatIsEmptyIsNotKeptLockedFromThePointOfSale)
+{
+    station.put(kIni, "");
+    station.time.after(300, [&] {
+        support::TestStation pointOfSale(&station);
+        platform::SlotFile file(pointOfSale.files, kIni, LumbrioConfig::kSize);
+        EXPECT_TRUE(done(file.open(platform::SlotUse::Rewrite)) && done(file.lock()));
+        file.write(1, configuration(""));
+    });
+    Get_INI(app);
+    EXPECT_EQ(values.Maindir, "D:\\Station\\");
+}
+
 TEST_F(Configuration, HasOptionsThatOnlyMinusOneTurnsOn)
 {
     support::expectTable("records/card_options.txt", [&](const std::string &input) {
