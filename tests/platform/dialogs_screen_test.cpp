@@ -18,18 +18,16 @@ TEST_F(DialogsOnScreen, answer_for_finger_enter_escape_and_the_cross)
     const auto enter = [] { press(Qt::Key_Return); };
     const auto escape = [] { press(Qt::Key_Escape); };
     const auto cross = [] { QApplication::activeModalWidget()->close(); };
-    const auto finger = [](const char *caption) {
-        return [caption] { EXPECT_TRUE(support::click(QString::fromLatin1(caption))); };
-    };
+    const auto finger = [] { EXPECT_TRUE(support::click(QStringLiteral("No"))); };
     const struct {
         Buttons buttons;
         std::function<void()> act;
         Answer answer;
     } cases[] = {
-        {Buttons::Ok, finger("OK"), Answer::Ok},     {Buttons::Ok, escape, Answer::Ok},
-        {Buttons::OkCancel, enter, Answer::Ok},      {Buttons::OkCancel, cross, Answer::Cancel},
-        {Buttons::OkCancel, escape, Answer::Cancel}, {Buttons::YesNo, enter, Answer::Yes},
-        {Buttons::YesNo, escape, Answer::No},        {Buttons::YesNo, finger("No"), Answer::No},
+        {Buttons::Ok, escape, Answer::Ok},          {Buttons::OkCancel, enter, Answer::Ok},
+        {Buttons::OkCancel, cross, Answer::Cancel}, {Buttons::OkCancel, escape, Answer::Cancel},
+        {Buttons::YesNo, enter, Answer::Yes},       {Buttons::YesNo, escape, Answer::No},
+        {Buttons::YesNo, finger, Answer::No},
     };
     for (const auto &[buttons, act, answer] : cases) {
         station.soon(act);

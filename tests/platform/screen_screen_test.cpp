@@ -156,20 +156,4 @@ TEST(SecondTap, presses_nothing_in_a_window_that_has_just_opened)
     EXPECT_EQ(pressed, 2);
 }
 
-TEST(ProgramsLoop, handles_events_and_timers_during_long_work)
-{
-    platform::QtClock clock;
-    platform::QtEventLoop loop(clock);
-    platform::Run run(loop, clock);
-    bool arrived = false;
-    bool fired = false;
-    QMetaObject::invokeMethod(
-        &loop, [&] { arrived = true; }, Qt::QueuedConnection);
-    platform::Timer timer(clock, [&] { fired = true; });
-    timer.setInterval(1);
-    for (long records = 0; records < 100'000'000 && !(arrived && fired); ++records)
-        run.glance();
-    EXPECT_TRUE(arrived && fired);
-}
-
 } // namespace
