@@ -73,7 +73,6 @@ private:
                 if (name == field.name)
                     app.values.CCdata.set(field, rest);
         });
-        word("empty record", [this](Words) { app.values.CCdata = {}; });
         word("scrambled", [this](Words text) { app.values.CCdata.set(CCNumb, StrEncode(text)); });
         word("request", [this](Words text) { context.requestText = text; });
         word("no customer copy", [this](Words) { context.noCustomerCopy = true; });
@@ -92,28 +91,32 @@ private:
     {
         slip("Print_Merch", "", [this] { Print_Merch(app, printer, context); });
         slip("Print_Cust", "Print_Merch", [this] { Print_Cust(app, printer, context); });
-        slip("PrintPartial_Merch", "", [this] { PrintPartial_Merch(app, printer, context); });
+        slip("PrintPartial_Merch", "Print_Merch",
+             [this] { PrintPartial_Merch(app, printer, context); });
         slip("PrintPartial_Cust", "PrintPartial_Merch",
              [this] { PrintPartial_Cust(app, printer, context); });
         slip("Att_Server", "", [this] { Att_Server(app, printer); });
         slip("Reprint_Merch", "Print_Merch", [this] { Reprint_Merch(app, printer, context); });
         slip("Reprint_Cust", "Print_Cust", [this] { Reprint_Cust(app, printer, context); });
-        slip("Print_Cust2", "", [this] { Print_Cust2(app, printer, context); });
+        slip("Print_Cust2", "Reprint_Cust", [this] { Print_Cust2(app, printer, context); });
         slip("balance page", "", [this] { printGiftBalancePage(app, printer); });
     }
     void slip(const char *routine, const char *sibling, const std::function<void()> &print)
     {
         word(routine, [this, routine, sibling, print](Words) {
             print();
-            if (const story::Lines paper = newPaper(); !paper.empty())
-                tellChanges(routine, paper, sibling);
+            tellChanges(routine, newPaper(seen + 1), sibling);
+            if (seen < jobs().size()) // a void has a second job
+                tellChanges(routine + std::string(", merchant's"), newPaper(jobs().size()),
+                            "Reprint_Merch");
         });
     }
-    /// What has been printed since the last time: each line with the font that it changes to.
-    story::Lines newPaper()
+    /// What has been printed since the last time, up to that job: each line with the font that it
+    /// changes to.
+    story::Lines newPaper(std::size_t until)
     {
         story::Lines lines;
-        for (; seen < jobs().size(); ++seen) {
+        for (; seen < std::min(until, jobs().size()); ++seen) {
             lines.push_back("on " + jobs()[seen].printer);
             std::string font;
             for (const std::string &each : splitLines(platform::describe(jobs()[seen].job))) {
@@ -143,13 +146,9 @@ private:
             Set_Printer(app, printer);
         });
         word("family", [this](Words name) { printer.setFamily(name); });
-        word("size", [this](Words points) { printer.setSize(std::stoi(points)); });
         word("bold", [this](Words) { printer.setBold(true); });
         word("italic", [this](Words) { printer.setItalic(true); });
         word("line", [this](Words text) { printer.line(text); });
-        word("tabs", [this](Words columns) { printer.tabs(columns); });
-        word("cut", [this](Words) { printer.cut(); });
-        word("new page", [this](Words) { printer.newPage(); });
         word("close", [this](Words) { printer.closeJob(); });
     }
 
@@ -161,7 +160,7 @@ private:
     {
         if (printer.jobOpen())
             complain("a job is open");
-        const story::Lines paper = newPaper();
+        const story::Lines paper = newPaper(jobs().size());
         return paper.empty() ? std::vector<story::Section>()
                              : std::vector<story::Section>{{"paper", paper}};
     }

@@ -66,39 +66,31 @@ Print_Cust
 * picture Picture1
 PrintPartial_Merch
 -- PrintPartial_Merch
-  on Receipt TM-88
-  job "Lumbrio card slip"
-  picture Picture4
-  line ""  <"Receipt Sans" 24>
-  2 x line ""
-  line "The Copper Kettle"  <"Receipt Sans" 9 bold>
-  line "14 Harbour Street"  <"Receipt Sans" 9>
-  line "Portsmouth NH 03801"
+* picture Picture4
+* line ""  <"Receipt Sans" 24>
   line "__________________________________________________"  <"Receipt Sans" 7>
-  line "01/15/25  01:05 PM  1043 - 7 Maria - 12"
+* line "01/15/25  01:05 PM  1043 - 7 Maria - 12"
   line "Name: JOHN Q PUBLIC"
-  line "Card: #### #### #### 8765"
-  line "AUTH - A12345  Terminal BAR1"  <"Receipt Sans" 7 bold>
+* line "Card: #### #### #### 8765"
   line ""
-  picture Picture5
-  line ""  <"Receipt Sans" 12 bold>
-  line ""
-  line "    Amount      "  <"Receipt Sans" 14>
-  line "        $1,200.00"  <"Receipt Sans" 28 bold>
-  line ""  <"Receipt Sans" 7 bold>
-  line "    Gratuity NOT Allowed"  <"Receipt Sans" 16>
-  line ""  <"Receipt Sans" 8>
-  line "  We are unable to put any more funds thru on this card"
-  line "  The original amount due was     $1,248.50"  <"Receipt Sans" 10>
-  line "  There is still a Balance Due of $48.50"  <"Receipt Sans" 10 bold>
-  line "  (Please tip your server on the original amount due)"  <"Receipt Sans" 8>
-  3 x line ""
-  line "x_______________________________________________"
-  line "                              Signature"  <"Receipt Sans" 7>
-  line ""
-  picture Picture4
-  line ""  <"Receipt Sans" 24>
-  line ""
++ picture Picture5
+* line ""  <"Receipt Sans" 12 bold>
+* line ""
+* line "    Amount      "  <"Receipt Sans" 14>
+* line "        $1,200.00"  <"Receipt Sans" 28 bold>
+* line ""  <"Receipt Sans" 7 bold>
+* line "    Gratuity NOT Allowed"  <"Receipt Sans" 16>
+* line ""  <"Receipt Sans" 8>
+* line "  We are unable to put any more funds thru on this card"
+* line "  The original amount due was     $1,248.50"  <"Receipt Sans" 10>
+* line "  There is still a Balance Due of $48.50"  <"Receipt Sans" 10 bold>
++ line "  (Please tip your server on the original amount due)"  <"Receipt Sans" 8>
++ 3 x line ""
++ line "x_______________________________________________"
++ line "                              Signature"  <"Receipt Sans" 7>
++ line ""
+* picture Picture4
+* line ""  <"Receipt Sans" 24>
 PrintPartial_Cust
 -- PrintPartial_Cust
 * picture Picture3
@@ -140,68 +132,39 @@ Reprint_Cust
 + 2 x line ""
 Print_Cust2
 -- Print_Cust2
-  on Receipt TM-88
-  job "Lumbrio card slip"
-  picture Picture1
-  line ""  <"Receipt Sans" 12>
-  2 x line ""
-  line "The Copper Kettle"  <"Receipt Sans" 9 bold>
-  line "14 Harbour Street"  <"Receipt Sans" 9>
-  line "Portsmouth NH 03801"
-  line "__________________________________________________"  <"Receipt Sans" 7>
-  line "01/15/25  01:05 PM  1043 - 7 Maria - 12"
   line "Name: JOHN Q PUBLIC"
-  line "Card: XXXX XXXX XXXX 8765"
-  line "AUTH - A12345  Terminal BAR1"  <"Receipt Sans" 7 bold>
-  line ""
-  line "Amount      $1,248.50"  <"Receipt Sans" 14>
+* line "Card: XXXX XXXX XXXX 8765"
+* line "AUTH - A12345  Terminal BAR1"  <"Receipt Sans" 7 bold>
   line ""  <"Receipt Sans" 7>
-  line "   TRANSACTION"  <"Receipt Sans" 20>
-  line "     ----VOIDED----"
-  line ""
+* line "   TRANSACTION"  <"Receipt Sans" 20>
+* line "     ----VOIDED----"
+- line "Total          ___________________________"  <"Receipt Sans" 14>
   line "x_______________________________"
-  line "       Signature for The Copper Kettle"
-  line ""
-  picture Picture1
+* line "       Signature for The Copper Kettle"
+* line ""
+- line ""  <"Receipt Sans" 9>
   line ""  <"Receipt Sans" 12>
-  line ""
-  on Receipt TM-88
-  job "Lumbrio card slip"
-  picture Picture2
-  line ""  <"Receipt Sans" 12>
-  2 x line ""
-  line "The Copper Kettle"  <"Receipt Sans" 9 bold>
-  line "14 Harbour Street"  <"Receipt Sans" 9>
-  line "Portsmouth NH 03801"
-  line "__________________________________________________"  <"Receipt Sans" 7>
-  line "01/15/25  01:05 PM  1043 - 7 Maria - 12"
+- 2 x line ""
++ line ""
+-- Print_Cust2, merchant's
   line "Name: JOHN Q PUBLIC"
-  line "Card: XXXX XXXX XXXX 8765  TransRecord 17"
-  line "AUTH - A12345  Terminal BAR1"  <"Receipt Sans" 7 bold>
-  line ""
-  line "Amount      $1,248.50"  <"Receipt Sans" 14>
+* line "Card: XXXX XXXX XXXX 8765  TransRecord 17"
   line ""  <"Receipt Sans" 7>
-  line "   TRANSACTION"  <"Receipt Sans" 20>
-  line "     ----VOIDED----"
-  line ""
+* line "   TRANSACTION"  <"Receipt Sans" 20>
+* line "     ----VOIDED----"
+- line "Total          ___________________________"  <"Receipt Sans" 14>
   line "x_______________________________"
-  line "       Signature for The Copper Kettle"
-  line ""
-  picture Picture2
+* line "       Signature for The Copper Kettle"
+* line ""
+- line ""  <"Receipt Sans" 9>
   line ""  <"Receipt Sans" 12>
-  line ""
+- 2 x line ""
++ line ""
 
 story no tip line, like slips
 no tip line
 Print_Merch
 -- Print_Merch
-  line ""  <"Receipt Sans" 7>
-* line ""  <"Receipt Sans" 14>
-- line ""  <"Receipt Sans" 7>
-- line "Total          ___________________________"  <"Receipt Sans" 14>
-- line ""
-Print_Cust
--- Print_Cust
   line ""  <"Receipt Sans" 7>
 * line ""  <"Receipt Sans" 14>
 - line ""  <"Receipt Sans" 7>
@@ -288,29 +251,14 @@ balance page
   line ""  <"Receipt Sans" 24>
   2 x line ""
 
-# Only a reprint of a marked card tells what is owed on it.
 story negative balance, like slips
-record GCbalance -3
+in vain: record GCbalance -3
 Print_Merch
 -- Print_Merch
 Print_Cust
 -- Print_Cust
 Reprint_Cust
 -- Reprint_Cust
-gift
-Reprint_Cust
--- Reprint_Cust
-  line ""  <"Receipt Sans" 9>
-  picture Picture1
-  line ""  <"Receipt Sans" 12>
-- 2 x line ""
-+ line "($3.00)"  <"Receipt Sans" 16 bold>
-+ picture Picture8
-+ line ""  <"Receipt Sans" 12 bold>
-+ line ""  <"Receipt Sans" 12>
-+ 14 x line ""
-+ line ""  <"Receipt Sans" 7>
-+ line ""
 
 story partial without a balance, like slips
 record CCaditionalFUNDS 0.00
@@ -345,64 +293,24 @@ Print_Cust2
 * line "Card: #### #### #### 1111"
   line ""
 * line "Amount      $7.25"  <"Receipt Sans" 14>
+-- Print_Cust2, merchant's
   line "Name: JOHN Q PUBLIC"
 * line "Card: #### #### #### 1111  TransRecord 17"
   line ""
 * line "Amount      $7.25"  <"Receipt Sans" 14>
 
-story empty record and no font size, like slips
-empty record
-configure 23 =
-Print_Merch
--- Print_Merch
-  2 x line ""
-* line "The Copper Kettle"  <"Receipt Sans" 12 bold>
-* line "14 Harbour Street"  <"Receipt Sans" 12>
-  line "Portsmouth NH 03801"
-* line "__________________________________________________"
-* line "     -  Maria -  - 4"
-* line "Name: "
-* line "Card: #### #### ####   TransRecord 17"
-* line "AUTH -   Terminal "  <"Receipt Sans" 12 bold>
-  line ""
-* line "Amount      $0.00"  <"Receipt Sans" 12>
-* line ""
-* line "Gratuity      ___________________________"
-* line ""
-* line "Total          ___________________________"
-  line "x_______________________________"
-* line "       Signature"
-* line "                                      "  <"Receipt Sans" 12 bold>
-* line ""  <"Receipt Sans" 12>
-- line ""  <"Receipt Sans" 12>
-- line ""
-+ 2 x line ""
-
 # The pen goes on as it is; what was left open is closed by whoever writes elsewhere.
 story two printers
 choose Office
-family Receipt Sans
-size 14
 line notice
 choose Receipt
-in vain: family
-in vain: size 0
-in vain: size -2
 line slip
 in vain: choose Receipt TM-88
-cut
-new page
-tabs 20,45
-line more
 close
 == paper
   on Office Laser
   job "Lumbrio card slip"
-  line "notice"  <"Receipt Sans" 14 bold italic>
+  line "notice"  <"Left by another job" 10 bold italic>
   on Receipt TM-88
   job "Lumbrio card slip"
-  line "slip"  <"Receipt Sans" 14 bold italic>
-  cut
-  new page
-  tabs 20,45
-  line "more"  <"Receipt Sans" 10 bold italic>
+  line "slip"  <"Left by another job" 10 bold italic>
