@@ -70,7 +70,6 @@ protected:
     {
         story.station.disk.failOn(operation, file, outcome);
     }
-    const char *bankFile() const { return local() ? "503.ans" : "xResultFile.txt"; }
 
     std::string boxes;
     TenderStory story;
@@ -78,62 +77,6 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(, ChargedTender, testing::Bool(),
                          [](const auto &each) { return each.param ? "local" : "commandLine"; });
-
-TEST_P(ChargedTender, IsUnknownAndNoDeclineWhenTheBanksWordCannotBeRead)
-{
-    cannot("open", bankFile());
-    story.run();
-    EXPECT_EQ(word(), "Declined");
-    EXPECT_EQ(std::ranges::count(story.answer(), '\n'), local() ? 10 : 11);
-    EXPECT_TRUE(story.pending().empty()) << "a red row would be deleted by the manager";
-    EXPECT_NE(boxes.find("[OUTCOME UNKNOWN]"), std::string::npos);
-    const auto unknown = named("C:\\Lumbrio\\Data\\", "Unknown-");
-    ASSERT_EQ(unknown.size(), 1U);
-    const std::string text = story.station.get("C:\\Lumbrio\\Data\\" + unknown[0]);
-    EXPECT_NE(text.find("CCReceipt=1043\r\n"), std::string::npos);
-    EXPECT_EQ(text.find("411111111111"), std::string::npos);
-    recordsAfterTheNextTender();
-    EXPECT_EQ(putAside().size(), 1U) << "what the bank wrote is still there";
-}
-
-TEST_P(ChargedTender, IsApprovedWhenAShareStumblesOrALockIsHeldForAMoment)
-{
-    struct Moment {
-        const char *operation;
-        const char *file;
-        Outcome outcome;
-        bool met = false;
-    };
-    std::vector<Moment> moments = {{"lock", "LumbrioINI.dat", Outcome::Locked},
-                                   {"open", bankFile(), Outcome::Broken},
-                                   {"lock", "CCPending.dat", Outcome::Locked},
-                                   {"rename", "Xsend.ans", Outcome::NoRoom}};
-    for (const Moment &moment : moments)
-        cannot(moment.operation, moment.file, moment.outcome);
-    cannot("write", "Xsend.ans", Outcome::NoRoom);
-    std::string order;
-    story.station.disk.before = [&](std::size_t) {
-        const std::string &line = story.station.disk.operationLog().back();
-        for (Moment &moment : moments) {
-            if (moment.met || line.find(moment.operation) == line.npos ||
-                line.find(moment.file) == line.npos)
-                continue;
-            moment.met = true;
-            story.station.time.after(700, [=, this, &order] {
-                cannot(moment.operation, moment.file, Outcome::Done);
-                order += std::string(moment.file) + " ";
-            });
-        }
-        if (line.find("append f/Lumbrio/CCPending") != line.npos)
-            order += "appended ";
-    };
-    story.run();
-    EXPECT_EQ(word(), "Approved");
-    EXPECT_EQ(story.pending().size(), 1U);
-    EXPECT_EQ(boxes, "");
-    EXPECT_EQ(order,
-              std::string("LumbrioINI.dat ") + bankFile() + " CCPending.dat appended Xsend.ans ");
-}
 
 TEST_P(ChargedTender, LeavesItsResultForTheNextTenderToPutAsideWhenItIsKilled)
 {
@@ -219,22 +162,6 @@ TEST_P(ChargedTender, LeavesWhatTheBankWritesAfterItsLastLook)
     EXPECT_EQ(word(), "Declined");
     recordsAfterTheNextTender();
     EXPECT_EQ(putAside().size(), 1U);
-}
-
-TEST_P(ChargedTender, SaysWhenThePointOfSaleGetsNoAnswer)
-{
-    story.station.put("C:\\Lumbrio\\Xsend.ans", "\"Approved\"\r\n");
-    cannot("rename", "Xsend.ans", Outcome::NoRoom);
-    cannot("write", "Xsend.ans", Outcome::NoRoom);
-    story.run();
-    EXPECT_FALSE(story.answered()) << story.answer();
-    EXPECT_TRUE(story.station.run.failed());
-    EXPECT_NE(boxes.find("[NO ANSWER FOR THE POINT OF SALE]"), std::string::npos);
-    EXPECT_NE(boxes.find(local() ? "Approval code: A12345" : "Approval code: 012345"),
-              std::string::npos);
-    EXPECT_EQ(story.pending().size(), 1U);
-    recordsAfterTheNextTender();
-    EXPECT_EQ(putAside().size(), local() ? 0U : 1U) << "nobody was told what the bank said";
 }
 
 /// Another station that holds the lock all the time and knows nothing of appends without it.
@@ -360,18 +287,6 @@ TEST(SwipedCard, StaysInTheRoomThatIsWipedAndKeptOutOfDumps)
     story.run();
     EXPECT_EQ(story.answer().substr(1, 8), "Approved");
     EXPECT_EQ(rooms.size(), 4U) << "where one moves its old room is given back unwiped";
-}
-
-TEST(LeasedConfiguration, IsWaitedForOnce)
-{
-    TenderStory story;
-    std::string boxes;
-    story.station.dialogs.noted = &boxes;
-    story.station.disk.failOn("open", "LumbrioINI.dat", Outcome::Leased);
-    story.run();
-    EXPECT_TRUE(story.station.run.failed());
-    EXPECT_GE(story.station.time.milliseconds(), 10'000U);
-    EXPECT_LT(story.station.time.milliseconds(), 12'000U);
 }
 
 TEST(CommandPressedTwice, ChargesTheCardOnce)

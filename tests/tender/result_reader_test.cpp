@@ -59,20 +59,6 @@ TEST_F(ResultFile, IsReadCopiedAndTracedTheSameWithEveryLineEndAndNeverDeleted)
     }
 }
 
-TEST_F(ResultFile, ThatSaysNothingLeavesTheResponseAndABalanceOfZero)
-{
-    CardRecord nothing;
-    nothing.set(CCReceipt, "1043");
-    nothing.set(GCbalance, "0");
-    for (const std::string &content : {std::string("\r\n\r\n"), std::string(4096, '\0'),
-                                       support::testFile("broken/tender/result_of_every_byte.txt")})
-        EXPECT_EQ(read(content), nothing) << content.size() << " bytes";
-    station.erase(kDefaultResultFile);
-    readResultFile(app, kDefaultResultFile);
-    EXPECT_EQ(app.values.CCdata, nothing);
-    EXPECT_FALSE(station.run.ending());
-}
-
 TEST_F(ResultFile, OfTenMegabytesIsReadToItsLimitButNeverIntoHalfALine)
 {
     const std::string head = "RESULT=SUCCESS\r\n";

@@ -58,20 +58,6 @@ TEST(LocalRecord, IsWrittenASecondTimeIntoItsSlot)
     EXPECT_NE(log.find("write f/Lumbrio/CCPending.dat 490 bytes at 0"), std::string::npos);
 }
 
-/// A row without a receipt would be found by nobody.
-TEST(LocalRecord, HasTheDefaultsOfItsRequest)
-{
-    TenderStory story;
-    story.takeCardsHere();
-    story.request(",,,48.50\r\n");
-    story.swipe();
-    story.run();
-    const records::CardRecord record = story.pending().at(0);
-    EXPECT_EQ(record.text(records::CCServer), "9999");
-    EXPECT_EQ(record.text(records::CCTable), "999");
-    EXPECT_EQ(record.text(records::CCReceipt), "999");
-}
-
 /// The guest would have a slip, and the point of sale a decline or no answer.
 TEST(Notice, IsHurriedAwayByNoCommandAfterAnApproval)
 {

@@ -8,7 +8,6 @@
 #include "support/tender_stage.h"
 #include "tender/Xcharge1.h"
 
-#include <QAccessible>
 #include <QFrame>
 #include <QKeySequence>
 #include <QLabel>
@@ -40,22 +39,12 @@ std::string described(QWidget &control)
            (control.isEnabled() ? "" : " disabled") + (control.hasFocus() ? " focus" : "");
 }
 
-struct Paints : QObject {
-    int count = 0;
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        count += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-};
-
 class TenderScreens : public support::TenderStage {
 public:
     TenderScreens()
     {
         story.station.time.everyTurn = [] { QCoreApplication::processEvents(); };
         screen.resize(1024, 768);
-        screen.installEventFilter(&paints);
         addHandWords();
         addWindowWords();
     }
@@ -85,11 +74,6 @@ private:
     }
     void addWindowWords()
     {
-        check("paints", [this](Words range) { // "3 to 5" since the last time
-            const int count = std::exchange(paints.count, 0);
-            if (count < std::stoi(range) || count > std::stoi(range.substr(range.find("to") + 2)))
-                complain(std::to_string(count) + " paints");
-        });
         word("close", [this](Words) { screen.close(); });
         word("the screen is not painted", [this](Words) { screen.setUpdatesEnabled(false); });
         word("show", [this](Words name) { part(name)->show(); });
@@ -198,50 +182,7 @@ private:
     }
 
     tender::Xcharge1 screen{story.app, story.printer};
-    Paints paints;
 };
-
-TEST(CheckBox, IsRememberedWhenAScreenReaderTogglesIt)
-{
-    constexpr const char *kFlag = "C:\\Lumbrio\\CCnoPrint.dat";
-    support::TenderStory story;
-    story.takeCardsHere();
-    story.station.put(kFlag, "");
-    story.station.time.everyTurn = [] { QCoreApplication::processEvents(); };
-    tender::Xcharge1 screen{story.app, story.printer};
-    screen.show();
-    story.pass(1000);
-    QWidget *box = support::controlNamed(QStringLiteral("Do not print a RECEIPT for Customer"));
-    EXPECT_TRUE(qobject_cast<QAbstractButton *>(box)->isChecked());
-    for (const bool checked : {false, true, false}) {
-        QAccessible::queryAccessibleInterface(box)->actionInterface()->doAction(
-            QAccessibleActionInterface::toggleAction());
-        EXPECT_EQ(qobject_cast<QAbstractButton *>(box)->isChecked(), checked);
-        EXPECT_EQ(story.station.has(kFlag), checked);
-    }
-    story.station.run.end();
-}
-
-TEST(PartialApproval, ShowsWhatIsPaidAndWhatIsOwedAsLargeAsTheAmount)
-{
-    support::TenderStory story;
-    story.request("\"12\",\"1043\",\"7\",\"22345.66\"\r\n");
-    story.paymentAnswers(support::approvedResult() + "APPROVEDAMOUNT=12345.67\r\n"
-                                                     "ADDITIONALFUNDSREQUIRED=9999.99\r\n");
-    story.station.time.everyTurn = [] { QCoreApplication::processEvents(); };
-    tender::Xcharge1 screen{story.app, story.printer};
-    screen.show();
-    while (!story.station.run.ending())
-        story.station.run.yield();
-    const auto &amount = *screen.findChild<QLineEdit *>(QStringLiteral("Text4"));
-    for (const char *read : {"Approved: $12,345.67", "Still owed: $9,999.99"}) {
-        const QWidget *part = support::controlNamed(QString::fromLatin1(read));
-        ASSERT_NE(part, nullptr) << read;
-        EXPECT_EQ(part->font(), amount.font()) << read;
-    }
-    for (const QSize size : support::kScreenSizes)
-        EXPECT_EQ(support::clippedControls(screen, size), "") << size.width();
-}
 
 TEST(Stories, OfTheScreensShowWhatTheirFilesSay)
 {

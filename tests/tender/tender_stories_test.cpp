@@ -38,10 +38,6 @@ private:
             story.view.typedCard = {number, expiry, card};
         });
         check("look", [this](Words) { look(); });
-        word("watch", [this](Words) {
-            watching = true;
-            story.station.time.maxStep = 10;
-        });
         word("the offline panel is switched on", [this](Words) { tender.offlinePanel = true; });
         word("stop waiting", [this](Words) { story.app.values.StopWaiting = 65535; });
         word("a manager's card is read",
@@ -80,16 +76,6 @@ private:
     {
         if (fields.status == "Approved Printing Receipt")
             happen("it prints");
-        if (!watching)
-            return;
-        const std::string now =
-            std::string(fields.cancel.enabled ? " Cancel" : "") +
-            (fields.waitPanelVisible ? " panel" : "") + (fields.warningVisible ? " warning" : "") +
-            (fields.warningRed ? " red" : "") + (fields.ribbonsVisible ? " ribbons" : "") +
-            (fields.waitCountVisible ? " counting" : "") + ", " +
-            std::to_string(story.station.system.started.size()) + " starts, " + fields.status;
-        if (std::exchange(seen, now) != now)
-            watched.push_back(std::to_string(story.station.time.milliseconds()) + now);
     }
     void look()
     {
@@ -107,7 +93,6 @@ private:
     {
         std::vector<Section> parts = {{"tender", tenderLines()},
                                       {"payment", paymentLines()},
-                                      {"watched", watched},
                                       {"records", recordLines()},
                                       {"slips", slipLines()}};
         addFiles(parts);
@@ -224,19 +209,21 @@ private:
             complain("a card's number stands in " + name);
     }
 
-    /// What echoes the command line or the result is compared with it and not told.
+    /// What echoes the command line, the result or the answer is not told.
     void addTraces(std::vector<Section> &parts)
     {
         Lines process = traceLines("CCLastProcess.dat");
         Lines log = traceLines("TRACELOG.TXT");
-        checkCommandLine(process);
-        checkResult(process);
+        takeOut(process, "***********  X CHARGE REQUEST INFO  ******************",
+                "Calling Set Data");
+        takeOut(process, "Response File Name c:\\Lumbrio\\xResultFile.Txt",
+                "End File Data c:\\Lumbrio\\xResultFile.Txt");
         if (!answerTraceTold) {
             for (std::string &line : log)
                 line = Trim(line);
             std::erase(log, "");
-            takenOut(log, "******  Make Respone File For Lumbrio ******",
-                     "******  END Respone File For Lumbrio ******");
+            takeOut(log, "******  Make Respone File For Lumbrio ******",
+                    "******  END Respone File For Lumbrio ******");
         }
         for (std::string &line : process)
             if (const auto same = std::find(log.begin(), log.end(), Trim(line));
@@ -244,7 +231,7 @@ private:
                 log.erase(same);
                 line += " [TRACELOG]";
             }
-        parts.push_back({"CCLastProcess.dat", counted(process)});
+        parts.push_back({"CCLastProcess.dat", process});
         parts.push_back({"TRACELOG.TXT", log});
     }
     Lines traceLines(Words name)
@@ -257,42 +244,13 @@ private:
                 line = line.substr(0, 60) + "... " + std::to_string(line.size()) + " bytes";
         return lines;
     }
-    /// The lines between two, which stay; none where they do not stand.
-    static Lines takenOut(Lines &lines, Words before, Words behind)
+    /// The lines between two, which stay.
+    static void takeOut(Lines &lines, Words before, Words behind)
     {
         const auto first = std::find(lines.begin(), lines.end(), before);
         const auto last = std::find(first, lines.end(), behind);
-        if (last == lines.end())
-            return {};
-        const Lines taken(first + 1, last);
-        lines.erase(first + 1, last);
-        return taken;
-    }
-    void checkCommandLine(Lines &process)
-    {
-        const Lines traced = takenOut(
-            process, "***********  X CHARGE REQUEST INFO  ******************", "Calling Set Data");
-        if (traced.size() < 3)
-            return;
-        std::string arguments;
-        for (auto line = traced.begin(); line != traced.end() - 3; ++line)
-            arguments += (arguments.empty() ? "" : " ") + *line;
-        if (traced.back() != arguments)
-            complain("the arguments are traced as " + arguments);
-        for (const auto &started : story.station.system.started)
-            if (started.commandLine != traced.end()[-2] + " " + arguments)
-                complain("the command line is traced as " + arguments);
-    }
-    void checkResult(Lines &process)
-    {
-        const Lines traced = takenOut(process, "Response File Name c:\\Lumbrio\\xResultFile.Txt",
-                                      "End File Data c:\\Lumbrio\\xResultFile.Txt");
-        Lines copy = story::linesOf(story.station.getIfThere("C:\\Lumbrio\\ResponseBACKUP.txt"));
-        if (copy.empty() || traced.empty())
-            return;
-        copy.insert(copy.begin(), std::string(54, '-'));
-        if (traced != copy)
-            complain("the result is traced otherwise");
+        if (last != lines.end())
+            lines.erase(first + 1, last);
     }
     static Lines numbered(Lines lines)
     {
@@ -300,25 +258,9 @@ private:
             lines[i] = std::to_string(i + 1) + " " + lines[i];
         return lines;
     }
-    /// Many equal lines in a row as one.
-    static Lines counted(const Lines &lines)
-    {
-        Lines told;
-        for (auto line = lines.begin(); line != lines.end();) {
-            const auto end =
-                std::find_if(line, lines.end(), [&](Words other) { return other != *line; });
-            const bool many = end - line > 3;
-            told.push_back(*line + (many ? " (" + std::to_string(end - line) + " times)" : ""));
-            line = many ? end : line + 1;
-        }
-        return told;
-    }
 
     support::StoryTender &tender = story.tender;
-    bool watching = false;
     bool answerTraceTold = false;
-    std::string seen;
-    Lines watched;
 };
 
 TEST(Story, LeavesBehindWhatItShows)

@@ -394,7 +394,6 @@ bank approves, APPROVEDAMOUNT=30, ADDITIONALFUNDSREQUIRED=18.50
 
 # What an operator sees who waits, with the moments in ms.
 story approved after the second start, like approved
-watch
 payment keeps silent
 at 51.1 s: bank approves now
 == tender
@@ -404,21 +403,6 @@ at 51.1 s: bank approves now
 + status 
 == payment
 + starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /PartialApprovalSupport:T /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
-== watched
-  0, 0 starts, 
-  100, 0 starts, PLEASE WAIT
-  100, 0 starts, Waiting for Xcharge Interface
-  100 Cancel, 0 starts, Waiting for Xcharge Interface
-  600 counting, 1 starts, Waiting for Xcharge Interface
-  8600 Cancel panel counting, 1 starts, Waiting for Xcharge Interface
-  10200 Cancel panel counting, 1 starts, 
-  47640 Cancel panel warning red ribbons counting, 1 starts, 
-  48600 Cancel panel warning red ribbons counting, 2 starts, 
-  49560 Cancel panel warning red ribbons counting, 2 starts, Connection Problems Press Cancel
-  51100 Cancel panel warning red ribbons counting, 2 starts, 
-  51100 Cancel panel warning red ribbons counting, 2 starts, Approved
-  51100 Cancel panel warning red ribbons counting, 2 starts, Approved Printing Receipt
-  51100 Cancel panel warning red ribbons counting, 2 starts, Please Click Finish Tender
 == slips
 * 01/15/25  01:05 PM  1043 - 7 Rosalind - 12 - 52
 == CCLastProcess.dat

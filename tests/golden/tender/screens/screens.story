@@ -24,8 +24,6 @@ at 3 s: look
   Label12 YES
   Label14 NO
 at 3 s: in vain: key Return
-at 3.5 s: paints 0 to 1000
-at 7.5 s: paints 3 to 5
 at 12 s: look
 -- Xcharge Credit Card Interface
 + SSPanel2_text Still waiting for the payment window. You can go on waiting, or press Cancel.
@@ -165,3 +163,27 @@ at 52.5 s: fits
 at 53 s: end
 == end
 * at 53000 ms
+
+# The guest must not leave without the rest being asked for.
+story partial, like cancelled by escape
+bank approves, APPROVEDAMOUNT=12345.67, ADDITIONALFUNDSREQUIRED=9999.99
+printers none
+answer Ok
+when a box is open: read Approved: $12,345.67
+  partApproved $12,345.67
+when a box is open: read Still owed: $9,999.99
+  stillOwed $9,999.99
+when a box is open: fits
+== end
+* at 3800 ms
+* state Partial approval
+* stateEdge attention
+* code 012345
+* records 1
+* answer "DECLINE but PARTAIL APPROVAL"
+== boxes
++ [NOT PRINTED] The merchant's slip, the customer's slip and the server's notice were not printed: no printer is installed. The card is approved: do not run it again. Reprint from the manager's list.
++ Receipt: 1043
++ Amount: $48.50
++ Approved: $12,345.67
++ Approval code: 012345 (Ok)
