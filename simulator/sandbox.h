@@ -18,11 +18,11 @@ inline constexpr const char *kServerProgram = "c:\\Program Files\\X-charge\\Xchr
 
 /// Everything: folders, "installation.ini", "LumbrioINI.dat", "CCard.dat", "X1009Version.dat",
 /// employees, managers, `xchargeProgram` (a real path) as the payment application and the
-/// "sim_server" beside it as the payment server. Files that are there are written anew. False when
+/// "sim_server" beside it as the payment server. Files that are there are written again. False when
 /// something failed; `files` has reported it then.
 bool makeSandbox(platform::Files &files, const std::string &drivesFolder,
                  const std::string &xchargeProgram);
-/// True when the drives folder holds an installation, be it a sandbox or a real one.
+/// True when the drives folder holds an installation, a sandbox or a real one.
 bool isInstalled(platform::Files &files);
 /// Links the paths of both payment programs to the stand-ins in `programsFolder` if there is
 /// nothing, or a broken link (the build was moved, the sandbox is older). Real programs stay.

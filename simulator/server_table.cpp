@@ -55,7 +55,7 @@ constexpr std::array<Row, 12> kRows = {{
     {{13, 13, "small letter", "approved with a small y, which a tender takes for a decline"},
      [](Asked asked) { return records::quotedLine("y" + code(asked) + " APPROVED"); }},
     {{14, 14, "unknown", "the answer ?TRY AGAIN, whose letter is no outcome"}, [](Asked) { return records::quotedLine("?TRY AGAIN"); }},
-    {{16, 16, "completed later", "written in place, cut ahead of the outcome; the rest 0.4 s later"},
+    {{16, 16, "completed later", "written in place, cut before the outcome; the rest 0.4 s later"},
      approval, Delivery::FirstPartThenAll, 1},
     {{18, 18, "long text", "approved, the text longer than its field"},
      [](Asked asked) { return records::quotedLine("Y" + code(asked) + std::string(200, 'x')); }},

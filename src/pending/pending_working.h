@@ -1,5 +1,5 @@
-// Pending::Working: from a command's first step to its last no other command is taken. None that
-// changes something is taken while the manager only looks.
+// Pending::Working: while a command works, other commands are ignored; while the manager only
+// looks, so are all that change files.
 #pragma once
 
 #include "pending/pending.h"

@@ -7,12 +7,12 @@
 
 namespace reports {
 
-/// Paper so narrow that the letters of a row would be a millimetre high.
+/// True for a receipt roll: its paper is so narrow that a row could not be read.
 bool isRoll(platform::Printers &printers, const std::string &printerName);
 
 /// Prints the records of `rows`, in that order, on the selected printer; then the receipt printer
-/// is selected. Each record is read anew from `file`, and a slot that is no longer there is passed
-/// over. A missing file leaves only the headings.
+/// is selected. Each record is read again from `file`, and a slot that is no longer there is
+/// skipped. A missing file leaves only the headings.
 /// Kept: the lines have the tab as it stands in the file, not the approved amount; `totals`
 /// are those of the screen.
 void printList(records::App &app, printing::Printer &printer, const ListRows &rows,

@@ -5,7 +5,7 @@
 
 namespace reports {
 
-/// At most every 50 ms, for each time costs a painting.
+/// At most every 50 ms, because each report repaints.
 class WalkProgress {
 public:
     explicit WalkProgress(platform::Clock &theClock) : clock(theClock) {}
@@ -14,7 +14,8 @@ public:
     void begin() { said = clock.milliseconds(); }
     /// Whether it is time again; then it counts as said.
     bool due();
-    /// For a walk so fast that a look at the clock takes a fifth of a record: asks at every 16th.
+    /// Like due(), but asks the clock only at every 16th record: one look at it takes a fifth of
+    /// the time of a record.
     bool dueAt(long record);
 
 private:

@@ -229,7 +229,7 @@ void Xcharge1::showOptions(const TenderFields &fields)
 {
     ui->SSCommand7->setText(toQt(fields.gratuitySlip));
     ui->SSCommand7->setAccessibleDescription(ui->SSCommand7->text());
-    const QSignalBlocker quiet(ui->SSCheck1); // what is only shown is no choice of anybody
+    const QSignalBlocker quiet(ui->SSCheck1); // set by the program, not chosen by a person
     ui->SSCheck1->setChecked(fields.noReceipt);
     ui->SSCheck1->setEnabled(fields.noReceiptEnabled);
     putValue(*Label3[8], fields.version);

@@ -1,5 +1,5 @@
-// Evidence: what tells of a charge when a tender was killed, or could not read what the bank said.
-// A result or answer that no tender has dealt with is renamed, never deleted.
+// Evidence: files that prove a charge after a tender was killed or could not read what the bank
+// said. A result or answer that no tender has dealt with is renamed, never deleted.
 #pragma once
 
 #include "records/app.h"

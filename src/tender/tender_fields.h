@@ -59,11 +59,11 @@ struct TenderFields {
 
     // Of the result.
     bool result = false;      // there is a result (colours the state card)
-    bool approved = false;    // and it is an approval,
-    bool partial = false;     // be it of a part only
+    bool approved = false;    // the result is an approval, whole or partial
+    bool partial = false;     // the approval is partial
     bool unknown = false;     // the bank has answered, and nobody can read it
-    std::string partApproved; // of a partial approval: what the bank gave,
-    std::string stillOwed;    // and what the guest has to pay otherwise
+    std::string partApproved; // what the bank gave in a partial approval
+    std::string stillOwed;    // what the guest has to pay in another way then
     int waitingRecords = 0;   // charged cards of this station that no card file holds yet
 
     // Of the setup.

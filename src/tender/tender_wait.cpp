@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::uint32_t kTimeoutTimer = 1200; // ms
 
-/// There is something at the path, be it a file or not.
+/// Whether there is something at the path, a file or anything else.
 platform::Outcome lookFor(App &app, const std::string &file, bool &there)
 {
     platform::Found found = platform::Found::Nothing;

@@ -43,13 +43,13 @@ struct Scene {
 struct TenderKind {
     const char *name;
     bool local = false;
-    bool late = false;     // the payment server, to look for requests
-    bool declines = false; // the bank
+    bool late = false;     // the payment server looks for requests late
+    bool declines = false; // the bank declines
     bool partial = false;
     bool purchase = false;
-    bool bare = false;      // the station: no folder Data, no month file, nothing pending
-    bool shortTail = false; // behind the last record, as older writers leave it
-    bool respelled = false; // on the disk
+    bool bare = false;      // the station has no folder Data, no month file, nothing pending
+    bool shortTail = false; // the last record is not filled up, as older writers leave it
+    bool respelled = false; // names are spelled otherwise on the disk
 };
 
 class TenderScene : public Scene {

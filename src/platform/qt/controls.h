@@ -18,8 +18,8 @@ struct CommandState;
 void putValue(QLabel &label, const QString &value);
 void putValue(QLabel &label, const std::string &value);
 
-/// Before the screen is shown nothing is said twice: showing a part, even one that is not hidden,
-/// lays it out at once, in a size that it will not have.
+/// Does nothing if the part is already so: showing a part, even one that is not hidden, lays it out
+/// at once, and before the screen is shown that is in a size that it will not have.
 void putVisible(QWidget &part, bool visible);
 
 /// Enabled and visible as the procedures say.

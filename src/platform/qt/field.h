@@ -23,8 +23,8 @@ public:
 
     QString caption() const { return name; }
     void setCaption(const QString &text);
-    /// For a box with something in it that cannot be: the fault in the caption's place, in red, and
-    /// the whole explanation for a screen reader. No fault brings the caption back.
+    /// For a box with an invalid text: shows the fault in the caption's place, in red, and gives
+    /// the whole explanation to a screen reader. An empty fault brings the caption back.
     void putFault(const QString &fault, const QString &explanation);
 
 private:

@@ -1,5 +1,5 @@
 // FittingEdit: a box whose letters become smaller where its text would not fit. Where the smallest
-// do not either, dots stand at its edge: nobody shall take a beginning for the whole.
+// do not either, dots stand at its edge, so that a cut text is not read as a whole one.
 #pragma once
 
 #include <QLineEdit>
@@ -11,7 +11,7 @@ class FittingEdit : public QLineEdit {
 
 public:
     explicit FittingEdit(QWidget *parent = nullptr);
-    /// Shows a text and tells nobody, so that it does not count as typed.
+    /// Sets the text without a change signal, so that it does not count as typed.
     void put(const QString &text);
     /// Those of the usual letters, so that the boxes around stay where they are.
     QSize sizeHint() const override;

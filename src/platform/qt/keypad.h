@@ -21,13 +21,13 @@ class Keypad : public QFrame {
 public:
     explicit Keypad(QWidget *parent = nullptr);
 
-    /// The box that the keys go to from now on. A code grows at its end, and what is taken away
-    /// cannot be brought back; an amount is typed where the cursor is, over what is selected.
+    /// The box that the keys go to from now on. A code grows at its end, and deleted digits
+    /// cannot be undone; an amount is typed where the cursor is, over what is selected.
     void typeInto(QLineEdit &box) { target = &box; }
 
     bool amounts() const { return forAmounts; }
     void setAmounts(bool on);
-    /// The digits' object names are this with "_0" to "_9" behind it.
+    /// The digits' object names are this followed by "_0" to "_9".
     QString digitName() const;
     void setDigitName(const QString &name);
     /// What a screen reader calls "Clear": it says what is cleared.

@@ -246,7 +246,7 @@ private:
         painter.setPen(QPen(QColor::fromRgb(kLightText), kFrameWidth + 2));
         constexpr int kHalf = kFrameWidth / 2;
         const QRect line = whole.adjusted(kHalf, kHalf, -kHalf - 1, -kHalf - 1);
-        painter.drawRect(line); // a light edge inside: blue alone is lost on red
+        painter.drawRect(line); // a light edge inside: blue by itself cannot be seen on red
         painter.setPen(QPen(QColor::fromRgb(kFrame), kFrameWidth));
         painter.drawRect(line);
         painter.restore();
@@ -409,7 +409,7 @@ void MList::setRows(MListRows rows)
         chosen.isValid() ? list.rows().itemData(static_cast<std::size_t>(chosen.row())) : "");
     const std::size_t before = std::exchange(measured, rows.fingerprint());
     list.setRows(std::move(rows));
-    // To share the width anew is to paint everything anew.
+    // Sharing the width again repaints everything.
     if (measured != before && measureAmounts())
         shareWidth();
     executeDelayedItemsLayout(); // else it is painted now, and laid out and painted again later

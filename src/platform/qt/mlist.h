@@ -30,7 +30,7 @@ public:
     std::size_t size() const { return all.size(); }
     std::string_view text(std::size_t row) const;
     std::string_view itemData(std::size_t row) const;
-    /// The same for the same texts in any order, and hardly ever for others.
+    /// A hash of the texts that does not depend on their order.
     std::size_t fingerprint() const;
     QRgb back(std::size_t row) const { return all[row].back; }
     void colour(std::size_t row, QRgb back) { all[row].back = back; }
@@ -82,7 +82,7 @@ private:
     MListRows list;
 };
 
-/// The window's part. It tells what fingers and keys do; what it means is decided outside. The
+/// The window's part. It reports taps and keys, and its owner decides what they do. The
 /// columns share the width there is: amounts are never cut, a text that is shows whole in the
 /// chosen row.
 class MList : public QTableView {
@@ -104,7 +104,7 @@ public:
 
 Q_SIGNALS:
     void rowTapped(long row);
-    /// Enter, pressed anew: a key that is held down says it once. -1: no row is chosen.
+    /// Enter was pressed; the repeats of a held key are ignored. -1: no row is chosen.
     void entered(long chosen);
     void typed(const QString &text); // what can be seen, blanks too
     void backspaced();

@@ -13,8 +13,8 @@ class MoneyLabel : public QLabel {
 public:
     explicit MoneyLabel(QWidget *parent = nullptr);
 
-    /// Of the smallest letters the width, of the usual ones the height: what is above and below
-    /// stays where it is.
+    /// The width of the smallest letters and the height of the usual ones, so that neighbours do
+    /// not move.
     QSize minimumSizeHint() const override;
 
 protected:

@@ -1,4 +1,4 @@
-// NoticePanel: the amber band that tells something without being a box to click away. Its parts
+// NoticePanel: the amber band with a notice that needs no click. Its parts
 // stand side by side; a text of several lines stands below what comes before it.
 // In a form: a QFrame promoted, whose children are handed to addPart().
 #pragma once

@@ -127,7 +127,7 @@ void Box::addButton(const QString &caption, int result, bool isDefault)
 
 void Box::hear(bool on)
 {
-    for (int item = 1; item < commands->count(); ++item) // behind the stretch
+    for (int item = 1; item < commands->count(); ++item) // after the stretch
         commands->itemAt(item)->widget()->setEnabled(on);
 }
 

@@ -56,8 +56,8 @@ Outcome spoolerTook()
     return Outcome::Done; // QPrinter's state tells
 }
 #else
-/// What the spooler said of the job just sent to it, which QPrinter passes over: a queue that takes
-/// no jobs, a full disk.
+/// What the spooler said of the job just sent to it, which QPrinter does not report: a queue that
+/// takes no jobs, a full disk.
 Outcome spoolerTook()
 {
     constexpr int kFirstRefusal = 0x100;

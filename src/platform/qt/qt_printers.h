@@ -45,8 +45,8 @@ private:
 };
 
 /// The parts of a job that end with a cut, for printers that are cut between two jobs; fonts and
-/// tabs go on from part to part. Without a cut there is one part. A part that would be nothing but
-/// blank paper has no operations that print.
+/// tabs go on from part to part. Without a cut there is one part. A part of blank paper only
+/// has no operations that print.
 struct PartOfJob {
     PrintJob job;
     bool cutBehind = false;

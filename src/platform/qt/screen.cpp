@@ -86,7 +86,7 @@ void giveKeyboard(QWidget &window)
     window.activateWindow();
 }
 
-/// Where it has really gone.
+/// Notes the window that really has the keyboard now.
 void keyboardMoved(const QWindow *to)
 {
     if (to != nullptr)
@@ -204,7 +204,7 @@ std::function<void()> Screen::whileLoaded(std::function<void()> handler)
 void Screen::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    // The keyboard, and a card reader that types, shall reach the new screen.
+    // The keyboard, and a card reader that types, must go to the new screen.
     if (!event->spontaneous())
         giveKeyboard(*this);
     if (!loaded)

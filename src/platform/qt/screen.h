@@ -50,8 +50,8 @@ public:
     };
 
 protected:
-    /// For what takes longer than an empty window to appear: called once, right behind the first
-    /// paint, or kLatestLoad after the screen was shown where nothing is painted.
+    /// For what takes longer than an empty window to appear: called once, right after the first
+    /// paint; if nothing is painted, kLatestLoad after the screen was shown.
     virtual void Form_Load() {}
     static constexpr std::uint32_t kLatestLoad = 100; // ms
 
