@@ -42,7 +42,6 @@ private:
         word("stop waiting", [this](Words) { story.app.values.StopWaiting = 65535; });
         word("a manager's card is read",
              [this](Words) { story.app.values.managerCheckMode = "100"; });
-        word("the answer's trace is told", [this](Words) { answerTraceTold = true; });
         word("no cut", [this](Words) { story.app.values.NoCut2Flag = -1; });
     }
     void addCommands()
@@ -218,13 +217,11 @@ private:
                 "Calling Set Data");
         takeOut(process, "Response File Name c:\\Lumbrio\\xResultFile.Txt",
                 "End File Data c:\\Lumbrio\\xResultFile.Txt");
-        if (!answerTraceTold) {
-            for (std::string &line : log)
-                line = Trim(line);
-            std::erase(log, "");
-            takeOut(log, "******  Make Respone File For Lumbrio ******",
-                    "******  END Respone File For Lumbrio ******");
-        }
+        for (std::string &line : log)
+            line = Trim(line);
+        std::erase(log, "");
+        takeOut(log, "******  Make Respone File For Lumbrio ******",
+                "******  END Respone File For Lumbrio ******");
         for (std::string &line : process)
             if (const auto same = std::find(log.begin(), log.end(), Trim(line));
                 !isBlank(line) && same != log.end()) {
@@ -238,11 +235,7 @@ private:
     {
         const std::string content = story.station.getIfThere(story.app.values.Maindir + name);
         findCard(name, content);
-        Lines lines = story::linesOf(content);
-        for (std::string &line : lines)
-            if (constexpr std::size_t kLongest = 400; line.size() > kLongest)
-                line = line.substr(0, 60) + "... " + std::to_string(line.size()) + " bytes";
-        return lines;
+        return story::linesOf(content);
     }
     /// The lines between two, which stay.
     static void takeOut(Lines &lines, Words before, Words behind)
@@ -260,7 +253,6 @@ private:
     }
 
     support::StoryTender &tender = story.tender;
-    bool answerTraceTold = false;
 };
 
 TEST(Story, LeavesBehindWhatItShows)

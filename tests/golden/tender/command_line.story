@@ -128,32 +128,6 @@ story approved
   ******  Make Respone File For Lumbrio ******
   ******  END Respone File For Lumbrio ******
 
-story approved with the trace of its answer, like approved
-the answer's trace is told
-== TRACELOG.TXT
-+ 
-  ******  Make Respone File For Lumbrio ******
-+ 
-+   File Name - C:\Lumbrio\Xsend.ans
-+   TndrRESULT - Approved
-+   CCdata.CCTabAmt  - 48.50     
-+   CCdata.CApprovalCode - 012345    
-+   CCdata.CCaditionalFUNDS - 0         
-+   CCdata.GCbalance - 0         
-+   CCdata.CCNumb - D63579;=?ACE=                 
-+   CCdata.CCtype - VISA      
-+   CCdata.HiddenNumb - XXXXXXXXXXXX1234              
-+   CCdata.CCServer - 7         
-+   CCdata.CCTable - 12        
-+   CCdata.CCTroutID -           
-+   CCdata.CCName - ROSALIND/TEST                 
-+   CCdata.CCstatus - Approved  
-+   CCdata.CResponse - SUCCESS             
-+   Val(TndrNOpreAUTH) - 0-  0 =False -1=True
-+ 
-  ******  END Respone File For Lumbrio ******
-+ 
-
 # What the guest owes is stored before anything can go wrong with the paper.
 story approved and stored before it prints, like approved
 when it prints: look
