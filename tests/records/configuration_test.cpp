@@ -90,7 +90,7 @@ TEST_F(Configuration, HasOptionsThatOnlyMinusOneTurnsOn)
 {
     support::expectTable("records/card_options.txt", [&](const std::string &input) {
         values = {};
-        station.put(kOptions, input.starts_with("broken/") ? support::testFile(input) : input);
+        station.put(kOptions, input);
         Get_CCini(app);
         return std::vector{values.paymentDirectory, std::to_string(values.PrintTipLine),
                            std::to_string(values.NoPartialSupport),
