@@ -29,6 +29,15 @@ TEST(Request, IsWaitedForWhenTheServerTakesItAtOnce)
     EXPECT_EQ(story.answer().substr(1, 8), "Approved");
 }
 
+TEST(Audit, ThatIsRefusedStartsNoPayment)
+{
+    TenderStory story;
+    story.station.put("C:\\Lumbrio\\XAudit.DAT", "50.00\r\n");
+    story.station.dialogs.answerNext(platform::Answer::Cancel);
+    story.run();
+    EXPECT_TRUE(story.station.system.started.empty());
+}
+
 TEST(Failure, SaysThatTheCardMayBeChargedOnceThePaymentIsAsked)
 {
     for (const bool local : {false, true}) {

@@ -238,6 +238,13 @@ put D:\Station\Xsend.req | 12,1043,7,48.50\r\n
 == tender
 * files in D:\Station\ and C:\Lumbrio\
 
+story approved without partial support, like approved
+put C:\Lumbrio\CCard.dat | x\n\n0\n0\n0\n0\n0\n-1\n-1\n0\n
+== tender
+* partial support NO
+== payment
+* starts c:\Program Files\X-charge\Xcharge.exe /TRANSACTIONTYPE:PreAuth /LOCKTRANTYPE /AMOUNT:48.50 /LOCKAMOUNT /RECEIPT:1043 /LOCKRECEIPT /CLERK:7 /LOCKCLERK /RESULTFILE:C:/lumbrio/xResultFile.txt /AUTOCLOSE /USERID:pos /PASSWORD:trelva /STAYONTOP /SMARTAUTOPROCESS /HIDEMAINMENU /GETXCACCOUNTID /TOOLBAREXITBUTTON /LARGEWINDOW /TITLE:Lumbrio-Credit_Card_Processing 
+
 # The first result counts, also one that tells of no card.
 story approved without a card, like approved
 payment answers: RESULT=SUCCESS\r\nAPPROVALCODE=012345\r\n
