@@ -65,7 +65,7 @@ private:
             if (QWidget *control = find(name))
                 control->setFocus();
         });
-        check("tabs", [this](Words count) {
+        word("tabs", [this](Words count) {
             for (int n = std::stoi(count); n > 0; --n) {
                 support::press(Qt::Key_Tab);
                 tell(QApplication::focusWidget()->objectName().toStdString());
@@ -78,12 +78,12 @@ private:
         word("the screen is not painted", [this](Words) { screen.setUpdatesEnabled(false); });
         word("show", [this](Words name) { part(name)->show(); });
         word("hide", [this](Words name) { part(name)->hide(); });
-        check("read", [this](Words name) {
+        word("read", [this](Words name) {
             if (QWidget *control = find(name))
                 tell(described(*control));
         });
-        check("look", [this](Words) { look(); });
-        check("fits", [this](Words) { expectFits(window()); });
+        word("look", [this](Words) { look(); });
+        word("fits", [this](Words) { expectFits(window()); });
     }
 
     QWidget *part(Words name) { return screen.findChild<QWidget *>(QString::fromStdString(name)); }
@@ -121,8 +121,6 @@ private:
         for (const QSize size : support::kScreenSizes)
             if (const std::string cut = support::clippedControls(shown, size); !cut.empty())
                 complain("cut off at " + std::to_string(size.width()) + ": " + cut);
-        if (const std::string unnamed = support::badlyNamedControls(shown); !unnamed.empty())
-            complain("badly named: " + unnamed);
         shown.resize(support::kScreenSizes[0]);
     }
     /// No caption, no empty value, and no button that nobody can press.

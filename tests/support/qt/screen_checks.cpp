@@ -98,14 +98,8 @@ std::string screenFaults(QWidget &window)
     for (int page = 0; page < (pages != nullptr ? pages->count() : 1); ++page) {
         if (pages != nullptr)
             pages->setCurrentIndex(page);
-        QStringList faults = {QString::fromStdString(badlyNamedControls(window))};
         for (const QSize size : kScreenSizes)
-            faults << QString::fromStdString(
-                clippedControls(window, fillsDisplay ? size : usual.boundedTo(size)));
-        faults.removeAll(QString());
-        if (!faults.isEmpty())
-            found +=
-                "page " + std::to_string(page) + ": " + faults.join(u'\n').toStdString() + "\n";
+            found += clippedControls(window, fillsDisplay ? size : usual.boundedTo(size));
     }
     return found;
 }
@@ -116,23 +110,6 @@ std::string elidedLabels(QWidget &window)
     for (auto *label : window.findChildren<platform::ElidedLabel *>()) {
         if (label->isVisible() && label->width() < label->sizeHint().width())
             found << label->text();
-    }
-    return found.join(u'\n').toStdString();
-}
-
-std::string badlyNamedControls(QWidget &window)
-{
-    QStringList found;
-    QStringList names;
-    for (QWidget *control : visibleControls(window)) {
-        if (qobject_cast<QAbstractButton *>(control) == nullptr &&
-            qobject_cast<QLineEdit *>(control) == nullptr &&
-            qobject_cast<QAbstractScrollArea *>(control) == nullptr)
-            continue;
-        const QString name = accessibleNameOf(*control);
-        if (name.isEmpty() || names.contains(name))
-            found << control->objectName() + QStringLiteral(": ") + name;
-        names << name;
     }
     return found.join(u'\n').toStdString();
 }

@@ -1,4 +1,4 @@
-// Checks for every screen: no text is cut off, every control has a name.
+// Checks for every screen: no text is cut off. (That every control has a name the walk checks.)
 #pragma once
 
 #include <QSize>
@@ -19,12 +19,9 @@ QString accessibleNameOf(QWidget &control);
 /// Labels that end in dots are not among them. Each check gives one line per finding, so nothing
 /// for a good screen.
 std::string clippedControls(QWidget &window, QSize size);
-/// clippedControls() at both sizes (a screen that is smaller by itself stays so) and on every page,
-/// and badlyNamedControls() on every page.
+/// clippedControls() at both sizes (a screen that is smaller by itself stays so) and on every page.
 std::string screenFaults(QWidget &window);
 /// Labels that end in dots at the moment.
 std::string elidedLabels(QWidget &window);
-/// Visible commands and boxes without an accessible name, or with that of another one.
-std::string badlyNamedControls(QWidget &window);
 
 } // namespace support
