@@ -27,8 +27,10 @@ struct EntryScreen : testing::Test {
     EntryScreen()
     {
         app.values.Remotedir = "F:\\Lumbrio\\";
-        station.dialogs.noted = &boxes;
-        station.dialogs.typed = "marlend";
+        station.dialogs.person = [this](const std::string &box, const auto &captions) {
+            boxes += box + "\n";
+            return captions.empty() ? "with marlend" : "Ok";
+        };
     }
     ~EntryScreen() override { EXPECT_FALSE(station.run.failed()) << boxes; }
 

@@ -123,7 +123,7 @@ private:
     {
         receipt = theReceipt;
         code = theCode;
-        story.station.dialogs.noted = &boxes;
+        story.station.dialogs.noteIn(boxes);
         story.station.time.everyTurn = [this] { operatorActs(); };
         story.request("\"12\",\"" + receipt + "\",\"7\",\"48.50\"\r\n");
         std::string result =

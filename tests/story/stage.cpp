@@ -131,11 +131,8 @@ void Stage::doNow(const Line &line, const std::string &rest)
 
 void Stage::doAt(std::uint64_t moment, const Line &line, const std::string &rest)
 {
-    awaited.push_back(line);
-    station.time.at(moment, [this, line, rest] {
-        std::erase_if(awaited, [&](const Line &one) {
-            return one.number == line.number && one.text == line.text;
-        });
+    station.time.at(moment, [this, line, rest, place = awaited.insert(awaited.end(), line)] {
+        awaited.erase(place);
         doNow(line, rest);
     });
 }
@@ -183,14 +180,6 @@ void Stage::act(Words line)
     (*act)(line.substr(std::min(length + (marked ? 2 : 1), line.size())));
 }
 
-void Stage::check(Words beginning, Act act)
-{
-    word(beginning, [this, act](Words rest) {
-        telling.checks.insert(current.number);
-        act(rest);
-    });
-}
-
 void Stage::addWords()
 {
     word("put", [this](std::string rest) {
@@ -209,8 +198,6 @@ void Stage::addWords()
         const bool disabled = caption.ends_with(kThoughDisabled);
         if (disabled)
             caption.erase(caption.size() - std::string(kThoughDisabled).size());
-        if (disabled)
-            telling.checks.insert(current.number);
         press(caption, disabled);
     });
     word("answer", [this](Words said) { answers.emplace_back(current, said); });
@@ -228,7 +215,14 @@ void Stage::addFaultWords()
         const std::string operation = takeUntil(rest, " ");
         station.disk.failOn(operation, rest, Outcome::Done);
     });
-    word("lock", [this](Words path) { fail("lock " + path + ", locked by another"); });
+    word("lock", [this](std::string rest) {
+        const std::string path = takeUntil(rest, " from ");
+        if (rest.empty())
+            return fail("lock " + path + ", locked by another");
+        doAt(takeTime(rest), current, "lock " + path);
+        takeUntil(rest, "to ");
+        doAt(takeTime(rest), current, "mend lock " + path);
+    });
     word("printers", [this](std::string names) {
         station.printers.installed.clear();
         while (!names.empty() && names != "none")

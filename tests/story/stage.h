@@ -8,6 +8,7 @@
 
 #include <deque>
 #include <functional>
+#include <list>
 #include <map>
 
 namespace story {
@@ -31,8 +32,6 @@ protected:
 
     /// A word of the language: the line begins with it, the act gets the rest of the line.
     void word(Words beginning, Act act) { words[beginning] = std::move(act); }
-    /// One that only looks, so that nothing can notice when it is left out.
-    void check(Words beginning, Act act);
     /// "press CAPTION", for a command that can be pressed now; one without `enabled` always can.
     void command(Words caption, std::function<void()> press, Test enabled = {});
     /// "when NAME: ..." may be said in a script; the room calls happen(NAME) when it does.
@@ -94,7 +93,7 @@ private:
     std::multimap<std::string, std::pair<Line, std::string>> whens; // by event and how often
     std::deque<std::pair<Line, std::string>> answers;
     std::vector<std::pair<Line, std::pair<std::string, std::string>>> faults;
-    std::vector<Line> awaited; // lines with a moment that has not come
+    std::list<Line> awaited; // lines with a moment that has not come
     Line current;
     Told telling;
 };

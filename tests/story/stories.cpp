@@ -54,22 +54,6 @@ public:
             for (const std::string &complaint : each.told.complaints)
                 ADD_FAILURE() << name << ": " << complaint;
     }
-    /// Plays each story without one of its lines, for all of them, and names those lines that
-    /// nothing notices, and those in vain that something does notice; of the given lines those that
-    /// no story of their file notices.
-    void mutate()
-    {
-        const std::string only = setting("LUMBRIO_STORY");
-        for (auto &[name, each] : all)
-            for (std::size_t i = 0; i < each.story->script.size(); ++i)
-                if ((only.empty() || only == name) && !isCheck(each, i) &&
-                    isNoticed(each, i) == isInVain(each.story->script[i]))
-                    tellMutant(*each.file, each.story->script[i]);
-        for (const StoryFile &file : files)
-            for (std::size_t i = 0; i < file.given.size(); ++i)
-                if (only.empty() && !isGivenNoticed(file, i))
-                    tellMutant(file, file.given[i]);
-    }
 
 private:
     struct Entry {
@@ -138,42 +122,6 @@ private:
                 << entry.story->name << "\n"
                 << text;
     }
-    static Story without(Story story, std::size_t line)
-    {
-        story.script.erase(story.script.begin() + static_cast<std::ptrdiff_t>(line));
-        return story;
-    }
-    bool isNoticed(Entry &entry, std::size_t line)
-    {
-        const Story mutant = without(*entry.story, line);
-        const Told told = play(textsOf(entry.file->given), textsOf(mutant.script));
-        return !told.complaints.empty() || textOf(shownAs(mutant, told, likeOf(mutant))) !=
-                                               textOf(without(now(*entry.story), line));
-    }
-    bool isGivenNoticed(const StoryFile &file, std::size_t line)
-    {
-        Lines given = textsOf(file.given);
-        given.erase(given.begin() + static_cast<std::ptrdiff_t>(line));
-        return std::any_of(file.stories.begin(), file.stories.end(), [&](const Story &story) {
-            const Told told = play(given, textsOf(story.script));
-            return !told.complaints.empty() ||
-                   textOf(shownAs(story, told, likeOf(story))) != textOf(now(story));
-        });
-    }
-    /// It only looks, or somebody who deletes it has to delete what it shows.
-    bool isCheck(Entry &entry, std::size_t line)
-    {
-        return toldOf(entry).checks.contains(line + 1) || !entry.story->script[line].shown.empty();
-    }
-    static bool isInVain(const ScriptLine &line)
-    {
-        return line.text.find("in vain: ") != std::string::npos;
-    }
-    static void tellMutant(const StoryFile &file, const ScriptLine &line)
-    {
-        ADD_FAILURE_AT(file.path.c_str(), line.number)
-            << (isInVain(line) ? "not in vain: " : "nothing notices: ") << line.text;
-    }
 
     const MakeStage &makeStage;
     std::vector<StoryFile> files;
@@ -185,15 +133,10 @@ private:
 void expectStories(const std::string &name, const MakeStage &makeStage)
 {
     Room room(name, makeStage);
-    const std::string what = setting("LUMBRIO_STORIES");
-    if (what == "update") {
-        room.update();
-        ADD_FAILURE() << "the stories of " << name << " were written anew: read the difference";
-    } else if (what == "mutate") {
-        room.mutate();
-    } else {
-        room.expectAll();
-    }
+    if (setting("LUMBRIO_STORIES") != "update")
+        return room.expectAll();
+    room.update();
+    ADD_FAILURE() << "the stories of " << name << " were written anew: read the difference";
 }
 
 } // namespace story

@@ -3,8 +3,6 @@
 
 #include "story/story_file.h"
 
-#include <set>
-
 namespace story {
 
 struct Section {
@@ -18,7 +16,6 @@ struct Told {
     std::vector<std::vector<Section>> steps; // by the script's lines; 0: the given lines
     std::vector<Section> left;               // behind
     Lines complaints;
-    std::set<std::size_t> checks; // lines that only look, counted as the steps are
 };
 
 /// Another story that this one is like, with what it has told; its own `like` is told before it.

@@ -267,7 +267,7 @@ void ManagerStage::addListWords()
         for (int n = std::max(wholeNumber(times), 1); n > 0; --n)
             list.entrySaved();
     });
-    check("look at", [this](Words what) { look(what); });
+    word("look at", [this](Words what) { look(what); });
 }
 
 void ManagerStage::addEntryWords()

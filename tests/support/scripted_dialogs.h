@@ -1,56 +1,66 @@
-// ScriptedDialogs: the user of the tests. Every box must have been expected, with its title, text
-// and buttons, in the order of the expectations; none may be left over. In a story a person answers
-// each box. Or, for tests that tell what was shown, every box is written down and answered alike.
+// ScriptedDialogs: the user of the tests, a person who reads each box and answers it.
 #pragma once
 
 #include "platform/dialogs.h"
 
-#include <deque>
+#include <gtest/gtest.h>
+
 #include <vector>
 
 namespace support {
 
 class ScriptedDialogs : public platform::Dialogs {
 public:
-    using Answer = platform::Answer;
-    using Buttons = platform::Buttons;
+    using Captions = std::vector<std::string>;
     using Text = const std::string &;
-    using WhileOpen = std::function<void()>;
 
     explicit ScriptedDialogs(platform::Run &theRun) : Dialogs(theRun), run(theRun) {}
-    ~ScriptedDialogs() override;
 
-    /// The next box is this one, as a story tells it: "[title] text (Ok)"; it gets Ok.
-    void expect(Text box) { expected.push_back({box, Answer::Ok, {}}); }
-    /// The next box, whatever it is, gets this answer; `shown` tells afterwards what it was.
-    /// `whileOpen` runs while it is open (let time pass, press Cancel on the screen behind it); the
-    /// loop turns once in any case.
-    void answerNext(Answer answer, WhileOpen whileOpen = {})
+    /// Who answers a box, told as "[title] text (Ok, Cancel)", by one of its captions, "" being no
+    /// answer; one without captions by "with " and the text that is typed into it. While there is
+    /// nobody no box may come up.
+    std::function<std::string(Text box, const Captions &captions)> person;
+    /// A person who notes each box, a line each, and says Ok when the loop has turned.
+    void noteIn(std::string &boxes)
     {
-        expected.push_back({{}, answer, std::move(whileOpen)});
+        person = [this, &boxes](Text box, const Captions &) {
+            boxes += box + "\n";
+            run.yield();
+            return "Ok";
+        };
     }
-    std::vector<std::string> shown;
-
-    /// Who answers a box, as it is told, by one of its captions, "" being no answer; one without
-    /// captions by "with " and the text that is typed into it.
-    std::function<std::string(Text box, const std::vector<std::string> &captions)> person;
-
-    std::string *noted = nullptr; // what happened: then no box has to be expected
-    std::optional<std::string> typed;
 
 protected:
-    Answer ask(Text title, Text text, Buttons buttons) override;
-    std::optional<std::string> askText(Text title, Text text, Text initial, bool) override;
+    using Answer = platform::Answer;
+    using Buttons = platform::Buttons;
+
+    Answer ask(Text title, Text text, Buttons buttons) override
+    {
+        const Captions captions = buttons == Buttons::Ok         ? Captions{"Ok"}
+                                  : buttons == Buttons::OkCancel ? Captions{"Ok", "Cancel"}
+                                                                 : Captions{"Yes", "No"};
+        const std::string last = captions.size() > 1 ? ", " + captions[1] : "";
+        const std::string said = answerTo(title, text, captions[0] + last, captions);
+        return said == "Ok"                ? Answer::Ok
+               : said == "Yes"             ? Answer::Yes
+               : buttons == Buttons::YesNo ? Answer::No
+                                           : Answer::Cancel;
+    }
+    std::optional<std::string> askText(Text title, Text text, Text initial, bool) override
+    {
+        const std::string said = answerTo(title, text, initial, {});
+        return said.starts_with("with ") ? std::optional(said.substr(5)) : std::nullopt;
+    }
 
 private:
-    struct Expectation {
-        std::string box; // everything that is seen of it, in words
-        Answer answer;
-        WhileOpen whileOpen;
-    };
+    std::string answerTo(Text title, Text text, Text offered, const Captions &captions)
+    {
+        const std::string box = "[" + title + "] " + text + " (" + offered + ")";
+        EXPECT_TRUE(person) << "nobody expects " << box;
+        return person ? person(box, captions) : "";
+    }
 
     platform::Run &run;
-    std::deque<Expectation> expected;
 };
 
 } // namespace support

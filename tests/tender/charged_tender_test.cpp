@@ -24,7 +24,7 @@ protected:
             story.takeCardsHere();
             swipe(story);
         }
-        story.station.dialogs.noted = &boxes;
+        story.station.dialogs.noteIn(boxes);
     }
     bool local() const { return GetParam(); }
     static void swipe(TenderStory &at)
@@ -52,7 +52,7 @@ protected:
     {
         TenderStory next(story, 0);
         std::string none;
-        next.station.dialogs.noted = &none;
+        next.station.dialogs.noteIn(none);
         if (local()) {
             next.takeCardsHere();
             swipe(next);
@@ -250,7 +250,7 @@ TEST(NextGuest, IsNotPaidForByThePaymentThatTheGuestBeforeGaveUp)
     before.run();
     TenderStory next(before, 0);
     std::string boxes;
-    next.station.dialogs.noted = &boxes;
+    next.station.dialogs.noteIn(boxes);
     next.request("\"3\",\"2003\",\"7\",\"5.65\"\r\n");
     next.paymentAnswers(support::approvedResult()); // of 48.50
     next.run();
@@ -298,7 +298,7 @@ TEST(CommandPressedTwice, ChargesTheCardOnce)
     first.station.time.at(2'000, [&] {
         first.station.put("C:\\Lumbrio\\Xsend.ans", "");
         TenderStory second(first, 1);
-        second.station.dialogs.noted = &boxes;
+        second.station.dialogs.noteIn(boxes);
         second.run(10'000);
         payments = second.station.system.started.size();
         EXPECT_TRUE(second.station.run.ending() && second.answered());

@@ -48,9 +48,10 @@ TEST(Failure, SaysThatTheCardMayBeChargedOnceThePaymentIsAsked)
         story.reply = std::nullopt;
         story.paymentKeepsSilent();
         story.station.time.at(10'000, [&] { story.station.run.fail("Trouble"); });
-        story.station.dialogs.answerNext(platform::Answer::Ok);
+        std::string boxes;
+        story.station.dialogs.noteIn(boxes);
         story.run();
-        EXPECT_NE(story.station.dialogs.shown.back().find("may be charged"), std::string::npos);
+        EXPECT_NE(boxes.find("may be charged"), std::string::npos);
     }
 }
 
@@ -79,11 +80,13 @@ TEST(Notice, IsHurriedAwayByNoCommandAfterAnApproval)
             story.paymentKeepsSilent();
         story.station.time.at(50'000, [&] { story.tender.askForOfflineApproval(); });
         bool ended = false;
-        story.station.dialogs.answerNext(platform::Answer::Ok, [&] {
+        story.station.dialogs.person = [&](const auto &, const auto &) {
+            story.station.run.yield();
             story.tender.cancel();
             story.tender.finishTender();
             ended = story.station.run.ending();
-        });
+            return "Ok";
+        };
         story.run(100'000);
         EXPECT_FALSE(ended);
         EXPECT_EQ(story.answer().substr(1, 8), "Approved");
@@ -99,7 +102,10 @@ TEST(Cancel, EndsASwipeThatIsNotReadYet)
         story.station.disk.failOn(operation, "Xsend.ans", Outcome::NoRoom);
     story.swipe(TenderStory::kTrack1, "");
     story.station.time.at(1000, [&] { story.tender.cancel(); });
-    story.station.dialogs.answerNext(platform::Answer::Ok, [&] { story.pass(5000); });
+    story.station.dialogs.person = [&](const auto &, const auto &) {
+        story.pass(5000);
+        return "Ok";
+    };
     story.run();
     EXPECT_TRUE(story.requests.empty());
 }

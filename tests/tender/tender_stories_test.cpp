@@ -37,7 +37,7 @@ private:
             const std::string expiry = story::takeUntil(card, " ");
             story.view.typedCard = {number, expiry, card};
         });
-        check("look", [this](Words) { look(); });
+        word("look", [this](Words) { look(); });
         word("the offline panel is switched on", [this](Words) { tender.offlinePanel = true; });
         word("stop waiting", [this](Words) { story.app.values.StopWaiting = 65535; });
         word("a manager's card is read",

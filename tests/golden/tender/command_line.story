@@ -272,6 +272,9 @@ lock CCPending.dat
     Printing Merchant 3
 +   KEPT RECORD written - receipt 1043, amount 48.50, code 012345 - C:\Lumbrio\Data\KeptRecord-20250115-130506.dat [TRACELOG]
 
+story approved into a file locked for a moment, like approved
+in vain: lock CCPending.dat from 1 s to 4 s
+
 story approved without a printer, like approved
 printers none
 answer Ok
