@@ -33,7 +33,7 @@ TEST(Audit, ThatIsRefusedStartsNoPayment)
 {
     TenderStory story;
     story.station.put("C:\\Lumbrio\\XAudit.DAT", "50.00\r\n");
-    story.station.dialogs.answerNext(platform::Answer::Cancel);
+    story.station.dialogs.person = [](const auto &, const auto &) { return "Cancel"; };
     story.run();
     EXPECT_TRUE(story.station.system.started.empty());
 }
