@@ -402,3 +402,8 @@ at 20 s: in vain: press Cancel
 == CCLastProcess.dat
 *   SECONDS = 20
 *   Printing Merchant 20
+
+# A charged card would be answered as declined.
+story approved by a result that is read a moment later, like approved
+fail open xResultFile.txt, device or network error
+at 3.8 s: mend open xResultFile.txt
