@@ -8,7 +8,7 @@ using platform::Outcome;
 
 std::string FakePrinters::defaultName()
 {
-    return has(preferred) ? preferred : installed.empty() ? "" : installed.front();
+    return has("Receipt TM-88") ? "Receipt TM-88" : installed.empty() ? "" : installed.front();
 }
 
 Outcome FakePrinters::submit(const std::string &printerName, const platform::PrintJob &job)

@@ -16,7 +16,6 @@ public:
     };
 
     std::vector<std::string> installed = {"Receipt TM-88", "Office Laser"};
-    std::string preferred = "Receipt TM-88"; // or the first, where it is not installed
     std::map<std::string, int> widths = {{"Receipt TM-88", 80}, {"Office Laser", 216}};
     std::vector<Collected> collected;
     std::deque<platform::Outcome> failures; // of the next jobs; Done prints one
