@@ -35,8 +35,8 @@ private:
     EveningOptions options;
 };
 
-/// Writes the evening as a card file of 500-byte slots at a Windows path and replaces what is there.
-/// Memory does not grow with the number of records.
+/// Writes the evening as a card file of 500-byte slots at a Windows path and replaces what is
+/// there. Memory does not grow with the number of records.
 platform::Outcome writeCardFile(platform::Files &files, const std::string &path,
                                 const Evening &evening);
 

@@ -1,5 +1,5 @@
-// The manager's first screen: a copy of the data before every choice, the log of it, what is cleaned
-// up before the list opens, and who may change the files.
+// The manager's first screen: a copy of the data before every choice, the log of it, what is
+// cleaned up before the list opens, and who may change the files.
 #include "story/stories.h"
 #include "support/manager_stage.h"
 

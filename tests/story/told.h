@@ -8,8 +8,8 @@ namespace story {
 struct Section {
     std::string title;
     Lines lines;
-    bool changes = false; // told against the last one of its title, not of its line
-    std::string sibling = {};  // the title of another, for the first one of its own
+    bool changes = false;     // told against the last one of its title, not of its line
+    std::string sibling = {}; // the title of another, for the first one of its own
 };
 
 struct Told {

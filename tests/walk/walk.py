@@ -86,8 +86,10 @@ class Way:
         if role in BOXES:
             text = thing.queryText().getText(0, -1)
             role = 'shown text' if states.contains(pyatspi.STATE_READ_ONLY) else role
-        if states.contains(pyatspi.STATE_FOCUSED):
+        if states.contains(pyatspi.STATE_FOCUSED) and role != 'page tab':  # says so always
             self.focused = thing
+        if role == 'page tab':
+            self.pages[name] = thing
         if states.contains(pyatspi.STATE_ENABLED):
             self.there[name if role in COMMANDS + BOXES else role] = thing
         yield (role, CLOCK.sub('', name), text,
@@ -100,6 +102,7 @@ class Way:
     def look(self):
         if self.process.poll() is not None:
             return (('ended', str(self.process.returncode), '', True, False),)
+        self.pages = {}
         self.there, self.focused = {}, None  # what is enabled, by its name; lists by what they are
         try:
             windows = [w for w in self.windows() if w.getState().contains(pyatspi.STATE_SHOWING)]
@@ -120,6 +123,8 @@ class Way:
         name, _, text = step.partition(' := ')
         if step.startswith('row '):
             return self.open_row(step[4:])
+        if step.startswith('page '):
+            return self.turn_to(wait_for(step, lambda: self.look() and self.pages.get(step[5:])))
         return self.type(name, text) if text else self.press(name)
 
     def hand(self, what):
@@ -136,6 +141,9 @@ class Bus(Way):
 
     def open_row(self, cell):
         self.row(cell).queryAction().doAction(0)
+
+    def turn_to(self, page):
+        page.queryAction().doAction(0)
 
 
 def place_of(thing):
@@ -156,6 +164,9 @@ class Mouse(Way):
 
     def open_row(self, cell):
         self.click(self.row(cell))
+
+    def turn_to(self, page):
+        self.click(page)
 
 
 class Keys(Way):
@@ -218,6 +229,12 @@ class Keys(Way):
     def open_row(self, cell):
         self.go_to(self.find(*LISTS))
         self.hand(f'type {cell}\nkey Return')
+
+    # From the first page on.
+    def turn_to(self, page):
+        while self.go_on('Tab').getRoleName() != 'page tab list':
+            pass
+        self.hand('key' + page.getIndexInParent() * ' Right')
 
 
 def serve(pipe, way, programs, work):
@@ -331,7 +348,7 @@ class Walk:
 class Command:
     def __init__(self, text):
         self.name, self.mark = (text[:-2], text[-1]) if text[-2:] in (' =', ' -') else (text, '')
-        self.is_button = ' := ' not in text and not text.startswith('row ')
+        self.is_button = ' := ' not in text and not text.startswith(('row ', 'page '))
 
     def matches(self, name):
         return name.startswith(self.name[:-1]) if self.name[-1] == '*' else name == self.name
