@@ -40,7 +40,7 @@ void ListBuilder::add(long slot, CardRecord copy)
     takeApprovedAmount(copy);
     sawNotAdjusted = sawNotAdjusted || beginsNotAdjusted(fieldOf(copy, CCAdjStatus));
     sawDeleted = sawDeleted || beginsDeleted(fieldOf(copy, CCstatus));
-    list.add(slot, std::move(copy));
+    list.add(slot, copy);
 }
 
 int sortColumnOf(int option)
