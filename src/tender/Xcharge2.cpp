@@ -32,7 +32,11 @@ Xcharge2::Xcharge2(records::App &theApp)
     ui->Text1->setFocus();
 }
 
-Xcharge2::~Xcharge2() = default;
+/// The focus also changes while the window goes.
+Xcharge2::~Xcharge2()
+{
+    disconnect(qApp, nullptr, this, nullptr);
+}
 
 void Xcharge2::connectCommands()
 {

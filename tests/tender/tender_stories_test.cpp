@@ -48,8 +48,8 @@ private:
     {
         const TenderFields &f = tender.state();
         const auto offline = [&f] { return f.offlinePanelVisible; };
-        const auto pressed = [this](void (support::StoryTender::*does)()) {
-            return [this, does] { (tender.*does)(); };
+        const auto pressed = [&of = tender](void (support::StoryTender::*does)()) {
+            return [&of, does] { (of.*does)(); };
         };
         using T = support::StoryTender;
         command("Cancel", pressed(&T::cancel), [&f] { return f.cancel.enabled; });
