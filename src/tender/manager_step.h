@@ -13,7 +13,7 @@ public:
     ManagerStep(records::App &theApp, Display &theDisplay) : app(theApp), display(theDisplay) {}
 
     /// Shows the manager's screen and waits for the answer in `managerResult`: a name, or "NO",
-    /// also at the program's end. The list of managers is read anew, because the shared
+    /// also at the program's end. The list of managers is read again, because the shared
     /// directory was not known at the load. `managerRequest` stays set for the caller to clear.
     std::string ask(const std::string &what);
     /// Swipes and other commands that come meanwhile are ignored.
