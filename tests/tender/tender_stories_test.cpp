@@ -260,6 +260,24 @@ TEST(Story, LeavesBehindWhatItShows)
     story::expectStories<TenderProcedures>("tender");
 }
 
+TEST(Wait, OffersCancelAndWarnsAtItsCounts)
+{
+    TenderFields fields;
+    std::string told;
+    for (int count = 0; count <= 180; ++count) {
+        const TenderFields before = fields;
+        if (tender::reactToCount(count, fields) || fields != before)
+            told += std::to_string(count) + (fields.warningVisible ? "! " : " ") + fields.status;
+    }
+    EXPECT_EQ(told,
+              "20 21 49! 51! Connection Problems Press Cancel60! Connection Problems Press "
+              "Cancel120! Connection Problems Press Cancel180! Connection Problems Press Cancel");
+    std::uint16_t stop = 0;
+    TenderFields early;
+    EXPECT_FALSE(tender::waitTimerTick(7, early, stop) || early.waitPanelVisible);
+    EXPECT_TRUE(tender::waitTimerTick(8, early, stop) && early.waitPanelVisible);
+}
+
 TEST(Count, GoesOnWhenTheSystemsClockWraps)
 {
     EXPECT_EQ(tender::countSince(4'294'967'000U, 664), 1) << "296 ms before";
